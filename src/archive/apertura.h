@@ -1,0 +1,31 @@
+#pragma once
+
+#include "archive/archivio.h"
+#include "archive/errore.h"
+
+#include <expected>
+#include <filesystem>
+
+namespace sortimetra {
+
+/// Which tables a reader wants; a search names the ones it walks, so that no other is read.
+enum Tabelle : unsigned {
+    kTabellaLotto = 1U,          ///< `archivio` of drawit
+    kTabellaNazionale = 2U,      ///< `archivion` of drawit
+    kTabellaSuperEnalotto = 4U,  ///< `archivios` of drawit
+    kTabellaWinForLife = 8U,     ///< `archivio` of drawit2
+    kTutteLeTabelle = 15U,
+};
+
+/// Opens the archive in `percorso_archivio`: the native files `drawit.db` and `drawit2.db`, or the Jet files
+/// `drawit.mdb` and `drawit2.mdb`; where both are there the newer one is read. Only the files that hold a
+/// wanted table are opened, and never written.
+///
+/// Errors name the file and the reason: missing, unreadable, locked, empty, truncated, foreign, damaged.
+[[nodiscard]] std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
+    const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle);
+
+/// Whether the folder holds any of the four files.
+[[nodiscard]] bool contiene_archivio(const std::filesystem::path& percorso_archivio);
+
+}  // namespace sortimetra

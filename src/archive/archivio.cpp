@@ -1,0 +1,176 @@
+#include "archive/archivio.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+/// A concorso above this is no draw number but damage: the longest game has a draw an hour.
+constexpr Concorso kConcorsoMassimo = 10'000'000;
+
+std::optional<std::string> controlla_concorso(std::string_view tabella, Concorso concorso) {
+    if (concorso >= 1 && concorso <= kConcorsoMassimo) return std::nullopt;
+    return fmt::format("tabella {}: trovato il concorso {}, atteso un numero da 1 in su", tabella, concorso);
+}
+
+template <std::size_t N>
+std::optional<std::string> controlla_numeri(std::string_view tabella, Concorso concorso,
+                                            const std::array<Numero, N>& numeri, int massimo) {
+    for (const Numero n : numeri)
+        if (n > massimo)
+            return fmt::format("tabella {}, concorso {}: trovato il numero {}, atteso da 1 a {}", tabella,
+                               concorso, n, massimo);
+    return std::nullopt;
+}
+
+/// The order of the walk: concorso, then wheel. Stores usually hold it already, so it is tested first.
+void ordina_lotto(std::vector<RigaLotto>& righe) {
+    const auto prima = [](const RigaLotto& a, const RigaLotto& b) {
+        return a.concorso != b.concorso ? a.concorso < b.concorso : a.ruota < b.ruota;
+    };
+    if (!std::is_sorted(righe.begin(), righe.end(), prima))
+        std::stable_sort(righe.begin(), righe.end(), prima);
+}
+
+template <class Riga>
+void ordina_concorsi(std::vector<Riga>& righe) {
+    const auto prima = [](const Riga& a, const Riga& b) { return a.concorso < b.concorso; };
+    if (!std::is_sorted(righe.begin(), righe.end(), prima))
+        std::stable_sort(righe.begin(), righe.end(), prima);
+}
+
+std::expected<TabellaLotto, std::string> impacchetta_lotto(std::vector<RigaLotto> righe) {
+    ordina_lotto(righe);
+    TabellaLotto t;
+    const std::size_t attesi = righe.size() / kRuote + 1;
+    t.concorso.reserve(attesi);
+    t.data.reserve(attesi);
+    t.presenti.reserve(attesi);
+    t.numeri.reserve(attesi);
+    t.righe = righe.size();
+    for (const RigaLotto& r : righe) {
+        if (r.ruota < 0 || r.ruota >= kRuote)
+            return std::unexpected(
+                fmt::format("tabella archivio, concorso {}: ruota sconosciuta", r.concorso));
+        if (t.concorso.empty() || t.concorso.back() != r.concorso) {
+            if (auto errore = controlla_concorso("archivio", r.concorso)) return std::unexpected(*errore);
+            t.concorso.push_back(r.concorso);
+            t.data.push_back(r.data);
+            t.presenti.push_back(0);
+            t.numeri.push_back({});
+        }
+        if (auto errore = controlla_numeri("archivio", r.concorso, r.numeri, kNumeri))
+            return std::unexpected(*errore);
+        const auto bit = static_cast<std::uint16_t>(1U << r.ruota);
+        if ((t.presenti.back() & bit) != 0)
+            return std::unexpected(fmt::format("tabella archivio, concorso {}: la ruota {} vi sta due volte",
+                                               r.concorso,
+                                               kNomiRuote[static_cast<std::size_t>(r.ruota)].codice));
+        t.presenti.back() = static_cast<std::uint16_t>(t.presenti.back() | bit);
+        std::copy(r.numeri.begin(), r.numeri.end(), t.numeri.back().begin() + r.ruota * kEstratti);
+    }
+    return t;
+}
+
+/// The two tables with one row per concorso.
+template <class Tabella, class Riga, class Numeri>
+std::expected<Tabella, std::string> impacchetta_unica(std::vector<Riga> righe, std::string_view nome,
+                                                      Numeri numeri) {
+    ordina_concorsi(righe);
+    Tabella t;
+    t.concorso.reserve(righe.size());
+    t.data.reserve(righe.size());
+    t.numeri.reserve(righe.size());
+    for (const Riga& r : righe) {
+        if (auto errore = controlla_concorso(nome, r.concorso)) return std::unexpected(*errore);
+        if (!t.concorso.empty() && t.concorso.back() == r.concorso)
+            return std::unexpected(
+                fmt::format("tabella {}: il concorso {} vi sta due volte", nome, r.concorso));
+        const auto n = numeri(r);
+        if (auto errore = controlla_numeri(nome, r.concorso, n, kNumeri)) return std::unexpected(*errore);
+        t.concorso.push_back(r.concorso);
+        t.data.push_back(r.data);
+        t.numeri.push_back(n);
+    }
+    return t;
+}
+
+std::expected<TabellaWinForLife, std::string> impacchetta_winforlife(std::vector<RigaWinForLife> righe) {
+    ordina_concorsi(righe);
+    TabellaWinForLife t;
+    t.concorso.reserve(righe.size());
+    t.data.reserve(righe.size());
+    t.ora.reserve(righe.size());
+    t.numeri.reserve(righe.size());
+    for (RigaWinForLife& r : righe) {
+        if (auto errore = controlla_concorso("archivio", r.concorso)) return std::unexpected(*errore);
+        if (auto errore = controlla_numeri("archivio", r.concorso, r.numeri, kNumeriWinForLife))
+            return std::unexpected(*errore);
+        t.concorso.push_back(r.concorso);
+        t.data.push_back(r.data);
+        t.ora.push_back(std::move(r.ora));
+        t.numeri.push_back(r.numeri);
+    }
+    return t;
+}
+
+}  // namespace
+
+std::expected<ArchivioEstrazioni, ErroreArchivio> ArchivioEstrazioni::componi(RigheArchivio righe,
+                                                                              Fonte drawit, Fonte drawit2) {
+    auto lotto = impacchetta_lotto(std::move(righe.lotto));
+    if (!lotto) return std::unexpected(ErroreArchivio{drawit.file, std::move(lotto.error())});
+    auto nazionale = impacchetta_unica<TabellaNazionale>(std::move(righe.nazionale), "archivion",
+                                                         [](const RigaLotto& r) { return r.numeri; });
+    if (!nazionale) return std::unexpected(ErroreArchivio{drawit.file, std::move(nazionale.error())});
+    auto superenalotto = impacchetta_unica<TabellaSuperEnalotto>(
+        std::move(righe.superenalotto), "archivios", [](const RigaSuperEnalotto& r) {
+            std::array<Numero, 8> n{};
+            std::copy(r.numeri.begin(), r.numeri.end(), n.begin());
+            n[6] = r.jolly;
+            n[7] = r.superstar;
+            return n;
+        });
+    if (!superenalotto) return std::unexpected(ErroreArchivio{drawit.file, std::move(superenalotto.error())});
+    auto winforlife = impacchetta_winforlife(std::move(righe.winforlife));
+    if (!winforlife) return std::unexpected(ErroreArchivio{drawit2.file, std::move(winforlife.error())});
+
+    ArchivioEstrazioni a;
+    a.lotto_ = std::move(*lotto);
+    a.nazionale_ = std::move(*nazionale);
+    a.superenalotto_ = std::move(*superenalotto);
+    a.winforlife_ = std::move(*winforlife);
+    a.drawit_ = std::move(drawit);
+    a.drawit2_ = std::move(drawit2);
+    return a;
+}
+
+std::optional<std::size_t> cerca_concorso(std::span<const Concorso> colonna, Concorso concorso) {
+    // Concorsi count from 1 without gaps in a sound archive, so the first guess is nearly always right.
+    const auto i = static_cast<std::size_t>(concorso) - 1;
+    if (concorso >= 1 && i < colonna.size() && colonna[i] == concorso &&
+        (i == 0 || colonna[i - 1] != concorso))
+        return i;
+    const auto it = std::lower_bound(colonna.begin(), colonna.end(), concorso);
+    if (it == colonna.end() || *it != concorso) return std::nullopt;
+    return static_cast<std::size_t>(it - colonna.begin());
+}
+
+std::optional<Data> ArchivioEstrazioni::data_bari(Concorso concorso) const {
+    const auto i = cerca_concorso(lotto_.concorso, concorso);
+    if (!i || (lotto_.presenti[*i] & 1U) == 0) return std::nullopt;
+    return lotto_.data[*i];
+}
+
+std::optional<Data> ArchivioEstrazioni::data_winforlife(Concorso concorso) const {
+    const auto i = cerca_concorso(winforlife_.concorso, concorso);
+    if (!i) return std::nullopt;
+    return winforlife_.data[*i];
+}
+
+}  // namespace sortimetra

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "archive/archivio.h"
+#include "archive/errore.h"
+
+#include <expected>
+#include <filesystem>
+#include <optional>
+
+namespace sortimetra {
+
+/// Rows of a native (SQLite) file and whether it is the simulated archive. `tabelle` as in apertura.h; for
+/// `drawit2.db` only `kTabellaWinForLife` has a meaning.
+struct LettiNativo {
+    RigheArchivio righe;
+    bool simulato = false;
+};
+[[nodiscard]] std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::path& file,
+                                                                      unsigned tabelle);
+
+/// Writes `drawit.db` (the three tables of Lotto and SuperEnalotto) or `drawit2.db` (Win for Life), whole: to
+/// a temporary file beside it, then renamed. Tables and column order are those of the Jet files.
+[[nodiscard]] std::expected<void, ErroreArchivio> scrivi_drawit(const std::filesystem::path& file,
+                                                                const RigheArchivio& righe, bool simulato);
+[[nodiscard]] std::expected<void, ErroreArchivio> scrivi_drawit2(const std::filesystem::path& file,
+                                                                 const RigheArchivio& righe, bool simulato);
+
+}  // namespace sortimetra

@@ -1,0 +1,138 @@
+#include "results/risultato.h"
+
+#include "archive/testi.h"
+
+#include <algorithm>
+#include <charconv>
+#include <numeric>
+#include <optional>
+#include <type_traits>
+
+namespace sortimetra {
+
+namespace {
+
+/// A cell's place in the generic order. Where numbers and text meet, pairwise text comparison would not be
+/// transitive; the rank settles it: empty, negative numbers, text below "0", numbers from 0, other text.
+struct ChiaveCella {
+    int rango = 0;
+    double numero = 0;
+    std::string testo;
+
+    bool operator<(const ChiaveCella& altra) const {
+        if (rango != altra.rango) return rango < altra.rango;
+        if (rango == 1 || rango == 3) return numero < altra.numero;
+        return testo < altra.testo;
+    }
+};
+
+std::optional<double> come_numero(std::string_view testo) {
+    if (testo.starts_with('+')) testo.remove_prefix(1);
+    std::string punto{testo};
+    std::replace(punto.begin(), punto.end(), ',', '.');
+    double valore = 0;
+    const auto [fine, errore] = std::from_chars(punto.data(), punto.data() + punto.size(), valore);
+    if (errore != std::errc{} || fine != punto.data() + punto.size()) return std::nullopt;
+    return valore;
+}
+
+ChiaveCella chiave_cella(std::string_view testo) {
+    testo = rifila(testo);
+    if (testo.empty()) return {};
+    if (const auto numero = come_numero(testo)) return {*numero < 0 ? 1 : 3, *numero, {}};
+    return {testo.front() < '0' ? 2 : 4, 0, minuscolo(testo)};
+}
+
+/// "..." counts as a value between -1 and 0, an empty cell as less than anything.
+std::int64_t chiave_intero(std::int32_t valore) {
+    if (valore == kCellaVuota) return std::numeric_limits<std::int64_t>::min();
+    if (valore == kCellaPuntini) return -1;
+    return std::int64_t{valore} * 2;
+}
+
+template <class Minore>
+void riordina(std::vector<std::uint32_t>& ordine, Verso verso, Minore&& minore) {
+    if (verso == Verso::crescente)
+        std::stable_sort(ordine.begin(), ordine.end(), minore);
+    else
+        std::stable_sort(ordine.begin(), ordine.end(), [&](auto a, auto b) { return minore(b, a); });
+}
+
+}  // namespace
+
+std::size_t lunghezza(const Colonna& colonna) {
+    return std::visit(
+        [](const auto& c) -> std::size_t {
+            if constexpr (std::is_same_v<std::decay_t<decltype(c)>, ColonnaGruppi>)
+                return c.quanti == 0 ? 0 : c.numeri.size() / c.quanti;
+            else
+                return c.valori.size();
+        },
+        colonna);
+}
+
+void Tabella::aggiungi_testo(std::string& testo, std::size_t riga, std::size_t colonna) const {
+    const Colonna& c = colonne[colonna];
+    if (const auto* interi = std::get_if<ColonnaInteri>(&c)) {
+        const std::int32_t valore = interi->valori[riga];
+        if (valore == kCellaPuntini)
+            testo += "...";
+        else if (valore != kCellaVuota)
+            aggiungi_intero(testo, valore);
+    } else if (const auto* gruppi = std::get_if<ColonnaGruppi>(&c)) {
+        for (std::size_t i = 0; i < gruppi->quanti; ++i) {
+            if (i > 0) testo += gruppi->separatore;
+            aggiungi_due_cifre(testo, gruppi->numeri[riga * gruppi->quanti + i]);
+        }
+    } else {
+        testo += std::get<ColonnaTesti>(c).valori[riga];
+    }
+}
+
+std::string Tabella::testo(std::size_t riga, std::size_t colonna) const {
+    std::string t;
+    aggiungi_testo(t, riga, colonna);
+    return t;
+}
+
+Colore Tabella::sfondo(std::size_t riga, std::size_t colonna) const {
+    return sfondi.empty() ? kNessunColore : sfondi[riga * n_colonne() + colonna];
+}
+
+Colore Tabella::primo_piano(std::size_t riga, std::size_t colonna) const {
+    return primi_piani.empty() ? kNessunColore : primi_piani[riga * n_colonne() + colonna];
+}
+
+Risultato non_avviata(std::string messaggio) {
+    Risultato r;
+    r.prodotto = false;
+    if (!messaggio.empty()) r.messaggi.push_back(std::move(messaggio));
+    return r;
+}
+
+std::vector<std::uint32_t> ordina(const Tabella& tabella, std::size_t colonna, Verso verso) {
+    std::vector<std::uint32_t> ordine(tabella.righe());
+    std::iota(ordine.begin(), ordine.end(), 0U);
+    const Colonna& c = tabella.colonne[colonna];
+    if (const auto* interi = std::get_if<ColonnaInteri>(&c)) {
+        riordina(ordine, verso, [&](auto a, auto b) {
+            return chiave_intero(interi->valori[a]) < chiave_intero(interi->valori[b]);
+        });
+    } else if (const auto* gruppi = std::get_if<ColonnaGruppi>(&c)) {
+        // Two digits each: comparing the numbers compares the texts.
+        const std::size_t k = gruppi->quanti;
+        riordina(ordine, verso, [&](auto a, auto b) {
+            const auto* x = gruppi->numeri.data();
+            return std::lexicographical_compare(x + a * k, x + a * k + k, x + b * k, x + b * k + k);
+        });
+    } else {
+        const auto& testi = std::get<ColonnaTesti>(c).valori;
+        std::vector<ChiaveCella> chiavi;
+        chiavi.reserve(testi.size());
+        for (const auto& t : testi) chiavi.push_back(chiave_cella(t));
+        riordina(ordine, verso, [&](auto a, auto b) { return chiavi[a] < chiavi[b]; });
+    }
+    return ordine;
+}
+
+}  // namespace sortimetra

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace sortimetra {
+
+/// A packed colour, 0xBBGGRR.
+using Colore = std::int32_t;
+/// The cell keeps the colour that the grid gives it.
+inline constexpr Colore kNessunColore = -1;
+
+/// A whole-number cell that shows nothing.
+inline constexpr std::int32_t kCellaVuota = std::numeric_limits<std::int32_t>::min();
+/// A whole-number cell that shows "...": a count that never began.
+inline constexpr std::int32_t kCellaPuntini = kCellaVuota + 1;
+
+/// Whole numbers, shown in plain decimal.
+struct ColonnaInteri {
+    std::vector<std::int32_t> valori;
+    friend bool operator==(const ColonnaInteri&, const ColonnaInteri&) = default;
+};
+
+/// Text that is not made of numbers: labels, names, percentages.
+struct ColonnaTesti {
+    std::vector<std::string> valori;
+    friend bool operator==(const ColonnaTesti&, const ColonnaTesti&) = default;
+};
+
+/// Groups of `quanti` numbers, shown with two digits each and joined: "01-02-03". Row r is
+/// `numeri[r * quanti]` onward.
+struct ColonnaGruppi {
+    std::size_t quanti = 1;
+    char separatore = '-';
+    std::vector<std::uint8_t> numeri;
+    friend bool operator==(const ColonnaGruppi&, const ColonnaGruppi&) = default;
+};
+
+using Colonna = std::variant<ColonnaInteri, ColonnaTesti, ColonnaGruppi>;
+
+[[nodiscard]] std::size_t lunghezza(const Colonna& colonna);
+
+/// One result table: fixed title rows, typed columns of equal length, colours where the search gives any.
+struct Tabella {
+    std::string nome = "risultati";
+    /// One list per title row, each as long as there are columns; a merged title stands in its first cell.
+    std::vector<std::vector<std::string>> titoli;
+    std::vector<Colonna> colonne;
+    /// Back colours by row, then column; empty where the search colours nothing.
+    std::vector<Colore> sfondi;
+    /// Fore colours in the same shape; empty for the grid's own.
+    std::vector<Colore> primi_piani;
+
+    [[nodiscard]] std::size_t righe() const { return colonne.empty() ? 0 : lunghezza(colonne.front()); }
+    [[nodiscard]] std::size_t n_colonne() const { return colonne.size(); }
+    /// Appends the text of a cell to `testo`.
+    void aggiungi_testo(std::string& testo, std::size_t riga, std::size_t colonna) const;
+    [[nodiscard]] std::string testo(std::size_t riga, std::size_t colonna) const;
+    [[nodiscard]] Colore sfondo(std::size_t riga, std::size_t colonna) const;
+    [[nodiscard]] Colore primo_piano(std::size_t riga, std::size_t colonna) const;
+
+    friend bool operator==(const Tabella&, const Tabella&) = default;
+};
+
+/// The text of a label (or of a control array's labels), by the control's name.
+struct Etichetta {
+    std::string nome;
+    std::variant<std::string, std::vector<std::string>> testo;
+    friend bool operator==(const Etichetta&, const Etichetta&) = default;
+};
+
+/// What a search answers. A plain value: grid, paper and files only read it.
+struct Risultato {
+    std::string chiave;
+    std::string titolo;
+    std::vector<Tabella> tabelle;
+    std::vector<Etichetta> etichette;
+    std::vector<std::string> messaggi;
+    /// False when the search did not start or had no data; `messaggi` then says why.
+    bool prodotto = true;
+
+    friend bool operator==(const Risultato&, const Risultato&) = default;
+};
+
+/// The answer of a search that does not start: no table, one message.
+[[nodiscard]] Risultato non_avviata(std::string messaggio);
+
+enum class Verso { crescente, decrescente };
+
+/// The grid's generic sort: the permutation of the rows, from the order of writing, by one column. Numbers
+/// compare as numbers, other text as text (capitals and small letters alike); equal cells keep their order.
+/// Beside numbers, an empty cell comes first and text stands where its first character falls: "..." after the
+/// negative numbers and before 0.
+[[nodiscard]] std::vector<std::uint32_t> ordina(const Tabella& tabella, std::size_t colonna, Verso verso);
+
+}  // namespace sortimetra

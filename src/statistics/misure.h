@@ -1,0 +1,88 @@
+#pragma once
+
+#include "results/risultato.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace sortimetra {
+
+/// The three measures of one object (a number, an ambo, a member of a series) while draws are walked.
+///
+/// `ritardo` needs no field of its own: it is T minus the ordinal of the last hit, or T without one.
+struct Misura {
+    std::int32_t ultimo = 0;     ///< ordinal C of the last hit; its start value differs by search
+    std::int32_t frequenza = 0;  ///< hits, one per wheel row
+    std::int32_t storico = 0;    ///< longest closed delay, in draws
+
+    friend bool operator==(const Misura&, const Misura&) = default;
+};
+
+/// A delay counts once it is closed: the wait before the first hit is outside when `ultimo` starts at
+/// `inizio_ambata(t)`, and the wait in progress always is. A second hit in one draw gives -1 and changes
+/// nothing but the frequency.
+constexpr void esce(Misura& m, std::int32_t c) {
+    ++m.frequenza;
+    m.storico = std::max(m.storico, c - m.ultimo - 1);
+    m.ultimo = c;
+}
+
+/// Start of `ultimo` for numbers, ambi and terni: the first gap comes out as C - T, never above 0 as long as
+/// no more draws are walked than T.
+constexpr std::int32_t inizio_ambata(std::int32_t t) {
+    return t - 1;
+}
+/// Start of `ultimo` for the named series: the wait before the first hit does count, less one.
+inline constexpr std::int32_t kInizioSerie = 1;
+
+/// Draws since the last hit. Where wheels lack rows T is smaller than the draws walked and this can fall
+/// below 0; no correction is made.
+[[nodiscard]] constexpr std::int32_t ritardo(const Misura& m, std::int32_t t) {
+    return m.frequenza == 0 ? t : t - m.ultimo;
+}
+
+/// The titles of every table of measures; searches on the wider series use the short form.
+inline const std::vector<std::string> kTitoliMisure{"Numeri", "Frequenza", "Ritardo", "Ritardo Storico"};
+inline const std::vector<std::string> kTitoliMisureBrevi{"Numeri", "Freq.", "Rit.", "R. S."};
+
+/// The four columns of a table of measures, filled row by row.
+class ScrittoreMisure {
+  public:
+    explicit ScrittoreMisure(std::size_t righe) {
+        frequenza_.valori.reserve(righe);
+        ritardo_.valori.reserve(righe);
+        storico_.valori.reserve(righe);
+    }
+    void riga(std::int32_t frequenza, std::int32_t ritardo, std::int32_t storico) {
+        frequenza_.valori.push_back(frequenza);
+        ritardo_.valori.push_back(ritardo);
+        storico_.valori.push_back(storico);
+    }
+    void riga(const Misura& m, std::int32_t t) { riga(m.frequenza, sortimetra::ritardo(m, t), m.storico); }
+
+    /// The finished table, with `numeri` as its first column.
+    [[nodiscard]] Risultato risultato(Colonna numeri,
+                                      const std::vector<std::string>& titoli = kTitoliMisure) && {
+        Tabella tabella;
+        tabella.titoli = {titoli};
+        tabella.colonne.emplace_back(std::move(numeri));
+        tabella.colonne.emplace_back(std::move(frequenza_));
+        tabella.colonne.emplace_back(std::move(ritardo_));
+        tabella.colonne.emplace_back(std::move(storico_));
+        Risultato r;
+        r.tabelle.push_back(std::move(tabella));
+        return r;
+    }
+
+  private:
+    ColonnaInteri frequenza_;
+    ColonnaInteri ritardo_;
+    ColonnaInteri storico_;
+};
+
+}  // namespace sortimetra
