@@ -3,16 +3,13 @@
 #include "archive/ambito.h"
 #include "statistics/misure.h"
 
-#include <array>
-#include <numeric>
-
 namespace sortimetra {
 
 namespace {
 
 /// The loop is instantiated for each count, so that the numbers of a row unroll.
 template <int K>
-void conta(const VistaEstrazioni& vista, Avanzamento& avanzamento, std::array<Misura, kNumeri + 1>& misure) {
+void conta(const VistaEstrazioni& vista, Avanzamento& avanzamento, MisureNumeri& misure) {
     percorri(vista, avanzamento, [&misure](int c, const Numero* numeri) {
         for (int p = 0; p < K; ++p)
             if (numeri[p] != 0) esce(misure[numeri[p]], c);
@@ -27,18 +24,14 @@ Risultato ambatalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda
     if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
 
     const int t = vista.t();
-    std::array<Misura, kNumeri + 1> misure;
+    MisureNumeri misure;
     misure.fill({.ultimo = inizio_ambata(t)});
     if (numeri_per_estrazione == 1)
         conta<1>(vista, avanzamento, misure);
     else
         conta<kEstratti>(vista, avanzamento, misure);
 
-    ColonnaInteri numeri{std::vector<std::int32_t>(kNumeri)};
-    std::iota(numeri.valori.begin(), numeri.valori.end(), 1);
-    ScrittoreMisure scrittore{kNumeri};
-    for (std::size_t n = 1; n <= kNumeri; ++n) scrittore.riga(misure[n], t);
-    return std::move(scrittore).risultato(std::move(numeri));
+    return tabella_numeri(misure, kNumeri, t);
 }
 
 Risultato novanta_numeri(const ArchivioEstrazioni& archivio, const Domanda& domanda,

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "archive/ruote.h"
 #include "results/risultato.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,20 +52,35 @@ inline constexpr std::int32_t kInizioSerie = 1;
 inline const std::vector<std::string> kTitoliMisure{"Numeri", "Frequenza", "Ritardo", "Ritardo Storico"};
 inline const std::vector<std::string> kTitoliMisureBrevi{"Numeri", "Freq.", "Rit.", "R. S."};
 
+/// Room for the measures of the numbers 1 to 90; index 0 stays unused, or takes the hits of empty cells.
+using MisureNumeri = std::array<Misura, kNumeri + 1>;
+
 /// The four columns of a table of measures, filled row by row.
 class ScrittoreMisure {
   public:
-    explicit ScrittoreMisure(std::size_t righe) {
-        frequenza_.valori.reserve(righe);
-        ritardo_.valori.reserve(righe);
-        storico_.valori.reserve(righe);
-    }
+    explicit ScrittoreMisure(std::size_t righe)
+        : frequenza_{std::vector<std::int32_t>(righe)},
+          ritardo_{std::vector<std::int32_t>(righe)},
+          storico_{std::vector<std::int32_t>(righe)} {}
+    /// Writes the next row; no more rows than were told may be written.
     void riga(std::int32_t frequenza, std::int32_t ritardo, std::int32_t storico) {
-        frequenza_.valori.push_back(frequenza);
-        ritardo_.valori.push_back(ritardo);
-        storico_.valori.push_back(storico);
+        frequenza_.valori[riga_] = frequenza;
+        ritardo_.valori[riga_] = ritardo;
+        storico_.valori[riga_] = storico;
+        ++riga_;
     }
-    void riga(const Misura& m, std::int32_t t) { riga(m.frequenza, sortimetra::ritardo(m, t), m.storico); }
+    /// Writes one row per measure.
+    void righe(std::span<const Misura> misure, std::int32_t t) {
+        std::int32_t* __restrict f = frequenza_.valori.data() + riga_;
+        std::int32_t* __restrict r = ritardo_.valori.data() + riga_;
+        std::int32_t* __restrict s = storico_.valori.data() + riga_;
+        for (std::size_t i = 0; i < misure.size(); ++i) {
+            f[i] = misure[i].frequenza;
+            r[i] = sortimetra::ritardo(misure[i], t);
+            s[i] = misure[i].storico;
+        }
+        riga_ += misure.size();
+    }
 
     /// The finished table, with `numeri` as its first column.
     [[nodiscard]] Risultato risultato(Colonna numeri,
@@ -80,9 +97,13 @@ class ScrittoreMisure {
     }
 
   private:
+    std::size_t riga_ = 0;
     ColonnaInteri frequenza_;
     ColonnaInteri ritardo_;
     ColonnaInteri storico_;
 };
+
+/// The table of measures of the numbers 1 to `quanti`, in number order.
+[[nodiscard]] Risultato tabella_numeri(const MisureNumeri& misure, int quanti, std::int32_t t);
 
 }  // namespace sortimetra

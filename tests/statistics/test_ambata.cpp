@@ -1,10 +1,9 @@
 #include "statistics/ambata.h"
+#include "statistics/lente.h"
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cmath>
 #include <map>
 
 namespace sortimetra {
@@ -119,63 +118,18 @@ TEST(Ambata, AmbitoVuotoDiceIlPerche) {
 
 /// The same search, told step by step over single rows, with nothing shared with the fast one.
 std::string novanta_numeri_lenta(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito, int k) {
-    struct RigaPiana {
-        int concorso;
-        std::array<int, 5> n;
-    };
-    std::vector<RigaPiana> righe;
-    const TrattoConcorsi tratto = ambito.tratto.riportato(archivio.ultimo_concorso());
-    const auto tieni = [&](int concorso, Data data) {
-        return concorso >= tratto.da && concorso <= tratto.a && accetta(kIntervalli[ambito.intervallo], data);
-    };
-    if (ambito.ruote.e_nazionale()) {
-        for (std::size_t i = 0; i < archivio.nazionale().concorso.size(); ++i)
-            if (tieni(archivio.nazionale().concorso[i], archivio.nazionale().data[i])) {
-                RigaPiana r{archivio.nazionale().concorso[i], {}};
-                for (std::size_t p = 0; p < 5; ++p) r.n[p] = archivio.nazionale().numeri[i][p];
-                righe.push_back(r);
-            }
-    } else {
-        for (std::size_t i = 0; i < archivio.lotto().concorso.size(); ++i)
-            for (std::size_t w = 0; w < 10; ++w) {
-                const bool scelta = ambito.ruote.spuntata(kTutte) ||
-                                    ambito.ruote.spuntata(static_cast<int>(w)) ||
-                                    (ambito.ruote.n_ruote() == 0 && w == 0);
-                if (!scelta || (archivio.lotto().presenti[i] >> w & 1) == 0) continue;
-                if (!tieni(archivio.lotto().concorso[i], archivio.lotto().data[i])) continue;
-                RigaPiana r{archivio.lotto().concorso[i], {}};
-                for (std::size_t p = 0; p < 5; ++p) r.n[p] = archivio.lotto().numeri[i][w * 5 + p];
-                righe.push_back(r);
-            }
-    }
+    const auto righe = prove::righe_piane(archivio, ambito);
     if (righe.empty()) return "";
-    const int ruote = ambito.ruote.n_ruote();
-    const int t =
-        ruote == 0 ? 0 : static_cast<int>(std::nearbyint(static_cast<double>(righe.size()) / ruote));
-    struct Conti {
-        int ultimo, frequenza, ritardo, storico;
-    };
-    std::map<int, Conti> conti;
+    const int t = prove::arrotonda(righe.size(), ambito.ruote.n_ruote());
+    std::map<int, prove::Conti> conti;
     for (int n = 1; n <= 90; ++n) conti[n] = {t - 1, 0, t, 0};
-    int c = 0;
-    int tenuto = 0;
-    for (const RigaPiana& r : righe) {
-        if (r.concorso != tenuto) ++c;
-        tenuto = r.concorso;
-        for (int p = 0; p < k; ++p) {
-            const int n = r.n[static_cast<std::size_t>(p)];
-            if (n <= 0) continue;
-            Conti& x = conti[n];
-            x.frequenza += 1;
-            x.ritardo = t - c;
-            if (c - x.ultimo - 1 > x.storico) x.storico = c - x.ultimo - 1;
-            x.ultimo = c;
-        }
-    }
+    prove::cammina(righe, [&](int c, const std::vector<int>& numeri) {
+        for (int p = 0; p < k; ++p)
+            if (numeri[static_cast<std::size_t>(p)] > 0)
+                conti[numeri[static_cast<std::size_t>(p)]].esce(c, t);
+    });
     std::string testo;
-    for (const auto& [n, x] : conti)
-        testo += std::to_string(n) + " " + std::to_string(x.frequenza) + " " + std::to_string(x.ritardo) +
-                 " " + std::to_string(x.storico) + "\n";
+    for (const auto& [n, x] : conti) testo += std::to_string(n) + " " + x.testo();
     return testo;
 }
 

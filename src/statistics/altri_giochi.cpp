@@ -1,0 +1,177 @@
+#include "statistics/altri_giochi.h"
+
+#include "archive/ambito.h"
+#include "archive/combinazioni.h"
+#include "statistics/ambi_terni.h"
+#include "statistics/combinatoria.h"
+#include "statistics/misure.h"
+#include "statistics/righe_ordinate.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace sortimetra {
+
+namespace {
+
+MisureNumeri misure_da(std::int32_t t) {
+    MisureNumeri misure;
+    misure.fill({.ultimo = inizio_ambata(t)});
+    return misure;
+}
+
+template <std::size_t Quanti>
+std::vector<Misura> gruppi_da(std::int32_t t) {
+    return std::vector<Misura>(Quanti, Misura{.ultimo = inizio_ambata(t)});
+}
+
+template <class Numeri>
+void escono(MisureNumeri& misure, const Numeri& numeri, std::int32_t c) {
+    for (const auto n : numeri)
+        if (n != 0) esce(misure[static_cast<std::size_t>(n)], c);
+}
+
+/// The sestina of a row in ascending order.
+std::array<std::uint32_t, 6> sestina(const TabellaSuperEnalotto& tabella, std::size_t riga) {
+    const Combinazione c = calc_combinazione_superenalotto(tabella, riga);
+    std::array<std::uint32_t, 6> n{};
+    std::copy_n(c.begin() + 1, 6, n.begin());
+    return n;
+}
+
+/// Walks the SuperEnalotto rows in scope, each a draw: `prepara(t)` makes the cells, `conta` updates them for
+/// a row, `finisci` makes the table of them.
+template <class Prepara, class Conta, class Finisci>
+Risultato cerca_superenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                              Avanzamento& avanzamento, Prepara&& prepara, Conta&& conta, Finisci&& finisci) {
+    const auto righe = vista_superenalotto(archivio, domanda.ambito);
+    if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
+    const auto t = static_cast<std::int32_t>(righe.size());
+    auto misure = prepara(t);
+    std::int32_t c = 0;
+    for (const std::uint32_t riga : righe) conta(misure, archivio.superenalotto(), riga, ++c);
+    avanzamento.procedi(righe.size(), righe.size());
+    return finisci(misure, t);
+}
+
+/// The same for searches on the 90 numbers: `numeri(tabella, riga)` gives those of a row.
+template <class Numeri>
+Risultato cerca_numeri_superenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                                     Avanzamento& avanzamento, Numeri&& numeri) {
+    return cerca_superenalotto(
+        archivio, domanda, avanzamento, misure_da,
+        [&](MisureNumeri& misure, const TabellaSuperEnalotto& tabella, std::size_t riga, std::int32_t c) {
+            escono(misure, numeri(tabella, riga), c);
+        },
+        [](const MisureNumeri& misure, std::int32_t t) { return tabella_numeri(misure, kNumeri, t); });
+}
+
+}  // namespace
+
+Risultato ambataSuperEnalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                              Avanzamento& avanzamento) {
+    return cerca_numeri_superenalotto(archivio, domanda, avanzamento, sestina);
+}
+
+Risultato ambatalottoSuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                                   Avanzamento& avanzamento) {
+    return cerca_numeri_superenalotto(
+        archivio, domanda, avanzamento,
+        [](const TabellaSuperEnalotto& t, std::size_t riga) { return std::span{t.numeri[riga]}.first<6>(); });
+}
+
+Risultato superstar(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
+    return cerca_numeri_superenalotto(
+        archivio, domanda, avanzamento,
+        [](const TabellaSuperEnalotto& t, std::size_t riga) { return std::span{t.numeri[riga]}.last<1>(); });
+}
+
+Risultato ambata10elotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                         Avanzamento& avanzamento) {
+    const VistaEstrazioni vista{archivio, domanda.ambito};
+    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    const std::int32_t t = vista.t();
+    MisureNumeri misure = misure_da(t);
+    std::int32_t c = 0;
+    std::size_t riga = 0;      // ordinal of the draw's first row
+    std::size_t prossima = 0;  // row that the cursor stands on after its moves of ten
+    for (std::size_t i = 0; i < vista.concorsi(); ++i) {
+        riga += static_cast<std::size_t>(std::popcount(vista.maschera(i)));
+        if (prossima >= riga) continue;
+        prossima += kRuote;
+        ++c;
+        const auto record = cerca_concorso(archivio.lotto().concorso, vista.concorso(i));
+        if (!record) continue;
+        const Combinazione combinazione = calc_combinazione_10elotto(archivio.lotto(), *record);
+        escono(misure, std::span{combinazione}.subspan<1>(), c);
+    }
+    avanzamento.procedi(vista.concorsi(), vista.concorsi());
+    return tabella_numeri(misure, kNumeri, t);
+}
+
+Risultato ambataWinForLife(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                           Avanzamento& avanzamento) {
+    const TabellaWinForLife& tabella = archivio.winforlife();
+    const auto righe = vista_winforlife(archivio, domanda.ambito);
+    if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
+    const auto t = static_cast<std::int32_t>(righe.size());
+    MisureNumeri misure = misure_da(t);
+    std::int32_t c = 0;
+    Concorso tenuto = 0;
+    for (const std::uint32_t riga : righe) {
+        const Concorso concorso = tabella.concorso[riga];
+        if (concorso != tenuto) ++c;
+        tenuto = concorso;
+        escono(misure, tabella.numeri[cerca_concorso(tabella.concorso, concorso).value_or(riga)], c);
+    }
+    avanzamento.procedi(righe.size(), righe.size());
+    return tabella_numeri(misure, kNumeriWinForLife, t);
+}
+
+Risultato ambisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                            Avanzamento& avanzamento) {
+    const auto conta = [](std::vector<Misura>& misure, const TabellaSuperEnalotto& tabella, std::size_t riga,
+                          std::int32_t c) {
+        per_ogni_ambo(sestina(tabella, riga),
+                      [&](std::size_t a, std::size_t b) { esce(misure[indice_ambo(a, b)], c); });
+    };
+    return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kAmbi>, conta, tabella_ambi);
+}
+
+Risultato ternisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                             Avanzamento& avanzamento) {
+    const auto conta = [](std::vector<Misura>& misure, const TabellaSuperEnalotto& tabella, std::size_t riga,
+                          std::int32_t c) {
+        per_ogni_terno(sestina(tabella, riga), [&](std::size_t x, std::size_t y, std::size_t z) {
+            esce(misure[indice_terno(x, y, z)], c);
+        });
+    };
+    return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kTerni>, conta, tabella_terni);
+}
+
+Risultato ambi10ruoteSuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                                   Avanzamento& avanzamento) {
+    const auto righe = vista_superenalotto(archivio, domanda.ambito);
+    if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
+    const int t = quoziente_pari(righe.size(), domanda.ambito.ruote.n_ruote());
+    const auto posto = static_cast<std::size_t>(domanda.parametri.estratto - 1);
+    std::vector<Misura> misure = gruppi_da<kAmbi>(t);
+    std::int32_t c = 0;
+    for (std::size_t passo = 0; passo < righe.size(); passo += kRuote) {
+        std::array<std::uint32_t, kRuote> numeri{};
+        for (std::size_t i = 0; i < kRuote && passo + i < righe.size(); ++i)
+            numeri[i] = archivio.superenalotto().numeri[righe[passo + i]][posto];
+        std::sort(numeri.begin(), numeri.end());
+        ++c;
+        per_ogni_ambo(numeri, [&](std::size_t a, std::size_t b) { esce(misure[indice_ambo(a, b)], c); });
+    }
+    avanzamento.procedi(righe.size(), righe.size());
+    return tabella_ambi(misure, t);
+}
+
+}  // namespace sortimetra
