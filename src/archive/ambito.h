@@ -194,6 +194,21 @@ bool percorri(const VistaEstrazioni& vista, Avanzamento& avanzamento, Riga&& rig
     return true;
 }
 
+/// Calls `riga(c, indice)` for rows of a table with one row per draw (or per hour): C, from 1, goes up where
+/// the concorso changes.
+template <class Riga>
+void percorri_righe(const std::vector<std::uint32_t>& righe, const std::vector<Concorso>& concorso,
+                    Avanzamento& avanzamento, Riga&& riga) {
+    int c = 0;
+    Concorso tenuto = 0;
+    for (const std::uint32_t i : righe) {
+        if (concorso[i] != tenuto) ++c;
+        tenuto = concorso[i];
+        riga(c, i);
+    }
+    avanzamento.procedi(righe.size(), righe.size());
+}
+
 /// Row indexes of SuperEnalotto in scope (range and calendar; wheels have no meaning there).
 [[nodiscard]] std::vector<std::uint32_t> vista_superenalotto(const ArchivioEstrazioni& archivio,
                                                              const AmbitoRicerca& ambito);

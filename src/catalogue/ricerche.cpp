@@ -2,6 +2,8 @@
 
 #include "archive/apertura.h"
 #include "archive/testi.h"
+#include "positional/posizione.h"
+#include "positional/tabellone.h"
 #include "statistics/altri_giochi.h"
 #include "statistics/ambata.h"
 #include "statistics/ambi_terni.h"
@@ -48,6 +50,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .titolo = "Ritardi e Frequenze per Posizione dei 90 numeri",
      .schermo = Schermo::posizione,
      .tabelle = kRuote10,
+     .esegui = posizione::estratto,
      .frase = "Frequenza e ritardo di ogni numero nel primo, secondo, terzo, quarto e quinto estratto.",
      .tag = "lotto"},
     {.chiave = "ricerche su tutti gli ambi",
@@ -67,6 +70,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .schermo = Schermo::tab_pos,
      .tabelle = kRuote10,
      .opzioni = kOpzConcorso,
+     .esegui = tabellone_lotto,
      .frase =
          "Ogni numero una volta sola: nella riga del suo ritardo, sotto la ruota e il posto in cui è uscito.",
      .tag = "tabpos"},
@@ -75,6 +79,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .schermo = Schermo::tab_pos,
      .tabelle = kRuote10,
      .opzioni = kOpzConcorso,
+     .esegui = dieci_piu_in_ritardo,
      .frase = "I dieci numeri che mancano da più tempo, ruota per ruota e su tutte insieme.",
      .tag = "10num"},
     {.chiave = "tabella dei segnalimite cabalistici",
@@ -349,6 +354,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .schermo = Schermo::tab_pos,
      .tabelle = kTabellaLotto | kTabellaSuperEnalotto,
      .opzioni = kOpzConcorso,
+     .esegui = tabellone_primi_estratti,
      .frase =
          "I primi estratti delle sei ruote del vecchio SuperEnalotto, ciascuno nella riga del suo ritardo.",
      .tag = "tabpos_s"},
@@ -358,6 +364,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .schermo = Schermo::tab_pos,
      .tabelle = kTabellaLotto | kTabellaSuperEnalotto,
      .opzioni = kOpzConcorso,
+     .esegui = tabellone_sestina,
      .frase = "I 90 numeri nella riga del loro ritardo nella sestina.",
      .tag = "tabpos_s6"},
     {.chiave = "frequenza e ritardo dei 90 numeri per posizione (superenalotto)",
@@ -365,6 +372,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .gioco = Gioco::superenalotto,
      .schermo = Schermo::posizione,
      .tabelle = kSuperEnalottoInAmbito,
+     .esegui = posizione::ambataSuperEnalotto,
      .frase = "Frequenza e ritardo di ogni numero in ciascun posto della sestina ordinata, e come Jolly.",
      .tag = "superenalotto"},
     {.chiave = "ricerche su tutti gli ambi (nella sestina superenalotto)",
@@ -432,6 +440,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .schermo = Schermo::tab_pos,
      .tabelle = kTabellaLotto,
      .opzioni = kOpzConcorso,
+     .esegui = tabellone_10elotto,
      .frase = "I 90 numeri nella riga del loro ritardo nella combinazione di venti.",
      .tag = "tabpos_10"},
     {.chiave = "frequenza e ritardo dei 90 numeri per posizione (10 e lotto)",
@@ -439,6 +448,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .gioco = Gioco::dieci_e_lotto,
      .schermo = Schermo::posizione,
      .tabelle = kTabellaLotto | kTabellaNazionale,
+     .esegui = posizione::ambata10elotto,
      .frase = "Frequenza e ritardo di ogni numero in ciascuno dei venti posti.",
      .tag = "10 e lotto"},
     {.chiave = "ricerche sui numeri personali (10 e lotto)",
@@ -466,6 +476,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .schermo = Schermo::tab_pos_wfl,
      .tabelle = kTabellaWinForLife,
      .opzioni = kOpzConcorso,
+     .esegui = tabellone_winforlife,
      .frase = "I 20 numeri nella riga del loro ritardo.",
      .tag = "tabpos_10"},
     {.chiave = "frequenza e ritardo dei 20 numeri per posizione (win for life)",
@@ -473,6 +484,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .gioco = Gioco::win_for_life,
      .schermo = Schermo::posizione,
      .tabelle = kTabellaWinForLife,
+     .esegui = posizione::ambataWinForLife,
      .frase = "Frequenza e ritardo di ogni numero in ciascuno dei dieci posti.",
      .tag = "Win for Life"},
     {.chiave = "ricerche sui numeri personali (win for life)",

@@ -81,7 +81,10 @@ struct Risultato {
     std::string titolo;
     std::vector<Tabella> tabelle;
     std::vector<Etichetta> etichette;
-    std::vector<std::string> messaggi;
+    std::vector<std::string> messaggi;  ///< texts of message boxes
+    /// Remarks that are no message box: the status line shows them, the command line writes them to standard
+    /// error. They are not part of the answer.
+    std::vector<std::string> note;
     /// False when the search did not start or had no data; `messaggi` then says why.
     bool prodotto = true;
 

@@ -53,9 +53,8 @@ Risultato cerca_superenalotto(const ArchivioEstrazioni& archivio, const Domanda&
     if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
     const auto t = static_cast<std::int32_t>(righe.size());
     auto misure = prepara(t);
-    std::int32_t c = 0;
-    for (const std::uint32_t riga : righe) conta(misure, archivio.superenalotto(), riga, ++c);
-    avanzamento.procedi(righe.size(), righe.size());
+    percorri_righe(righe, archivio.superenalotto().concorso, avanzamento,
+                   [&](int c, std::size_t riga) { conta(misure, archivio.superenalotto(), riga, c); });
     return finisci(misure, t);
 }
 
@@ -121,15 +120,9 @@ Risultato ambataWinForLife(const ArchivioEstrazioni& archivio, const Domanda& do
     if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
     const auto t = static_cast<std::int32_t>(righe.size());
     MisureNumeri misure = misure_da(t);
-    std::int32_t c = 0;
-    Concorso tenuto = 0;
-    for (const std::uint32_t riga : righe) {
-        const Concorso concorso = tabella.concorso[riga];
-        if (concorso != tenuto) ++c;
-        tenuto = concorso;
-        escono(misure, tabella.numeri[cerca_concorso(tabella.concorso, concorso).value_or(riga)], c);
-    }
-    avanzamento.procedi(righe.size(), righe.size());
+    percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
+        escono(misure, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]), c);
+    });
     return tabella_numeri(misure, kNumeriWinForLife, t);
 }
 
