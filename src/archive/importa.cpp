@@ -57,7 +57,8 @@ class Linea {
     }
     [[nodiscard]] bool finita() const { return finita_; }
 
-    std::unexpected<std::string> errore(std::string_view trovato, std::string_view atteso) const {
+    [[nodiscard]] std::unexpected<std::string> errore(std::string_view trovato,
+                                                      std::string_view atteso) const {
         return std::unexpected(fmt::format("riga {}: trovato \"{}\", atteso {}", riga_, trovato, atteso));
     }
 

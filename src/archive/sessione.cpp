@@ -26,7 +26,7 @@ std::filesystem::path cartella_eseguibile() {
 std::filesystem::path cartella_programma(const std::optional<std::filesystem::path>& scelta) {
     if (scelta) return *scelta;
     std::error_code errore;
-    const auto vicina = cartella_eseguibile();
+    auto vicina = cartella_eseguibile();
     if (std::filesystem::is_directory(vicina / "archivio", errore)) return vicina;
     return dati_utente();
 }
