@@ -47,12 +47,6 @@ ColonnaGruppi nomi_terni() {
     return nomi;
 }
 
-Risultato tabella(ColonnaGruppi nomi, std::span<const Misura> misure, std::int32_t t) {
-    ScrittoreMisure scrittore{misure.size()};
-    scrittore.righe(misure, t);
-    return std::move(scrittore).risultato(std::move(nomi));
-}
-
 }  // namespace
 
 std::vector<Misura> misura_ambi(const VistaEstrazioni& vista, Avanzamento& avanzamento) {
@@ -67,11 +61,11 @@ std::vector<Misura> misura_ambi(const VistaEstrazioni& vista, Avanzamento& avanz
 }
 
 Risultato tabella_ambi(std::span<const Misura> misure, std::int32_t t) {
-    return tabella(nomi_ambi(), misure, t);
+    return tabella_misure(nomi_ambi(), misure, t);
 }
 
 Risultato tabella_terni(std::span<const Misura> misure, std::int32_t t) {
-    return tabella(nomi_terni(), misure, t);
+    return tabella_misure(nomi_terni(), misure, t);
 }
 
 Risultato ambilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {

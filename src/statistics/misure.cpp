@@ -4,13 +4,18 @@
 
 namespace sortimetra {
 
+Risultato tabella_misure(Colonna numeri, std::span<const Misura> misure, std::int32_t t,
+                         const std::vector<std::string>& titoli) {
+    ScrittoreMisure scrittore{misure.size()};
+    scrittore.righe(misure, t);
+    return std::move(scrittore).risultato(std::move(numeri), titoli);
+}
+
 Risultato tabella_numeri(const MisureNumeri& misure, int quanti, std::int32_t t) {
     const auto n = static_cast<std::size_t>(quanti);
     ColonnaInteri numeri{std::vector<std::int32_t>(n)};
     std::iota(numeri.valori.begin(), numeri.valori.end(), 1);
-    ScrittoreMisure scrittore{n};
-    scrittore.righe(std::span{misure}.subspan(1, n), t);
-    return std::move(scrittore).risultato(std::move(numeri));
+    return tabella_misure(std::move(numeri), std::span{misure}.subspan(1, n), t);
 }
 
 }  // namespace sortimetra

@@ -103,6 +103,10 @@ class ScrittoreMisure {
     ColonnaInteri storico_;
 };
 
+/// A table of measures, one row each, with `numeri` as its first column.
+[[nodiscard]] Risultato tabella_misure(Colonna numeri, std::span<const Misura> misure, std::int32_t t,
+                                       const std::vector<std::string>& titoli = kTitoliMisure);
+
 /// The table of measures of the numbers 1 to `quanti`, in number order.
 [[nodiscard]] Risultato tabella_numeri(const MisureNumeri& misure, int quanti, std::int32_t t);
 

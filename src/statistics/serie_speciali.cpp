@@ -1,0 +1,174 @@
+#include "statistics/serie_speciali.h"
+
+#include "archive/ambito.h"
+#include "statistics/famiglie.h"
+#include "statistics/misura_serie.h"
+#include "statistics/misure.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+/// A decomposition with more members than this is refused: nobody reads it, and its table would not fit the
+/// memory of a small machine. All quaterne of the 90 numbers are 2,555,190.
+constexpr std::size_t kMembriMassimi = 5'000'000;
+
+/// The first column: the numbers as they stand in the series, or the short labels of the family.
+Colonna colonna_membri(const SerieCorrente& serie, const Famiglia* famiglia) {
+    if (famiglia == nullptr || famiglia->etichetta == EtichettaMembro::numeri)
+        return ColonnaGruppi{serie.colonne, '.', serie.numeri};
+    ColonnaTesti testi;
+    for (std::size_t i = 0; i < serie.righe(); ++i)
+        testi.valori.push_back(etichetta_membro(*famiglia, serie, i));
+    return testi;
+}
+
+Risultato tabella_serie(const VistaEstrazioni& vista, const SerieCorrente& serie, int soglia,
+                        std::string_view chiave, const Famiglia* famiglia, Avanzamento& avanzamento) {
+    return tabella_misure(colonna_membri(serie, famiglia), misura_serie(vista, serie, soglia, avanzamento),
+                          vista.t(), titoli_serie(chiave));
+}
+
+/// The delay of every member on every wheel of a view, wheel by wheel: entry w * members + i. Read from the
+/// last draw back, since each wheel's last hit is all that is asked for. A wheel without a hit keeps T.
+std::vector<std::int32_t> ritardi_per_ruota(const VistaEstrazioni& vista, const SerieCorrente& serie,
+                                            int soglia, std::size_t ruote) {
+    const std::size_t membri = serie.righe();
+    const int t = vista.t();
+    std::vector<std::int32_t> ritardi(ruote * membri, t);
+    std::vector<bool> trovati(ritardi.size(), false);
+    std::size_t mancano = ritardi.size();
+    for (std::size_t d = vista.concorsi(); d-- > 0 && mancano > 0;) {
+        for (unsigned m = vista.maschera(d); m != 0; m &= m - 1) {
+            const auto ruota = static_cast<std::size_t>(std::countr_zero(m));
+            const Numero* riga = vista.numeri(d) + ruota * kEstratti;
+            if (riga[0] == 0) continue;
+            for (std::size_t i = 0; i < membri; ++i) {
+                const std::size_t cella = ruota * membri + i;
+                if (trovati[cella] || presenti(serie.membro(i), riga) < soglia) continue;
+                trovati[cella] = true;
+                ritardi[cella] = t - static_cast<std::int32_t>(d + 1);
+                --mancano;
+            }
+        }
+    }
+    return ritardi;
+}
+
+/// The delay of every member on each of the ten wheels, counted over the draws of all ten, and on NAZIONALE,
+/// counted over its own rows and blank where it has none. The ticked wheels do not matter.
+Risultato decine_a_tutte_le_ruote(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                                  const Famiglia& famiglia, const SerieCorrente& serie, int soglia) {
+    AmbitoRicerca ambito = domanda.ambito;
+    ambito.ruote = SelezioneRuote::tutte();
+    const VistaEstrazioni dieci{archivio, ambito};
+    if (dieci.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    ambito.ruote = SelezioneRuote::nazionale();
+    const VistaEstrazioni nazionale{archivio, ambito};
+
+    const std::size_t membri = serie.righe();
+    auto ritardi = ritardi_per_ruota(dieci, serie, soglia, kRuote);
+    const auto ultimi = nazionale.vuota() ? std::vector<std::int32_t>(membri, kCellaVuota)
+                                          : ritardi_per_ruota(nazionale, serie, soglia, 1);
+    ritardi.insert(ritardi.end(), ultimi.begin(), ultimi.end());
+
+    Tabella tabella;
+    tabella.titoli = {{"Numeri"}};
+    tabella.colonne.push_back(colonna_membri(serie, &famiglia));
+    for (std::size_t w = 0; w <= kRuote; ++w) {
+        tabella.titoli.front().emplace_back(kNomiRuote[w < kRuote ? w : kNazionale].codice);
+        const auto inizio = ritardi.begin() + static_cast<std::ptrdiff_t>(w * membri);
+        tabella.colonne.emplace_back(ColonnaInteri{{inizio, inizio + static_cast<std::ptrdiff_t>(membri)}});
+    }
+    Risultato r;
+    r.titolo = std::string{famiglia.chiave} + std::string{kTitoloOgniRuota};
+    r.tabelle.push_back(std::move(tabella));
+    return r;
+}
+
+/// Calls `combinazione` for each choice of `k` of `n` places, ascending, the last place fastest.
+template <class Combinazione>
+void combinazioni(std::size_t n, std::size_t k, Combinazione&& combinazione) {
+    if (k > n) return;
+    std::array<std::size_t, 5> posti{0, 1, 2, 3, 4};
+    while (true) {
+        combinazione(std::span{posti}.first(k));
+        std::size_t p = k;
+        while (p > 0 && posti[p - 1] == n - k + p - 1) --p;
+        if (p == 0) return;
+        ++posti[p - 1];
+        for (; p < k; ++p) posti[p] = posti[p - 1] + 1;
+    }
+}
+
+/// How many combinations there are, or one more than `kMembriMassimi` where there are more.
+std::size_t quante_combinazioni(std::size_t n, std::size_t k) {
+    if (k > n) return 0;
+    std::size_t quante = 1;
+    for (std::size_t i = 1; i <= k; ++i) {
+        quante = quante * (n - k + i) / i;
+        if (quante > kMembriMassimi) return kMembriMassimi + 1;
+    }
+    return quante;
+}
+
+}  // namespace
+
+const std::vector<std::string>& titoli_serie(std::string_view chiave) {
+    constexpr std::array<std::string_view, 5> kBrevi{"sestine", "cinquine", "settine", "controfigure",
+                                                     "decine simmetriche"};
+    const bool brevi = std::any_of(kBrevi.begin(), kBrevi.end(), [&](std::string_view parola) {
+        return chiave.find(parola) != std::string_view::npos;
+    });
+    return brevi ? kTitoliMisureBrevi : kTitoliMisure;
+}
+
+Risultato serie_speciali(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                         Avanzamento& avanzamento) {
+    const Famiglia* famiglia = trova_famiglia(domanda.chiave);
+    if (famiglia == nullptr) return non_avviata({});
+    const bool ogni_ruota = domanda.parametri.tutte_le_ruote && !famiglia->descrizione.empty();
+    const VistaEstrazioni vista{archivio, domanda.ambito};
+    if (vista.vuota() && !ogni_ruota) return non_avviata(std::string{kNessunaEstrazione});
+    const auto serie = carica_serie(*famiglia, domanda.cartella);
+    if (!serie) return non_avviata(serie.error());
+
+    const int soglia = domanda.parametri.combo_rit == 0 ? 1 : 2;
+    Risultato r = ogni_ruota ? decine_a_tutte_le_ruote(archivio, domanda, *famiglia, *serie, soglia)
+                             : tabella_serie(vista, *serie, soglia, domanda.chiave, famiglia, avanzamento);
+    if (r.prodotto && !famiglia->descrizione.empty())
+        r.etichette.push_back({"descrizione", std::string{famiglia->descrizione}});
+    return r;
+}
+
+SerieCorrente scomposizione_gruppo(std::span<const Numero> numeri, int k) {
+    SerieCorrente serie;
+    if (k < 1 || k > 5) return serie;
+    serie.colonne = static_cast<std::size_t>(k);
+    serie.numeri.reserve(quante_combinazioni(numeri.size(), serie.colonne) * serie.colonne);
+    combinazioni(numeri.size(), serie.colonne, [&](std::span<const std::size_t> posti) {
+        for (const std::size_t p : posti) serie.numeri.push_back(numeri[p]);
+    });
+    return serie;
+}
+
+Risultato scomposizione(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                        Avanzamento& avanzamento) {
+    const VistaEstrazioni vista{archivio, domanda.ambito};
+    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    std::vector<Numero> numeri;
+    for (const int n : domanda.parametri.numeri)
+        if (n >= 1 && n <= kNumeri) numeri.push_back(static_cast<Numero>(n));
+    const int k = domanda.parametri.sorte;
+    if (k >= 1 && quante_combinazioni(numeri.size(), static_cast<std::size_t>(k)) > kMembriMassimi)
+        return non_avviata("Troppe combinazioni: scegliere meno numeri");
+    return tabella_serie(vista, scomposizione_gruppo(numeri, k), domanda.parametri.combo_rit + 1,
+                         domanda.chiave, nullptr, avanzamento);
+}
+
+}  // namespace sortimetra
