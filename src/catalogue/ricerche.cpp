@@ -2,6 +2,7 @@
 
 #include "archive/apertura.h"
 #include "archive/testi.h"
+#include "catalogue/segnalimite.h"
 #include "statistics/ambata.h"
 
 #include <algorithm>
@@ -76,6 +77,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
     {.chiave = "tabella dei segnalimite cabalistici",
      .titolo = "Tabella dei Segnalimite Cabalistici",
      .schermo = Schermo::segnalimite,
+     .esegui = segnalimite,
      .frase = "La tabella fissa dei tre segnalimite di ciascun numero."},
     {.chiave = "calcolo dei numeri spia",
      .titolo = "Calcolo dei Numeri Spia",
