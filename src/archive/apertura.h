@@ -19,7 +19,10 @@ enum Tabelle : unsigned {
 
 /// Opens the archive in `percorso_archivio`: the native files `drawit.db` and `drawit2.db`, or the Jet files
 /// `drawit.mdb` and `drawit2.mdb`; where both are there the newer one is read. Only the files that hold a
-/// wanted table are opened, and never written.
+/// wanted table are opened, and never written. Names are matched without regard to case.
+///
+/// A wanted file that is missing is an error, unless the other one is wanted too and is there: then its
+/// tables are empty.
 ///
 /// Errors name the file and the reason: missing, unreadable, locked, empty, truncated, foreign, damaged.
 [[nodiscard]] std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(

@@ -14,9 +14,9 @@ namespace sortimetra {
 
 /// The published result files that an archive is built from; at least one of them.
 struct FilePubblicati {
-    std::optional<std::filesystem::path> lotto;
-    std::optional<std::filesystem::path> superenalotto;
-    std::optional<std::filesystem::path> winforlife;
+    std::optional<std::filesystem::path> lotto{};
+    std::optional<std::filesystem::path> superenalotto{};
+    std::optional<std::filesystem::path> winforlife{};
     /// Keep all Lotto draws and count from the first. Otherwise the numbering starts so that the draw of
     /// 3 December 1997 has concorso 402, and earlier draws than number 1 are left out.
     bool tutto = false;

@@ -2,10 +2,10 @@
 
 #include "archive/archivio.h"
 #include "archive/errore.h"
+#include "archive/file_sicuro.h"
 
 #include <expected>
 #include <filesystem>
-#include <optional>
 
 namespace sortimetra {
 
@@ -24,5 +24,13 @@ struct LettiNativo {
                                                                 const RigheArchivio& righe, bool simulato);
 [[nodiscard]] std::expected<void, ErroreArchivio> scrivi_drawit2(const std::filesystem::path& file,
                                                                  const RigheArchivio& righe, bool simulato);
+
+/// The same up to the rename: the written temporary, for a caller that confirms several files together.
+[[nodiscard]] std::expected<FileSicuro, ErroreArchivio> prepara_drawit(const std::filesystem::path& file,
+                                                                       const RigheArchivio& righe,
+                                                                       bool simulato);
+[[nodiscard]] std::expected<FileSicuro, ErroreArchivio> prepara_drawit2(const std::filesystem::path& file,
+                                                                        const RigheArchivio& righe,
+                                                                        bool simulato);
 
 }  // namespace sortimetra

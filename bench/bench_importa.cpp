@@ -1,0 +1,74 @@
+// Reading the stores: the published Lotto text, the native file, the Jet file. Each is the whole road from
+// the file on the disk to the packed archive, unless told otherwise.
+
+#include "archive/apertura.h"
+#include "archive/dimostrazione.h"
+#include "archive/importa.h"
+#include "archive/negozio_nativo.h"
+#include "support/archivi.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace sortimetra;
+
+void leggi_testo_lotto(benchmark::State& stato) {
+    const auto condivisa = prove::cartella_condivisa();
+    if (!condivisa) {
+        stato.SkipWithError("no real draws here");
+        return;
+    }
+    const FilePubblicati file{.lotto = *condivisa / "archivio" / "lotto.txt"};
+    SenzaAvanzamento nessuno;
+    for (auto _ : stato) {
+        auto letti = leggi_pubblicati(file, nessuno);
+        benchmark::DoNotOptimize(letti);
+    }
+}
+BENCHMARK(leggi_testo_lotto)->Unit(benchmark::kMillisecond);
+
+void apri_nativo(benchmark::State& stato) {
+    const prove::CartellaProva cartella;
+    const RigheArchivio righe = archivio_dimostrativo();
+    (void)scrivi_drawit(cartella.percorso() / "drawit.db", righe, true);
+    const auto tabelle = static_cast<unsigned>(stato.range(0));
+    for (auto _ : stato) {
+        auto archivio = apri_archivio(cartella.percorso(), tabelle);
+        benchmark::DoNotOptimize(archivio);
+    }
+}
+BENCHMARK(apri_nativo)
+    ->Arg(kTabellaLotto)
+    ->Arg(kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto)
+    ->Unit(benchmark::kMillisecond);
+
+void apri_jet(benchmark::State& stato) {
+    const auto condivisa = prove::cartella_condivisa();
+    if (!condivisa) {
+        stato.SkipWithError("no real draws here");
+        return;
+    }
+    const auto tabelle = static_cast<unsigned>(stato.range(0));
+    for (auto _ : stato) {
+        auto archivio = apri_archivio(*condivisa / "archivio", tabelle);
+        if (!archivio) stato.SkipWithError(archivio.error().motivo.c_str());
+        benchmark::DoNotOptimize(archivio);
+    }
+}
+BENCHMARK(apri_jet)
+    ->Arg(kTabellaLotto)
+    ->Arg(kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto)
+    ->Unit(benchmark::kMillisecond);
+
+void scrivi_nativo(benchmark::State& stato) {
+    const prove::CartellaProva cartella;
+    const RigheArchivio righe = archivio_dimostrativo();
+    for (auto _ : stato) {
+        auto esito = scrivi_drawit(cartella.percorso() / "drawit.db", righe, true);
+        benchmark::DoNotOptimize(esito);
+    }
+}
+BENCHMARK(scrivi_nativo)->Unit(benchmark::kMillisecond);
+
+}  // namespace

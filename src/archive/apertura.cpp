@@ -1,0 +1,112 @@
+#include "archive/apertura.h"
+
+#include "archive/negozio_jet.h"
+#include "archive/negozio_nativo.h"
+#include "archive/testi.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+constexpr unsigned kTabelleDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
+
+/// The native and the Jet name of each of the two database files; where both are equally new, the first.
+using NomiFile = std::array<std::string_view, 2>;
+constexpr NomiFile kNomiDrawit{"drawit.db", "drawit.mdb"};
+constexpr NomiFile kNomiDrawit2{"drawit2.db", "drawit2.mdb"};
+
+/// The newest file of the folder that has one of the names, in whatever case.
+std::optional<std::filesystem::path> piu_recente(const std::filesystem::path& cartella,
+                                                 const NomiFile& nomi) {
+    struct Trovato {
+        std::filesystem::file_time_type scritto;
+        std::ptrdiff_t posto;  ///< in `nomi`
+        bool maiuscole;        ///< the name is in another case
+        std::filesystem::path file;
+    };
+    std::optional<Trovato> migliore;
+    std::error_code errore;
+    std::filesystem::directory_iterator it{cartella, errore};
+    for (; !errore && it != std::filesystem::directory_iterator{}; it.increment(errore)) {
+        const std::string nome = it->path().filename().string();
+        const auto trovato = std::find(nomi.begin(), nomi.end(), minuscolo(nome));
+        if (trovato == nomi.end()) continue;
+        std::error_code senza_data;
+        auto scritto = it->last_write_time(senza_data);
+        if (senza_data) scritto = std::filesystem::file_time_type::min();
+        Trovato t{scritto, trovato - nomi.begin(), nome != *trovato, it->path()};
+        const auto chiave = [](const Trovato& x) { return std::pair{x.posto, x.maiuscole}; };
+        if (!migliore || t.scritto > migliore->scritto ||
+            (t.scritto == migliore->scritto && chiave(t) < chiave(*migliore)))
+            migliore = std::move(t);
+    }
+    if (!migliore) return std::nullopt;
+    return std::move(migliore->file);
+}
+
+bool nativo(const std::filesystem::path& file) {
+    return minuscolo(file.extension().string()) == ".db";
+}
+
+std::expected<LettiNativo, ErroreArchivio> leggi_qualunque(const std::filesystem::path& file,
+                                                           unsigned tabelle) {
+    if (nativo(file)) return leggi_nativo(file, tabelle);
+    auto righe = leggi_jet(file, tabelle);
+    if (!righe) return std::unexpected(std::move(righe.error()));
+    return LettiNativo{std::move(*righe), false};
+}
+
+ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi) {
+    std::error_code errore;
+    if (!std::filesystem::is_directory(cartella, errore))
+        return {cartella, std::filesystem::exists(cartella, errore) ? "non è una cartella"
+                                                                    : "la cartella dell'archivio non c'è"};
+    // A folder that cannot be listed is not a folder without an archive.
+    std::filesystem::directory_iterator{cartella, errore};
+    if (errore) return {cartella, "la cartella dell'archivio non si può leggere"};
+    return {cartella, fmt::format("non vi si trova né {} né {}", nomi[0], nomi[1])};
+}
+
+}  // namespace
+
+std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
+    const std::filesystem::path& percorso_archivio, unsigned tabelle) {
+    const unsigned in_drawit = tabelle & kTabelleDrawit;
+    const unsigned in_drawit2 = tabelle & kTabellaWinForLife;
+    const auto drawit = in_drawit == 0 ? std::nullopt : piu_recente(percorso_archivio, kNomiDrawit);
+    const auto drawit2 = in_drawit2 == 0 ? std::nullopt : piu_recente(percorso_archivio, kNomiDrawit2);
+    if (!drawit && !drawit2)
+        return std::unexpected(manca(percorso_archivio, in_drawit != 0 ? kNomiDrawit : kNomiDrawit2));
+
+    RigheArchivio righe;
+    Fonte fonte;
+    Fonte fonte2;
+    if (drawit) {
+        auto letti = leggi_qualunque(*drawit, in_drawit);
+        if (!letti) return std::unexpected(std::move(letti.error()));
+        righe = std::move(letti->righe);
+        fonte = {*drawit, letti->simulato};
+    }
+    if (drawit2) {
+        auto letti = leggi_qualunque(*drawit2, in_drawit2);
+        if (!letti) return std::unexpected(std::move(letti.error()));
+        righe.winforlife = std::move(letti->righe.winforlife);
+        fonte2 = {*drawit2, letti->simulato};
+    }
+    return ArchivioEstrazioni::componi(std::move(righe), std::move(fonte), std::move(fonte2));
+}
+
+bool contiene_archivio(const std::filesystem::path& percorso_archivio) {
+    return piu_recente(percorso_archivio, kNomiDrawit) || piu_recente(percorso_archivio, kNomiDrawit2);
+}
+
+}  // namespace sortimetra

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "archive/errore.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace sortimetra {
+
+/// A file that is replaced whole or not at all: it is written to a temporary of a unique name in the same
+/// folder, and takes its own name only with `conferma`. Until then, and after any error, the file that was
+/// there stands as it was. An object that goes without `conferma` removes its temporary.
+///
+/// Two programs that write the same file at once do not mix: the last to confirm wins, with a whole file.
+class FileSicuro {
+  public:
+    /// Makes the empty temporary. A destination that is a symbolic link is written where the link points.
+    /// Fails if the folder is missing or cannot be written, or if the destination is a folder.
+    [[nodiscard]] static std::expected<FileSicuro, ErroreArchivio> apri(
+        const std::filesystem::path& destinazione);
+
+    FileSicuro(FileSicuro&& altro) noexcept;
+    FileSicuro& operator=(FileSicuro&& altro) noexcept;
+    FileSicuro(const FileSicuro&) = delete;
+    FileSicuro& operator=(const FileSicuro&) = delete;
+    ~FileSicuro();
+
+    /// Appends bytes to the temporary.
+    [[nodiscard]] std::expected<void, ErroreArchivio> scrivi(std::string_view byte);
+
+    /// Where the bytes stand until `conferma`, for a library that writes a file by its path.
+    [[nodiscard]] const std::filesystem::path& temporaneo() const { return temporaneo_; }
+
+    /// Waits until the bytes are on the disk, then renames. To be called once.
+    [[nodiscard]] std::expected<void, ErroreArchivio> conferma();
+
+    /// The same for several files that belong together: all of them are replaced, or none. (Only a machine
+    /// that stops between two renames can leave a new file beside an old one; each of them is whole.)
+    [[nodiscard]] static std::expected<void, ErroreArchivio> conferma_tutti(std::span<FileSicuro> file);
+
+  private:
+    FileSicuro() = default;
+    [[nodiscard]] ErroreArchivio errore(std::string_view cosa, int codice) const;
+    [[nodiscard]] std::expected<void, ErroreArchivio> svuota();
+    [[nodiscard]] std::expected<void, ErroreArchivio> rinomina();
+    void abbandona() noexcept;
+
+    std::filesystem::path destinazione_;
+    std::filesystem::path temporaneo_;  ///< empty once renamed or given up
+    int descrittore_ = -1;
+};
+
+/// Writes a whole file at once, as `FileSicuro` does.
+[[nodiscard]] std::expected<void, ErroreArchivio> scrivi_file(const std::filesystem::path& destinazione,
+                                                              std::string_view byte);
+
+/// Reads a whole file. Errors: missing, no permission, a folder, larger than `massimo` bytes.
+[[nodiscard]] std::expected<std::string, ErroreArchivio> leggi_file(const std::filesystem::path& file,
+                                                                    std::size_t massimo = std::size_t{1}
+                                                                                          << 30);
+
+/// Size and first bytes of a file: enough to say whether it is what its name claims.
+struct InizioFile {
+    std::uint64_t grandezza = 0;
+    std::string byte;  ///< up to as many as asked for
+};
+/// Opens a file only to look at it. Errors: missing, no permission, a folder, no file at all, empty.
+[[nodiscard]] std::expected<InizioFile, ErroreArchivio> leggi_inizio(const std::filesystem::path& file,
+                                                                     std::size_t quanti);
+
+/// What a failed call of the system means to a user, in Italian: "permesso negato", "il disco è pieno".
+[[nodiscard]] std::string_view motivo_sistema(int codice);
+
+}  // namespace sortimetra

@@ -1,0 +1,447 @@
+#include "archive/negozio_nativo.h"
+
+#include "archive/apertura.h"
+#include "archive/celle.h"
+#include "archive/file_sicuro.h"
+#include "archive/testi.h"
+
+#include <fmt/core.h>
+#include <sqlite3.h>
+
+#include <array>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+constexpr std::string_view kFirma{"SQLite format 3\0", 16};
+constexpr std::size_t kIntestazione = 100;
+/// How long a reader waits for a writer that holds the file.
+constexpr int kAttesaMs = 250;
+/// Work that reading may take, in steps of `kPassiPerControllo` instructions of the engine. The real archive
+/// takes a thousandth of it; a hostile file could otherwise keep the program busy for ever.
+constexpr int kPassiPerControllo = 1 << 20;
+constexpr int kControlliMassimi = 2000;
+/// Longest cell that a table of draws can hold.
+constexpr int kCellaMassima = 1 << 16;
+
+struct ChiudiBase {
+    void operator()(sqlite3* base) const { sqlite3_close(base); }
+};
+struct ChiudiIstruzione {
+    void operator()(sqlite3_stmt* istruzione) const { sqlite3_finalize(istruzione); }
+};
+using Base = std::unique_ptr<sqlite3, ChiudiBase>;
+using Istruzione = std::unique_ptr<sqlite3_stmt, ChiudiIstruzione>;
+
+std::string motivo(sqlite3* base, int codice) {
+    switch (codice & 0xFF) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return "il file è in uso da un altro programma";
+        case SQLITE_CORRUPT:
+        case SQLITE_FORMAT:
+            return "il file è danneggiato";
+        case SQLITE_NOTADB:
+            return "il file non è un archivio";
+        case SQLITE_INTERRUPT:
+            return "il file è danneggiato: la lettura non finisce";
+        case SQLITE_TOOBIG:
+            return "il file è danneggiato: una cella è troppo lunga";
+        case SQLITE_FULL:
+            return "il disco è pieno";
+        case SQLITE_NOMEM:
+            return "la memoria non basta";
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            return "permesso negato";
+        case SQLITE_READONLY:
+            return "il file attende di essere riparato dal programma che lo scriveva";
+        case SQLITE_IOERR:
+        case SQLITE_CANTOPEN:
+            if (const int sistema = base == nullptr ? 0 : sqlite3_system_errno(base); sistema != 0)
+                return std::string{motivo_sistema(sistema)};
+            return "errore di lettura o scrittura del disco";
+        default:
+            return fmt::format("il file è danneggiato ({})",
+                               base == nullptr ? sqlite3_errstr(codice) : sqlite3_errmsg(base));
+    }
+}
+
+std::expected<Istruzione, std::string> prepara(sqlite3* base, const std::string& sql) {
+    sqlite3_stmt* istruzione = nullptr;
+    const int codice =
+        sqlite3_prepare_v2(base, sql.c_str(), static_cast<int>(sql.size()) + 1, &istruzione, nullptr);
+    if (codice != SQLITE_OK) return std::unexpected(motivo(base, codice));
+    return Istruzione{istruzione};
+}
+
+std::expected<void, std::string> esegui(sqlite3* base, const char* sql) {
+    const int codice = sqlite3_exec(base, sql, nullptr, nullptr, nullptr);
+    if (codice != SQLITE_OK) return std::unexpected(motivo(base, codice));
+    return {};
+}
+
+std::string fra_virgolette(std::string_view nome) {
+    std::string testo = "\"";
+    for (const char c : nome) {
+        if (c == '"') testo += c;
+        testo += c;
+    }
+    return testo + '"';
+}
+
+std::string_view testo_colonna(sqlite3_stmt* istruzione, int colonna) {
+    const auto* testo = reinterpret_cast<const char*>(sqlite3_column_text(istruzione, colonna));
+    if (testo == nullptr) return {};
+    return {testo, static_cast<std::size_t>(sqlite3_column_bytes(istruzione, colonna))};
+}
+
+// ---- reading ----
+
+int conta_passi(void* controlli) {
+    return ++*static_cast<int*>(controlli) > kControlliMassimi ? 1 : 0;
+}
+
+/// What the header alone tells: foreign, cut short.
+std::expected<void, ErroreArchivio> esamina(const std::filesystem::path& file) {
+    const auto inizio = leggi_inizio(file, kIntestazione);
+    if (!inizio) return std::unexpected(inizio.error());
+    const std::string& b = inizio->byte;
+    if (!std::string_view{b}.starts_with(kFirma.substr(0, std::min(b.size(), kFirma.size()))))
+        return std::unexpected(ErroreArchivio{file, "il file non è un archivio di Sortimetra"});
+    const auto grande = [&](std::size_t dove, int quanti) {
+        std::uint64_t n = 0;
+        for (int i = 0; i < quanti; ++i)
+            n = n << 8 | static_cast<unsigned char>(b[dove + static_cast<std::size_t>(i)]);
+        return n;
+    };
+    if (b.size() < kIntestazione)
+        return std::unexpected(
+            ErroreArchivio{file, fmt::format("il file è troncato: ha solo {} byte", inizio->grandezza)});
+    const std::uint64_t pagina = grande(16, 2) == 1 ? 65536 : grande(16, 2);
+    // The page count holds only if the last writer of the file also kept its counter of versions.
+    if (grande(24, 4) == grande(92, 4) && inizio->grandezza < grande(28, 4) * pagina)
+        return std::unexpected(ErroreArchivio{file, fmt::format("il file è troncato: ha {} byte invece di {}",
+                                                                inizio->grandezza, grande(28, 4) * pagina)});
+    return {};
+}
+
+std::expected<Base, std::string> apri(const std::filesystem::path& file, int modo) {
+    sqlite3* nuda = nullptr;
+    const int codice = sqlite3_open_v2(file.c_str(), &nuda, modo | SQLITE_OPEN_NOMUTEX, nullptr);
+    Base base{nuda};
+    if (codice != SQLITE_OK) return std::unexpected(motivo(nuda, codice));
+    return base;
+}
+
+/// The columns of a table, in the store's own writing.
+std::expected<std::vector<std::string>, std::string> nomi_colonne(sqlite3* base, std::string_view tabella) {
+    auto tutte = prepara(base, "SELECT * FROM " + fra_virgolette(tabella) + " LIMIT 0");
+    if (!tutte) return std::unexpected(std::move(tutte.error()));
+    std::vector<std::string> nomi;
+    for (int i = 0; i < sqlite3_column_count(tutte->get()); ++i) {
+        const char* nome = sqlite3_column_name(tutte->get(), i);
+        nomi.emplace_back(nome == nullptr ? "" : nome);
+    }
+    return nomi;
+}
+
+/// The name of a table as it is stored; nothing if there is none. Only real tables: a view could hold
+/// anything.
+std::expected<std::optional<std::string>, std::string> trova_tabella(sqlite3* base, std::string_view nome) {
+    auto cerca = prepara(
+        base, "SELECT name FROM sqlite_schema WHERE type = 'table' AND sql NOT LIKE 'CREATE VIRTUAL%'");
+    if (!cerca) return std::unexpected(std::move(cerca.error()));
+    int codice = SQLITE_DONE;
+    while ((codice = sqlite3_step(cerca->get())) == SQLITE_ROW) {
+        const std::string_view trovato = testo_colonna(cerca->get(), 0);
+        if (minuscolo(trovato) == nome) return std::string{trovato};
+    }
+    if (codice != SQLITE_DONE) return std::unexpected(motivo(base, codice));
+    return std::nullopt;
+}
+
+std::expected<void, std::string> leggi_tabella(sqlite3* base, const FormaTabella& forma,
+                                               LettoreRighe& lettore) {
+    const auto tabella = trova_tabella(base, forma.nome);
+    if (!tabella) return std::unexpected(tabella.error());
+    if (!*tabella) return std::unexpected(fmt::format("manca la tabella {}", forma.nome));
+    const auto nomi = nomi_colonne(base, **tabella);
+    if (!nomi) return std::unexpected(nomi.error());
+    std::string sql = "SELECT ";
+    for (const std::string_view colonna : forma.colonne) {
+        const std::string cercata = minuscolo(colonna);
+        std::string_view trovata;
+        for (const std::string& nome : *nomi)
+            if (minuscolo(nome) == cercata) trovata = nome;
+        if (trovata.empty())
+            return std::unexpected(
+                fmt::format("nella tabella {} manca la colonna \"{}\"", forma.nome, colonna));
+        if (sql.back() != ' ') sql += ',';
+        sql += fra_virgolette(trovata);
+    }
+    sql += " FROM " + fra_virgolette(**tabella);
+    auto righe = prepara(base, sql);
+    if (!righe) return std::unexpected(std::move(righe.error()));
+    sqlite3_stmt* s = righe->get();
+    std::array<Cella, kColonneMassime> celle;
+    const std::size_t n = forma.colonne.size();
+    std::size_t lette = 0;
+    int codice = SQLITE_DONE;
+    while ((codice = sqlite3_step(s)) == SQLITE_ROW) {
+        if (++lette > kRigheMassime)
+            return std::unexpected(fmt::format("tabella {}: troppe righe", forma.nome));
+        for (std::size_t i = 0; i < n; ++i) {
+            const int k = static_cast<int>(i);
+            Cella& c = celle[i];
+            switch (sqlite3_column_type(s, k)) {
+                case SQLITE_INTEGER:
+                    c.tipo = Cella::Tipo::Intero;
+                    c.intero = sqlite3_column_int64(s, k);
+                    break;
+                case SQLITE_FLOAT:
+                    c.tipo = Cella::Tipo::Reale;
+                    c.reale = sqlite3_column_double(s, k);
+                    break;
+                case SQLITE_NULL:
+                    c.tipo = Cella::Tipo::Vuota;
+                    break;
+                default:
+                    c.tipo = Cella::Tipo::Testo;
+                    c.testo = testo_colonna(s, k);
+            }
+        }
+        if (auto errore = lettore.aggiungi(forma, std::span{celle}.first(n)))
+            return std::unexpected(std::move(*errore));
+    }
+    if (codice != SQLITE_DONE) return std::unexpected(motivo(base, codice));
+    return {};
+}
+
+std::expected<bool, std::string> leggi_simulato(sqlite3* base) {
+    const auto tabella = trova_tabella(base, "proprieta");
+    if (!tabella) return std::unexpected(tabella.error());
+    if (!*tabella) return false;
+    auto cerca =
+        prepara(base, "SELECT valore FROM " + fra_virgolette(**tabella) + " WHERE chiave = 'simulato'");
+    if (!cerca) return std::unexpected(std::move(cerca.error()));
+    const int codice = sqlite3_step(cerca->get());
+    if (codice == SQLITE_DONE) return false;
+    if (codice != SQLITE_ROW) return std::unexpected(motivo(base, codice));
+    return valore_iniziale(testo_colonna(cerca->get(), 0)) != 0;
+}
+
+std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file, unsigned tabelle) {
+    const std::span<const FormaTabella> forme =
+        (tabelle & kTabellaWinForLife) != 0 ? tabelle_drawit2() : tabelle_drawit();
+    auto aperta = apri(file, SQLITE_OPEN_READONLY);
+    if (!aperta) return std::unexpected(std::move(aperta.error()));
+    sqlite3* base = aperta->get();
+    int controlli = 0;
+    sqlite3_busy_timeout(base, kAttesaMs);
+    sqlite3_progress_handler(base, kPassiPerControllo, conta_passi, &controlli);
+    sqlite3_limit(base, SQLITE_LIMIT_LENGTH, kCellaMassima);
+    sqlite3_limit(base, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_db_config(base, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(base, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    // One transaction: all tables as they were at one moment, whoever writes meanwhile.
+    if (auto esito = esegui(base, "PRAGMA cell_size_check=ON; BEGIN"); !esito)
+        return std::unexpected(std::move(esito.error()));
+    LettiNativo letti;
+    LettoreRighe lettore{letti.righe};
+    for (const FormaTabella& forma : forme) {
+        if ((tabelle & forma.bit) == 0) continue;
+        if (auto esito = leggi_tabella(base, forma, lettore); !esito)
+            return std::unexpected(std::move(esito.error()));
+    }
+    const auto simulato = leggi_simulato(base);
+    if (!simulato) return std::unexpected(simulato.error());
+    letti.simulato = *simulato;
+    return letti;
+}
+
+// ---- writing ----
+
+// Columns in the order in which code that reads by position expects them.
+constexpr std::array<std::string_view, 8> kLotto{"data estrazione", "ruota",      "1°estratto", "2°estratto",
+                                                 "3°estratto",      "4°estratto", "5°estratto", "concorso"};
+// Position 1 is read by nobody, so the Jolly, which is read by name only, stands there.
+constexpr std::array<std::string_view, 10> kSuperEnalotto{
+    "data estrazione", "Jolly",      "1°estratto", "2°estratto", "3°estratto",
+    "4°estratto",      "5°estratto", "6°estratto", "superstar",  "concorso"};
+constexpr std::array<std::string_view, 13> kWinForLife{
+    "concorso", "data estrazione", "ora", "1°", "2°", "3°", "4°", "5°", "6°", "7°", "8°", "9°", "10°"};
+
+/// Fills one table, cell by cell, in column order.
+class Scrittore {
+  public:
+    static std::expected<Scrittore, std::string> crea(sqlite3* base, std::string_view nome,
+                                                      std::span<const std::string_view> colonne) {
+        std::string crea = "CREATE TABLE " + fra_virgolette(nome) + " (";
+        std::string riempi = "INSERT INTO " + fra_virgolette(nome) + " VALUES (";
+        for (const std::string_view c : colonne) {
+            const bool testo = c == "data estrazione" || c == "ruota" || c == "ora";
+            crea += fra_virgolette(c) + (testo ? " TEXT," : " INTEGER,");
+            riempi += "?,";
+        }
+        crea.back() = ')';
+        riempi.back() = ')';
+        if (auto esito = esegui(base, crea.c_str()); !esito) return std::unexpected(std::move(esito.error()));
+        auto istruzione = prepara(base, riempi);
+        if (!istruzione) return std::unexpected(std::move(istruzione.error()));
+        return Scrittore{base, std::move(*istruzione)};
+    }
+
+    void numero(std::int64_t n) { sqlite3_bind_int64(istruzione_.get(), ++colonna_, n); }
+    template <std::size_t N>
+    void numeri(const std::array<Numero, N>& tutti) {
+        for (const Numero n : tutti) numero(n);
+    }
+    void testo(std::string_view t) {
+        sqlite3_bind_text(istruzione_.get(), ++colonna_, t.data(), static_cast<int>(t.size()),
+                          SQLITE_TRANSIENT);
+    }
+    void giorno(Data data) {
+        if (testo_giorno_.empty() || data != giorno_) {
+            giorno_ = data;
+            testo_giorno_ = testo_data_iso(data);
+        }
+        testo(testo_giorno_);
+    }
+    std::expected<void, std::string> riga() {
+        colonna_ = 0;
+        const int codice = sqlite3_step(istruzione_.get());
+        sqlite3_reset(istruzione_.get());
+        if (codice != SQLITE_DONE) return std::unexpected(motivo(base_, codice));
+        return {};
+    }
+
+  private:
+    Scrittore(sqlite3* base, Istruzione istruzione) : base_{base}, istruzione_{std::move(istruzione)} {}
+
+    sqlite3* base_;
+    Istruzione istruzione_;
+    int colonna_ = 0;
+    Data giorno_{};
+    std::string testo_giorno_;
+};
+
+template <class Riga, class Una>
+std::expected<void, std::string> riempi(sqlite3* base, std::string_view nome,
+                                        std::span<const std::string_view> colonne,
+                                        const std::vector<Riga>& righe, Una una) {
+    auto scrittore = Scrittore::crea(base, nome, colonne);
+    if (!scrittore) return std::unexpected(std::move(scrittore.error()));
+    for (const Riga& r : righe) {
+        una(*scrittore, r);
+        if (auto esito = scrittore->riga(); !esito) return esito;
+    }
+    return {};
+}
+
+std::expected<void, std::string> riempi_lotto(sqlite3* base, std::string_view nome,
+                                              const std::vector<RigaLotto>& righe) {
+    return riempi(base, nome, kLotto, righe, [](Scrittore& s, const RigaLotto& r) {
+        s.giorno(r.data);
+        s.testo(r.ruota == kNazionale ? kParolaNazionale
+                                      : kNomiRuote[static_cast<std::size_t>(r.ruota)].codice);
+        s.numeri(r.numeri);
+        s.numero(r.concorso);
+    });
+}
+
+std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivio& righe) {
+    if (auto esito = riempi_lotto(base, "archivio", righe.lotto); !esito) return esito;
+    if (auto esito = riempi_lotto(base, "archivion", righe.nazionale); !esito) return esito;
+    return riempi(base, "archivios", kSuperEnalotto, righe.superenalotto,
+                  [](Scrittore& s, const RigaSuperEnalotto& r) {
+                      s.giorno(r.data);
+                      s.numero(r.jolly);
+                      s.numeri(r.numeri);
+                      s.numero(r.superstar);
+                      s.numero(r.concorso);
+                  });
+}
+
+std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchivio& righe) {
+    return riempi(base, "archivio", kWinForLife, righe.winforlife, [](Scrittore& s, const RigaWinForLife& r) {
+        s.numero(r.concorso);
+        s.giorno(r.data);
+        s.testo(r.ora);
+        s.numeri(r.numeri);
+    });
+}
+
+std::expected<void, std::string> scrivi_base(
+    const std::filesystem::path& file, const RigheArchivio& righe, bool simulato,
+    std::expected<void, std::string> (*riempi_tabelle)(sqlite3*, const RigheArchivio&)) {
+    auto aperta = apri(file, SQLITE_OPEN_READWRITE);
+    if (!aperta) return std::unexpected(std::move(aperta.error()));
+    sqlite3* base = aperta->get();
+    // The file is a temporary that nobody else sees and that is thrown away after any error: no journal.
+    if (auto esito = esegui(base,
+                            "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE;"
+                            "BEGIN; CREATE TABLE proprieta (chiave TEXT PRIMARY KEY, valore TEXT)");
+        !esito)
+        return esito;
+    if (simulato) {
+        if (auto esito = esegui(base, "INSERT INTO proprieta VALUES ('simulato', '1')"); !esito) return esito;
+    }
+    if (auto esito = riempi_tabelle(base, righe); !esito) return esito;
+    if (auto esito = esegui(base, "COMMIT"); !esito) return esito;
+    const int codice = sqlite3_close(aperta.value().release());
+    if (codice != SQLITE_OK) return std::unexpected(motivo(nullptr, codice));
+    return {};
+}
+
+std::expected<FileSicuro, ErroreArchivio> prepara_file(
+    const std::filesystem::path& file, const RigheArchivio& righe, bool simulato,
+    std::expected<void, std::string> (*riempi_tabelle)(sqlite3*, const RigheArchivio&)) {
+    auto sicuro = FileSicuro::apri(file);
+    if (!sicuro) return sicuro;
+    if (auto esito = scrivi_base(sicuro->temporaneo(), righe, simulato, riempi_tabelle); !esito)
+        return std::unexpected(ErroreArchivio{file, "la scrittura non è riuscita: " + esito.error()});
+    return sicuro;
+}
+
+std::expected<void, ErroreArchivio> conferma(std::expected<FileSicuro, ErroreArchivio> preparato) {
+    if (!preparato) return std::unexpected(std::move(preparato.error()));
+    return preparato->conferma();
+}
+
+}  // namespace
+
+std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::path& file, unsigned tabelle) {
+    if (auto esito = esamina(file); !esito) return std::unexpected(std::move(esito.error()));
+    auto letti = leggi(file, tabelle);
+    if (!letti) return std::unexpected(ErroreArchivio{file, std::move(letti.error())});
+    return std::move(*letti);
+}
+
+std::expected<FileSicuro, ErroreArchivio> prepara_drawit(const std::filesystem::path& file,
+                                                         const RigheArchivio& righe, bool simulato) {
+    return prepara_file(file, righe, simulato, riempi_drawit);
+}
+
+std::expected<FileSicuro, ErroreArchivio> prepara_drawit2(const std::filesystem::path& file,
+                                                          const RigheArchivio& righe, bool simulato) {
+    return prepara_file(file, righe, simulato, riempi_drawit2);
+}
+
+std::expected<void, ErroreArchivio> scrivi_drawit(const std::filesystem::path& file,
+                                                  const RigheArchivio& righe, bool simulato) {
+    return conferma(prepara_drawit(file, righe, simulato));
+}
+
+std::expected<void, ErroreArchivio> scrivi_drawit2(const std::filesystem::path& file,
+                                                   const RigheArchivio& righe, bool simulato) {
+    return conferma(prepara_drawit2(file, righe, simulato));
+}
+
+}  // namespace sortimetra
