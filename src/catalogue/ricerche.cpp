@@ -486,12 +486,13 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .frase = "Le cinquine della metà bassa o alta della combinazione."},
     {.chiave = "scomposizione",
      .titolo = "Scomposizione",
+     .schermo = Schermo::nessuno,
      .tabelle = kRuote10,
      .opzioni = kOpzNumeri | kOpzSorte | kOpzTipo,
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie."},
     {.chiave = "schedine",
      .titolo = "Schedine",
-     .schermo = Schermo::piramide,
+     .schermo = Schermo::nessuno,
      .frase = "Le poste della piramide."},
 });
 
