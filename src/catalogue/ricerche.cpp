@@ -2,6 +2,7 @@
 
 #include "archive/apertura.h"
 #include "archive/testi.h"
+#include "catalogue/segnalimite.h"
 #include "positional/posizione.h"
 #include "positional/tabellone.h"
 #include "statistics/altri_giochi.h"
@@ -87,6 +88,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
     {.chiave = "tabella dei segnalimite cabalistici",
      .titolo = "Tabella dei Segnalimite Cabalistici",
      .schermo = Schermo::segnalimite,
+     .esegui = segnalimite,
      .frase = "La tabella fissa dei tre segnalimite di ciascun numero."},
     {.chiave = "calcolo dei numeri spia",
      .titolo = "Calcolo dei Numeri Spia",
@@ -554,13 +556,14 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .frase = "Le cinquine della metà bassa o alta della combinazione."},
     {.chiave = "scomposizione",
      .titolo = "Scomposizione",
+     .schermo = Schermo::nessuno,
      .tabelle = kRuote10,
      .opzioni = kOpzNumeri | kOpzSorte | kOpzTipo | kOpzSchedina,
      .esegui = scomposizione,
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie."},
     {.chiave = "schedine",
      .titolo = "Schedine",
-     .schermo = Schermo::piramide,
+     .schermo = Schermo::nessuno,
      .frase = "Le poste della piramide."},
 });
 

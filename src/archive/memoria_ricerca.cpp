@@ -1,0 +1,210 @@
+#include "archive/memoria_ricerca.h"
+
+#include "archive/testi.h"
+#include "archive/testo_ini.h"
+#include "archive/windows1252.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <system_error>
+#include <thread>
+
+namespace sortimetra {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kTipoRic = "TipoRic";
+constexpr std::string_view kNomeRic = "NomeRIC";
+
+/// A value is read into 250 characters, the NUL that ends it among them.
+constexpr std::size_t kLunghezzaValore = 249;
+
+/// These files hold a few hundred bytes. What is larger is no such file: it is neither read nor changed.
+constexpr std::size_t kDimensioneMassima = 1U << 20U;
+
+/// How long an instance waits for another one that is writing, before it lets the change go.
+constexpr std::chrono::milliseconds kAttesa{500};
+
+struct Predefinito {
+    std::string_view sezione, chiave, valore;
+};
+
+/// The default file, in the order in which it is written. Ruota, Concorsi and Intervallo are written for the
+/// older installations that share the file and read by nobody here.
+constexpr Predefinito kPredefiniti[] = {
+    {kTipoRic, "index", "0"},
+    {kNomeRic, "0", "Ritardo e frequenza dei 90 numeri"},
+    {kNomeRic, "1", "Ambata capogioco"},
+    {kNomeRic, "2", "Ricerche su tutti i Terni"},
+    {kNomeRic, "3", "Grattacielo dei 90"},
+    {kNomeRic, "4", "Cinquine dei 90"},
+    {kNomeRic, "5", "Ricerche su Numeri Personali"},
+    {kNomeRic, "6", "Ritardo e frequenza del primo estratto su ruota"},
+    {kNomeRic, "0t", "0"},
+    {kNomeRic, "1t", "0"},
+    {kNomeRic, "2t", "0"},
+    {kNomeRic, "3t", "0"},
+    {kNomeRic, "4t", "0"},
+    {kNomeRic, "5t", "0"},
+    {kNomeRic, "6t", "0"},
+    {"Ruota", "Bari", "1"},
+    {"Ruota", "Cagliari", "0"},
+    {"Ruota", "Firenze", "0"},
+    {"Ruota", "Genova", "0"},
+    {"Ruota", "Milano", "0"},
+    {"Ruota", "Napoli", "0"},
+    {"Ruota", "Palermo", "0"},
+    {"Ruota", "Roma", "0"},
+    {"Ruota", "Torino", "0"},
+    {"Ruota", "Venezia", "0"},
+    {"Concorsi", "Indice", "0"},
+    {"Intervallo", "from", "first"},
+    {"Intervallo", "to", "last"},
+};
+
+std::string file_predefinito() {
+    std::string testo;
+    for (const auto& p : kPredefiniti) testo = con_valore_ini(testo, p.sezione, p.chiave, p.valore);
+    return testo;
+}
+
+/// The bytes of a small regular file. Nothing where it is missing, cannot be read, is no file (a folder, a
+/// pipe that would never end) or is too large.
+std::optional<std::string> leggi_piccolo(const fs::path& file) {
+    std::error_code errore;
+    if (!fs::is_regular_file(file, errore)) return std::nullopt;
+    std::ifstream flusso{file, std::ios::binary};
+    if (!flusso) return std::nullopt;
+    std::string testo;
+    char pezzo[8192];
+    while (flusso.read(pezzo, sizeof pezzo), flusso.gcount() > 0) {
+        testo.append(pezzo, static_cast<std::size_t>(flusso.gcount()));
+        if (testo.size() > kDimensioneMassima) return std::nullopt;
+    }
+    if (flusso.bad()) return std::nullopt;
+    return testo;
+}
+
+/// A lock that all instances working in a folder take for the time of one change. It is held on the folder
+/// itself, so that it leaves no file behind, and ends with the process whatever happens.
+class ChiaveCartella {
+  public:
+    explicit ChiaveCartella(const fs::path& cartella)
+        : fd_(::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        const auto fine = std::chrono::steady_clock::now() + kAttesa;
+        while (fd_ >= 0 && !(presa_ = ::flock(fd_, LOCK_EX | LOCK_NB) == 0)) {
+            if (std::chrono::steady_clock::now() >= fine) break;
+            std::this_thread::sleep_for(std::chrono::milliseconds{1});
+        }
+    }
+    ChiaveCartella(const ChiaveCartella&) = delete;
+    ChiaveCartella& operator=(const ChiaveCartella&) = delete;
+    ~ChiaveCartella() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    explicit operator bool() const { return presa_; }
+
+  private:
+    int fd_;
+    bool presa_ = false;
+};
+
+/// Replaces a file whole: a temporary beside it, then a rename. It is not forced onto the disk: what a power
+/// cut can cost is the row that was highlighted last.
+void scrivi_piccolo(const fs::path& file, std::string_view testo) {
+    std::string provvisorio = file.string() + ".XXXXXX";
+    const int fd = ::mkostemp(provvisorio.data(), O_CLOEXEC);
+    if (fd < 0) return;
+    bool bene = ::fchmod(fd, 0644) == 0;
+    while (bene && !testo.empty()) {
+        const auto n = ::write(fd, testo.data(), testo.size());
+        if (n <= 0) bene = false;
+        if (n > 0) testo.remove_prefix(static_cast<std::size_t>(n));
+    }
+    if (::close(fd) != 0) bene = false;
+    if (!bene || std::rename(provvisorio.c_str(), file.c_str()) != 0) ::unlink(provvisorio.c_str());
+}
+
+}  // namespace
+
+bool MemoriaRicerca::esiste() const {
+    std::error_code errore;
+    return fs::exists(file_, errore);
+}
+
+std::string MemoriaRicerca::leggi_memoria(std::string_view tipo, std::string_view chiave) const {
+    const auto testo = leggi_piccolo(file_);
+    if (!testo) return "0";
+    const auto valore = tipo == "tipo"   ? valore_ini(*testo, kTipoRic, "index")
+                        : tipo == "nome" ? valore_ini(*testo, kNomeRic, chiave)
+                                         : valore_ini(*testo, "sezione", chiave);
+    return valore ? da_windows_1252(rifila(valore->substr(0, kLunghezzaValore))) : "0";
+}
+
+void MemoriaRicerca::crea_memoria() {
+    std::error_code errore;
+    fs::create_directories(file_.parent_path(), errore);
+    if (const ChiaveCartella chiave{file_.parent_path()}) scrivi_piccolo(file_, file_predefinito());
+}
+
+void MemoriaRicerca::crea_se_manca() {
+    std::error_code errore;
+    fs::create_directories(file_.parent_path(), errore);
+    const ChiaveCartella chiave{file_.parent_path()};
+    if (chiave && !esiste()) scrivi_piccolo(file_, file_predefinito());
+}
+
+void MemoriaRicerca::scrivi_gruppo(int indice) {
+    scrivi({{kTipoRic, "index", std::to_string(indice)}});
+}
+
+void MemoriaRicerca::scrivi_selezione(int gruppo, std::string_view nome, int prima_riga) {
+    const std::string chiave = std::to_string(gruppo);
+    scrivi({{kNomeRic, chiave, in_windows_1252(nome)}, {kNomeRic, chiave + "t", std::to_string(prima_riga)}});
+}
+
+void MemoriaRicerca::scrivi(std::initializer_list<Scrittura> scritture) {
+    const ChiaveCartella chiave{file_.parent_path()};
+    if (!chiave) return;
+    const auto prima = leggi_piccolo(file_);
+    // There, but not readable: better an old memory than one written over.
+    if (!prima && esiste()) return;
+    std::string testo = prima.value_or(std::string{});
+    for (const auto& s : scritture) testo = con_valore_ini(testo, s.sezione, s.chiave, s.valore);
+    if (testo != prima && testo.size() <= kDimensioneMassima) scrivi_piccolo(file_, testo);
+}
+
+std::optional<int> leggi_skin(const fs::path& percorso_skin) {
+    const auto file = percorso_skin / "skn.dat";
+    std::error_code errore;
+    const auto testo = leggi_piccolo(file);
+    if (!testo && fs::exists(file, errore)) return std::nullopt;
+    const std::string_view numero = testo ? rifila(*testo) : std::string_view{};
+    if (numero.empty()) {
+        scrivi_skin(percorso_skin, 1);
+        return 1;
+    }
+    int indice = 0;
+    const auto [fine, esito] = std::from_chars(numero.data(), numero.data() + numero.size(), indice);
+    if (esito != std::errc{} || fine != numero.data() + numero.size()) return std::nullopt;
+    return indice;
+}
+
+void scrivi_skin(const fs::path& percorso_skin, int indice) {
+    std::error_code errore;
+    fs::create_directories(percorso_skin, errore);
+    if (const ChiaveCartella chiave{percorso_skin})
+        scrivi_piccolo(percorso_skin / "skn.dat", std::to_string(indice) + "\r\n");
+}
+
+}  // namespace sortimetra
