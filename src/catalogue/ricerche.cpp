@@ -3,6 +3,7 @@
 #include "archive/apertura.h"
 #include "archive/testi.h"
 #include "catalogue/segnalimite.h"
+#include "positional/migliori_ritardi.h"
 #include "positional/posizione.h"
 #include "positional/tabellone.h"
 #include "statistics/altri_giochi.h"
@@ -467,6 +468,7 @@ constexpr auto kRicerche = std::to_array<Ricerca>({
      .schermo = Schermo::tab_pos2,
      .tabelle = kRuote10,
      .opzioni = kOpzConcorso | kOpzPagina | kOpzIndiceCombo,
+     .esegui = migliori_ritardi,
      .frase = "I gruppi più ritardati di 31 famiglie classiche.",
      .tag = "10num"},
     {.chiave = "analisi numeri sparsi",

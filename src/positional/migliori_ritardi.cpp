@@ -1,0 +1,140 @@
+#include "positional/migliori_ritardi.h"
+
+#include "archive/ambito.h"
+#include "archive/testi.h"
+#include "positional/tabellone.h"
+#include "statistics/famiglie.h"
+#include "statistics/misura_serie.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <numeric>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace sortimetra {
+
+namespace {
+
+constexpr std::array<FamigliaMigliori, 16> kPagina1{{
+    {"Ambi vertibili", "carica_vertibili", 3, "0 1 2", "3 4 5"},
+    {"Ambi simmetrici", "carica_simmetrici", 3, "6 7 8", "9 10 11"},
+    {"Ambi complementari", "carica_complementari", 3, "12 13 14", "15 16 17"},
+    {"Ambi a distanza 45", "carica_distanza45", 3, "18 19 20", "21 22 23"},
+    {"Ambi consecutivi", "carica_consecutivi", 3, "24 25 26", "27 28 29"},
+    {"Terzine a coesione", "carica_terzine_coesione", 3, "30 31 32", "33 34 35"},
+    {"Sestine tricifriche", "carica_tricifriche", 3, "36 38 58", "37 39 59"},
+    {"Sestine circolari", "carica_sestine_circolari", 3, "40 42 44", "41 43 45"},
+    {"Sestine esagonali", "carica_sestine_esagonali", 3, "46 48 50", "47 49 51"},
+    {"Sestine somma 273", "carica_sestine_somma", 3, "52 54 56", "53 55 57"},
+    {"Decine", "carica_decine", 3, "60 61 62", "63 64 65", true},
+    {"Cadenze", "carica_cadenze", 3, "66 67 68", "69 70 71", true},
+    {"Figure", "carica_figure", 3, "72 73 74", "75 76 77", true},
+    {"Gemelli", "carica_gemelli", 3, "78 79 80", "81 82 83", true},
+    {"Cifre", "carica_cifre", 3, "84 85 86", "87 88 89", true},
+    {"Radicali", "carica_radicali", 2, "90 92", "91 93"},
+}};
+
+constexpr std::array<FamigliaMigliori, 16> kPagina2{{
+    {"Sestine di cifra composta", "carica_cifra_composta", 2, "94 96", "95 97"},
+    {"Settine Renard", "carica_renard", 2, "98 100", "99 101"},
+    {"Decine simmetriche", "carica_decine_simmetriche", 2, "102 104", "103 105", false,
+     SogliaFamiglia::combo_rit},
+    {"Controfigure", "carica_controfigure", 3, "106 108 110", "107 109 111", false,
+     SogliaFamiglia::combo_rit},
+    {"Sestine consecutive", "carica_sestine_consecutive", 3, "113 116 118", "114 117 119"},
+    {"Sestine passo multiplo", "carica_sestine_multiple", 3, "120 122 124", "121 123 125"},
+    {"Terzine correlative simmetriche", "carica_terzine_correlative", 3, "126 128 130", "127 129 131"},
+    {"Grattacielo dei 90", "carica_grattacielo", 3, "132 134 136", "133 135 137"},
+    {"Cinquine dei  90", "carica_cinquine_dei90", 3, "138 140 142", "139 141 143"},
+    {"Cinquine a coesione", "carica_cinquine_coesione", 2, "144 146", "145 147"},
+    {"Cinquine consecutive", "Carica_cinquine_consecutive", 2, "148 150", "149 151"},
+    {"Cinquine correlative", "carica_cinquine_correlative", 2, "152 154", "153 155"},
+    {"Cinquine pari/dispari", "carica_cinquine_dispari", 1, "156", "157", false, SogliaFamiglia::ambo, "D. "},
+    {"Cinquine pari/dispari", "carica_cinquine_pari", 1, "158", "159", false, SogliaFamiglia::ambo, "P. "},
+    {"Cinquine pentagonali", "carica_cinquine_pentagonali", 2, "160 162", "161 163"},
+    {"Cinquine Sun", "carica_cinquine_sun", 2, "164 166", "165 167"},
+}};
+
+/// A group as the page tells it: ambi with " - " between the numbers, all others with "-".
+std::string testo_gruppo(const FamigliaMigliori& migliori, const Famiglia& famiglia,
+                         const SerieCorrente& serie, std::size_t membro) {
+    if (migliori.etichette_brevi) {
+        // The first of the cadenze is told as the last one is: the page has always shown "10/90" for both.
+        const std::size_t detto = famiglia.chiave == "cadenze" && membro == 0 ? serie.righe() - 1 : membro;
+        return etichetta_membro(famiglia, serie, detto);
+    }
+    std::string testo{migliori.prefisso};
+    const std::string_view separatore = serie.colonne == 2 ? " - " : "-";
+    bool primo = true;
+    for (const Numero n : serie.membro(membro)) {
+        if (!primo) testo += separatore;
+        primo = false;
+        aggiungi_due_cifre(testo, n);
+    }
+    return testo;
+}
+
+/// Members of a series by delay, longest first; equal ones keep the family's order.
+std::vector<std::size_t> per_ritardo(const std::vector<Misura>& misure, std::int32_t n) {
+    std::vector<std::size_t> ordine(misure.size());
+    std::iota(ordine.begin(), ordine.end(), std::size_t{0});
+    std::stable_sort(ordine.begin(), ordine.end(), [&](std::size_t a, std::size_t b) {
+        return ritardo(misure[a], n) > ritardo(misure[b], n);
+    });
+    return ordine;
+}
+
+}  // namespace
+
+std::span<const FamigliaMigliori> famiglie_migliori(int pagina) {
+    return pagina == 2 ? std::span{kPagina2} : std::span{kPagina1};
+}
+
+Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                           Avanzamento& avanzamento) {
+    Risultato r;
+    AmbitoRicerca ambito;
+    ambito.ruote = domanda.ambito.ruote;
+    ambito.tratto.a = concorso_scelto(archivio, TipoTabellone::lotto, domanda.parametri.concorso, r.note);
+    const VistaEstrazioni vista{archivio, ambito};
+    if (ambito.tratto.a < 1 || vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    const std::int32_t n = vista.t();
+
+    ColonnaTesti titoli;
+    ColonnaTesti gruppi;
+    ColonnaTesti ritardi;
+    const auto famiglie = famiglie_migliori(domanda.parametri.pagina);
+    SenzaAvanzamento nessuno;  // the bar moves by family
+    std::size_t fatte = 0;
+    for (const FamigliaMigliori& migliori : famiglie) {
+        const Famiglia& famiglia = *trova_caricatore(migliori.carica);
+        SerieCorrente serie;
+        if (auto caricata = carica_serie(famiglia, domanda.cartella))
+            serie = std::move(*caricata);
+        else
+            r.messaggi.push_back(std::move(caricata.error()));
+        const int soglia = migliori.soglia == SogliaFamiglia::ambo ? 2 : domanda.parametri.indice_combo + 1;
+        const auto misure = misura_serie(vista, serie, soglia, nessuno);
+        const auto ordine = per_ritardo(misure, n);
+        for (std::size_t i = 0; i < migliori.righe; ++i) {
+            titoli.valori.emplace_back(migliori.titolo);
+            const bool c_e = i < ordine.size();
+            gruppi.valori.push_back(c_e ? testo_gruppo(migliori, famiglia, serie, ordine[i]) : "");
+            ritardi.valori.push_back(c_e ? "R. " + std::to_string(ritardo(misure[ordine[i]], n)) : "");
+        }
+        if (!avanzamento.procedi(++fatte, famiglie.size())) break;
+    }
+
+    Tabella t;
+    t.titoli = {{"Serie", "Gruppo", "Ritardo"}};
+    t.colonne.emplace_back(std::move(titoli));
+    t.colonne.emplace_back(std::move(gruppi));
+    t.colonne.emplace_back(std::move(ritardi));
+    r.tabelle.push_back(std::move(t));
+    return r;
+}
+
+}  // namespace sortimetra
