@@ -1,6 +1,6 @@
 #include "archive/combinazioni.h"
 #include "statistics/altri_giochi.h"
-#include "statistics/lente.h"
+#include "support/lente.h"
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>

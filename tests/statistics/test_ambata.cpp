@@ -1,5 +1,5 @@
 #include "statistics/ambata.h"
-#include "statistics/lente.h"
+#include "support/lente.h"
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>

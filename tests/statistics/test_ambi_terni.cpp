@@ -1,6 +1,6 @@
 #include "statistics/ambi_terni.h"
 #include "statistics/combinatoria.h"
-#include "statistics/lente.h"
+#include "support/lente.h"
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>
