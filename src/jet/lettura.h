@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string_view>
+
+namespace sortimetra::jet {
+
+/// Reads the wanted tables (`Tabelle`) of a Jet file that stands in memory and writes them, in the form of
+/// protocollo.h, through `scrivi`. This is the only code that calls libmdb, which trusts the file: it may
+/// crash, hang or make up rows, and so it runs in a process of its own.
+void leggi(void* byte, std::size_t quanti, unsigned tabelle,
+           const std::function<void(std::string_view)>& scrivi);
+
+/// Takes from the running process what reading a file does not need: memory beyond `memoria` bytes, processor
+/// time beyond `secondi`, writing files, starting programs, dumping core.
+void limita(std::size_t memoria, unsigned secondi);
+
+}  // namespace sortimetra::jet
