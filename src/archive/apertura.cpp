@@ -71,7 +71,7 @@ ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi
         return {cartella, std::filesystem::exists(cartella, errore) ? "non è una cartella"
                                                                     : "la cartella dell'archivio non c'è"};
     // A folder that cannot be listed is not a folder without an archive.
-    std::filesystem::directory_iterator{cartella, errore};
+    const std::filesystem::directory_iterator elenco{cartella, errore};
     if (errore) return {cartella, "la cartella dell'archivio non si può leggere"};
     return {cartella, fmt::format("non vi si trova né {} né {}", nomi[0], nomi[1])};
 }

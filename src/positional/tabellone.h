@@ -5,6 +5,7 @@
 #include "results/domanda.h"
 #include "results/risultato.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -29,8 +30,7 @@ struct LimitiConcorso {
 
     /// Below the lower end becomes the lower end; then above the upper end becomes the upper end.
     [[nodiscard]] constexpr Concorso riporta(Concorso c) const {
-        if (c < minimo) c = minimo;
-        return c > massimo ? massimo : c;
+        return std::min(std::max(c, minimo), massimo);
     }
 };
 [[nodiscard]] LimitiConcorso limiti_concorso(const ArchivioEstrazioni& archivio, TipoTabellone tipo);
