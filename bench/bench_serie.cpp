@@ -1,0 +1,75 @@
+#include "ricerca.h"
+#include "statistics/famiglie.h"
+#include "statistics/lente_serie.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+
+// The 90 numbers are the yardstick: the machine's speed moves, so compare within one run.
+
+namespace {
+
+using namespace sortimetra;
+using misure::archivio;
+using misure::domanda;
+using misure::ricerca;
+
+const std::filesystem::path kDati = std::filesystem::path{SORTIMETRA_RADICE} / "data";
+
+void serie(benchmark::State& stato, std::string_view chiave, int combo_rit, bool tutte_le_ruote = false) {
+    Domanda d = domanda(chiave, combo_rit);
+    d.cartella = kDati;
+    d.parametri.tutte_le_ruote = tutte_le_ruote;
+    ricerca(stato, d);
+}
+
+/// The same rows told as texts, member by member.
+void serie_lenta(benchmark::State& stato, std::string_view chiave, int soglia) {
+    const SerieCorrente s = carica_serie(*trova_famiglia(chiave), kDati).value();
+    std::vector<std::vector<int>> membri;
+    for (std::size_t i = 0; i < s.righe(); ++i) membri.emplace_back(s.membro(i).begin(), s.membro(i).end());
+    const auto righe = prove::righe_piane(archivio(), domanda(chiave).ambito);
+    for (auto _ : stato) benchmark::DoNotOptimize(prove::serie_lenta(righe, kRuote, membri, soglia));
+}
+
+void capogioco(benchmark::State& stato, std::string_view chiave, int combo_rit) {
+    Domanda d = domanda(chiave, combo_rit);
+    d.parametri.capogioco = {13, 77};
+    ricerca(stato, d);
+}
+
+void capogioco_lento(benchmark::State& stato, bool all_ambata) {
+    const auto righe = prove::righe_piane(archivio(), domanda("ambo capogioco").ambito);
+    for (auto _ : stato)
+        benchmark::DoNotOptimize(prove::ambo_capogioco_lento(righe, kRuote, 13, 77, all_ambata));
+}
+
+void scomposizione(benchmark::State& stato, int combo_rit) {
+    Domanda d = domanda("scomposizione", combo_rit);
+    for (int n = 1; n <= 20; ++n) d.parametri.numeri.push_back(n * 4);
+    d.parametri.sorte = 5;
+    ricerca(stato, d);
+}
+
+#define MISURA(funzione, nome, ...) \
+    BENCHMARK_CAPTURE(funzione, nome, __VA_ARGS__)->Unit(benchmark::kMillisecond)
+
+MISURA(ricerca, paragone_90_numeri, domanda("ritardo e frequenza dei 90 numeri"));
+MISURA(serie, cinquine_dei_90_ambata, "cinquine dei 90", 0);
+MISURA(serie, cinquine_dei_90_ambo, "cinquine dei 90", 1);
+MISURA(serie_lenta, cinquine_dei_90_ambata, "cinquine dei 90", 1);
+MISURA(serie_lenta, cinquine_dei_90_ambo, "cinquine dei 90", 2);
+MISURA(serie, ambi_consecutivi_ambo, "ambi consecutivi", 1);
+MISURA(serie, cifre_ambata, "cifre", 0);
+MISURA(serie, cifre_ambo, "cifre", 1);
+MISURA(serie_lenta, cifre_ambo, "cifre", 2);
+MISURA(serie, cifre_ogni_ruota_ambo, "cifre", 1, true);
+MISURA(scomposizione, venti_numeri_cinquina_al_terno, 2);
+MISURA(capogioco, ambata_capogioco, "ambata capogioco", 0);
+MISURA(capogioco, ambo_capogioco_ambata, "ambo capogioco", 0);
+MISURA(capogioco, ambo_capogioco_ambo, "ambo capogioco", 1);
+MISURA(capogioco_lento, ambo_capogioco_ambata, true);
+MISURA(capogioco_lento, ambo_capogioco_ambo, false);
+
+}  // namespace

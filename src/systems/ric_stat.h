@@ -1,0 +1,79 @@
+#pragma once
+
+#include "archive/data.h"
+#include "archive/errore.h"
+#include "results/risultato.h"
+
+#include <array>
+#include <cstddef>
+#include <expected>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sortimetra {
+
+// A result grid becomes the number system `ric_stat`, which the slip printing program goes on with. Its files
+// keep the bytes that this program has always read: fields parted by a comma, text in double quotes, dates as
+// #yyyy-mm-dd#, lines ended by CR LF.
+
+/// Numbers of one combination in order of first appearance; slots that were not filled hold 0.
+using Combinazione = std::array<int, 10>;
+
+/// A system on its way to disk. All its files share the base `cartella` / `nome_file_sistema`, where
+/// `cartella` is the program's folder.
+struct Sistema {
+    std::string nome_file_sistema;  ///< "ambo/ric_stat"
+    std::string lettera_sistema;    ///< "a" to "d", or "f" for six and more numbers
+    std::size_t k = 0;              ///< numbers per line, 2 to 10; that of the first combination
+    std::vector<Combinazione> combinazioni;
+};
+
+/// The system of a grid: every data row is a combination, its numbers read from the text of the first column
+/// with the short labels of the families spelled out. Nothing for a grid of single numbers and for "cifre".
+[[nodiscard]] std::optional<Sistema> sistema_da_griglia(std::string_view chiave, const Tabella& griglia);
+
+/// The numbers of a cell such as "01-12-90", "01.12.90" or, for the families that have one, a short label.
+/// `quanti` counts the numbers as written; equal ones take one slot, and an eleventh none.
+struct Cella {
+    Combinazione numeri{};
+    std::size_t quanti = 0;
+};
+[[nodiscard]] Cella leggi_cella(std::string_view chiave, std::string_view testo);
+
+using Esito = std::expected<void, ErroreArchivio>;
+
+// The five routines, in the order in which `scrivi_schedina` runs them.
+
+/// Marks the system as in unregistered development (".nn") and removes what an earlier one left.
+[[nodiscard]] Esito azzera_files_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+/// "in": how many different numbers the system uses, then one a line, ascending.
+[[nodiscard]] Esito scrivi_numeri_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+/// The marker again, an empty "sy", and neither ".rr" nor the slip program's scratch file.
+[[nodiscard]] Esito prepara_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+/// "nu": the date, and the number of combinations twice. Without combinations a ".rr" that is still there is
+/// removed and the message on it returned; after `prepara_sistema` there is none, so no user has seen it.
+[[nodiscard]] std::expected<std::optional<std::string>, ErroreArchivio> scrivi_conteggio_sistema(
+    const std::filesystem::path& cartella, const Sistema& sistema, Data oggi);
+/// "sy": a line of k numbers per combination.
+[[nodiscard]] Esito scrivi_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+
+/// What the hand-over left.
+struct Consegna {
+    std::string file;  ///< base path of the system relative to the program's folder
+    bool programma_aperto =
+        false;  ///< the slip program runs already ("sch" is there): "trans" was not written
+};
+
+/// Whether a search's grid can be handed over at all.
+[[nodiscard]] bool ammette_schedina(std::string_view chiave, const Tabella& griglia);
+
+/// Writes the system `ric_stat` of the whole grid, as it stood before any sorting, and the file "trans" that
+/// names it to the slip program. Folders are made as needed. Nothing is started.
+[[nodiscard]] std::expected<Consegna, ErroreArchivio> scrivi_schedina(const std::filesystem::path& cartella,
+                                                                      std::string_view chiave,
+                                                                      const Tabella& griglia, Data oggi);
+
+}  // namespace sortimetra
