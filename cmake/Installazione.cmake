@@ -12,7 +12,8 @@ endif()
 install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 if(EXISTS ${PROJECT_SOURCE_DIR}/data)
     install(DIRECTORY data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/sortimetra
-            PATTERN "*.desktop" EXCLUDE PATTERN "*.qrc" EXCLUDE)
+            PATTERN "*.desktop" EXCLUDE PATTERN "*.qrc" EXCLUDE
+            PATTERN "*.cpp" EXCLUDE PATTERN "CMakeLists.txt" EXCLUDE)
     file(GLOB voci_menu data/*.desktop)
     install(FILES ${voci_menu} DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
     if(EXISTS ${PROJECT_SOURCE_DIR}/data/sortimetra.svg)

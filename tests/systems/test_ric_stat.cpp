@@ -1,0 +1,250 @@
+#include "archive/file_sicuro.h"
+#include "catalogue/ricerche.h"
+#include "statistics/famiglie.h"
+#include "support/archivi.h"
+#include "systems/ric_stat.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+
+namespace sortimetra {
+namespace {
+
+namespace fs = std::filesystem;
+using prove::CartellaProva;
+using prove::da_testo;
+
+const Data kOggi = leggi_data_iso("2026-07-04").value();
+
+/// The grid of a search over one small archive.
+Tabella griglia(std::string_view chiave, const Parametri& parametri = {}) {
+    const auto archivio = da_testo("1 BA 1 2 3 4 5\n");
+    Domanda d = prove::domanda(chiave);
+    d.parametri = parametri;
+    SenzaAvanzamento nessuno;
+    Risultato r = esegui(*trova_ricerca(chiave), archivio, d, nessuno);
+    return r.tabelle.empty() ? Tabella{} : std::move(r.tabelle.front());
+}
+
+std::string testo(const fs::path& file) {
+    return leggi_file(file).value_or("(manca)");
+}
+
+std::set<std::string> contenuto(const fs::path& cartella) {
+    std::set<std::string> nomi;
+    for (const auto& voce : fs::recursive_directory_iterator{cartella})
+        nomi.insert(fs::relative(voce.path(), cartella).generic_string());
+    return nomi;
+}
+
+Tabella di_gruppi(std::size_t quanti, std::vector<std::uint8_t> numeri, char separatore = '-') {
+    Tabella t;
+    t.titoli = {{"Numeri"}};
+    t.colonne.emplace_back(ColonnaGruppi{quanti, separatore, std::move(numeri)});
+    return t;
+}
+
+TEST(RicStat, AmbiByteSuByte) {
+    const CartellaProva dove;
+    const auto c =
+        scrivi_schedina(dove.percorso(), "ambi vertibili", di_gruppi(2, {12, 21, 5, 50, 12, 45}, '.'), kOggi);
+    ASSERT_TRUE(c.has_value()) << c.error().testo();
+    EXPECT_EQ(c->file, "ambo/ric_stat");
+    EXPECT_FALSE(c->programma_aperto);
+    EXPECT_EQ(testo(dove.percorso() / "ambo/ric_statsya.txt"), "12,21\r\n5,50\r\n12,45\r\n");
+    EXPECT_EQ(testo(dove.percorso() / "ambo/ric_statnua.txt"), "#2026-07-04#,\"\"\r\n3,3\r\n");
+    EXPECT_EQ(testo(dove.percorso() / "ambo/ric_statina.txt"), "5\r\n5\r\n12\r\n21\r\n45\r\n50\r\n");
+    EXPECT_EQ(testo(dove.percorso() / "ambo/ric_stat.nn"), "");
+    EXPECT_EQ(testo(dove.percorso() / "trans"), "\"ambo\",\"ric_stat\"\r\n");
+    EXPECT_EQ(
+        contenuto(dove.percorso()),
+        (std::set<std::string>{"ambo", "ambo/ric_stat.nn", "ambo/ric_statina.txt", "ambo/ric_statnua.txt",
+                               "ambo/ric_statsya.txt", "sestine-decine", "trans"}));
+}
+
+TEST(RicStat, CartellaELetteraDalNumeroDiNumeri) {
+    struct Caso {
+        std::size_t k;
+        std::string file;
+        std::string sy;
+    };
+    for (const Caso& caso : {Caso{2, "ambo/ric_stat", "ambo/ric_statsya.txt"},
+                             Caso{3, "terno/ric_stat", "terno/ric_statsyb.txt"},
+                             Caso{4, "quaterna/ric_stat", "quaterna/ric_statsyc.txt"},
+                             Caso{5, "cinquina/ric_stat", "cinquina/ric_statsyd.txt"},
+                             Caso{6, "sestine-decine/ric_stat", "sestine-decine/ric_statsyf.txt"},
+                             Caso{7, "sestine-decine/ric_stat", "sestine-decine/ric_statsyf.txt"}}) {
+        const CartellaProva dove;
+        std::vector<std::uint8_t> numeri;
+        std::string riga;
+        for (std::size_t i = 1; i <= caso.k; ++i) {
+            numeri.push_back(static_cast<std::uint8_t>(i));
+            riga += (i > 1 ? "," : "") + std::to_string(i);
+        }
+        const auto c =
+            scrivi_schedina(dove.percorso(), "scomposizione", di_gruppi(caso.k, numeri, '.'), kOggi);
+        ASSERT_TRUE(c.has_value());
+        EXPECT_EQ(c->file, caso.file);
+        EXPECT_EQ(testo(dove.percorso() / caso.sy), riga + "\r\n");
+        EXPECT_EQ(testo(dove.percorso() / "trans"),
+                  "\"" + caso.file.substr(0, caso.file.find('/')) + "\",\"ric_stat\"\r\n");
+        EXPECT_TRUE(fs::is_directory(dove.percorso() / "sestine-decine"));
+    }
+}
+
+std::string lette(std::string_view chiave, std::string_view cella) {
+    const Cella c = leggi_cella(chiave, cella);
+    std::string r = std::to_string(c.quanti) + ":";
+    for (const int n : c.numeri)
+        if (n != 0) r += " " + std::to_string(n);
+    return r;
+}
+
+TEST(RicStat, DaCellaANumeri) {
+    EXPECT_EQ(lette("ricerche su tutti gli ambi", "01-90"), "2: 1 90");
+    EXPECT_EQ(lette("cinquine a coesione", "02.44.47.59.04"), "5: 2 44 47 59 4");
+    EXPECT_EQ(lette("scomposizione", "5-7-9"), "3: 5 7 9");
+    EXPECT_EQ(lette("scomposizione", "01.02.03.04.05.06.07.08.09.10.11"), "11: 1 2 3 4 5 6 7 8 9 10");
+    EXPECT_EQ(lette("scomposizione", ""), "1:");
+}
+
+TEST(RicStat, EtichetteBreviSciolte) {
+    EXPECT_EQ(lette("decine", "1/9 (90)"), "10: 1 2 3 4 5 6 7 8 9 90");
+    EXPECT_EQ(lette("decine", "10/19"), "10: 10 11 12 13 14 15 16 17 18 19");
+    EXPECT_EQ(lette("cadenze", "1/81"), "9: 1 11 21 31 41 51 61 71 81");
+    EXPECT_EQ(lette("cadenze", "10/90"), "9: 10 20 30 40 50 60 70 80 90");
+    EXPECT_EQ(lette("figure", "9/90"), "10: 9 18 27 36 45 54 63 72 81 90");
+    EXPECT_EQ(lette("gemelli", "11/88"), "8: 11 22 33 44 55 66 77 88");
+    EXPECT_EQ(lette("decine simmetriche", "2/89"), "10: 2 18 20 26 44 47 65 71 73 89");
+    EXPECT_EQ(lette("controfigure", "8/85"), "9: 8 19 30 41 52 63 66 74 85");
+    EXPECT_EQ(lette("radicali", "01.10.11.19"), "4: 1 10 11 19");
+}
+
+TEST(RicStat, NumeroRipetutoLasciaUnoZero) {
+    const CartellaProva dove;
+    ASSERT_TRUE(
+        scrivi_schedina(dove.percorso(), "scomposizione", di_gruppi(3, {5, 5, 7, 1, 2, 3}, '-'), kOggi));
+    EXPECT_EQ(testo(dove.percorso() / "terno/ric_statsyb.txt"), "5,7,0\r\n1,2,3\r\n");
+    EXPECT_EQ(testo(dove.percorso() / "terno/ric_statinb.txt"), "5\r\n1\r\n2\r\n3\r\n5\r\n7\r\n");
+}
+
+TEST(RicStat, LaPrimaRigaValePerTutte) {
+    // The k of the first row cuts longer rows and pads shorter ones.
+    Tabella t;
+    t.titoli = {{"Numeri"}};
+    t.colonne.emplace_back(ColonnaTesti{{"01.02.03", "04.05.06.07", "08.09"}});
+    const auto s = sistema_da_griglia("radicali", t);
+    ASSERT_TRUE(s.has_value());
+    EXPECT_EQ(s->k, 3U);
+    const CartellaProva dove;
+    ASSERT_TRUE(fs::create_directory(dove.percorso() / "terno"));
+    ASSERT_TRUE(scrivi_sistema(dove.percorso(), *s).has_value());
+    EXPECT_EQ(testo(dove.percorso() / "terno/ric_statsyb.txt"), "1,2,3\r\n4,5,6\r\n8,9,0\r\n");
+}
+
+TEST(RicStat, GrigliaSenzaRighe) {
+    const CartellaProva dove;
+    const auto c = scrivi_schedina(dove.percorso(), "scomposizione", di_gruppi(4, {}), kOggi);
+    ASSERT_TRUE(c.has_value());
+    EXPECT_EQ(c->file, "quaterna/ric_stat");
+    EXPECT_EQ(testo(dove.percorso() / "quaterna/ric_statsyc.txt"), "");
+    EXPECT_EQ(testo(dove.percorso() / "quaterna/ric_statnuc.txt"), "#2026-07-04#,\"\"\r\n0,0\r\n");
+    EXPECT_EQ(testo(dove.percorso() / "quaterna/ric_statinc.txt"), "0\r\n");
+}
+
+TEST(RicStat, OgniFamigliaSiConsegnaTranneCifre) {
+    for (const Famiglia& f : famiglie()) {
+        SCOPED_TRACE(f.chiave);
+        if (f.chiave == "cinquine dei 90") continue;
+        const Tabella t = griglia(f.chiave);
+        const auto s = sistema_da_griglia(f.chiave, t);
+        if (f.chiave == "cifre") {
+            EXPECT_FALSE(s.has_value());
+            continue;
+        }
+        ASSERT_TRUE(s.has_value());
+        EXPECT_EQ(s->k, f.colonne);
+        EXPECT_EQ(s->combinazioni.size(), f.righe);
+        // The members' own numbers, whatever the grid shows in their place.
+        const SerieCorrente serie = carica_serie(f, {}).value();
+        for (std::size_t i = 0; i < f.righe; ++i) {
+            const auto m = serie.membro(i);
+            const auto& c = s->combinazioni[i];
+            EXPECT_EQ(std::set<int>(m.begin(), m.end()), std::set<int>(c.begin(), c.begin() + f.colonne));
+        }
+    }
+}
+
+TEST(RicStat, GriglieSenzaSchedina) {
+    EXPECT_FALSE(
+        ammette_schedina("ritardo e frequenza dei 90 numeri", griglia("ritardo e frequenza dei 90 numeri")));
+    Parametri uno;
+    uno.numeri = {5, 6};
+    uno.sorte = 1;
+    EXPECT_FALSE(ammette_schedina("scomposizione", griglia("scomposizione", uno)));
+    EXPECT_FALSE(ammette_schedina("cifre", griglia("cifre")));
+    EXPECT_FALSE(ammette_schedina("decine", Tabella{}));
+    EXPECT_TRUE(ammette_schedina("ricerche su tutti gli ambi", griglia("ricerche su tutti gli ambi")));
+    EXPECT_TRUE(ammette_schedina("decine", griglia("decine")));
+    const CartellaProva dove;
+    EXPECT_FALSE(scrivi_schedina(dove.percorso(), "cifre", griglia("cifre"), kOggi).has_value());
+    EXPECT_TRUE(contenuto(dove.percorso()).empty());
+}
+
+TEST(RicStat, QuelCheCEraSparisce) {
+    const CartellaProva dove;
+    ASSERT_TRUE(fs::create_directory(dove.percorso() / "ambo"));
+    for (const char* nome :
+         {"ambo/ric_statsya.txt", "ambo/ric_statnua.txt", "ambo/ric_statina.txt", "ambo/ric_statena.txt",
+          "ambo/ric_stat.rr", "tempsya.txt", "tempsyb.txt", "ambo/miosya.txt", "ambo/mio.rr"})
+        ASSERT_TRUE(scrivi_file(dove.percorso() / nome, "vecchio"));
+    ASSERT_TRUE(scrivi_schedina(dove.percorso(), "ambi vertibili", di_gruppi(2, {12, 21}), kOggi));
+    EXPECT_EQ(contenuto(dove.percorso()),
+              (std::set<std::string>{"ambo", "ambo/mio.rr", "ambo/miosya.txt", "ambo/ric_stat.nn",
+                                     "ambo/ric_statina.txt", "ambo/ric_statnua.txt", "ambo/ric_statsya.txt",
+                                     "sestine-decine", "tempsyb.txt", "trans"}));
+    EXPECT_EQ(testo(dove.percorso() / "ambo/ric_statsya.txt"), "12,21\r\n");
+}
+
+TEST(RicStat, ProgrammaDelleSchedineGiaAperto) {
+    const CartellaProva dove;
+    ASSERT_TRUE(scrivi_file(dove.percorso() / "sch", ""));
+    const auto c = scrivi_schedina(dove.percorso(), "ambi vertibili", di_gruppi(2, {12, 21}), kOggi);
+    ASSERT_TRUE(c.has_value());
+    EXPECT_TRUE(c->programma_aperto);
+    EXPECT_EQ(testo(dove.percorso() / "ambo/ric_statsya.txt"), "12,21\r\n");
+    EXPECT_FALSE(fs::exists(dove.percorso() / "trans"));
+}
+
+TEST(RicStat, ZeroCombinazioniConIlSistemaRielaborato) {
+    const CartellaProva dove;
+    ASSERT_TRUE(fs::create_directory(dove.percorso() / "ambo"));
+    const Sistema s{.nome_file_sistema = "ambo/ric_stat", .lettera_sistema = "a", .k = 2, .combinazioni = {}};
+    ASSERT_TRUE(scrivi_file(dove.percorso() / "ambo/ric_stat.rr", ""));
+    const auto m = scrivi_conteggio_sistema(dove.percorso(), s, kOggi);
+    ASSERT_TRUE(m.has_value());
+    EXPECT_EQ(*m,
+              "Il sistema rielaborato ha dato zero combinazioni valide.\r\n"
+              "Da adesso sarà considerato un sistema condizionato a sviluppo non registrato.");
+    EXPECT_FALSE(fs::exists(dove.percorso() / "ambo/ric_stat.rr"));
+    EXPECT_TRUE(fs::exists(dove.percorso() / "ambo/ric_stat.nn"));
+    // Run after `prepara_sistema`, as always, there is nothing left to tell.
+    ASSERT_TRUE(scrivi_file(dove.percorso() / "ambo/ric_stat.rr", ""));
+    ASSERT_TRUE(prepara_sistema(dove.percorso(), s).has_value());
+    EXPECT_EQ(scrivi_conteggio_sistema(dove.percorso(), s, kOggi).value(), std::nullopt);
+}
+
+TEST(RicStat, CartellaCheNonSiPuoCreare) {
+    const CartellaProva dove;
+    ASSERT_TRUE(scrivi_file(dove.percorso() / "ambo", "un file, non una cartella"));
+    const auto c = scrivi_schedina(dove.percorso(), "ambi vertibili", di_gruppi(2, {12, 21}), kOggi);
+    ASSERT_FALSE(c.has_value());
+    EXPECT_EQ(c.error().file.filename(), "ambo");
+    EXPECT_FALSE(fs::exists(dove.percorso() / "trans"));
+}
+
+}  // namespace
+}  // namespace sortimetra
