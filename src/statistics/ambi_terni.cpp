@@ -94,7 +94,7 @@ Risultato ternilotto_ambo(const ArchivioEstrazioni& archivio, const Domanda& dom
                           Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
     if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
-    TerniPerAmbi terni{vista.t(), static_cast<std::int32_t>(vista.concorsi())};
+    TerniPerAmbi terni{vista.t()};
     const auto conta = [&terni](int c) {
         return [&terni, c](std::size_t a, std::size_t b) { terni.esce(a, b, c); };
     };

@@ -16,36 +16,6 @@ namespace {
 /// Cells of a strip: 90 numbers from index 1, rounded up to whole vectors.
 constexpr std::size_t kStriscia = 96;
 
-}  // namespace
-
-struct TerniPerAmbi::Stato {
-    std::int32_t t;
-    /// Draw of the last hit of each ambo, in both orders of its numbers, 0 before the first. Rows are strips.
-    std::vector<std::int32_t> ultimo = std::vector<std::int32_t>(std::size_t{kNumeri + 1} * kStriscia);
-    /// Per ambo, the longest gap that its hits closed, by third number.
-    std::vector<std::int32_t> vuoto = std::vector<std::int32_t>(kAmbi * kStriscia);
-    std::vector<std::int32_t> minimo = std::vector<std::int32_t>(kAmbi);  ///< the least cell of each strip
-    std::vector<std::int32_t> frequenza = std::vector<std::int32_t>(kAmbi);
-};
-
-TerniPerAmbi::TerniPerAmbi(std::int32_t t, std::int32_t /*concorsi*/) : stato_{std::make_unique<Stato>()} {
-    stato_->t = t;
-    // Cells that stand for no terno must never be the least of their strip.
-    constexpr auto kMai = std::numeric_limits<std::int32_t>::max();
-    for (std::size_t a = 1; a < kNumeri; ++a)
-        for (std::size_t b = a + 1; b <= kNumeri; ++b) {
-            std::int32_t* v = stato_->vuoto.data() + indice_ambo(a, b) * kStriscia;
-            v[0] = v[a] = v[b] = kMai;
-            std::fill(v + kNumeri + 1, v + kStriscia, kMai);
-        }
-}
-
-TerniPerAmbi::TerniPerAmbi(TerniPerAmbi&&) noexcept = default;
-TerniPerAmbi& TerniPerAmbi::operator=(TerniPerAmbi&&) noexcept = default;
-TerniPerAmbi::~TerniPerAmbi() = default;
-
-namespace {
-
 /// One hit at draw `c`: raises the cells of the ambo's strip and returns the least of them. `primo_vuoto` is
 /// what the first hit of a terno closes.
 template <class Cella>
@@ -73,9 +43,40 @@ std::int32_t aggiorna_comune(std::int32_t* vuoto, const std::int32_t* ua, const 
     return aggiorna_striscia(vuoto, ua, ub, uab, c, primo_vuoto);
 }
 
-const auto aggiorna = __builtin_cpu_supports("avx2") ? aggiorna_avx2 : aggiorna_comune;
+/// Whichever this machine has; both do the same.
+auto aggiorna_di_questa_macchina() {
+    static const auto scelta = __builtin_cpu_supports("avx2") != 0 ? aggiorna_avx2 : aggiorna_comune;
+    return scelta;
+}
 
 }  // namespace
+
+struct TerniPerAmbi::Stato {
+    std::int32_t t;
+    /// Draw of the last hit of each ambo, in both orders of its numbers, 0 before the first. Rows are strips.
+    std::vector<std::int32_t> ultimo = std::vector<std::int32_t>(std::size_t{kNumeri + 1} * kStriscia);
+    /// Per ambo, the longest gap that its hits closed, by third number.
+    std::vector<std::int32_t> vuoto = std::vector<std::int32_t>(kAmbi * kStriscia);
+    std::vector<std::int32_t> minimo = std::vector<std::int32_t>(kAmbi);  ///< the least cell of each strip
+    std::vector<std::int32_t> frequenza = std::vector<std::int32_t>(kAmbi);
+    decltype(aggiorna_di_questa_macchina()) aggiorna = aggiorna_di_questa_macchina();
+};
+
+TerniPerAmbi::TerniPerAmbi(std::int32_t t) : stato_{std::make_unique<Stato>()} {
+    stato_->t = t;
+    // Cells that stand for no terno must never be the least of their strip.
+    constexpr auto kMai = std::numeric_limits<std::int32_t>::max();
+    for (std::size_t a = 1; a < kNumeri; ++a)
+        for (std::size_t b = a + 1; b <= kNumeri; ++b) {
+            std::int32_t* v = stato_->vuoto.data() + indice_ambo(a, b) * kStriscia;
+            v[0] = v[a] = v[b] = kMai;
+            std::fill(v + kNumeri + 1, v + kStriscia, kMai);
+        }
+}
+
+TerniPerAmbi::TerniPerAmbi(TerniPerAmbi&&) noexcept = default;
+TerniPerAmbi& TerniPerAmbi::operator=(TerniPerAmbi&&) noexcept = default;
+TerniPerAmbi::~TerniPerAmbi() = default;
 
 void TerniPerAmbi::esce(std::size_t a, std::size_t b, std::int32_t c) {
     Stato& s = *stato_;
@@ -86,7 +87,7 @@ void TerniPerAmbi::esce(std::size_t a, std::size_t b, std::int32_t c) {
     const std::int32_t uab = ua[b];
     // No gap of this hit is longer than the ambo's own.
     if (uab == 0 || c - uab - 1 > s.minimo[ab])
-        s.minimo[ab] = aggiorna(s.vuoto.data() + ab * kStriscia, ua, ub, uab, c, c - s.t);
+        s.minimo[ab] = s.aggiorna(s.vuoto.data() + ab * kStriscia, ua, ub, uab, c, c - s.t);
     ua[b] = c;
     ub[a] = c;
 }

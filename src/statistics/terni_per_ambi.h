@@ -18,8 +18,8 @@ namespace sortimetra {
 /// least of its strip.
 class TerniPerAmbi {
   public:
-    /// `t` is T of the view, `concorsi` the draws that will be walked at most.
-    TerniPerAmbi(std::int32_t t, std::int32_t concorsi);
+    /// `t` is T of the view that will be walked.
+    explicit TerniPerAmbi(std::int32_t t);
     TerniPerAmbi(TerniPerAmbi&&) noexcept;
     TerniPerAmbi& operator=(TerniPerAmbi&&) noexcept;
     ~TerniPerAmbi();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "statistics/lente.h"
+#include "support/lente.h"
 
 #include <array>
 #include <map>
