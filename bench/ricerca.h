@@ -1,5 +1,6 @@
 #pragma once
 
+#include "archive/dimostrazione.h"
 #include "catalogue/ricerche.h"
 #include "support/archivi.h"
 
@@ -9,11 +10,11 @@
 
 namespace sortimetra::misure {
 
-/// The real archive where it stands beside the project, else a small random one.
+/// The real archive where it stands beside the project, else the simulated one, which has its shape.
 inline const ArchivioEstrazioni& archivio() {
-    static const ArchivioEstrazioni casuale = prove::archivio_casuale(7);
-    const ArchivioEstrazioni* vero = prove::archivio_vero();
-    return vero != nullptr ? *vero : casuale;
+    if (const ArchivioEstrazioni* vero = prove::archivio_vero()) return *vero;
+    static const ArchivioEstrazioni simulato = ArchivioEstrazioni::componi(archivio_dimostrativo()).value();
+    return simulato;
 }
 
 /// Times one search on all ten wheels, from the packed archive to the typed table: no text is made.

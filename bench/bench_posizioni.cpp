@@ -1,0 +1,38 @@
+#include "ricerca.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+
+namespace {
+
+using sortimetra::Domanda;
+using sortimetra::misure::domanda;
+using sortimetra::misure::ricerca;
+
+BENCHMARK_CAPTURE(ricerca, posizione_lotto, domanda("ritardi e frequenze per posizione dei 90 numeri"))
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, posizione_10elotto,
+                  domanda("frequenza e ritardo dei 90 numeri per posizione (10 e lotto)"))
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, tabellone_lotto, domanda("tabellone posizionale"))->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, tabellone_10elotto, domanda("tabellone posizionale combinazione 10 e lotto"))
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, tabellone_primi, domanda("tabellone posizionale primi estratti"))
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, dieci_in_ritardo, domanda("i 10 numeri più in ritardo su ogni ruota"))
+    ->Unit(benchmark::kMillisecond);
+
+/// Both pages of the best delays: 31 families over all wheels.
+void migliori_ritardi(benchmark::State& stato) {
+    Domanda d = domanda("tabellone migliori ritardi");
+    const auto& r = *sortimetra::trova_ricerca(d.chiave);
+    d.cartella = std::filesystem::path{SORTIMETRA_RADICE} / "data";
+    sortimetra::SenzaAvanzamento nessuno;
+    for (auto _ : stato)
+        for (d.parametri.pagina = 1; d.parametri.pagina <= 2; ++d.parametri.pagina)
+            benchmark::DoNotOptimize(esegui(r, sortimetra::misure::archivio(), d, nessuno));
+}
+BENCHMARK(migliori_ritardi)->Unit(benchmark::kMillisecond);
+
+}  // namespace
