@@ -48,7 +48,7 @@ std::string citato(std::string_view trovato) {
 }
 
 std::string errore_riga(std::size_t riga, std::string_view trovato, std::string_view atteso) {
-    return fmt::format("riga {}: trovato \"{}\", atteso {}", riga, citato(trovato), atteso);
+    return fmt::format("riga {}: trovato \"{}\", {}", riga, citato(trovato), atteso);
 }
 
 /// The fields of one line, each without the blanks round it.
@@ -79,7 +79,7 @@ class Linea {
         const auto c = campo();
         const auto letta = c ? leggi_data_iso(*c, separatore) : std::nullopt;
         if (!letta || *letta < kPrimaData || *letta > kUltimaData)
-            return errore(c, separatore == '/' ? "una data aaaa/mm/gg" : "una data aaaa-mm-gg");
+            return errore(c, separatore == '/' ? "attesa una data aaaa/mm/gg" : "attesa una data aaaa-mm-gg");
         return *letta;
     }
 
@@ -95,7 +95,7 @@ class Linea {
                 if (esito.ec != std::errc{} || esito.ptr != fine) letto = -1;
             }
             if (!c || letto < 0 || letto > massimo)
-                return errore(c, fmt::format("un numero da 1 a {}, oppure vuoto o 0", massimo));
+                return errore(c, fmt::format("atteso un numero da 1 a {}, oppure vuoto o 0", massimo));
             n = static_cast<Numero>(letto);
         }
         return {};
@@ -103,7 +103,7 @@ class Linea {
 
     std::expected<void, std::string> fine(std::string_view dopo) {
         if (finita_) return {};
-        return errore(testo_, fmt::format("la fine della riga dopo {}", dopo));
+        return errore(testo_, fmt::format("attesa la fine della riga dopo {}", dopo));
     }
 
   private:
@@ -144,7 +144,7 @@ std::expected<RigaLotto, std::string> leggi_riga_lotto(std::string_view testo, s
     r.data = *data;
     const auto codice = l.campo();
     r.ruota = codice ? ruota_da_codice(*codice) : -1;
-    if (r.ruota < 0) return l.errore(codice, "uno fra BA CA FI GE MI NA PA RM TO VE RN NZ");
+    if (r.ruota < 0) return l.errore(codice, "atteso uno fra BA CA FI GE MI NA PA RM TO VE RN NZ");
     if (auto esito = l.numeri(r.numeri, kNumeri); !esito) return std::unexpected(std::move(esito.error()));
     if (auto esito = l.fine("cinque numeri"); !esito) return std::unexpected(std::move(esito.error()));
     return r;
@@ -261,7 +261,7 @@ std::expected<void, std::string> per_ogni_linea(std::string_view testo, std::str
         if (!titoli_letti) {
             if (minuscolo(linea) != titoli)
                 return std::unexpected(
-                    errore_riga(riga, linea, fmt::format("la riga dei titoli \"{}\"", titoli)));
+                    errore_riga(riga, linea, fmt::format("attesa la riga dei titoli \"{}\"", titoli)));
             titoli_letti = true;
             continue;
         }
@@ -343,20 +343,20 @@ std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_testo_superenal
     std::string_view testo, Avanzamento& avanzamento) {
     std::vector<RigaSuperEnalotto> righe;
     std::set<Data> date;
-    auto esito = per_ogni_linea(testo, kTitoliSuperEnalotto, avanzamento,
-                                [&](Linea& l) -> std::expected<void, std::string> {
-                                    const auto data = l.data('-');
-                                    if (!data) return std::unexpected(data.error());
-                                    std::array<Numero, 8> n{};
-                                    if (auto numeri = l.numeri(n, kNumeri); !numeri) return numeri;
-                                    if (auto fine = l.fine("il superstar"); !fine) return fine;
-                                    if (!date.insert(*data).second)
-                                        return l.errore(testo_data_iso(*data), "una sola riga per data");
-                                    RigaSuperEnalotto r{.data = *data, .jolly = n[6], .superstar = n[7]};
-                                    std::copy_n(n.begin(), r.numeri.size(), r.numeri.begin());
-                                    righe.push_back(r);
-                                    return {};
-                                });
+    auto esito = per_ogni_linea(
+        testo, kTitoliSuperEnalotto, avanzamento, [&](Linea& l) -> std::expected<void, std::string> {
+            const auto data = l.data('-');
+            if (!data) return std::unexpected(data.error());
+            std::array<Numero, 8> n{};
+            if (auto numeri = l.numeri(n, kNumeri); !numeri) return numeri;
+            if (auto fine = l.fine("il superstar"); !fine) return fine;
+            if (!date.insert(*data).second)
+                return l.errore(testo_data_iso(*data), "attesa una sola riga per data");
+            RigaSuperEnalotto r{.data = *data, .jolly = n[6], .superstar = n[7]};
+            std::copy_n(n.begin(), r.numeri.size(), r.numeri.begin());
+            righe.push_back(r);
+            return {};
+        });
     if (!esito) return std::unexpected(std::move(esito.error()));
     if (righe.empty()) return std::unexpected(std::string{kNessuna});
     return righe;
@@ -371,12 +371,12 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_testo_winforlife(s
             const auto concorso = l.campo();
             if (!concorso || concorso->empty() ||
                 concorso->find_first_not_of("0123456789") != std::string_view::npos)
-                return l.errore(concorso, "un numero di concorso");
+                return l.errore(concorso, "atteso un numero di concorso");
             const auto data = l.data('-');
             if (!data) return std::unexpected(data.error());
             const auto ora = l.campo();
             const auto minuti = ora ? leggi_ora(*ora) : std::nullopt;
-            if (!minuti) return l.errore(ora, "un'ora come \"8:00\" o \"08:00\"");
+            if (!minuti) return l.errore(ora, "attesa un'ora come \"8:00\" o \"08:00\"");
             RigaWinForLife r{.concorso = static_cast<Concorso>(righe.size()) + 1, .data = *data};
             r.ora = *ora;
             if (auto numeri = l.numeri(r.numeri, kNumeriWinForLife); !numeri) return numeri;
@@ -385,7 +385,7 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_testo_winforlife(s
             if (auto fine = l.fine("il numerone"); !fine) return fine;
             if (!ore.insert({*data, *minuti}).second)
                 return l.errore(fmt::format("{};{}", testo_data_iso(*data), *ora),
-                                "una sola riga per data e ora");
+                                "attesa una sola riga per data e ora");
             righe.push_back(std::move(r));
             return {};
         });
