@@ -57,12 +57,19 @@ bool nativo(const std::filesystem::path& file) {
     return minuscolo(file.extension().string()) == ".db";
 }
 
-std::expected<LettiNativo, ErroreArchivio> leggi_qualunque(const std::filesystem::path& file,
-                                                           unsigned tabelle) {
-    if (nativo(file)) return leggi_nativo(file, tabelle);
-    auto righe = leggi_jet(file, tabelle);
+/// The newest file of those names; nothing if there is none or no table of it is wanted.
+std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_file_archivio(
+    const std::filesystem::path& cartella, const NomiFile& nomi, unsigned tabelle) {
+    const auto file = tabelle == 0 ? std::nullopt : piu_recente(cartella, nomi);
+    if (!file) return std::nullopt;
+    if (nativo(*file)) {
+        auto letti = leggi_nativo(*file, tabelle);
+        if (!letti) return std::unexpected(std::move(letti.error()));
+        return RigheConFonte{std::move(letti->righe), {*file, letti->simulato}};
+    }
+    auto righe = leggi_jet(*file, tabelle);
     if (!righe) return std::unexpected(std::move(righe.error()));
-    return LettiNativo{std::move(*righe), false};
+    return RigheConFonte{std::move(*righe), {*file, false}};
 }
 
 ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi) {
@@ -82,27 +89,29 @@ std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
     const std::filesystem::path& percorso_archivio, unsigned tabelle) {
     const unsigned in_drawit = tabelle & kTabelleDrawit;
     const unsigned in_drawit2 = tabelle & kTabellaWinForLife;
-    const auto drawit = in_drawit == 0 ? std::nullopt : piu_recente(percorso_archivio, kNomiDrawit);
-    const auto drawit2 = in_drawit2 == 0 ? std::nullopt : piu_recente(percorso_archivio, kNomiDrawit2);
-    if (!drawit && !drawit2)
+    auto drawit = leggi_file_archivio(percorso_archivio, kNomiDrawit, in_drawit);
+    if (!drawit) return std::unexpected(std::move(drawit.error()));
+    auto drawit2 = leggi_file_archivio(percorso_archivio, kNomiDrawit2, in_drawit2);
+    if (!drawit2) return std::unexpected(std::move(drawit2.error()));
+    if (!*drawit && !*drawit2)
         return std::unexpected(manca(percorso_archivio, in_drawit != 0 ? kNomiDrawit : kNomiDrawit2));
-
     RigheArchivio righe;
     Fonte fonte;
     Fonte fonte2;
-    if (drawit) {
-        auto letti = leggi_qualunque(*drawit, in_drawit);
-        if (!letti) return std::unexpected(std::move(letti.error()));
-        righe = std::move(letti->righe);
-        fonte = {*drawit, letti->simulato};
+    if (*drawit) {
+        righe = std::move((*drawit)->righe);
+        fonte = std::move((*drawit)->fonte);
     }
-    if (drawit2) {
-        auto letti = leggi_qualunque(*drawit2, in_drawit2);
-        if (!letti) return std::unexpected(std::move(letti.error()));
-        righe.winforlife = std::move(letti->righe.winforlife);
-        fonte2 = {*drawit2, letti->simulato};
+    if (*drawit2) {
+        righe.winforlife = std::move((*drawit2)->righe.winforlife);
+        fonte2 = std::move((*drawit2)->fonte);
     }
     return ArchivioEstrazioni::componi(std::move(righe), std::move(fonte), std::move(fonte2));
+}
+
+std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
+    const std::filesystem::path& percorso_archivio, unsigned tabelle) {
+    return leggi_file_archivio(percorso_archivio, kNomiDrawit, tabelle & kTabelleDrawit);
 }
 
 bool contiene_archivio(const std::filesystem::path& percorso_archivio) {

@@ -5,6 +5,7 @@
 
 #include <expected>
 #include <filesystem>
+#include <optional>
 
 namespace sortimetra {
 
@@ -27,6 +28,16 @@ enum Tabelle : unsigned {
 /// Errors name the file and the reason: missing, unreadable, locked, empty, truncated, foreign, damaged.
 [[nodiscard]] std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
     const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle);
+
+/// Rows of one of the two database files as its store has them, not yet checked against each other, and where
+/// they came from.
+struct RigheConFonte {
+    RigheArchivio righe;
+    Fonte fonte;
+};
+/// The wanted tables of `drawit` (the newer of native and Jet file); nothing if neither is there.
+[[nodiscard]] std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
+    const std::filesystem::path& percorso_archivio, unsigned tabelle);
 
 /// Whether the folder holds any of the four files.
 [[nodiscard]] bool contiene_archivio(const std::filesystem::path& percorso_archivio);

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 namespace sortimetra {
+
+/// The error of a job that was cancelled half way and therefore left nothing behind.
+inline constexpr std::string_view kAnnullata = "operazione annullata";
 
 /// Where a long loop reports how far it is, and learns whether to go on.
 ///

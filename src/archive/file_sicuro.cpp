@@ -255,16 +255,20 @@ class FileAperto {
     }
 
     std::expected<std::string, ErroreArchivio> leggi(std::size_t quanti) {
-        std::string testo(quanti, '\0');
-        std::size_t letti = 0;
-        while (letti < testo.size()) {
-            const ssize_t n = read(descrittore_, testo.data() + letti, testo.size() - letti);
-            if (n < 0 && errno == EINTR) continue;
-            if (n < 0) return std::unexpected(fallito(errno));
-            if (n == 0) break;  // it shrank meanwhile: what is there is what counts
-            letti += static_cast<std::size_t>(n);
-        }
-        testo.resize(letti);
+        std::string testo;
+        int codice = 0;
+        testo.resize_and_overwrite(quanti, [&](char* dove, std::size_t n) {
+            std::size_t letti = 0;
+            while (letti < n) {
+                const ssize_t ora = read(descrittore_, dove + letti, n - letti);
+                if (ora < 0 && errno == EINTR) continue;
+                if (ora < 0) codice = errno;
+                if (ora <= 0) break;  // 0: it shrank meanwhile, and what is there is what counts
+                letti += static_cast<std::size_t>(ora);
+            }
+            return letti;
+        });
+        if (codice != 0) return std::unexpected(fallito(codice));
         return testo;
     }
 

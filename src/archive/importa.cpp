@@ -1,19 +1,19 @@
 #include "archive/importa.h"
 
-#include "archive/testi.h"
+#include "archive/apertura.h"
+#include "archive/dimostrazione.h"
+#include "archive/file_sicuro.h"
+#include "archive/negozio_nativo.h"
+#include "archive/pubblicati.h"
 
 #include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <chrono>
-#include <cstdlib>
-#include <fstream>
 #include <iterator>
-#include <map>
+#include <optional>
 #include <set>
-#include <string_view>
 #include <utility>
 
 namespace sortimetra {
@@ -26,114 +26,34 @@ using std::chrono::days;
 /// it.
 constexpr Data kPrimoSuperEnalotto{std::chrono::year{1997} / 12 / 3};
 constexpr Concorso kConcorsoPrimoSuperEnalotto = 402;
-/// A SuperEnalotto draw without a Lotto draw on its day looks this many concorsi' days around for a free one.
+/// A SuperEnalotto draw without a Lotto draw on its day looks this many days around for a concorso.
 constexpr days kGiorniVicini{5};
 
-std::expected<std::string, ErroreArchivio> leggi_file(const std::filesystem::path& file) {
-    std::ifstream flusso{file, std::ios::binary};
-    if (!flusso) return std::unexpected(ErroreArchivio{file, "il file non si può aprire"});
-    std::string testo{std::istreambuf_iterator<char>{flusso}, {}};
-    if (flusso.bad()) return std::unexpected(ErroreArchivio{file, "errore di lettura"});
-    return testo;
-}
-
-/// One line of a published file, cut at `separatore`, that remembers where it stands for its error message.
-class Linea {
+/// A stretch of a longer way: reports what is done of the stretch as what is done of the whole.
+class TrattoAvanzamento final : public Avanzamento {
   public:
-    Linea(std::string_view testo, char separatore, int riga)
-        : testo_{testo}, separatore_{separatore}, riga_{riga} {}
+    TrattoAvanzamento(Avanzamento& intero, std::size_t da, std::size_t lungo, std::size_t totale)
+        : intero_{intero}, da_{da}, lungo_{lungo}, totale_{totale} {}
 
-    std::string_view campo() {
-        if (finita_) return {};
-        const auto fine = testo_.find(separatore_);
-        const std::string_view c = rifila(testo_.substr(0, fine));
-        if (fine == std::string_view::npos) {
-            finita_ = true;
-            testo_ = {};
-        } else {
-            testo_.remove_prefix(fine + 1);
-        }
-        return c;
-    }
-    [[nodiscard]] bool finita() const { return finita_; }
-
-    [[nodiscard]] std::unexpected<std::string> errore(std::string_view trovato,
-                                                      std::string_view atteso) const {
-        return std::unexpected(fmt::format("riga {}: trovato \"{}\", atteso {}", riga_, trovato, atteso));
-    }
-
-    /// A number cell: empty or 0 for none, else 1 to `massimo`.
-    std::expected<Numero, std::string> numero(int massimo) {
-        if (finita_) return errore("fine della riga", "un altro numero");
-        const std::string_view c = campo();
-        if (c.empty()) return Numero{0};
-        int n = 0;
-        const auto [fine, err] = std::from_chars(c.data(), c.data() + c.size(), n);
-        if (err != std::errc{} || fine != c.data() + c.size() || n < 0 || n > massimo)
-            return errore(c, fmt::format("un numero da 1 a {}, oppure vuoto o 0", massimo));
-        return static_cast<Numero>(n);
+    bool procedi(std::size_t fatto, std::size_t totale) override {
+        const std::size_t parte =
+            totale == 0 ? lungo_
+                        : static_cast<std::size_t>(static_cast<double>(lungo_) * static_cast<double>(fatto) /
+                                                   static_cast<double>(totale));
+        return intero_.procedi(std::min(da_ + parte, totale_), totale_);
     }
 
   private:
-    std::string_view testo_;
-    char separatore_;
-    int riga_;
-    bool finita_ = false;
+    Avanzamento& intero_;
+    std::size_t da_;
+    std::size_t lungo_;
+    std::size_t totale_;
 };
 
-/// Calls `una(Linea&)` for each line that is not blank. The first error ends it.
-template <class Una>
-std::expected<void, std::string> per_ogni_linea(std::string_view testo, char separatore, int salta,
-                                                Una&& una) {
-    int riga = 0;
-    while (!testo.empty()) {
-        const auto fine = testo.find('\n');
-        const std::string_view linea = testo.substr(0, fine);
-        testo.remove_prefix(fine == std::string_view::npos ? testo.size() : fine + 1);
-        ++riga;
-        if (riga <= salta || rifila(linea).empty()) continue;
-        Linea l{linea, separatore, riga};
-        if (auto esito = una(l); !esito) return std::unexpected(std::move(esito.error()));
-    }
-    return {};
-}
+// ---- numbering ----
 
-template <std::size_t N>
-std::expected<void, std::string> leggi_numeri(Linea& l, std::array<Numero, N>& numeri, int massimo) {
-    for (Numero& n : numeri) {
-        auto letto = l.numero(massimo);
-        if (!letto) return std::unexpected(std::move(letto.error()));
-        n = *letto;
-    }
-    return {};
-}
-
-std::expected<std::vector<RigaLotto>, std::string> leggi_lotto(std::string_view testo) {
-    std::vector<RigaLotto> righe;
-    righe.reserve(testo.size() / 26);
-    auto esito = per_ogni_linea(testo, '\t', 0, [&](Linea& l) -> std::expected<void, std::string> {
-        RigaLotto r;
-        const std::string_view giorno = l.campo();
-        const auto data = leggi_data_iso(giorno, '/');
-        if (!data) return l.errore(giorno, "una data aaaa/mm/gg");
-        r.data = *data;
-        const std::string_view codice = l.campo();
-        const auto ruota = codice == "RN" ? std::optional{kNazionale} : indice_ruota(codice);
-        if (!ruota) return l.errore(codice, "uno fra BA CA FI GE MI NA PA RM TO VE RN NZ");
-        r.ruota = *ruota;
-        if (auto letti = leggi_numeri(l, r.numeri, kNumeri); !letti) return letti;
-        if (!l.finita()) return l.errore("altri campi", "la fine della riga dopo cinque numeri");
-        righe.push_back(r);
-        return {};
-    });
-    if (!esito) return std::unexpected(std::move(esito.error()));
-    return righe;
-}
-
-/// Numbers the draws by their dates and drops those before number 1.
+/// Gives each date of the rows, which are ordered by date, its concorso, and drops the draws before number 1.
 std::expected<void, std::string> numera_lotto(std::vector<RigaLotto>& righe, bool tutto) {
-    std::stable_sort(righe.begin(), righe.end(),
-                     [](const RigaLotto& a, const RigaLotto& b) { return a.data < b.data; });
     Concorso concorso = 0;
     Concorso ancora = 0;
     Data precedente{};
@@ -150,95 +70,258 @@ std::expected<void, std::string> numera_lotto(std::vector<RigaLotto>& righe, boo
             "dalla "
             "prima");
     const Concorso spostamento = ancora - kConcorsoPrimoSuperEnalotto;
+    const auto primo = std::find_if(righe.begin(), righe.end(),
+                                    [&](const RigaLotto& r) { return r.concorso > spostamento; });
+    righe.erase(righe.begin(), primo);
     for (RigaLotto& r : righe) r.concorso -= spostamento;
-    std::erase_if(righe, [](const RigaLotto& r) { return r.concorso < 1; });
     return {};
+}
+
+/// The concorsi by their dates, ascending.
+class ConcorsiPerData {
+  public:
+    explicit ConcorsiPerData(const std::vector<RigaLotto>& lotto) {
+        for (const RigaLotto& r : lotto)
+            if (giorni_.empty() || giorni_.back().first != r.data) giorni_.emplace_back(r.data, r.concorso);
+        std::stable_sort(giorni_.begin(), giorni_.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+    }
+    /// 0 for a day without a draw.
+    [[nodiscard]] Concorso di(Data data) const {
+        const auto it = std::lower_bound(giorni_.begin(), giorni_.end(), data,
+                                         [](const auto& g, Data d) { return g.first < d; });
+        return it == giorni_.end() || it->first != data ? 0 : it->second;
+    }
+
+  private:
+    std::vector<std::pair<Data, Concorso>> giorni_;
+};
+
+/// Numbers SuperEnalotto by the Lotto's dates; draws that find no concorso are dropped and named.
+std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
+                                              const std::vector<RigaLotto>& lotto) {
+    const ConcorsiPerData concorsi{lotto};
+    std::set<Concorso> presi;
+    for (RigaSuperEnalotto& r : righe) {
+        r.concorso = concorsi.di(r.data);
+        if (r.concorso != 0) presi.insert(r.concorso);
+    }
+    std::vector<std::string> avvisi;
+    for (RigaSuperEnalotto& r : righe) {
+        for (days d{1}; r.concorso == 0 && d <= kGiorniVicini; ++d) {
+            for (const Data vicino : {r.data - d, r.data + d}) {
+                const Concorso libero = concorsi.di(vicino);
+                if (libero == 0 || !presi.insert(libero).second) continue;
+                r.concorso = libero;
+                break;
+            }
+        }
+        if (r.concorso == 0)
+            avvisi.push_back(fmt::format(
+                "SuperEnalotto del {}: nessun concorso libero entro cinque giorni, estrazione tralasciata",
+                testo_data(r.data)));
+    }
+    std::erase_if(righe, [](const RigaSuperEnalotto& r) { return r.concorso == 0; });
+    std::stable_sort(righe.begin(), righe.end(), [](const RigaSuperEnalotto& a, const RigaSuperEnalotto& b) {
+        return a.concorso < b.concorso;
+    });
+    return avvisi;
+}
+
+// ---- reading ----
+
+/// Draws of the given files; the Lotto is numbered, SuperEnalotto is not yet.
+struct Testi {
+    std::optional<std::vector<RigaLotto>> lotto{};
+    std::optional<std::vector<RigaSuperEnalotto>> superenalotto{};
+    std::optional<std::vector<RigaWinForLife>> winforlife{};
+};
+
+template <class Righe, class Leggi>
+std::expected<void, ErroreArchivio> leggi_uno(const std::optional<std::filesystem::path>& file,
+                                              const std::string& testo, Leggi leggi, Righe& dove,
+                                              Avanzamento& avanzamento) {
+    if (!file) return {};
+    if (testo.empty()) return std::unexpected(ErroreArchivio{*file, "il file è vuoto"});
+    auto righe = leggi(testo, avanzamento);
+    if (!righe) return std::unexpected(ErroreArchivio{*file, std::move(righe.error())});
+    dove = std::move(*righe);
+    if (!avanzamento.procedi(1, 1)) return std::unexpected(ErroreArchivio{*file, std::string{kAnnullata}});
+    return {};
+}
+
+std::expected<Testi, ErroreArchivio> leggi_testi(const FilePubblicati& file, Avanzamento& avanzamento) {
+    const std::array percorsi{&file.lotto, &file.superenalotto, &file.winforlife};
+    std::array<std::string, 3> byte;
+    std::array<std::size_t, 4> inizio{};
+    for (std::size_t i = 0; i < percorsi.size(); ++i) {
+        if (*percorsi[i]) {
+            auto letto = leggi_file(**percorsi[i]);
+            if (!letto) return std::unexpected(std::move(letto.error()));
+            byte[i] = std::move(*letto);
+        }
+        inizio[i + 1] = inizio[i] + byte[i].size();
+    }
+    const auto tratto = [&](std::size_t i) {
+        return TrattoAvanzamento{avanzamento, inizio[i], byte[i].size(), inizio.back()};
+    };
+    Testi testi;
+    auto primo = tratto(0);
+    if (auto esito = leggi_uno(file.lotto, byte[0], leggi_testo_lotto, testi.lotto, primo); !esito)
+        return std::unexpected(std::move(esito.error()));
+    auto secondo = tratto(1);
+    if (auto esito =
+            leggi_uno(file.superenalotto, byte[1], leggi_testo_superenalotto, testi.superenalotto, secondo);
+        !esito)
+        return std::unexpected(std::move(esito.error()));
+    auto terzo = tratto(2);
+    if (auto esito = leggi_uno(file.winforlife, byte[2], leggi_testo_winforlife, testi.winforlife, terzo);
+        !esito)
+        return std::unexpected(std::move(esito.error()));
+    if (testi.lotto) {
+        if (auto esito = numera_lotto(*testi.lotto, file.tutto); !esito)
+            return std::unexpected(ErroreArchivio{*file.lotto, std::move(esito.error())});
+    }
+    return testi;
+}
+
+/// Splits the rows of the text into the ten wheels and NAZIONALE.
+void dividi(std::vector<RigaLotto> tutte, RigheArchivio& righe) {
+    const auto nazionale = [](const RigaLotto& r) { return r.ruota == kNazionale; };
+    righe.nazionale.clear();
+    std::copy_if(tutte.begin(), tutte.end(), std::back_inserter(righe.nazionale), nazionale);
+    std::erase_if(tutte, nazionale);
+    righe.lotto = std::move(tutte);
+}
+
+// ---- building ----
+
+std::unexpected<ErroreArchivio> rifiuta(const std::filesystem::path& file, std::string_view motivo) {
+    return std::unexpected(ErroreArchivio{file, std::string{motivo}});
+}
+
+/// The rows of the new `drawit.db`, made of the given texts and of what the archive holds already.
+std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(const std::filesystem::path& percorso_archivio,
+                                                              const FilePubblicati& file, Testi& testi) {
+    LettiPubblicati nuovi;
+    RigheArchivio& righe = nuovi.righe;
+    // Only one of the two games is given: the other one stays as it is.
+    if (testi.lotto.has_value() != testi.superenalotto.has_value()) {
+        auto vecchi = leggi_drawit(percorso_archivio,
+                                   testi.lotto ? kTabellaSuperEnalotto : kTabellaLotto | kTabellaNazionale);
+        if (!vecchi) return std::unexpected(std::move(vecchi.error()));
+        if (*vecchi && !(*vecchi)->fonte.simulato) {
+            righe = std::move((*vecchi)->righe);
+        } else if (!testi.lotto && *vecchi) {
+            return rifiuta(*file.superenalotto,
+                           "il Lotto che c'è nell'archivio è simulato e non può numerare estrazioni vere: "
+                           "importare anche il file del Lotto");
+        }
+        if (!testi.lotto && righe.lotto.empty())
+            return rifiuta(
+                *file.superenalotto,
+                "i concorsi si contano con le estrazioni del Lotto, che nell'archivio non ci sono: "
+                "importare anche il file del Lotto");
+    }
+    if (testi.lotto) dividi(std::move(*testi.lotto), righe);
+    if (testi.superenalotto) righe.superenalotto = std::move(*testi.superenalotto);
+    nuovi.avvisi = numera_superenalotto(righe.superenalotto, righe.lotto);
+    return nuovi;
+}
+
+/// Writes the database files that are wanted, and takes them into the archive together.
+std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path& percorso_archivio,
+                                                    const RigheArchivio& righe, bool con_drawit,
+                                                    bool con_drawit2, bool simulato,
+                                                    Avanzamento& avanzamento) {
+    // An archive that would be refused at the next opening is not written at all.
+    auto prova =
+        ArchivioEstrazioni::componi(righe, {percorso_archivio, simulato}, {percorso_archivio, simulato});
+    if (!prova) return std::unexpected(std::move(prova.error()));
+    std::error_code errore;
+    std::filesystem::create_directories(percorso_archivio, errore);
+    if (errore)
+        return rifiuta(percorso_archivio,
+                       fmt::format("la cartella non si può creare: {}", motivo_sistema(errore.value())));
+    const std::size_t prima = righe.lotto.size() + righe.nazionale.size() + righe.superenalotto.size();
+    const std::size_t tutte = prima + righe.winforlife.size();
+    std::vector<FileSicuro> file;
+    if (con_drawit) {
+        TrattoAvanzamento tratto{avanzamento, 0, prima, tutte};
+        auto scritto = prepara_drawit(percorso_archivio / "drawit.db", righe, simulato, tratto);
+        if (!scritto) return std::unexpected(std::move(scritto.error()));
+        file.push_back(std::move(*scritto));
+    }
+    if (con_drawit2) {
+        TrattoAvanzamento tratto{avanzamento, prima, righe.winforlife.size(), tutte};
+        auto scritto = prepara_drawit2(percorso_archivio / "drawit2.db", righe, simulato, tratto);
+        if (!scritto) return std::unexpected(std::move(scritto.error()));
+        file.push_back(std::move(*scritto));
+    }
+    return FileSicuro::conferma_tutti(file);
+}
+
+Importati conta(const RigheArchivio& righe, std::vector<std::string> avvisi) {
+    return {righe.lotto.size(), righe.nazionale.size(), righe.superenalotto.size(), righe.winforlife.size(),
+            std::move(avvisi)};
 }
 
 }  // namespace
 
 std::expected<LettiPubblicati, ErroreArchivio> leggi_pubblicati(const FilePubblicati& file,
                                                                 Avanzamento& avanzamento) {
+    auto testi = leggi_testi(file, avanzamento);
+    if (!testi) return std::unexpected(std::move(testi.error()));
+    if (testi->superenalotto && !testi->lotto)
+        return rifiuta(*file.superenalotto,
+                       "i concorsi si contano con le estrazioni del Lotto: serve anche il "
+                       "suo file");
     LettiPubblicati letti;
-    std::map<Data, Concorso> concorso_del_giorno;
-    if (file.lotto) {
-        auto testo = leggi_file(*file.lotto);
-        if (!testo) return std::unexpected(std::move(testo.error()));
-        auto righe = leggi_lotto(*testo);
-        if (!righe) return std::unexpected(ErroreArchivio{*file.lotto, std::move(righe.error())});
-        if (auto esito = numera_lotto(*righe, file.tutto); !esito)
-            return std::unexpected(ErroreArchivio{*file.lotto, std::move(esito.error())});
-        for (RigaLotto& r : *righe) {
-            concorso_del_giorno.emplace(r.data, r.concorso);
-            (r.ruota == kNazionale ? letti.righe.nazionale : letti.righe.lotto).push_back(r);
-        }
-        avanzamento.procedi(1, 3);
+    if (testi->lotto) dividi(std::move(*testi->lotto), letti.righe);
+    if (testi->superenalotto) {
+        letti.righe.superenalotto = std::move(*testi->superenalotto);
+        letti.avvisi = numera_superenalotto(letti.righe.superenalotto, letti.righe.lotto);
     }
-    if (file.superenalotto) {
-        auto testo = leggi_file(*file.superenalotto);
-        if (!testo) return std::unexpected(std::move(testo.error()));
-        auto esito = per_ogni_linea(*testo, ';', 1, [&](Linea& l) -> std::expected<void, std::string> {
-            RigaSuperEnalotto r;
-            const std::string_view giorno = l.campo();
-            const auto data = leggi_data_iso(giorno);
-            if (!data) return l.errore(giorno, "una data aaaa-mm-gg");
-            r.data = *data;
-            std::array<Numero, 8> n{};
-            if (auto numeri = leggi_numeri(l, n, kNumeri); !numeri) return numeri;
-            std::copy_n(n.begin(), 6, r.numeri.begin());
-            r.jolly = n[6];
-            r.superstar = n[7];
-            letti.righe.superenalotto.push_back(r);
-            return {};
-        });
-        if (!esito) return std::unexpected(ErroreArchivio{*file.superenalotto, std::move(esito.error())});
-        std::set<Concorso> presi;
-        auto& righe = letti.righe.superenalotto;
-        for (RigaSuperEnalotto& r : righe) {
-            const auto it = concorso_del_giorno.find(r.data);
-            if (it == concorso_del_giorno.end()) continue;
-            r.concorso = it->second;
-            presi.insert(r.concorso);
-        }
-        for (RigaSuperEnalotto& r : righe) {
-            if (r.concorso != 0) continue;
-            for (days d{1}; d <= kGiorniVicini && r.concorso == 0; ++d)
-                for (const Data vicino : {r.data - d, r.data + d}) {
-                    const auto it = concorso_del_giorno.find(vicino);
-                    if (it == concorso_del_giorno.end() || !presi.insert(it->second).second) continue;
-                    r.concorso = it->second;
-                    break;
-                }
-            if (r.concorso == 0)
-                letti.avvisi.push_back(
-                    fmt::format("SuperEnalotto del {}: nessun concorso libero entro cinque giorni, "
-                                "estrazione tralasciata",
-                                testo_data(r.data)));
-        }
-        std::erase_if(righe, [](const RigaSuperEnalotto& r) { return r.concorso == 0; });
-        avanzamento.procedi(2, 3);
-    }
-    if (file.winforlife) {
-        auto testo = leggi_file(*file.winforlife);
-        if (!testo) return std::unexpected(std::move(testo.error()));
-        Concorso concorso = 0;
-        auto esito = per_ogni_linea(*testo, ';', 1, [&](Linea& l) -> std::expected<void, std::string> {
-            RigaWinForLife r;
-            l.campo();
-            const std::string_view giorno = l.campo();
-            const auto data = leggi_data_iso(giorno);
-            if (!data) return l.errore(giorno, "una data aaaa-mm-gg");
-            r.data = *data;
-            r.ora = l.campo();
-            if (auto numeri = leggi_numeri(l, r.numeri, kNumeriWinForLife); !numeri) return numeri;
-            r.concorso = ++concorso;
-            letti.righe.winforlife.push_back(std::move(r));
-            return {};
-        });
-        if (!esito) return std::unexpected(ErroreArchivio{*file.winforlife, std::move(esito.error())});
-        avanzamento.procedi(3, 3);
-    }
+    if (testi->winforlife) letti.righe.winforlife = std::move(*testi->winforlife);
     return letti;
+}
+
+std::expected<Importati, ErroreArchivio> importa_archivio(const std::filesystem::path& percorso_archivio,
+                                                          const FilePubblicati& file,
+                                                          Avanzamento& avanzamento) {
+    if (!file.lotto && !file.superenalotto && !file.winforlife)
+        return rifiuta({}, "nessun file da importare");
+    // Half of the way is reading, half writing.
+    constexpr std::size_t kMeta = 1000;
+    TrattoAvanzamento lettura{avanzamento, 0, kMeta, 2 * kMeta};
+    TrattoAvanzamento scrittura{avanzamento, kMeta, kMeta, 2 * kMeta};
+    auto testi = leggi_testi(file, lettura);
+    if (!testi) return std::unexpected(std::move(testi.error()));
+    const bool con_drawit = testi->lotto || testi->superenalotto;
+    const bool con_drawit2 = testi->winforlife.has_value();
+    LettiPubblicati nuovi;
+    if (con_drawit) {
+        auto composti = componi_drawit(percorso_archivio, file, *testi);
+        if (!composti) return std::unexpected(std::move(composti.error()));
+        nuovi = std::move(*composti);
+    }
+    if (con_drawit2) nuovi.righe.winforlife = std::move(*testi->winforlife);
+    if (auto esito =
+            scrivi_archivio(percorso_archivio, nuovi.righe, con_drawit, con_drawit2, false, scrittura);
+        !esito)
+        return std::unexpected(std::move(esito.error()));
+    return conta(nuovi.righe, std::move(nuovi.avvisi));
+}
+
+std::expected<Importati, ErroreArchivio> crea_dimostrazione(const std::filesystem::path& percorso_archivio,
+                                                            Avanzamento& avanzamento) {
+    if (contiene_archivio(percorso_archivio))
+        return rifiuta(percorso_archivio,
+                       "la cartella contiene già un archivio, che non viene sostituito con quello simulato");
+    const RigheArchivio righe = archivio_dimostrativo();
+    if (auto esito = scrivi_archivio(percorso_archivio, righe, true, true, true, avanzamento); !esito)
+        return std::unexpected(std::move(esito.error()));
+    return conta(righe, {});
 }
 
 }  // namespace sortimetra

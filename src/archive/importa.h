@@ -28,13 +28,36 @@ struct LettiPubblicati {
     std::vector<std::string> avvisi;
 };
 
-/// Reads and numbers the draws of published files. The first line that cannot be read ends it, with file,
-/// line number and reason in the error.
+/// Reads and numbers the draws of published files (their forms: pubblicati.h). The first line that cannot be
+/// read ends it, with file, line number and reason in the error. `avanzamento` counts bytes.
 ///
-/// Lotto: "yyyy/mm/dd TAB wheel TAB five numbers", wheel `RN` or `NZ` for NAZIONALE. SuperEnalotto:
-/// "data;n1;…;n6;jolly;superstar" with a title line, dates "yyyy-mm-dd". Win for Life:
-/// "concorso;data;ora;n1;…;n10;numerone" with a title line; draws are counted from 1 in file order.
+/// A SuperEnalotto draw takes the concorso of the Lotto draw of its date. One with no Lotto draw that day
+/// takes, in file order, the nearest concorso within five days that has none, the earlier one on a tie.
+/// Without a Lotto file there is nothing to number SuperEnalotto by, and that is an error here.
 [[nodiscard]] std::expected<LettiPubblicati, ErroreArchivio> leggi_pubblicati(const FilePubblicati& file,
                                                                               Avanzamento& avanzamento);
+
+/// What an import put into the archive, in rows.
+struct Importati {
+    std::size_t lotto = 0;
+    std::size_t nazionale = 0;
+    std::size_t superenalotto = 0;
+    std::size_t winforlife = 0;
+    std::vector<std::string> avvisi;
+};
+
+/// Builds the native archive in `percorso_archivio` (made if missing) from published files, all or nothing:
+/// on any error, or when `avanzamento` cancels, what was there stands as it was.
+///
+/// Only the tables of the given files are replaced. Without a Lotto file, SuperEnalotto is numbered by the
+/// Lotto draws of the archive that is there; with a Lotto file alone, the SuperEnalotto draws that are there
+/// are kept and numbered anew by it. Simulated draws are never mixed with real ones: a Lotto file throws the
+/// simulated SuperEnalotto out, and SuperEnalotto alone is refused over a simulated Lotto.
+[[nodiscard]] std::expected<Importati, ErroreArchivio> importa_archivio(
+    const std::filesystem::path& percorso_archivio, const FilePubblicati& file, Avanzamento& avanzamento);
+
+/// Writes the simulated archive into `percorso_archivio`, which must not hold an archive yet.
+[[nodiscard]] std::expected<Importati, ErroreArchivio> crea_dimostrazione(
+    const std::filesystem::path& percorso_archivio, Avanzamento& avanzamento);
 
 }  // namespace sortimetra

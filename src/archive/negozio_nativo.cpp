@@ -360,22 +360,34 @@ class Scrittore {
     std::string testo_giorno_;
 };
 
+/// Rows between two reports of progress.
+constexpr std::size_t kRighePerPasso = 2048;
+
+/// The rows of a file that are still to be written, and whom to tell.
+struct Conto {
+    Avanzamento& avanzamento;
+    std::size_t totale;
+    std::size_t fatte = 0;
+    bool una() { return ++fatte % kRighePerPasso != 0 || avanzamento.procedi(fatte, totale); }
+};
+
 template <class Riga, class Una>
 std::expected<void, std::string> riempi(sqlite3* base, std::string_view nome,
                                         std::span<const std::string_view> colonne,
-                                        const std::vector<Riga>& righe, Una una) {
+                                        const std::vector<Riga>& righe, Conto& conto, Una una) {
     auto scrittore = Scrittore::crea(base, nome, colonne);
     if (!scrittore) return std::unexpected(std::move(scrittore.error()));
     for (const Riga& r : righe) {
         una(*scrittore, r);
         if (auto esito = scrittore->riga(); !esito) return esito;
+        if (!conto.una()) return std::unexpected(std::string{kAnnullata});
     }
     return {};
 }
 
 std::expected<void, std::string> riempi_lotto(sqlite3* base, std::string_view nome,
-                                              const std::vector<RigaLotto>& righe) {
-    return riempi(base, nome, kLotto, righe, [](Scrittore& s, const RigaLotto& r) {
+                                              const std::vector<RigaLotto>& righe, Conto& conto) {
+    return riempi(base, nome, kLotto, righe, conto, [](Scrittore& s, const RigaLotto& r) {
         s.giorno(r.data);
         s.testo(r.ruota == kNazionale ? kParolaNazionale
                                       : kNomiRuote[static_cast<std::size_t>(r.ruota)].codice);
@@ -384,10 +396,12 @@ std::expected<void, std::string> riempi_lotto(sqlite3* base, std::string_view no
     });
 }
 
-std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivio& righe) {
-    if (auto esito = riempi_lotto(base, "archivio", righe.lotto); !esito) return esito;
-    if (auto esito = riempi_lotto(base, "archivion", righe.nazionale); !esito) return esito;
-    return riempi(base, "archivios", kSuperEnalotto, righe.superenalotto,
+std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivio& righe,
+                                               Avanzamento& avanzamento) {
+    Conto conto{avanzamento, righe.lotto.size() + righe.nazionale.size() + righe.superenalotto.size()};
+    if (auto esito = riempi_lotto(base, "archivio", righe.lotto, conto); !esito) return esito;
+    if (auto esito = riempi_lotto(base, "archivion", righe.nazionale, conto); !esito) return esito;
+    return riempi(base, "archivios", kSuperEnalotto, righe.superenalotto, conto,
                   [](Scrittore& s, const RigaSuperEnalotto& r) {
                       s.giorno(r.data);
                       s.numero(r.jolly);
@@ -397,18 +411,22 @@ std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivi
                   });
 }
 
-std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchivio& righe) {
-    return riempi(base, "archivio", kWinForLife, righe.winforlife, [](Scrittore& s, const RigaWinForLife& r) {
-        s.numero(r.concorso);
-        s.giorno(r.data);
-        s.testo(r.ora);
-        s.numeri(r.numeri);
-    });
+std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchivio& righe,
+                                                Avanzamento& avanzamento) {
+    Conto conto{avanzamento, righe.winforlife.size()};
+    return riempi(base, "archivio", kWinForLife, righe.winforlife, conto,
+                  [](Scrittore& s, const RigaWinForLife& r) {
+                      s.numero(r.concorso);
+                      s.giorno(r.data);
+                      s.testo(r.ora);
+                      s.numeri(r.numeri);
+                  });
 }
 
-std::expected<void, std::string> scrivi_base(
-    const std::filesystem::path& file, const RigheArchivio& righe, bool simulato,
-    std::expected<void, std::string> (*riempi_tabelle)(sqlite3*, const RigheArchivio&)) {
+using Riempi = std::expected<void, std::string> (*)(sqlite3*, const RigheArchivio&, Avanzamento&);
+
+std::expected<void, std::string> scrivi_base(const std::filesystem::path& file, const RigheArchivio& righe,
+                                             bool simulato, Riempi riempi_tabelle, Avanzamento& avanzamento) {
     auto aperta = apri(file, SQLITE_OPEN_READWRITE);
     if (!aperta) return std::unexpected(std::move(aperta.error()));
     sqlite3* base = aperta->get();
@@ -421,19 +439,19 @@ std::expected<void, std::string> scrivi_base(
     if (simulato) {
         if (auto esito = esegui(base, "INSERT INTO proprieta VALUES ('simulato', '1')"); !esito) return esito;
     }
-    if (auto esito = riempi_tabelle(base, righe); !esito) return esito;
+    if (auto esito = riempi_tabelle(base, righe, avanzamento); !esito) return esito;
     if (auto esito = esegui(base, "COMMIT"); !esito) return esito;
     const int codice = sqlite3_close(aperta.value().release());
     if (codice != SQLITE_OK) return std::unexpected(motivo(nullptr, codice));
     return {};
 }
 
-std::expected<FileSicuro, ErroreArchivio> prepara_file(
-    const std::filesystem::path& file, const RigheArchivio& righe, bool simulato,
-    std::expected<void, std::string> (*riempi_tabelle)(sqlite3*, const RigheArchivio&)) {
+std::expected<FileSicuro, ErroreArchivio> prepara_file(const std::filesystem::path& file,
+                                                       const RigheArchivio& righe, bool simulato,
+                                                       Riempi riempi_tabelle, Avanzamento& avanzamento) {
     auto sicuro = FileSicuro::apri(file);
     if (!sicuro) return sicuro;
-    if (auto esito = scrivi_base(sicuro->temporaneo(), righe, simulato, riempi_tabelle); !esito)
+    if (auto esito = scrivi_base(sicuro->temporaneo(), righe, simulato, riempi_tabelle, avanzamento); !esito)
         return std::unexpected(ErroreArchivio{file, "la scrittura non è riuscita: " + esito.error()});
     return sicuro;
 }
@@ -453,23 +471,27 @@ std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::p
 }
 
 std::expected<FileSicuro, ErroreArchivio> prepara_drawit(const std::filesystem::path& file,
-                                                         const RigheArchivio& righe, bool simulato) {
-    return prepara_file(file, righe, simulato, riempi_drawit);
+                                                         const RigheArchivio& righe, bool simulato,
+                                                         Avanzamento& avanzamento) {
+    return prepara_file(file, righe, simulato, riempi_drawit, avanzamento);
 }
 
 std::expected<FileSicuro, ErroreArchivio> prepara_drawit2(const std::filesystem::path& file,
-                                                          const RigheArchivio& righe, bool simulato) {
-    return prepara_file(file, righe, simulato, riempi_drawit2);
+                                                          const RigheArchivio& righe, bool simulato,
+                                                          Avanzamento& avanzamento) {
+    return prepara_file(file, righe, simulato, riempi_drawit2, avanzamento);
 }
 
 std::expected<void, ErroreArchivio> scrivi_drawit(const std::filesystem::path& file,
                                                   const RigheArchivio& righe, bool simulato) {
-    return conferma(prepara_drawit(file, righe, simulato));
+    SenzaAvanzamento nessuno;
+    return conferma(prepara_drawit(file, righe, simulato, nessuno));
 }
 
 std::expected<void, ErroreArchivio> scrivi_drawit2(const std::filesystem::path& file,
                                                    const RigheArchivio& righe, bool simulato) {
-    return conferma(prepara_drawit2(file, righe, simulato));
+    SenzaAvanzamento nessuno;
+    return conferma(prepara_drawit2(file, righe, simulato, nessuno));
 }
 
 }  // namespace sortimetra

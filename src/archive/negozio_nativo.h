@@ -1,6 +1,7 @@
 #pragma once
 
 #include "archive/archivio.h"
+#include "archive/avanzamento.h"
 #include "archive/errore.h"
 #include "archive/file_sicuro.h"
 
@@ -26,11 +27,14 @@ struct LettiNativo {
                                                                  const RigheArchivio& righe, bool simulato);
 
 /// The same up to the rename: the written temporary, for a caller that confirms several files together.
+/// `avanzamento` counts rows; when it cancels, that is the error.
 [[nodiscard]] std::expected<FileSicuro, ErroreArchivio> prepara_drawit(const std::filesystem::path& file,
                                                                        const RigheArchivio& righe,
-                                                                       bool simulato);
+                                                                       bool simulato,
+                                                                       Avanzamento& avanzamento);
 [[nodiscard]] std::expected<FileSicuro, ErroreArchivio> prepara_drawit2(const std::filesystem::path& file,
                                                                         const RigheArchivio& righe,
-                                                                        bool simulato);
+                                                                        bool simulato,
+                                                                        Avanzamento& avanzamento);
 
 }  // namespace sortimetra

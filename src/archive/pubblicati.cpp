@@ -1,0 +1,397 @@
+#include "archive/pubblicati.h"
+
+#include "archive/testi.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <chrono>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <optional>
+#include <set>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+using std::chrono::year;
+
+/// A date outside of these is a slip of the pen.
+constexpr Data kPrimaData{year{1800} / 1 / 1};
+constexpr Data kUltimaData{year{2999} / 12 / 31};
+
+/// Lines between two reports of progress.
+constexpr int kLinee = 8192;
+
+std::string_view senza_bom(std::string_view testo) {
+    if (testo.starts_with("\xEF\xBB\xBF")) testo.remove_prefix(3);
+    return testo;
+}
+
+/// What stood in the file, fit for a message: cut short, without control characters.
+std::string citato(std::string_view trovato) {
+    constexpr std::size_t kMassimo = 60;
+    std::string testo;
+    for (const char c : trovato.substr(0, kMassimo))
+        testo += static_cast<unsigned char>(c) < 0x20 || c == '\x7F' ? '?' : c;
+    // Not in the middle of a character of several bytes.
+    while (trovato.size() > kMassimo && !testo.empty() &&
+           (static_cast<unsigned char>(testo.back()) & 0xC0U) == 0x80)
+        testo.pop_back();
+    return trovato.size() > kMassimo ? testo + "…" : testo;
+}
+
+std::string errore_riga(std::size_t riga, std::string_view trovato, std::string_view atteso) {
+    return fmt::format("riga {}: trovato \"{}\", {}", riga, citato(trovato), atteso);
+}
+
+/// The fields of one line, each without the blanks round it.
+class Linea {
+  public:
+    Linea(std::string_view testo, char separatore, std::size_t riga)
+        : testo_{testo}, separatore_{separatore}, riga_{riga} {}
+
+    /// The next field; nothing behind the last one.
+    std::optional<std::string_view> campo() {
+        if (finita_) return std::nullopt;
+        const auto fine = testo_.find(separatore_);
+        const std::string_view c = rifila(testo_.substr(0, fine));
+        if (fine == std::string_view::npos) {
+            finita_ = true;
+        } else {
+            testo_.remove_prefix(fine + 1);
+        }
+        return c;
+    }
+
+    [[nodiscard]] std::unexpected<std::string> errore(std::optional<std::string_view> trovato,
+                                                      std::string_view atteso) const {
+        return std::unexpected(errore_riga(riga_, trovato.value_or("fine della riga"), atteso));
+    }
+
+    std::expected<Data, std::string> data(char separatore) {
+        const auto c = campo();
+        const auto letta = c ? leggi_data_iso(*c, separatore) : std::nullopt;
+        if (!letta || *letta < kPrimaData || *letta > kUltimaData)
+            return errore(c, separatore == '/' ? "attesa una data aaaa/mm/gg" : "attesa una data aaaa-mm-gg");
+        return *letta;
+    }
+
+    /// Number cells: empty or 0 for none, else 1 to `massimo`.
+    template <std::size_t N>
+    std::expected<void, std::string> numeri(std::array<Numero, N>& dove, int massimo) {
+        for (Numero& n : dove) {
+            const auto c = campo();
+            int letto = 0;
+            if (c && !c->empty()) {
+                const char* fine = c->data() + c->size();
+                const auto esito = std::from_chars(c->data(), fine, letto);
+                if (esito.ec != std::errc{} || esito.ptr != fine) letto = -1;
+            }
+            if (!c || letto < 0 || letto > massimo)
+                return errore(c, fmt::format("atteso un numero da 1 a {}, oppure vuoto o 0", massimo));
+            n = static_cast<Numero>(letto);
+        }
+        return {};
+    }
+
+    std::expected<void, std::string> fine(std::string_view dopo) {
+        if (finita_) return {};
+        return errore(testo_, fmt::format("attesa la fine della riga dopo {}", dopo));
+    }
+
+  private:
+    std::string_view testo_;
+    char separatore_;
+    std::size_t riga_;
+    bool finita_ = false;
+};
+
+// ---- the Lotto text ----
+
+/// Wheel index by its two capitals, -1 for any other pair.
+constexpr auto kRuotaDaLettere = [] {
+    std::array<std::int8_t, 26 * 26> t{};
+    t.fill(-1);
+    const auto metti = [&](std::string_view codice, int ruota) {
+        t[static_cast<std::size_t>((codice[0] - 'A') * 26 + (codice[1] - 'A'))] =
+            static_cast<std::int8_t>(ruota);
+    };
+    for (int w = 0; w < kRuote; ++w) metti(kNomiRuote[static_cast<std::size_t>(w)].codice, w);
+    metti("NZ", kNazionale);
+    metti("RN", kNazionale);
+    return t;
+}();
+
+int ruota_da_codice(std::string_view codice) {
+    if (codice.size() != 2) return -1;
+    const unsigned a = static_cast<unsigned char>(codice[0]) - 'A';
+    const unsigned b = static_cast<unsigned char>(codice[1]) - 'A';
+    return a < 26 && b < 26 ? kRuotaDaLettere[a * 26 + b] : -1;
+}
+
+std::expected<RigaLotto, std::string> leggi_riga_lotto(std::string_view testo, std::size_t riga) {
+    Linea l{testo, '\t', riga};
+    RigaLotto r;
+    const auto data = l.data('/');
+    if (!data) return std::unexpected(data.error());
+    r.data = *data;
+    const auto codice = l.campo();
+    r.ruota = codice ? ruota_da_codice(*codice) : -1;
+    if (r.ruota < 0) return l.errore(codice, "atteso uno fra BA CA FI GE MI NA PA RM TO VE RN NZ");
+    if (auto esito = l.numeri(r.numeri, kNumeri); !esito) return std::unexpected(std::move(esito.error()));
+    if (auto esito = l.fine("cinque numeri"); !esito) return std::unexpected(std::move(esito.error()));
+    return r;
+}
+
+/// Reads lines as nearly all files have them: no blanks, every number there, ended by LF or CR LF. Nothing
+/// else: any other line is left to `leggi_riga_lotto`, which knows all forms and all errors.
+class LettoreVeloce {
+  public:
+    /// Longest such line: date, wheel, five numbers of two digits, CR LF.
+    static constexpr std::size_t kLunghezza = 10 + 1 + 2 + 5 * 3 + 2;
+
+    /// Reads the line at `p`, which has `kLunghezza` readable bytes. Returns where the next line begins, or
+    /// null for a line of another form.
+    const char* leggi(const char* p, RigaLotto& r) {
+        std::uint64_t testa = 0;
+        std::uint64_t coda = 0;
+        std::memcpy(&testa, p, 8);
+        std::memcpy(&coda, p + 2, 8);
+        // Up to eleven lines in a run have the same date.
+        if (testa != testa_ || coda != coda_) {
+            const auto data = leggi_data_iso({p, 10}, '/');
+            if (!data || *data < kPrimaData || *data > kUltimaData) return nullptr;
+            data_ = *data;
+            testa_ = testa;
+            coda_ = coda;
+        }
+        if (p[10] != '\t' || p[13] != '\t') return nullptr;
+        r.ruota = ruota_da_codice({p + 11, 2});
+        if (r.ruota < 0) return nullptr;
+        r.data = data_;
+        p += 13;
+        for (Numero& n : r.numeri) {
+            if (*p != '\t') return nullptr;
+            unsigned valore = static_cast<unsigned char>(*++p) - static_cast<unsigned>('0');
+            if (valore > 9) return nullptr;
+            const unsigned unita = static_cast<unsigned char>(*++p) - static_cast<unsigned>('0');
+            if (unita <= 9) {
+                valore = valore * 10 + unita;
+                ++p;
+            }
+            if (valore > kNumeri) return nullptr;
+            n = static_cast<Numero>(valore);
+        }
+        if (*p == '\r') ++p;
+        return *p == '\n' ? p + 1 : nullptr;
+    }
+
+  private:
+    std::uint64_t testa_ = 0;
+    std::uint64_t coda_ = 0;
+    Data data_{};
+};
+
+/// Which wheels each day has, and from it the place of every row in the order of date and wheel.
+class Giorni {
+  public:
+    Giorni() : ruote_(static_cast<std::size_t>((kUltimaData - kPrimaData).count()) + 1) {}
+
+    /// Returns false if the wheel is there already.
+    bool aggiungi(const RigaLotto& r) {
+        const std::size_t g = giorno(r.data);
+        const auto bit = static_cast<std::uint16_t>(1U << static_cast<unsigned>(r.ruota));
+        if ((ruote_[g] & bit) != 0) return false;
+        ruote_[g] = static_cast<std::uint16_t>(ruote_[g] | bit);
+        primo_ = std::min(primo_, g);
+        ultimo_ = std::max(ultimo_, g);
+        return true;
+    }
+
+    std::vector<RigaLotto> ordina(const std::vector<RigaLotto>& righe) const {
+        if (righe.empty()) return {};
+        std::vector<std::uint32_t> prima(ultimo_ - primo_ + 1);
+        std::uint32_t somma = 0;
+        for (std::size_t g = primo_; g <= ultimo_; ++g) {
+            prima[g - primo_] = somma;
+            somma += static_cast<std::uint32_t>(std::popcount(ruote_[g]));
+        }
+        std::vector<RigaLotto> ordinate(righe.size());
+        for (const RigaLotto& r : righe) {
+            const std::size_t g = giorno(r.data);
+            const unsigned minori = ruote_[g] & ((1U << static_cast<unsigned>(r.ruota)) - 1);
+            ordinate[prima[g - primo_] + static_cast<std::uint32_t>(std::popcount(minori))] = r;
+        }
+        return ordinate;
+    }
+
+  private:
+    static std::size_t giorno(Data data) { return static_cast<std::size_t>((data - kPrimaData).count()); }
+
+    std::vector<std::uint16_t> ruote_;
+    std::size_t primo_ = std::numeric_limits<std::size_t>::max();
+    std::size_t ultimo_ = 0;
+};
+
+// ---- the texts with a title line ----
+
+/// Calls `una(Linea&)` for each line behind the title line that is not blank.
+template <class Una>
+std::expected<void, std::string> per_ogni_linea(std::string_view testo, std::string_view titoli,
+                                                Avanzamento& avanzamento, Una&& una) {
+    testo = senza_bom(testo);
+    const std::size_t totale = testo.size();
+    std::size_t riga = 0;
+    bool titoli_letti = false;
+    while (!testo.empty()) {
+        const auto fine = testo.find('\n');
+        const std::string_view linea = rifila(testo.substr(0, fine));
+        testo.remove_prefix(fine == std::string_view::npos ? testo.size() : fine + 1);
+        ++riga;
+        if (riga % kLinee == 0 && !avanzamento.procedi(totale - testo.size(), totale))
+            return std::unexpected(std::string{kAnnullata});
+        if (linea.empty()) continue;
+        if (!titoli_letti) {
+            if (minuscolo(linea) != titoli)
+                return std::unexpected(
+                    errore_riga(riga, linea, fmt::format("attesa la riga dei titoli \"{}\"", titoli)));
+            titoli_letti = true;
+            continue;
+        }
+        Linea l{linea, ';', riga};
+        if (auto esito = una(l); !esito) return std::unexpected(std::move(esito.error()));
+    }
+    return {};
+}
+
+/// "8:00" or "08:00": what the column `ora` holds. Returns the minutes since midnight.
+std::optional<int> leggi_ora(std::string_view testo) {
+    const auto cifra = [&](std::size_t i) { return testo[i] >= '0' && testo[i] <= '9'; };
+    if (testo.size() == 5 && testo[2] == ':' && cifra(0) && cifra(1) && cifra(3) && cifra(4)) {
+        const int ore = (testo[0] - '0') * 10 + (testo[1] - '0');
+        const int minuti = (testo[3] - '0') * 10 + (testo[4] - '0');
+        if (ore < 24 && minuti < 60) return ore * 60 + minuti;
+    } else if (testo.size() == 4 && testo[1] == ':' && cifra(0) && cifra(2) && cifra(3)) {
+        const int minuti = (testo[2] - '0') * 10 + (testo[3] - '0');
+        if (minuti < 60) return (testo[0] - '0') * 60 + minuti;
+    }
+    return std::nullopt;
+}
+
+constexpr std::string_view kTitoliSuperEnalotto = "data;n1;n2;n3;n4;n5;n6;jolly;superstar";
+constexpr std::string_view kTitoliWinForLife = "concorso;data;ora;n1;n2;n3;n4;n5;n6;n7;n8;n9;n10;numerone";
+constexpr std::string_view kNessuna = "il file non contiene estrazioni";
+
+}  // namespace
+
+std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string_view testo,
+                                                                     Avanzamento& avanzamento) {
+    testo = senza_bom(testo);
+    std::vector<RigaLotto> righe;
+    righe.reserve(testo.size() / 28);
+    Giorni giorni;
+    LettoreVeloce veloce;
+    bool ordinate = true;
+    std::size_t riga = 0;
+    const char* p = testo.data();
+    const char* const fine = p + testo.size();
+    const char* const fine_veloce =
+        testo.size() < LettoreVeloce::kLunghezza ? p : fine - LettoreVeloce::kLunghezza;
+    while (p < fine) {
+        ++riga;
+        if (riga % kLinee == 0 &&
+            !avanzamento.procedi(static_cast<std::size_t>(p - testo.data()), testo.size()))
+            return std::unexpected(std::string{kAnnullata});
+        RigaLotto r;
+        const char* dopo = p < fine_veloce ? veloce.leggi(p, r) : nullptr;
+        if (dopo == nullptr) {
+            const auto* a_capo =
+                static_cast<const char*>(std::memchr(p, '\n', static_cast<std::size_t>(fine - p)));
+            const std::string_view linea{p,
+                                         static_cast<std::size_t>((a_capo == nullptr ? fine : a_capo) - p)};
+            dopo = a_capo == nullptr ? fine : a_capo + 1;
+            if (rifila(linea).empty()) {
+                p = dopo;
+                continue;
+            }
+            auto letta = leggi_riga_lotto(linea, riga);
+            if (!letta) return std::unexpected(std::move(letta.error()));
+            r = *letta;
+        }
+        if (!giorni.aggiungi(r))
+            return std::unexpected(fmt::format(
+                "riga {}: trovata di nuovo la ruota {} del {}, attesa una sola riga per ruota e data", riga,
+                kNomiRuote[static_cast<std::size_t>(r.ruota)].codice, testo_data(r.data)));
+        if (!righe.empty() &&
+            (r.data < righe.back().data || (r.data == righe.back().data && r.ruota < righe.back().ruota)))
+            ordinate = false;
+        righe.push_back(r);
+        p = dopo;
+    }
+    if (righe.empty()) return std::unexpected(std::string{kNessuna});
+    return ordinate ? std::move(righe) : giorni.ordina(righe);
+}
+
+std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_testo_superenalotto(
+    std::string_view testo, Avanzamento& avanzamento) {
+    std::vector<RigaSuperEnalotto> righe;
+    std::set<Data> date;
+    auto esito = per_ogni_linea(
+        testo, kTitoliSuperEnalotto, avanzamento, [&](Linea& l) -> std::expected<void, std::string> {
+            const auto data = l.data('-');
+            if (!data) return std::unexpected(data.error());
+            std::array<Numero, 8> n{};
+            if (auto numeri = l.numeri(n, kNumeri); !numeri) return numeri;
+            if (auto fine = l.fine("il superstar"); !fine) return fine;
+            if (!date.insert(*data).second)
+                return l.errore(testo_data_iso(*data), "attesa una sola riga per data");
+            RigaSuperEnalotto r{.data = *data, .jolly = n[6], .superstar = n[7]};
+            std::copy_n(n.begin(), r.numeri.size(), r.numeri.begin());
+            righe.push_back(r);
+            return {};
+        });
+    if (!esito) return std::unexpected(std::move(esito.error()));
+    if (righe.empty()) return std::unexpected(std::string{kNessuna});
+    return righe;
+}
+
+std::expected<std::vector<RigaWinForLife>, std::string> leggi_testo_winforlife(std::string_view testo,
+                                                                               Avanzamento& avanzamento) {
+    std::vector<RigaWinForLife> righe;
+    std::set<std::pair<Data, int>> ore;
+    auto esito = per_ogni_linea(
+        testo, kTitoliWinForLife, avanzamento, [&](Linea& l) -> std::expected<void, std::string> {
+            const auto concorso = l.campo();
+            if (!concorso || concorso->empty() ||
+                concorso->find_first_not_of("0123456789") != std::string_view::npos)
+                return l.errore(concorso, "atteso un numero di concorso");
+            const auto data = l.data('-');
+            if (!data) return std::unexpected(data.error());
+            const auto ora = l.campo();
+            const auto minuti = ora ? leggi_ora(*ora) : std::nullopt;
+            if (!minuti) return l.errore(ora, "attesa un'ora come \"8:00\" o \"08:00\"");
+            RigaWinForLife r{.concorso = static_cast<Concorso>(righe.size()) + 1, .data = *data};
+            r.ora = *ora;
+            if (auto numeri = l.numeri(r.numeri, kNumeriWinForLife); !numeri) return numeri;
+            std::array<Numero, 1> numerone{};
+            if (auto numeri = l.numeri(numerone, kNumeriWinForLife); !numeri) return numeri;
+            if (auto fine = l.fine("il numerone"); !fine) return fine;
+            if (!ore.insert({*data, *minuti}).second)
+                return l.errore(fmt::format("{};{}", testo_data_iso(*data), *ora),
+                                "attesa una sola riga per data e ora");
+            righe.push_back(std::move(r));
+            return {};
+        });
+    if (!esito) return std::unexpected(std::move(esito.error()));
+    if (righe.empty()) return std::unexpected(std::string{kNessuna});
+    return righe;
+}
+
+}  // namespace sortimetra

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "archive/archivio.h"
+#include "archive/avanzamento.h"
+
+#include <expected>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sortimetra {
+
+// The published result files as text: read and checked line by line, not yet numbered (`concorso` stays 0). A
+// byte order mark at the front, CR LF, blank lines and blanks round a field are fine. The first line that
+// cannot be read ends the reading; the error names line number, what was found and what would be right. A
+// cancelled reading ends with `kAnnullata`.
+
+/// "yyyy/mm/dd TAB wheel TAB five numbers", wheel `RN` or `NZ` for NAZIONALE; a number that is empty or 0 is
+/// none. Rows of the ten wheels and of NAZIONALE come out in one list, by date, then wheel, whatever the
+/// order in the file. The same wheel twice on one date is an error.
+[[nodiscard]] std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string_view testo,
+                                                                                   Avanzamento& avanzamento);
+
+/// "data;n1;n2;n3;n4;n5;n6;jolly;superstar" with a title line, dates "yyyy-mm-dd"; in file order. A date
+/// twice is an error.
+[[nodiscard]] std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_testo_superenalotto(
+    std::string_view testo, Avanzamento& avanzamento);
+
+/// "concorso;data;ora;n1;…;n10;numerone" with a title line; in file order, `concorso` counted from 1. The
+/// published concorso and the numerone are checked and left. The same hour twice on a date is an error.
+[[nodiscard]] std::expected<std::vector<RigaWinForLife>, std::string> leggi_testo_winforlife(
+    std::string_view testo, Avanzamento& avanzamento);
+
+}  // namespace sortimetra

@@ -1,0 +1,610 @@
+#include "archive/apertura.h"
+#include "archive/file_sicuro.h"
+#include "archive/importa.h"
+#include "archive/negozio_nativo.h"
+#include "archive/pubblicati.h"
+#include "support/archivi.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <chrono>
+#include <fstream>
+#include <random>
+#include <set>
+#include <sstream>
+
+namespace sortimetra {
+namespace {
+
+using prove::CartellaProva;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr std::string_view kTitoliS = "data;n1;n2;n3;n4;n5;n6;jolly;superstar\n";
+constexpr std::string_view kTitoliW = "concorso;data;ora;n1;n2;n3;n4;n5;n6;n7;n8;n9;n10;numerone\n";
+
+std::filesystem::path metti(const CartellaProva& cartella, std::string_view nome, std::string_view testo) {
+    const auto file = cartella.percorso() / nome;
+    std::ofstream{file, std::ios::binary | std::ios::trunc} << testo;
+    return file;
+}
+
+std::string errore_lotto(std::string_view testo) {
+    SenzaAvanzamento nessuno;
+    const auto righe = leggi_testo_lotto(testo, nessuno);
+    return righe ? "letto" : righe.error();
+}
+std::string errore_superenalotto(std::string_view righe) {
+    SenzaAvanzamento nessuno;
+    const auto lette = leggi_testo_superenalotto(std::string{kTitoliS} + std::string{righe}, nessuno);
+    return lette ? "letto" : lette.error();
+}
+std::string errore_winforlife(std::string_view righe) {
+    SenzaAvanzamento nessuno;
+    const auto lette = leggi_testo_winforlife(std::string{kTitoliW} + std::string{righe}, nessuno);
+    return lette ? "letto" : lette.error();
+}
+
+/// "CONCORSO data" of each SuperEnalotto draw that is left after numbering.
+std::vector<std::string> concorsi(const std::vector<RigaSuperEnalotto>& righe) {
+    std::vector<std::string> testi;
+    for (const auto& r : righe) testi.push_back(std::to_string(r.concorso) + " " + testo_data(r.data));
+    return testi;
+}
+
+// ---- the Lotto text ----
+
+TEST(TestoLotto, UnaRigaPerRuota) {
+    SenzaAvanzamento nessuno;
+    const auto righe =
+        leggi_testo_lotto("1997/12/03\tBA\t58\t22\t7\t49\t69\n1997/12/03\tRN\t1\t\t0\t4\t90\n", nessuno);
+    ASSERT_TRUE(righe) << righe.error();
+    ASSERT_EQ(righe->size(), 2U);
+    EXPECT_EQ((*righe)[0].ruota, 0);
+    EXPECT_EQ((*righe)[0].numeri, (std::array<Numero, 5>{58, 22, 7, 49, 69}));
+    EXPECT_EQ(testo_data((*righe)[0].data), "03/12/1997");
+    EXPECT_EQ((*righe)[1].ruota, kNazionale);
+    EXPECT_EQ((*righe)[1].numeri, (std::array<Numero, 5>{1, 0, 0, 4, 90}));
+}
+
+TEST(TestoLotto, FormeCheSiAccettano) {
+    EXPECT_EQ(errore_lotto("\xEF\xBB\xBF"
+                           "1997/12/03\tBA\t1\t2\t3\t4\t5\r\n1997/12/03\tNZ\t1\t2\t3\t4\t5\r\n"),
+              "letto");
+    EXPECT_EQ(errore_lotto("\n  \n1997/12/03\t BA \t 1\t02 \t3\t4\t5\n\r\n"), "letto");
+    EXPECT_EQ(errore_lotto("1997/12/03\tBA\t1\t2\t3\t4\t5"), "letto");
+}
+
+TEST(TestoLotto, ErroriConRigaTrovatoAtteso) {
+    const std::string buona = "1997/12/03\tBA\t1\t2\t3\t4\t5\n";
+    EXPECT_EQ(errore_lotto(buona + "1997/12/03\tXX\t1\t2\t3\t4\t5\n"),
+              "riga 2: trovato \"XX\", atteso uno fra BA CA FI GE MI NA PA RM TO VE RN NZ");
+    EXPECT_EQ(errore_lotto(buona + buona),
+              "riga 2: trovata di nuovo la ruota BA del 03/12/1997, attesa una sola riga per ruota e data");
+    EXPECT_EQ(errore_lotto(buona + "\n1997/02/29\tCA\t1\t2\t3\t4\t5\n"),
+              "riga 3: trovato \"1997/02/29\", attesa una data aaaa/mm/gg");
+    EXPECT_EQ(errore_lotto("1997-12-03\tBA\t1\t2\t3\t4\t5\n"),
+              "riga 1: trovato \"1997-12-03\", attesa una data aaaa/mm/gg");
+    EXPECT_EQ(errore_lotto("1997/12/03\tBA\t1\t2\t3\t4\t91\n"),
+              "riga 1: trovato \"91\", atteso un numero da 1 a 90, oppure vuoto o 0");
+    EXPECT_EQ(errore_lotto("1997/12/03\tBA\t1\t2\t-3\t4\t9\n"),
+              "riga 1: trovato \"-3\", atteso un numero da 1 a 90, oppure vuoto o 0");
+    EXPECT_EQ(errore_lotto("1997/12/03\tBA\t1\t2\t3,5\t4\t9\n"),
+              "riga 1: trovato \"3,5\", atteso un numero da 1 a 90, oppure vuoto o 0");
+    EXPECT_EQ(errore_lotto("1997/12/03\tBA\t1\t2\t3\t4\n"),
+              "riga 1: trovato \"fine della riga\", atteso un numero da 1 a 90, oppure vuoto o 0");
+    EXPECT_EQ(errore_lotto("1997/12/03\tBA\t1\t2\t3\t4\t5\t6\n"),
+              "riga 1: trovato \"6\", attesa la fine della riga dopo cinque numeri");
+    EXPECT_EQ(errore_lotto("1997/12/03\n"),
+              "riga 1: trovato \"fine della riga\", atteso uno fra BA CA FI GE MI NA PA RM TO VE RN NZ");
+    EXPECT_EQ(errore_lotto("\n\n"), "il file non contiene estrazioni");
+    EXPECT_EQ(errore_lotto(std::string("1997/12/03\tBA\t1\t2\t3\t4\t5\n\0\n", 28)),
+              "riga 2: trovato \"?\", attesa una data aaaa/mm/gg");
+}
+
+TEST(TestoLotto, InQualunqueOrdine) {
+    SenzaAvanzamento nessuno;
+    const auto righe = leggi_testo_lotto(
+        "1998/01/03\tVE\t1\t2\t3\t4\t5\n"
+        "1997/12/03\tRN\t6\t7\t8\t9\t10\n"
+        "1998/01/03\tBA\t11\t12\t13\t14\t15\n"
+        "1997/12/03\tTO\t16\t17\t18\t19\t20\n",
+        nessuno);
+    ASSERT_TRUE(righe) << righe.error();
+    std::vector<std::string> in_ordine;
+    for (const auto& r : *righe) in_ordine.push_back(testo_data(r.data) + " " + std::to_string(r.numeri[0]));
+    EXPECT_THAT(in_ordine, ElementsAre("03/12/1997 16", "03/12/1997 6", "03/01/1998 11", "03/01/1998 1"));
+}
+
+// A plain second reader: split at every separator, check each field on its own.
+const Data kDal = leggi_data_iso("1800-01-01").value();
+const Data kAl = leggi_data_iso("2999-12-31").value();
+
+std::optional<std::vector<RigaLotto>> leggi_piano(const std::string& testo) {
+    std::vector<RigaLotto> righe;
+    std::istringstream flusso{testo};
+    std::string linea;
+    while (std::getline(flusso, linea)) {
+        if (!linea.empty() && linea.back() == '\r') linea.pop_back();
+        if (linea.empty()) continue;
+        std::vector<std::string> campi{""};
+        for (const char c : linea)
+            if (c == '\t') {
+                campi.emplace_back();
+            } else {
+                campi.back() += c;
+            }
+        if (campi.size() != 7) return std::nullopt;
+        RigaLotto r;
+        const auto data = leggi_data_iso(campi[0], '/');
+        if (!data || *data < kDal || *data > kAl) return std::nullopt;
+        r.data = *data;
+        const auto ruota = campi[1] == "RN" ? std::optional{kNazionale} : indice_ruota(campi[1]);
+        if (!ruota) return std::nullopt;
+        r.ruota = *ruota;
+        for (std::size_t i = 0; i < 5; ++i) {
+            const std::string& c = campi[i + 2];
+            if (c.find_first_not_of("0123456789") != std::string::npos || c.size() > 3) return std::nullopt;
+            const int n = c.empty() ? 0 : std::stoi(c);
+            if (n > 90) return std::nullopt;
+            r.numeri[i] = static_cast<Numero>(n);
+        }
+        for (const auto& altra : righe)
+            if (altra.data == r.data && altra.ruota == r.ruota) return std::nullopt;
+        righe.push_back(r);
+    }
+    if (righe.empty()) return std::nullopt;
+    std::stable_sort(righe.begin(), righe.end(), [](const RigaLotto& a, const RigaLotto& b) {
+        return a.data != b.data ? a.data < b.data : a.ruota < b.ruota;
+    });
+    return righe;
+}
+
+TEST(TestoLotto, ComeIlLettorePiano) {
+    for (unsigned seme = 0; seme < 3000; ++seme) {
+        SCOPED_TRACE(seme);
+        std::mt19937 caso{seme};
+        const auto fra = [&](int da, int a) { return std::uniform_int_distribution{da, a}(caso); };
+        std::string testo;
+        const char* const fine_riga = fra(0, 1) == 0 ? "\n" : "\r\n";
+        for (int i = fra(0, 12); i > 0; --i) {
+            testo += std::to_string(fra(1997, 1998)) + "/0" + std::to_string(fra(1, 3)) + "/" +
+                     std::to_string(fra(10, fra(0, 3) == 0 ? 31 : 28)) + "\t";
+            const int w = fra(0, 10);
+            testo += w == 10 ? fra(0, 1) == 0 ? "RN" : "NZ" : kNomiRuote[static_cast<std::size_t>(w)].codice;
+            for (int k = 0; k < 5; ++k) {
+                testo += '\t';
+                if (fra(0, 20) != 0) testo += std::to_string(fra(0, fra(0, 60) == 0 ? 300 : 90));
+            }
+            if (i > 1 || fra(0, 1) == 0) testo += fine_riga;
+        }
+        for (int n = fra(0, 5) == 0 ? fra(1, 3) : 0; n > 0 && !testo.empty(); --n)
+            testo[static_cast<std::size_t>(fra(0, static_cast<int>(testo.size()) - 1))] =
+                "0123456789\t\nBAX/"[fra(0, 15)];
+        SenzaAvanzamento nessuno;
+        const auto veloce = leggi_testo_lotto(testo, nessuno);
+        const auto piano = leggi_piano(testo);
+        ASSERT_EQ(veloce.has_value(), piano.has_value()) << testo << (veloce ? "" : veloce.error());
+        if (!piano) continue;
+        ASSERT_EQ(veloce->size(), piano->size());
+        for (std::size_t i = 0; i < piano->size(); ++i) {
+            ASSERT_EQ((*veloce)[i].data, (*piano)[i].data);
+            ASSERT_EQ((*veloce)[i].ruota, (*piano)[i].ruota);
+            ASSERT_EQ((*veloce)[i].numeri, (*piano)[i].numeri);
+        }
+    }
+}
+
+// ---- the texts with titles ----
+
+TEST(TestoSuperEnalotto, Errori) {
+    EXPECT_EQ(errore_superenalotto("1997-12-03;20;36;39;41;72;76;88;0\r\n"), "letto");
+    SenzaAvanzamento nessuno;
+    EXPECT_EQ(leggi_testo_superenalotto("1997-12-03;20;36;39;41;72;76;88;0\n", nessuno).error(),
+              "riga 1: trovato \"1997-12-03;20;36;39;41;72;76;88;0\", attesa la riga dei titoli "
+              "\"data;n1;n2;n3;n4;n5;n6;jolly;superstar\"");
+    EXPECT_EQ(errore_superenalotto("1997/12/03;20;36;39;41;72;76;88;0\n"),
+              "riga 2: trovato \"1997/12/03\", attesa una data aaaa-mm-gg");
+    EXPECT_EQ(errore_superenalotto("1997-12-03;20;36;39;41;72;76;88\n"),
+              "riga 2: trovato \"fine della riga\", atteso un numero da 1 a 90, oppure vuoto o 0");
+    EXPECT_EQ(errore_superenalotto("1997-12-03;20;36;39;41;72;76;88;0;7\n"),
+              "riga 2: trovato \"7\", attesa la fine della riga dopo il superstar");
+    EXPECT_EQ(errore_superenalotto("1997-12-03;20;36;39;41;72;76;88;0\n1997-12-03;1;2;3;4;5;6;7;0\n"),
+              "riga 3: trovato \"1997-12-03\", attesa una sola riga per data");
+    EXPECT_EQ(errore_superenalotto(""), "il file non contiene estrazioni");
+}
+
+TEST(TestoWinForLife, Errori) {
+    EXPECT_EQ(errore_winforlife("4769;2023-10-08;15:00;1;3;4;5;6;9;12;16;18;20;14\n"), "letto");
+    EXPECT_EQ(errore_winforlife("4769;2023-10-08;8:00;1;3;4;5;6;9;12;16;18;20;14\n"), "letto");
+    for (const std::string ora : {"24:00", "8", "8:60", "otto", "", "8.00", "08:00:00", "-8:00"})
+        EXPECT_EQ(errore_winforlife("4769;2023-10-08;" + ora + ";1;3;4;5;6;9;12;16;18;20;14\n"),
+                  "riga 2: trovato \"" + ora + "\", attesa un'ora come \"8:00\" o \"08:00\"");
+    EXPECT_EQ(errore_winforlife("x;2023-10-08;15:00;1;3;4;5;6;9;12;16;18;20;14\n"),
+              "riga 2: trovato \"x\", atteso un numero di concorso");
+    EXPECT_EQ(errore_winforlife("1;2023-10-08;15:00;1;3;4;5;6;9;12;16;18;21;14\n"),
+              "riga 2: trovato \"21\", atteso un numero da 1 a 20, oppure vuoto o 0");
+    EXPECT_EQ(errore_winforlife("1;2023-10-08;15:00;1;3;4;5;6;9;12;16;18;20\n"),
+              "riga 2: trovato \"fine della riga\", atteso un numero da 1 a 20, oppure vuoto o 0");
+    EXPECT_EQ(errore_winforlife("1;2023-10-08;08:00;1;3;4;5;6;9;12;16;18;20;14\n"
+                                "2;2023-10-08;8:00;1;3;4;5;6;9;12;16;18;20;14\n"),
+              "riga 3: trovato \"2023-10-08;8:00\", attesa una sola riga per data e ora");
+}
+
+TEST(TestoWinForLife, ContaDaUnoNellOrdineDelFile) {
+    SenzaAvanzamento nessuno;
+    const auto righe = leggi_testo_winforlife(std::string{kTitoliW} +
+                                                  "9000;2023-10-09;07:00;1;3;4;5;6;9;12;16;18;20;14\n"
+                                                  "4769;2023-10-08;15:00;1;3;4;5;6;9;12;16;18;20;14\n",
+                                              nessuno);
+    ASSERT_TRUE(righe) << righe.error();
+    EXPECT_EQ((*righe)[0].concorso, 1);
+    EXPECT_EQ((*righe)[0].ora, "07:00");
+    EXPECT_EQ((*righe)[1].concorso, 2);
+}
+
+// ---- numbering ----
+
+/// A Lotto text with a Bari row on each of the days.
+std::string lotto_dei_giorni(const std::vector<std::string>& giorni) {
+    std::string testo;
+    for (const auto& g : giorni) testo += g + "\tBA\t1\t2\t3\t4\t5\n";
+    return testo;
+}
+
+std::expected<LettiPubblicati, ErroreArchivio> leggi(const CartellaProva& cartella, std::string_view lotto,
+                                                     std::string_view superenalotto, bool tutto = true) {
+    FilePubblicati file;
+    file.lotto = metti(cartella, "lotto.txt", lotto);
+    file.superenalotto =
+        metti(cartella, "superenalotto.csv", std::string{kTitoliS} + std::string{superenalotto});
+    file.tutto = tutto;
+    SenzaAvanzamento nessuno;
+    return leggi_pubblicati(file, nessuno);
+}
+
+TEST(Numerazione, SiContaDallaDataDelPrimoSuperEnalotto) {
+    const CartellaProva cartella;
+    std::string lotto;
+    Data g = leggi_data_italiana("03/12/1997").value() - std::chrono::days{500};
+    for (int i = 0; i <= 510; ++i, g += std::chrono::days{1}) {
+        std::string giorno = testo_data_iso(g);
+        std::replace(giorno.begin(), giorno.end(), '-', '/');
+        lotto += giorno + "\tBA\t1\t2\t3\t4\t5\n";
+    }
+    FilePubblicati file{.lotto = metti(cartella, "lotto.txt", lotto)};
+    SenzaAvanzamento nessuno;
+    const auto letti = leggi_pubblicati(file, nessuno);
+    ASSERT_TRUE(letti) << letti.error().testo();
+    ASSERT_EQ(letti->righe.lotto.size(), 412U);
+    EXPECT_EQ(letti->righe.lotto.front().concorso, 1);
+    EXPECT_EQ(letti->righe.lotto[401].concorso, 402);
+    EXPECT_EQ(testo_data(letti->righe.lotto[401].data), "03/12/1997");
+    file.tutto = true;
+    const auto tutti = leggi_pubblicati(file, nessuno);
+    ASSERT_EQ(tutti->righe.lotto.size(), 511U);
+    EXPECT_EQ(tutti->righe.lotto[500].concorso, 501);
+}
+
+TEST(Numerazione, SenzaLaDataDiPartenza) {
+    const CartellaProva cartella;
+    const FilePubblicati file{.lotto = metti(cartella, "lotto.txt", "2000/01/01\tBA\t1\t2\t3\t4\t5\n")};
+    SenzaAvanzamento nessuno;
+    const auto letti = leggi_pubblicati(file, nessuno);
+    ASSERT_FALSE(letti);
+    EXPECT_EQ(letti.error().file, *file.lotto);
+    EXPECT_THAT(letti.error().motivo, HasSubstr("03/12/1997"));
+    EXPECT_THAT(letti.error().motivo, HasSubstr("--tutto"));
+}
+
+TEST(Numerazione, IlConcorsoLiberoPiuVicino) {
+    const CartellaProva cartella;
+    // Lotto on the 1st, 4th, 8th and 20th. The 1st and 8th have SuperEnalotto draws of their own.
+    const auto letti =
+        leggi(cartella, lotto_dei_giorni({"2001/06/01", "2001/06/04", "2001/06/08", "2001/06/20"}),
+              "2001-06-01;1;2;3;4;5;6;7;0\n"
+              "2001-06-02;1;2;3;4;5;6;7;0\n"  // 1st is nearer but taken: the 4th
+              "2001-06-08;1;2;3;4;5;6;7;0\n"
+              "2001-06-09;1;2;3;4;5;6;7;0\n"    // 8th taken, 4th taken by now: left out
+              "2001-06-15;1;2;3;4;5;6;7;0\n"    // five days before the 20th
+              "2001-06-26;1;2;3;4;5;6;7;0\n");  // six days after it: too far
+    ASSERT_TRUE(letti) << letti.error().testo();
+    EXPECT_THAT(concorsi(letti->righe.superenalotto),
+                ElementsAre("1 01/06/2001", "2 02/06/2001", "3 08/06/2001", "4 15/06/2001"));
+    EXPECT_THAT(letti->avvisi,
+                ElementsAre("SuperEnalotto del 09/06/2001: nessun concorso libero entro cinque giorni, "
+                            "estrazione tralasciata",
+                            "SuperEnalotto del 26/06/2001: nessun concorso libero entro cinque giorni, "
+                            "estrazione tralasciata"));
+}
+
+TEST(Numerazione, AParitaIlPrecedente) {
+    const CartellaProva cartella;
+    const auto letti = leggi(cartella, lotto_dei_giorni({"2001/06/01", "2001/06/05"}),
+                             "2001-06-03;1;2;3;4;5;6;7;0\n2001-06-02;1;2;3;4;5;6;8;0\n");
+    ASSERT_TRUE(letti) << letti.error().testo();
+    // The 3rd stands first in the file and takes the 1st; the 2nd is left with the 5th.
+    EXPECT_THAT(concorsi(letti->righe.superenalotto), ElementsAre("1 03/06/2001", "2 02/06/2001"));
+}
+
+TEST(Numerazione, ChiHaLaSuaDataVienePrima) {
+    const CartellaProva cartella;
+    // The draw of the 2nd would like the 1st, but the 1st belongs to the draw of its own date, further down.
+    const auto letti = leggi(cartella, lotto_dei_giorni({"2001/06/01"}),
+                             "2001-06-02;1;2;3;4;5;6;7;0\n2001-06-01;1;2;3;4;5;6;8;0\n");
+    ASSERT_TRUE(letti) << letti.error().testo();
+    EXPECT_THAT(concorsi(letti->righe.superenalotto), ElementsAre("1 01/06/2001"));
+    EXPECT_EQ(letti->avvisi.size(), 1U);
+}
+
+TEST(Numerazione, IlVero) {
+    const auto* vero = prove::archivio_vero();
+    if (vero == nullptr) GTEST_SKIP() << "no real draws here";
+    EXPECT_EQ(vero->lotto().concorso.size(), 4655U);
+    EXPECT_EQ(testo_data(vero->lotto().data.front()), "22/12/1990");
+    EXPECT_EQ(testo_data(vero->data_bari(402).value()), "03/12/1997");
+    EXPECT_EQ(vero->nazionale().concorso.front(), 1182);
+    EXPECT_EQ(vero->superenalotto().concorso.front(), 402);
+    EXPECT_EQ(vero->winforlife().concorso.size(), 1000U);
+}
+
+// ---- the whole import ----
+
+const std::string kLottoPiccolo =
+    "2001/06/01\tBA\t1\t2\t3\t4\t5\n2001/06/01\tCA\t6\t7\t8\t9\t10\n2001/06/01\tRN\t1\t2\t3\t4\t5\n"
+    "2001/06/05\tBA\t11\t12\t13\t14\t15\n";
+const std::string kWflPiccolo = std::string{kTitoliW} + "9000;2023-10-09;07:00;1;3;4;5;6;9;12;16;18;20;14\n";
+
+struct Prova {
+    CartellaProva cartella;
+    SenzaAvanzamento nessuno;
+    [[nodiscard]] std::filesystem::path archivio() const { return cartella.percorso() / "archivio"; }
+    std::expected<Importati, ErroreArchivio> importa(std::optional<std::string> lotto,
+                                                     std::optional<std::string> superenalotto = {},
+                                                     std::optional<std::string> winforlife = {}) {
+        FilePubblicati file;
+        if (lotto) file.lotto = metti(cartella, "lotto.txt", *lotto);
+        if (superenalotto)
+            file.superenalotto = metti(cartella, "s.csv", std::string{kTitoliS} + *superenalotto);
+        if (winforlife) file.winforlife = metti(cartella, "w.csv", *winforlife);
+        file.tutto = true;
+        return importa_archivio(archivio(), file, nessuno);
+    }
+    std::set<std::string> nomi() const {
+        std::set<std::string> tutti;
+        for (const auto& voce : std::filesystem::directory_iterator{archivio()})
+            tutti.insert(voce.path().filename());
+        return tutti;
+    }
+};
+
+TEST(Importa, TuttiETre) {
+    Prova p;
+    const auto fatto = p.importa(kLottoPiccolo, "2001-06-01;1;2;3;4;5;6;7;9\n", kWflPiccolo);
+    ASSERT_TRUE(fatto) << fatto.error().testo();
+    EXPECT_EQ(fatto->lotto, 3U);
+    EXPECT_EQ(fatto->nazionale, 1U);
+    EXPECT_EQ(fatto->superenalotto, 1U);
+    EXPECT_EQ(fatto->winforlife, 1U);
+    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db"));
+    const auto a = apri_archivio(p.archivio());
+    ASSERT_TRUE(a) << a.error().testo();
+    EXPECT_EQ(a->lotto().righe, 3U);
+    EXPECT_EQ(a->ultimo_concorso(), 2);
+    EXPECT_EQ(a->superenalotto().numeri.at(0), (std::array<Numero, 8>{1, 2, 3, 4, 5, 6, 7, 9}));
+    EXPECT_EQ(a->winforlife().ora.at(0), "07:00");
+    EXPECT_FALSE(a->drawit().simulato);
+}
+
+TEST(Importa, SoloIlLottoTieneIlSuperEnalotto) {
+    Prova p;
+    ASSERT_TRUE(p.importa(kLottoPiccolo, "2001-06-05;1;2;3;4;5;6;7;9\n"));
+    // One draw earlier: all concorsi move by one, SuperEnalotto with them.
+    ASSERT_TRUE(p.importa("2001/05/30\tBA\t1\t2\t3\t4\t5\n" + kLottoPiccolo));
+    const auto a = apri_archivio(p.archivio());
+    ASSERT_TRUE(a) << a.error().testo();
+    EXPECT_EQ(a->ultimo_concorso(), 3);
+    EXPECT_THAT(a->superenalotto().concorso, ElementsAre(3));
+}
+
+TEST(Importa, SoloIlSuperEnalottoSiNumeraColLottoCheCE) {
+    Prova p;
+    ASSERT_TRUE(p.importa(kLottoPiccolo));
+    ASSERT_TRUE(p.importa({}, "2001-06-05;1;2;3;4;5;6;7;9\n"));
+    const auto a = apri_archivio(p.archivio());
+    ASSERT_TRUE(a) << a.error().testo();
+    EXPECT_EQ(a->lotto().righe, 3U);
+    EXPECT_EQ(a->nazionale().concorso.size(), 1U);
+    EXPECT_THAT(a->superenalotto().concorso, ElementsAre(2));
+}
+
+TEST(Importa, SoloIlSuperEnalottoSenzaLotto) {
+    Prova p;
+    const auto fatto = p.importa({}, "2001-06-05;1;2;3;4;5;6;7;9\n");
+    ASSERT_FALSE(fatto);
+    EXPECT_THAT(fatto.error().testo(), HasSubstr("s.csv: i concorsi si contano con le estrazioni del Lotto"));
+    EXPECT_FALSE(std::filesystem::exists(p.archivio()));
+}
+
+TEST(Importa, SoloWinForLifeNonToccaIlResto) {
+    Prova p;
+    ASSERT_TRUE(p.importa(kLottoPiccolo));
+    const auto prima = leggi_file(p.archivio() / "drawit.db").value();
+    ASSERT_TRUE(p.importa({}, {}, kWflPiccolo));
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit.db").value(), prima);
+    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db"));
+}
+
+TEST(Importa, NessunFile) {
+    Prova p;
+    EXPECT_EQ(p.importa({}).error().testo(), "nessun file da importare");
+}
+
+TEST(Importa, UnErroreLasciaTuttoComEra) {
+    Prova p;
+    ASSERT_TRUE(p.importa(kLottoPiccolo, "2001-06-05;1;2;3;4;5;6;7;9\n", kWflPiccolo));
+    const auto prima = leggi_file(p.archivio() / "drawit.db").value();
+    const auto prima2 = leggi_file(p.archivio() / "drawit2.db").value();
+    const auto fatto = p.importa("2002/01/01\tBA\t1\t2\t3\t4\t5\n", {}, kWflPiccolo + "storto\n");
+    ASSERT_FALSE(fatto);
+    EXPECT_EQ(fatto.error().file.filename(), "w.csv");
+    EXPECT_EQ(fatto.error().motivo, "riga 3: trovato \"storto\", atteso un numero di concorso");
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit.db").value(), prima);
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit2.db").value(), prima2);
+    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db"));
+}
+
+TEST(Importa, SeUnoDeiDueFileNonSiPuoScrivereNessunoCambia) {
+    Prova p;
+    ASSERT_TRUE(p.importa(kLottoPiccolo));
+    const auto prima = leggi_file(p.archivio() / "drawit.db").value();
+    // A folder stands where the second file should go.
+    std::filesystem::create_directory(p.archivio() / "drawit2.db");
+    const auto fatto = p.importa("2002/01/01\tBA\t1\t2\t3\t4\t5\n", {}, kWflPiccolo);
+    ASSERT_FALSE(fatto);
+    EXPECT_EQ(fatto.error().motivo, "non si può scrivere: è una cartella");
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit.db").value(), prima);
+    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db"));
+}
+
+TEST(Importa, FileCheMancaOVuoto) {
+    Prova p;
+    SenzaAvanzamento nessuno;
+    const FilePubblicati manca{.lotto = p.cartella.percorso() / "non c'è.txt"};
+    EXPECT_EQ(importa_archivio(p.archivio(), manca, nessuno).error().motivo, "il file non c'è");
+    EXPECT_EQ(p.importa("").error().motivo, "il file è vuoto");
+    const FilePubblicati cartella{.lotto = p.cartella.percorso()};
+    EXPECT_EQ(importa_archivio(p.archivio(), cartella, nessuno).error().motivo,
+              "è una cartella, non un file");
+}
+
+/// Counts the reports and cancels at the n-th.
+class Annulla final : public Avanzamento {
+  public:
+    explicit Annulla(int dopo) : dopo_{dopo} {}
+    bool procedi(std::size_t fatto, std::size_t totale) override {
+        EXPECT_LE(fatto, totale);
+        EXPECT_GE(static_cast<double>(fatto) / static_cast<double>(totale), ultimo_);
+        ultimo_ = static_cast<double>(fatto) / static_cast<double>(totale);
+        return ++volte != dopo_;
+    }
+    int volte = 0;
+
+  private:
+    double ultimo_ = 0;
+    int dopo_;
+};
+
+TEST(Importa, AnnullatoInQualunquePuntoNonLasciaNulla) {
+    int volte = 0;
+    {
+        const CartellaProva cartella;
+        Annulla mai{-1};
+        const auto fatto = crea_dimostrazione(cartella.percorso() / "archivio", mai);
+        ASSERT_TRUE(fatto) << fatto.error().testo();
+        volte = mai.volte;
+        EXPECT_GT(volte, 10);
+    }
+    for (int dopo = 1; dopo <= volte; dopo += 7) {
+        const CartellaProva cartella;
+        Annulla annulla{dopo};
+        const auto fatto = crea_dimostrazione(cartella.percorso(), annulla);
+        ASSERT_FALSE(fatto);
+        EXPECT_THAT(fatto.error().motivo, HasSubstr("annullata"));
+        EXPECT_TRUE(std::filesystem::is_empty(cartella.percorso()));
+    }
+}
+
+TEST(Importa, DimostrazioneSoloDoveNonCENulla) {
+    Prova p;
+    const auto fatto = crea_dimostrazione(p.archivio(), p.nessuno);
+    ASSERT_TRUE(fatto) << fatto.error().testo();
+    const auto a = apri_archivio(p.archivio());
+    ASSERT_TRUE(a) << a.error().testo();
+    EXPECT_TRUE(a->drawit().simulato);
+    EXPECT_TRUE(a->drawit2().simulato);
+    EXPECT_EQ(a->ultimo_concorso(), 4655);
+    EXPECT_EQ(crea_dimostrazione(p.archivio(), p.nessuno).error().motivo,
+              "la cartella contiene già un archivio, che non viene sostituito con quello simulato");
+}
+
+TEST(Importa, VeroESimulatoNonSiMescolano) {
+    Prova p;
+    ASSERT_TRUE(crea_dimostrazione(p.archivio(), p.nessuno));
+    const auto rifiutato = p.importa({}, "2001-06-05;1;2;3;4;5;6;7;9\n");
+    ASSERT_FALSE(rifiutato);
+    EXPECT_THAT(rifiutato.error().motivo, HasSubstr("simulato"));
+    ASSERT_TRUE(p.importa(kLottoPiccolo));
+    const auto a = apri_archivio(p.archivio(), kTabellaLotto | kTabellaSuperEnalotto);
+    ASSERT_TRUE(a) << a.error().testo();
+    EXPECT_FALSE(a->drawit().simulato);
+    EXPECT_TRUE(a->superenalotto().concorso.empty());
+}
+
+TEST(Importa, UgualeAlVeroDopoIlGiroPerIlNegozio) {
+    const auto* vero = prove::archivio_vero();
+    if (vero == nullptr) GTEST_SKIP() << "no real draws here";
+    const auto da = *prove::cartella_condivisa() / "archivio";
+    const CartellaProva cartella;
+    SenzaAvanzamento nessuno;
+    const auto fatto = importa_archivio(cartella.percorso(),
+                                        {.lotto = da / "lotto.txt",
+                                         .superenalotto = da / "superenalotto.csv",
+                                         .winforlife = da / "winforlife.csv"},
+                                        nessuno);
+    ASSERT_TRUE(fatto) << fatto.error().testo();
+    const auto a = apri_archivio(cartella.percorso());
+    ASSERT_TRUE(a) << a.error().testo();
+    EXPECT_TRUE(a->lotto().numeri == vero->lotto().numeri);
+    EXPECT_EQ(a->lotto().data, vero->lotto().data);
+    EXPECT_TRUE(a->nazionale().numeri == vero->nazionale().numeri);
+    EXPECT_TRUE(a->superenalotto().numeri == vero->superenalotto().numeri);
+    EXPECT_EQ(a->superenalotto().concorso, vero->superenalotto().concorso);
+    EXPECT_TRUE(a->winforlife().numeri == vero->winforlife().numeri);
+    EXPECT_EQ(a->winforlife().ora, vero->winforlife().ora);
+}
+
+TEST(Importa, TestiRovinatiACasoNonCadonoMai) {
+    SenzaAvanzamento nessuno;
+    std::string lotto;
+    for (int g = 10; g < 30; ++g)
+        for (int w = 0; w < 11; ++w)
+            lotto += "1997/12/" + std::to_string(g) + "\t" +
+                     (w == 10 ? "RN" : std::string{kNomiRuote[static_cast<std::size_t>(w)].codice}) +
+                     "\t1\t22\t3\t44\t90\n";
+    const std::string superenalotto = std::string{kTitoliS} +
+                                      "1997-12-03;20;36;39;41;72;76;88;0\n"
+                                      "1997-12-06;2;4;25;29;30;52;24;7\n";
+    const std::string winforlife = kWflPiccolo + "9001;2023-10-09;08:00;1;3;4;5;6;9;12;16;18;20;14\n";
+    std::mt19937 caso{3};
+    const auto a_caso = [&](std::size_t n) {
+        return std::uniform_int_distribution<std::size_t>{0, n - 1}(caso);
+    };
+    const auto rovina = [&](std::string testo) {
+        if (a_caso(4) == 0) testo.resize(a_caso(testo.size()));
+        for (std::size_t n = a_caso(4); n > 0 && !testo.empty(); --n)
+            testo[a_caso(testo.size())] = static_cast<char>(a_caso(256));
+        return testo;
+    };
+    int rifiutati = 0;
+    for (int giro = 0; giro < 20'000; ++giro) {
+        SCOPED_TRACE(giro);
+        const auto a = leggi_testo_lotto(rovina(lotto), nessuno);
+        const auto b = leggi_testo_superenalotto(rovina(superenalotto), nessuno);
+        const auto c = leggi_testo_winforlife(rovina(winforlife), nessuno);
+        rifiutati += !a + !b + !c;
+        if (a) {
+            for (const auto& r : *a)
+                ASSERT_TRUE(std::all_of(r.numeri.begin(), r.numeri.end(), [](Numero n) { return n <= 90; }));
+        } else {
+            ASSERT_THAT(a.error(), testing::AnyOf(testing::StartsWith("riga "), HasSubstr("non contiene")));
+        }
+    }
+    EXPECT_GT(rifiutati, 20'000);
+}
+
+}  // namespace
+}  // namespace sortimetra
