@@ -1,6 +1,6 @@
 #include "ricerca.h"
 #include "statistics/famiglie.h"
-#include "statistics/lente_serie.h"
+#include "support/lente_serie.h"
 
 #include <benchmark/benchmark.h>
 
@@ -52,24 +52,22 @@ void scomposizione(benchmark::State& stato, int combo_rit) {
     ricerca(stato, d);
 }
 
-#define MISURA(funzione, nome, ...) \
-    BENCHMARK_CAPTURE(funzione, nome, __VA_ARGS__)->Unit(benchmark::kMillisecond)
-
-MISURA(ricerca, paragone_90_numeri, domanda("ritardo e frequenza dei 90 numeri"));
-MISURA(serie, cinquine_dei_90_ambata, "cinquine dei 90", 0);
-MISURA(serie, cinquine_dei_90_ambo, "cinquine dei 90", 1);
-MISURA(serie_lenta, cinquine_dei_90_ambata, "cinquine dei 90", 1);
-MISURA(serie_lenta, cinquine_dei_90_ambo, "cinquine dei 90", 2);
-MISURA(serie, ambi_consecutivi_ambo, "ambi consecutivi", 1);
-MISURA(serie, cifre_ambata, "cifre", 0);
-MISURA(serie, cifre_ambo, "cifre", 1);
-MISURA(serie_lenta, cifre_ambo, "cifre", 2);
-MISURA(serie, cifre_ogni_ruota_ambo, "cifre", 1, true);
-MISURA(scomposizione, venti_numeri_cinquina_al_terno, 2);
-MISURA(capogioco, ambata_capogioco, "ambata capogioco", 0);
-MISURA(capogioco, ambo_capogioco_ambata, "ambo capogioco", 0);
-MISURA(capogioco, ambo_capogioco_ambo, "ambo capogioco", 1);
-MISURA(capogioco_lento, ambo_capogioco_ambata, true);
-MISURA(capogioco_lento, ambo_capogioco_ambo, false);
+BENCHMARK_CAPTURE(ricerca, paragone_90_numeri, domanda("ritardo e frequenza dei 90 numeri"))
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie, cinquine_dei_90_ambata, "cinquine dei 90", 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie, cinquine_dei_90_ambo, "cinquine dei 90", 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie_lenta, cinquine_dei_90_ambata, "cinquine dei 90", 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie_lenta, cinquine_dei_90_ambo, "cinquine dei 90", 2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie, ambi_consecutivi_ambo, "ambi consecutivi", 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie, cifre_ambata, "cifre", 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie, cifre_ambo, "cifre", 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie_lenta, cifre_ambo, "cifre", 2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(serie, cifre_ogni_ruota_ambo, "cifre", 1, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scomposizione, venti_numeri_cinquina_al_terno, 2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(capogioco, ambata_capogioco, "ambata capogioco", 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(capogioco, ambo_capogioco_ambata, "ambo capogioco", 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(capogioco, ambo_capogioco_ambo, "ambo capogioco", 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(capogioco_lento, ambo_capogioco_ambata, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(capogioco_lento, ambo_capogioco_ambo, false)->Unit(benchmark::kMillisecond);
 
 }  // namespace

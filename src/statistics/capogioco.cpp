@@ -133,7 +133,7 @@ Risultato ambo_capogioco(const ArchivioEstrazioni& archivio, const Domanda& doma
 
     // Every terno whose text holds a head number is written, also those that no row could touch.
     const Misura intatta{.ultimo = inizio_ambata(t)};
-    const auto e_capo = [=](int n) { return n == k1 || n == k2; };
+    const auto e_capo = [=](int n) { return n == k1 || n == k2 ? 1 : 0; };
     constexpr std::size_t kTerniDiDueCapi = 7744;
     Righe<3> righe{kTerniDiDueCapi};
     for (int a = 1; a <= kNumeri - 2; ++a)

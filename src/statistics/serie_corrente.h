@@ -33,7 +33,8 @@ struct SerieCorrente {
 [[nodiscard]] constexpr int presenti(std::span<const Numero> membro, const Numero* riga) {
     int quanti = 0;
     for (const Numero n : membro)
-        quanti += n != 0 && (n == riga[0] || n == riga[1] || n == riga[2] || n == riga[3] || n == riga[4]);
+        if (n != 0 && (n == riga[0] || n == riga[1] || n == riga[2] || n == riga[3] || n == riga[4]))
+            ++quanti;
     return quanti;
 }
 

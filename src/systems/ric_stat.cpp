@@ -61,7 +61,7 @@ Esito crea_cartella(const fs::path& cartella) {
 template <class... Passi>
 Esito in_fila(Passi&&... passi) {
     Esito esito;
-    ((esito = passi(), esito.has_value()) && ...);
+    static_cast<void>(((esito = passi(), esito.has_value()) && ...));
     return esito;
 }
 
@@ -142,7 +142,8 @@ std::optional<Sistema> sistema_da_griglia(std::string_view chiave, const Tabella
         s.combinazioni.push_back(cella.numeri);
     }
     // A grid without rows still says what it would hold.
-    if (const auto* gruppi = std::get_if<ColonnaGruppi>(&griglia.colonne.front()); s.k == 0 && gruppi)
+    if (const auto* gruppi = std::get_if<ColonnaGruppi>(&griglia.colonne.front());
+        s.k == 0 && gruppi != nullptr)
         s.k = gruppi->quanti;
     s.k = std::min(s.k, Combinazione{}.size());
     const Genere g = genere(s.k);
@@ -232,7 +233,7 @@ std::expected<Consegna, ErroreArchivio> scrivi_schedina(const fs::path& cartella
     consegna.programma_aperto = fs::exists(cartella / "sch", errore);
     if (consegna.programma_aperto) return consegna;
     if (auto scritto =
-            scrivi_file(cartella / "trans", fmt::format("\"{}\",\"{}\"{}", genere_s, kNome, kACapo));
+            scrivi_file(cartella / "trans", fmt::format(R"("{}","{}"{})", genere_s, kNome, kACapo));
         !scritto)
         return std::unexpected(std::move(scritto.error()));
     return consegna;

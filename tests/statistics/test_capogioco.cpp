@@ -1,7 +1,7 @@
 #include "catalogue/ricerche.h"
 #include "statistics/capogioco.h"
-#include "statistics/lente_serie.h"
 #include "support/archivi.h"
+#include "support/lente_serie.h"
 
 #include <gtest/gtest.h>
 

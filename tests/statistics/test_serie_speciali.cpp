@@ -1,10 +1,10 @@
 #include "archive/file_sicuro.h"
 #include "catalogue/ricerche.h"
 #include "statistics/famiglie.h"
-#include "statistics/lente_serie.h"
 #include "statistics/misura_serie.h"
 #include "statistics/serie_speciali.h"
 #include "support/archivi.h"
+#include "support/lente_serie.h"
 
 #include <gtest/gtest.h>
 

@@ -82,10 +82,7 @@ inline std::string ambo_capogioco_lento(const std::vector<RigaPiana>& righe, int
     };
     if (k1 == k2) {
         for (int c = 1; c <= 90; ++c)
-            if (c < k1)
-                scrivi(c, k1, k1);
-            else if (c > k1)
-                scrivi(k1, k1, c);
+            if (c != k1) scrivi(std::min(c, k1), k1, std::max(c, k1));
         return testo;
     }
     for (int a = 1; a <= 88; ++a)
