@@ -96,6 +96,9 @@ std::expected<FileSicuro, ErroreArchivio> FileSicuro::apri(const std::filesystem
     const bool esiste = stat(f.destinazione_.c_str(), &stato) == 0;
     if (esiste && S_ISDIR(stato.st_mode))
         return std::unexpected(ErroreArchivio{destinazione, "non si può scrivere: è una cartella"});
+    // A rename would put a plain file in the place of a device or a pipe.
+    if (esiste && !S_ISREG(stato.st_mode))
+        return std::unexpected(ErroreArchivio{destinazione, "non si può scrivere: non è un file"});
     for (int i = 0; i < kTentativi && f.descrittore_ < 0; ++i) {
         f.temporaneo_ = nome_temporaneo(f.destinazione_);
         // 0666 leaves the rights of a new file to the user's umask.

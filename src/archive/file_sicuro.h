@@ -20,7 +20,8 @@ namespace sortimetra {
 class FileSicuro {
   public:
     /// Makes the empty temporary. A destination that is a symbolic link is written where the link points.
-    /// Fails if the folder is missing or cannot be written, or if the destination is a folder.
+    /// Fails if the folder is missing or cannot be written, or if the destination is a folder,
+    /// a device or a pipe.
     [[nodiscard]] static std::expected<FileSicuro, ErroreArchivio> apri(
         const std::filesystem::path& destinazione);
 

@@ -2,6 +2,7 @@
 
 #include "archive/archivio.h"
 #include "archive/avanzamento.h"
+#include "printing/rapporto.h"
 #include "results/domanda.h"
 #include "results/risultato.h"
 
@@ -67,6 +68,8 @@ struct Ricerca {
     std::string_view frase{};          ///< what it counts, in one sentence for the user
     std::string_view tag{};            ///< the screen's mode where it differs from the key
     SelezioneRuote ruote{};            ///< wheels ticked when it opens
+    /// How its result is printed.
+    FunzioneRapporto rapporto = rapporto_griglia;
 
     [[nodiscard]] constexpr bool pronta() const { return esegui != nullptr; }
     [[nodiscard]] constexpr bool ammette(Opzione o) const { return (opzioni & o) != 0; }

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "archive/avanzamento.h"
+#include "archive/errore.h"
+#include "printing/easy_print.h"
+#include "results/risultato.h"
+
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace sortimetra {
+
+/// The four texts of a page's head. With an empty `ricerca` the head is the logo alone.
+struct Intestazione {
+    std::string ricerca{};
+    std::string ruote{};
+    std::string concorsi{};
+    std::string periodo{};
+    /// A line under the head of some searches, "" for none: which kind of hit was counted.
+    std::string nota{};
+
+    friend bool operator==(const Intestazione&, const Intestazione&) = default;
+};
+
+/// A report ready to be drawn: any page of it, in any order, so that a preview shows page 1,000 without
+/// drawing the others.
+struct Rapporto {
+    std::string titolo;  ///< name of the document
+    Orientamento orientamento = Orientamento::verticale;
+    int pagine = 1;
+    /// Draws page `pagina` (from 1) with its head and its foot. What it reads (the result above all) must
+    /// outlive the report.
+    std::function<void(EasyPrint&, int pagina)> disegna;
+};
+
+/// First and last page, both included. The default is the whole report.
+struct PagineScelte {
+    int da = 1;
+    int a = 0;  ///< 0: to the end
+
+    /// Both ends within 1 to `totale`, the first not after the last.
+    [[nodiscard]] PagineScelte entro(int totale) const;
+    friend bool operator==(PagineScelte, PagineScelte) = default;
+};
+
+/// What a report is made from. `ordine` is the grid's row order on the screen (see `ordina`); empty for the
+/// order of writing.
+struct MaterialeRapporto {
+    const Risultato& risultato;
+    Intestazione testa;
+    std::span<const std::uint32_t> ordine;
+};
+
+/// How the report of one kind of search is made.
+using FunzioneRapporto = Rapporto (*)(const MaterialeRapporto&);
+
+/// Draws the chosen pages, a new page between them, and ends the document. If `avanzamento` says stop the
+/// document is abandoned. Returns whether it was ended.
+bool stampa(EasyPrint& stampante, const Rapporto& rapporto, PagineScelte pagine, Avanzamento& avanzamento);
+
+/// Writes a report as a PDF (A4), whole or not at all. The drawing surface is a module of its own beside the
+/// program, loaded at the first call: no other command pays for it at start.
+[[nodiscard]] std::expected<void, ErroreArchivio> stampa_pdf(const Rapporto& rapporto,
+                                                             const std::filesystem::path& percorso,
+                                                             Avanzamento& avanzamento,
+                                                             PagineScelte pagine = {});
+
+// ---- what reports share ----
+
+/// Left edge and width of the band that every report keeps to, in mm.
+inline constexpr float kBanda = 190;
+/// Where that band begins: 10 on an upright sheet, centred on one that lies.
+[[nodiscard]] float inizio_banda(const EasyPrint& stampante);
+
+/// The product's logo, 190 x 20 mm.
+[[nodiscard]] const Immagine& logo();
+
+/// The head of every report on the current page.
+void stampa_intestazione(EasyPrint& stampante, std::string_view ricerca, std::string_view ruote,
+                         std::string_view concorsi, std::string_view periodo);
+/// The same with its note.
+void stampa_intestazione(EasyPrint& stampante, const Intestazione& testa);
+
+/// "Pagina n di m" at the foot, right; with `totale` 0 "Pagina n".
+void stampa_piede(EasyPrint& stampante, int pagina, int totale);
+
+/// The lines of a legend under each other, from y on at the band's left edge.
+void stampa_legenda(EasyPrint& stampante, float y, std::span<const std::string_view> righe);
+
+/// "(Ambi)", "(Terzine)" … for combinations of 2, 3, 4, 5, 6 and 10 numbers; "" for any other size.
+[[nodiscard]] std::string_view parola_combinazione(std::size_t numeri);
+
+/// Rows of one block of a printed grid.
+inline constexpr std::size_t kRigheBlocco = 45;
+
+/// Pages of a grid with that many rows, the title row not counted: two blocks a page, at least one page.
+[[nodiscard]] int pagine_griglia(std::size_t righe);
+
+/// One page of a grid of numbers: number or combination, frequency, delay, historic delay. Blocks of 45 rows,
+/// two side by side; a grid of one block has wide columns.
+void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<const std::uint32_t> ordine,
+                    int pagina);
+
+// ---- the reports ----
+
+/// Head and `stampa_griglia`: the report of every grid with the three measures. A result of another shape is
+/// printed by `rapporto_tabelle`.
+[[nodiscard]] Rapporto rapporto_griglia(const MaterialeRapporto& materiale);
+
+/// All tables of a result as ruled tables whose columns fit their content, cells with a colour of their own
+/// framed. Upright where they fit the band, else lying; a table too wide for that goes on in further pages
+/// with its first column repeated.
+[[nodiscard]] Rapporto rapporto_tabelle(const MaterialeRapporto& materiale);
+
+/// The fixed table of the 90 numbers' segnalimite, 45 rows in each of two column pairs.
+[[nodiscard]] Rapporto rapporto_segnalimite(const MaterialeRapporto& materiale);
+
+}  // namespace sortimetra
