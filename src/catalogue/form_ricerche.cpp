@@ -518,7 +518,6 @@ void form_ricerche::prima_attivazione() {
             tab_strip_->setCurrentIndex(scheda);
         cmd_ricerche_[static_cast<std::size_t>(gruppo_)]->setFocus();
     }
-    colora_gruppi();
     in_carica_ = false;
 }
 
@@ -613,7 +612,6 @@ void form_ricerche::cmdRicerche_Click(int indice) {
     }
     gruppo_ = indice;
     memoria_.scrivi_gruppo(indice);
-    colora_gruppi();
     if (tab_strip_->currentIndex() == 0) {
         carica_lista();
     } else {
@@ -633,7 +631,9 @@ void form_ricerche::TabStrip1_Click(int indice) {
 }
 
 void form_ricerche::colora_gruppi() {
-    for (std::size_t i = 0; i < frame_b_.size(); ++i) frame_b_[i]->premi(static_cast<int>(i) == gruppo_);
+    // While words are sought in all games no group is the one shown.
+    for (std::size_t i = 0; i < frame_b_.size(); ++i)
+        frame_b_[i]->premi(static_cast<int>(i) == gruppo_ && !cerca_attiva());
 }
 
 void form_ricerche::carica_lista() {
@@ -651,6 +651,7 @@ void form_ricerche::carica_lista() {
     lbl_elenco_->setText(testo(elenco.nome));
     lbl_quante_->setText(quante_ricerche(modello_->rowCount()));
     ripristina_riga();
+    colora_gruppi();
     aggiorna_dettaglio();
 }
 
@@ -679,6 +680,7 @@ void form_ricerche::filtra(const QString& scritto) {
     lbl_elenco_->setText(tr("In tutti i giochi"));
     lbl_quante_->setText(quante_ricerche(trovate));
     if (trovate > 0) griglia_->setCurrentIndex(modello_->index(0, 0));
+    colora_gruppi();
     aggiorna_dettaglio();
 }
 
