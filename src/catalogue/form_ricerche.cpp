@@ -6,6 +6,7 @@
 #include "catalogue/form_ricerche_elenco.h"
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_segnalimite.h"
+#include "catalogue/form_ricerche_ultima.h"
 #include "screens/tema.h"
 
 #include <QActionGroup>
@@ -20,6 +21,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -197,7 +199,7 @@ form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> sc
     poi(command1_);
 
     scorciatoie();
-    resize(1180, 720);
+    resize(QSize{1180, 720}.boundedTo(screen()->availableSize()));
     if (const auto posto = QSettings{}.value(QStringLiteral("finestre/form_ricerche")).toByteArray();
         !posto.isEmpty())
         restoreGeometry(posto);
@@ -427,6 +429,9 @@ QWidget* form_ricerche::componi_dettaglio() {
     piano->addWidget(lbl_nome_);
     piano->addWidget(lbl_frase_);
     piano->addStretch(1);
+    ultima_ = new UltimaEstrazione;
+    piano->addWidget(ultima_);
+    piano->addSpacing(2 * kPasso);
     piano->addWidget(lbl_impedimento_);
     piano->addWidget(cmd_conferma_);
     piano->addWidget(suggerimento);
@@ -702,11 +707,12 @@ const Ricerca* form_ricerche::ricerca_corrente() const {
 
 void form_ricerche::aggiorna_dettaglio() {
     const VoceElenco* voce = modello_->voce(griglia_->currentIndex().row());
+    lbl_impedimento_->setVisible(false);
     if (voce == nullptr) {
         lbl_dove_->clear();
         lbl_nome_->clear();
         lbl_frase_->clear();
-        lbl_impedimento_->clear();
+        ultima_->mostra(nullptr, Gioco::sistemi);
         cmd_conferma_->setEnabled(false);
         cmd_conferma_->setToolTip({});
         return;
@@ -720,6 +726,8 @@ void form_ricerche::aggiorna_dettaglio() {
     lbl_nome_->setText(testo(voce->nome));
     lbl_frase_->setText(testo(voce->ricerca->frase));
     lbl_impedimento_->setText(impedisce);
+    lbl_impedimento_->setVisible(!impedisce.isEmpty());
+    ultima_->mostra(archivio_ ? &*archivio_ : nullptr, voce->ricerca->gioco);
     cmd_conferma_->setEnabled(impedisce.isEmpty());
     cmd_conferma_->setToolTip(impedisce);
 }

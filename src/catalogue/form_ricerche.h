@@ -27,6 +27,7 @@ class FrameSegnalimite;
 class GrigliaElenco;
 class ModelloElenco;
 class PulsanteGruppo;
+class UltimaEstrazione;
 
 /// The main window: the catalogue of all searches. The user picks a game, a group and a search, and confirms;
 /// the catalogue hides while the search's screen is open. Closing it ends the program.
@@ -142,6 +143,7 @@ class form_ricerche final : public QWidget {
     QLabel* lbl_dove_ = nullptr;
     QLabel* lbl_nome_ = nullptr;
     QLabel* lbl_frase_ = nullptr;
+    UltimaEstrazione* ultima_ = nullptr;
     QLabel* lbl_impedimento_ = nullptr;
     QPushButton* cmd_conferma_ = nullptr;
     QWidget* frame_archivio_ = nullptr;
