@@ -313,6 +313,9 @@ QLabel[ruolo="avviso"] { color: @avviso@; }
 QLabel[ruolo="sezione"] { color: @testo_quieto@; font-weight: 600; }
 
 QFrame[ruolo="scheda"] { background: @superficie@; border: 1px solid @linea@; border-radius: 8px; }
+QFrame[ruolo="pannello"] { background: @superficie@; border: 1px solid @accento@; border-radius: 8px; }
+QFrame[ruolo="barra_fondo"] { background: @rilievo@; border: none; border-radius: 4px; }
+QFrame[ruolo="barra"] { background: @accento@; border: none; border-radius: 4px; }
 QFrame[ruolo="linea"] { background: @linea@; border: none; max-height: 1px; min-height: 1px; }
 
 QPushButton { background: @superficie@; color: @testo@; border: 1px solid @bordo@; border-radius: 6px;
@@ -345,6 +348,8 @@ QPushButton[ruolo="piatto"]:disabled { background: transparent; border-color: tr
 
 QPushButton[ruolo="ordina"] { background: @rilievo@; border: none; border-right: 1px solid @linea@;
               border-bottom: 1px solid @bordo@; border-radius: 0; padding: 5px 8px; font-weight: 600; }
+QPushButton[ruolo="ordina"][lato="destra"] { text-align: right; }
+QPushButton[ruolo="ordina"][lato="sinistra"] { text-align: left; }
 QPushButton[ruolo="ordina"]:hover { background: @linea@; }
 QPushButton[ruolo="ordina"]:focus { border: none; border-bottom: 2px solid @accento@; padding: 5px 8px 4px 8px; }
 QPushButton[ruolo="ordina"]:disabled { color: @spento@; }

@@ -1,0 +1,654 @@
+#include "screens/griglia_risultati.h"
+
+#include "screens/tema.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+/// Blank on each side of a cell's text.
+constexpr int kMargineCella = 2 * kPasso;
+/// A column narrower than this looks cramped; one that is given spare room stops at the other.
+constexpr int kColonnaMinima = 14 * kPasso;
+constexpr int kColonnaAgiata = 40 * kPasso;
+/// A text column of whole sentences is cut here; the cell shows the rest as its tooltip.
+constexpr int kColonnaMassima = 120 * kPasso;
+/// Side of the arrow in a sort button.
+constexpr int kFreccia = 3 * kPasso;
+
+constexpr std::array kChiaviPulsanteUno{"ricerche su tutti gli ambi", "ambata capogioco", "ambo capogioco"};
+
+QRgb mezzo(QRgb a, QRgb b) {
+    return qRgb((qRed(a) + qRed(b)) / 2, (qGreen(a) + qGreen(b)) / 2, (qBlue(a) + qBlue(b)) / 2);
+}
+
+/// Paints a cell with as little as it takes: ground, text, and the row of the current cell half way to the
+/// colour of a selection, so that the eye follows a line from its number to its last figure.
+class PittoreCelle final : public QStyledItemDelegate {
+  public:
+    explicit PittoreCelle(QTableView* vista) : QStyledItemDelegate{vista}, vista_{vista} {}
+
+    void paint(QPainter* pittore, const QStyleOptionViewItem& opzione, const QModelIndex& i) const override {
+        const Skin& s = skin_in_uso();
+        const auto colore = [&i](Qt::ItemDataRole ruolo) {
+            return i.data(ruolo).value<QBrush>().color().rgb();
+        };
+        QRgb fondo = colore(Qt::BackgroundRole);
+        QRgb testo = colore(Qt::ForegroundRole);
+        const QModelIndex corrente = vista_->currentIndex();
+        if ((opzione.state & QStyle::State_Selected) != 0) {
+            fondo = s.selezione;
+            testo = s.testo_selezione;
+        } else if (corrente.isValid() && corrente.row() == i.row()) {
+            fondo = mezzo(fondo, s.selezione);
+            testo = leggibile(testo, fondo);
+        }
+        pittore->fillRect(opzione.rect, QColor::fromRgb(fondo));
+        pittore->setPen(QColor::fromRgb(testo));
+        QFont carattere = opzione.font;
+        carattere.setBold(i.column() == 0);
+        pittore->setFont(carattere);
+        const QRect dove = opzione.rect.adjusted(kMargineCella, 0, -kMargineCella, 0);
+        const QString scritto = i.data(Qt::DisplayRole).toString();
+        const QFontMetrics misure{carattere};
+        pittore->drawText(dove, static_cast<int>(i.data(Qt::TextAlignmentRole).value<Qt::Alignment>()),
+                          misure.elidedText(scritto, Qt::ElideRight, dove.width()));
+        if (corrente == i && vista_->hasFocus()) {
+            pittore->setPen(QColor::fromRgb(s.accento));
+            pittore->drawRect(opzione.rect.adjusted(0, 0, -1, -1));
+        }
+    }
+
+  private:
+    QTableView* vista_;
+};
+
+}  // namespace
+
+void VistaGriglia::paintEvent(QPaintEvent* evento) {
+    const int sinistra = horizontalHeader()->length() - horizontalHeader()->offset();
+    if (model() != nullptr && sinistra < viewport()->width()) {
+        QPainter pittore{viewport()};
+        const Skin& s = skin_in_uso();
+        const int righe = model()->rowCount();
+        for (int r = std::max(0, rowAt(0)); r < righe; ++r) {
+            const int y = rowViewportPosition(r);
+            if (y >= viewport()->height()) break;
+            QRgb fondo = r % 2 == 0 ? s.tinta_a : s.tinta_b;
+            if (currentIndex().isValid() && currentIndex().row() == r) fondo = mezzo(fondo, s.selezione);
+            pittore.fillRect(sinistra, y, viewport()->width() - sinistra, rowHeight(r),
+                             QColor::fromRgb(fondo));
+        }
+    }
+    QTableView::paintEvent(evento);
+}
+
+/// The titles and the sort buttons, lined up with the columns of the view under them.
+class GrigliaRisultati::Testata final : public QWidget {
+  public:
+    explicit Testata(GrigliaRisultati* griglia) : QWidget{griglia}, griglia_{griglia} {}
+
+    [[nodiscard]] std::size_t righe_dipinte() const {
+        const auto& t = griglia_->modello_->tabella();
+        return t && t->titoli.size() > 1 ? t->titoli.size() : 0;
+    }
+    [[nodiscard]] int altezza_titolo() const { return fontMetrics().height() + 2 * kPasso; }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const Skin& s = skin_in_uso();
+        QPainter p{this};
+        p.fillRect(rect(), QColor::fromRgb(s.rilievo));
+        p.fillRect(0, height() - 1, width(), 1, QColor::fromRgb(s.bordo));
+        if (righe_dipinte() == 0) return;
+        const int base = height() - static_cast<int>(righe_dipinte()) * altezza_titolo();
+        const bool blocca = griglia_->bloccata_->isVisible();
+        const int fermo = blocca ? griglia_->bloccata_->columnWidth(0) + 1 : 0;
+        p.save();
+        p.setClipRect(fermo, 0, width() - fermo, height());
+        dipingi_titoli(p, base, 0);
+        p.restore();
+        if (blocca) {
+            p.setClipRect(0, 0, fermo, height());
+            p.fillRect(0, base, fermo, height() - base - 1, QColor::fromRgb(s.rilievo));
+            dipingi_titoli(p, base, griglia_->vista_->horizontalScrollBar()->value());
+        }
+    }
+    void mousePressEvent(QMouseEvent* e) override {
+        if (righe_dipinte() == 0 || e->position().y() < height() - altezza_titolo()) return;
+        const int x = static_cast<int>(e->position().x()) - 1;
+        const bool ferma = griglia_->bloccata_->isVisible() && x < griglia_->bloccata_->columnWidth(0);
+        const int colonna = ferma ? 0 : griglia_->vista_->columnAt(x);
+        if (colonna >= 0) griglia_->titolo_premuto(colonna);
+    }
+
+  private:
+    void dipingi_titoli(QPainter& p, int base, int scarto) const {
+        const Skin& s = skin_in_uso();
+        const auto& titoli = griglia_->modello_->tabella()->titoli;
+        const int n = griglia_->modello_->columnCount();
+        QFont carattere = font();
+        carattere.setBold(true);
+        p.setFont(carattere);
+        for (std::size_t r = 0; r < titoli.size(); ++r) {
+            const int y = base + static_cast<int>(r) * altezza_titolo();
+            const bool ultima = r + 1 == titoli.size();
+            for (int c = 0; c < n;) {
+                int fine = c + 1;
+                const auto titolo = [&](int i) -> const std::string& {
+                    return titoli[r][static_cast<std::size_t>(i)];
+                };
+                // A title spans the empty ones after it; the first column stands alone.
+                while (!ultima && c > 0 && fine < n && titolo(fine).empty()) ++fine;
+                const int sinistra = griglia_->vista_->columnViewportPosition(c) + 1 + scarto;
+                const int destra = griglia_->vista_->columnViewportPosition(fine - 1) +
+                                   griglia_->vista_->columnWidth(fine - 1) + 1 + scarto;
+                const QRect dove{sinistra, y, destra - sinistra, altezza_titolo()};
+                p.setPen(QColor::fromRgb(s.linea));
+                p.drawLine(dove.topRight(), dove.bottomRight());
+                p.setPen(QColor::fromRgb(s.testo));
+                const auto lato = fine - c > 1                      ? Qt::AlignHCenter
+                                  : griglia_->modello_->numerica(c) ? Qt::AlignRight
+                                                                    : Qt::AlignLeft;
+                p.drawText(dove.adjusted(kMargineCella, 0, -kMargineCella, 0),
+                           static_cast<int>(lato | Qt::AlignVCenter),
+                           QString::fromStdString(titolo(c)).trimmed());
+                c = fine;
+            }
+        }
+    }
+
+    GrigliaRisultati* griglia_;
+};
+
+GrigliaRisultati::GrigliaRisultati(QWidget* padre)
+    : QWidget{padre},
+      modello_{new ModelloRisultato{this}},
+      vista_{new VistaGriglia{this}},
+      bloccata_{new VistaGriglia{vista_}},
+      testata_{new Testata{this}},
+      frase_{new QLabel{vista_}},
+      barra_trova_{new QWidget{this}},
+      testo_trova_{new QLineEdit{barra_trova_}},
+      esito_trova_{new QLabel{barra_trova_}} {
+    vista_->setObjectName(QStringLiteral("MSHFlexGrid1"));
+    vista_->setAccessibleName(tr("Risultati"));
+    bloccata_->setObjectName(QStringLiteral("MSHFlexGrid1_prima_colonna"));
+    bloccata_->setFocusPolicy(Qt::NoFocus);
+    bloccata_->setFrameShape(QFrame::NoFrame);
+    bloccata_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    bloccata_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    bloccata_->hide();
+    for (VistaGriglia* v : {vista_, bloccata_}) {
+        v->setModel(modello_);
+        v->setItemDelegate(new PittoreCelle{v});
+        v->setShowGrid(false);
+        v->setWordWrap(false);
+        v->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        v->setSelectionMode(QAbstractItemView::ExtendedSelection);
+        v->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+        v->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+        v->setTabKeyNavigation(false);
+        v->horizontalHeader()->hide();
+        v->verticalHeader()->hide();
+        v->horizontalHeader()->setMinimumSectionSize(2 * kPasso);
+        v->verticalHeader()->setMinimumSectionSize(2 * kPasso);
+        v->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+        v->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(v, &QWidget::customContextMenuRequested, this,
+                [this, v](const QPoint& p) { mostra_menu(v->viewport()->mapToGlobal(p)); });
+        v->viewport()->installEventFilter(this);
+    }
+    bloccata_->setSelectionModel(vista_->selectionModel());
+    prendi_caratteri();
+
+    frase_->setAlignment(Qt::AlignCenter);
+    frase_->setWordWrap(true);
+    frase_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    assegna_ruolo(frase_, "quieto");
+
+    auto* riga_trova = new QHBoxLayout{barra_trova_};
+    riga_trova->setContentsMargins(0, 2 * kPasso, 0, 0);
+    riga_trova->setSpacing(2 * kPasso);
+    testo_trova_->setObjectName(QStringLiteral("txttrova"));
+    testo_trova_->setPlaceholderText(tr("Trova nel risultato"));
+    testo_trova_->setAccessibleName(tr("Trova nel risultato"));
+    testo_trova_->setMaximumWidth(80 * kPasso);
+    testo_trova_->addAction(icona(QStringLiteral("cerca"), TintaIcona::quieto), QLineEdit::LeadingPosition);
+    testo_trova_->installEventFilter(this);
+    assegna_ruolo(esito_trova_, "quieto");
+    const auto bottone = [this](const char* figura, const QString& nome, auto&& azione) {
+        auto* b = new QToolButton{barra_trova_};
+        b->setIcon(icona(QString::fromLatin1(figura)));
+        b->setToolTip(nome);
+        b->setAccessibleName(nome);
+        connect(b, &QToolButton::clicked, this, azione);
+        return b;
+    };
+    riga_trova->addWidget(testo_trova_, 1);
+    riga_trova->addWidget(bottone("su", tr("Precedente"), [this] { trova(-1); }));
+    riga_trova->addWidget(bottone("giu", tr("Successivo"), [this] { trova(1); }));
+    riga_trova->addWidget(esito_trova_);
+    riga_trova->addStretch(1);
+    riga_trova->addWidget(bottone("chiudi", tr("Chiudi la ricerca"), [this] {
+        barra_trova_->hide();
+        vista_->setFocus();
+    }));
+    barra_trova_->hide();
+
+    auto* colonna = new QVBoxLayout{this};
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(0);
+    colonna->addWidget(testata_);
+    colonna->addWidget(vista_, 1);
+    colonna->addWidget(barra_trova_);
+
+    connect(vista_->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { disponi(); });
+    connect(vista_->verticalScrollBar(), &QScrollBar::valueChanged, bloccata_->verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(bloccata_->verticalScrollBar(), &QScrollBar::valueChanged, vista_->verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(vista_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        // The whole line of the current cell is tinted, not the cell alone.
+        vista_->viewport()->update();
+        bloccata_->viewport()->update();
+        emit riga_cambiata();
+    });
+    connect(testo_trova_, &QLineEdit::textChanged, this, [this] {
+        cerca_corrispondenze();
+        if (!corrispondenze_.empty()) vai_a(0);
+    });
+
+    auto* copia_azione = new QAction{this};
+    copia_azione->setShortcut(QKeySequence::Copy);
+    copia_azione->setShortcutContext(Qt::WidgetShortcut);
+    connect(copia_azione, &QAction::triggered, this, &GrigliaRisultati::copia);
+    vista_->addAction(copia_azione);
+    setFocusProxy(vista_);
+    disponi();
+}
+
+void GrigliaRisultati::inizializza(const std::vector<std::vector<std::string>>& titoli) {
+    auto vuota = std::make_shared<Tabella>();
+    vuota->titoli = titoli;
+    vuota->colonne.resize(titoli.empty() ? 0 : titoli.back().size());
+    mostra(std::move(vuota));
+}
+
+void GrigliaRisultati::mostra(std::shared_ptr<const Tabella> tabella) {
+    modello_->mostra(std::move(tabella));
+    ordinamento_.reset();
+    ultimo_titolo_.reset();
+    crea_pulsanti();
+    adatta_colonne();
+    segna_ordinamento();
+    vista_->scrollToTop();
+    vista_->horizontalScrollBar()->setValue(0);
+    cerca_corrispondenze();
+    aggiorna_frase();
+    emit riga_cambiata();
+}
+
+void GrigliaRisultati::svuota() {
+    modello_->svuota();
+    ordinamento_.reset();
+    ultimo_titolo_.reset();
+    segna_ordinamento();
+    cerca_corrispondenze();
+    aggiorna_frase();
+    emit riga_cambiata();
+}
+
+void GrigliaRisultati::imposta_frase_vuota(const QString& frase) {
+    frase_->setText(frase);
+    aggiorna_frase();
+}
+
+void GrigliaRisultati::blocca_prima_colonna(bool si) {
+    blocca_ = si;
+    disponi();
+}
+
+void GrigliaRisultati::crea_pulsanti() {
+    const auto n = static_cast<std::size_t>(modello_->columnCount());
+    while (pulsanti_.size() > n) {
+        delete pulsanti_.back();
+        pulsanti_.pop_back();
+    }
+    while (pulsanti_.size() < n) {
+        const auto i = static_cast<int>(pulsanti_.size());
+        auto* b = new QPushButton{testata_};
+        b->setObjectName(QStringLiteral("cmdcol_%1").arg(i));
+        b->setProperty("tag", QString{});
+        b->setIconSize({kFreccia, kFreccia});
+        connect(b, &QPushButton::clicked, this, [this, i] { premi(i); });
+        b->show();
+        pulsanti_.push_back(b);
+    }
+    const bool titoli_dipinti = testata_->righe_dipinte() > 0;
+    for (std::size_t i = 0; i < n; ++i) {
+        QPushButton* b = pulsanti_[i];
+        const QString titolo = modello_->headerData(static_cast<int>(i), Qt::Horizontal).toString();
+        b->setText(titoli_dipinti ? QString{} : titolo);
+        b->setToolTip(tr("Ordina per questa colonna"));
+        b->setAccessibleName(
+            tr("Ordina per %1").arg(titolo.isEmpty() ? tr("colonna %1").arg(i + 1) : titolo));
+        // Sixty sort buttons would bury the grid in tab stops: there the context menu sorts.
+        b->setFocusPolicy(n <= 8 ? Qt::StrongFocus : Qt::ClickFocus);
+        const bool destra = modello_->numerica(static_cast<int>(i));
+        b->setProperty("lato", titoli_dipinti ? "centro" : destra ? "destra" : "sinistra");
+        assegna_ruolo(b, "ordina");
+    }
+}
+
+void GrigliaRisultati::prendi_caratteri() {
+    const QFont cifre = carattere_tabellare(QApplication::font());
+    for (VistaGriglia* v : {vista_, bloccata_}) {
+        v->setFont(cifre);
+        v->verticalHeader()->setDefaultSectionSize(QFontMetrics{cifre}.height() + 2 * kPasso);
+    }
+}
+
+QString GrigliaRisultati::titolo_piu_largo(int colonna) const {
+    QString largo;
+    const auto c = static_cast<std::size_t>(colonna);
+    const auto& titoli = modello_->tabella()->titoli;
+    for (std::size_t r = 0; r < titoli.size(); ++r) {
+        // A title with empty ones after it has their room too.
+        const bool si_allarga =
+            r + 1 < titoli.size() && c > 0 && c + 1 < titoli[r].size() && titoli[r][c + 1].empty();
+        const QString titolo = QString::fromStdString(titoli[r][c]).trimmed();
+        if (!si_allarga && titolo.size() > largo.size()) largo = titolo;
+    }
+    return largo;
+}
+
+void GrigliaRisultati::adatta_colonne() {
+    const int n = modello_->columnCount();
+    if (n == 0) return;
+    QFont grassetto = vista_->font();
+    grassetto.setBold(true);
+    const QFontMetrics celle{vista_->font()};
+    const QFontMetrics prima{grassetto};
+    QFont font_titoli = testata_->font();
+    font_titoli.setBold(true);
+    const QFontMetrics titoli{font_titoli};
+    std::vector<int> larghezze;
+    int somma = 0;
+    for (int c = 0; c < n; ++c) {
+        const QString titolo = titolo_piu_largo(c);
+        const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
+        const int testata = titoli.horizontalAdvance(titolo) + kFreccia + kPasso;
+        const int l = std::clamp(std::max(testo, testata) + 2 * kMargineCella + kPasso, kColonnaMinima,
+                                 kColonnaMassima);
+        larghezze.push_back(l);
+        somma += l;
+    }
+    // A narrow table takes some of the room that is left, up to a width at which a line is still one line.
+    const bool scorre =
+        modello_->rowCount() * vista_->verticalHeader()->defaultSectionSize() > vista_->viewport()->height();
+    const int barra = scorre && !vista_->verticalScrollBar()->isVisible()
+                          ? vista_->verticalScrollBar()->sizeHint().width()
+                          : 0;
+    const int libero = vista_->viewport()->width() - barra - somma;
+    const int aggiunta = libero > 0 ? libero / n : 0;
+    for (int c = 0; c < n; ++c) {
+        int& l = larghezze[static_cast<std::size_t>(c)];
+        if (l < kColonnaAgiata) l = std::min(kColonnaAgiata, l + aggiunta);
+        vista_->setColumnWidth(c, l);
+        bloccata_->setColumnHidden(c, c > 0);
+    }
+    bloccata_->setColumnWidth(0, larghezze.front());
+    disponi();
+}
+
+void GrigliaRisultati::disponi() {
+    const int riga = testata_->fontMetrics().height() + 3 * kPasso;
+    const auto dipinte = testata_->righe_dipinte();
+    const int striscia = dipinte > 0 ? 6 * kPasso : riga;
+    testata_->setFixedHeight(
+        modello_->columnCount() == 0 ? 0 : striscia + static_cast<int>(dipinte) * testata_->altezza_titolo());
+
+    const bool blocca = blocca_ && modello_->columnCount() > 1 &&
+                        vista_->horizontalHeader()->length() > vista_->viewport()->width();
+    const QRect porta = vista_->viewport()->geometry();
+    bloccata_->setGeometry(porta.x(), porta.y(), bloccata_->columnWidth(0), porta.height());
+    bloccata_->setVisible(blocca);
+    for (std::size_t i = 0; i < pulsanti_.size(); ++i) {
+        const int c = static_cast<int>(i);
+        const int x = blocca && c == 0 ? 0 : vista_->columnViewportPosition(c);
+        pulsanti_[i]->setGeometry(porta.x() + x, 0, vista_->columnWidth(c), striscia);
+    }
+    if (blocca && !pulsanti_.empty()) pulsanti_.front()->raise();
+    testata_->update();
+    frase_->setGeometry(porta.adjusted(6 * kPasso, 0, -6 * kPasso, 0));
+}
+
+void GrigliaRisultati::segna_ordinamento() {
+    for (std::size_t i = 0; i < pulsanti_.size(); ++i) {
+        const bool questa = ordinamento_ && ordinamento_->first == static_cast<int>(i);
+        const bool crescente = questa && ordinamento_->second == Verso::crescente;
+        // A button without a caption would be a blank: there the arrow shows always, quiet until it sorts.
+        const bool muto = pulsanti_[i]->text().isEmpty();
+        pulsanti_[i]->setIcon(questa || muto ? icona(crescente ? QStringLiteral("su") : QStringLiteral("giu"),
+                                                     questa ? TintaIcona::accento : TintaIcona::quieto)
+                                             : QIcon{});
+    }
+}
+
+void GrigliaRisultati::aggiorna_frase() {
+    frase_->setVisible(vuota() && !frase_->text().isEmpty());
+}
+
+void GrigliaRisultati::premi(int pulsante) {
+    if (pulsante < 0 || static_cast<std::size_t>(pulsante) >= pulsanti_.size()) return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool propria =
+        pulsante == 1 && std::any_of(kChiaviPulsanteUno.begin(), kChiaviPulsanteUno.end(),
+                                     [this](const char* c) { return chiave_ == QLatin1String(c); });
+    const int colonna = propria ? 0 : pulsante;
+    QPushButton* b = pulsanti_[static_cast<std::size_t>(pulsante)];
+    const bool crescente = !b->property("tag").toString().isEmpty();
+    b->setProperty("tag", crescente ? QString{} : QStringLiteral("0"));
+    ordina_colonna(colonna, crescente ? Verso::crescente : Verso::decrescente);
+    QApplication::restoreOverrideCursor();
+}
+
+void GrigliaRisultati::ordina_colonna(int colonna, Verso verso) {
+    if (vuota()) return;
+    // A selection of many single cells would cost more than the sort.
+    vista_->selectionModel()->clearSelection();
+    modello_->ordina_per(colonna, verso);
+    ordinamento_ = {colonna, verso};
+    segna_ordinamento();
+    vista_->scrollToTop();
+    cerca_corrispondenze();
+}
+
+void GrigliaRisultati::titolo_premuto(int colonna) {
+    const std::pair crescente{colonna, Verso::crescente};
+    const Verso verso = ultimo_titolo_ == crescente ? Verso::decrescente : Verso::crescente;
+    ultimo_titolo_ = {colonna, verso};
+    ordina_colonna(colonna, verso);
+}
+
+std::optional<std::size_t> GrigliaRisultati::riga_scelta() const {
+    const QModelIndex i = vista_->currentIndex();
+    if (!i.isValid()) return std::nullopt;
+    return modello_->riga_originale(i.row());
+}
+
+QString GrigliaRisultati::testo_selezione() const {
+    QItemSelection scelta = vista_->selectionModel()->selection();
+    const QModelIndex corrente = vista_->currentIndex();
+    const bool una_cella = scelta.size() == 1 && scelta[0].width() == 1 && scelta[0].height() == 1;
+    if ((scelta.isEmpty() || una_cella) && corrente.isValid())
+        scelta = {modello_->index(corrente.row(), 0),
+                  modello_->index(corrente.row(), modello_->columnCount() - 1)};
+    if (scelta.isEmpty()) return {};
+    // The rectangle round everything that is selected, with the cells that are not left empty.
+    int alto = scelta[0].top();
+    int basso = scelta[0].bottom();
+    int sinistra = scelta[0].left();
+    int destra = scelta[0].right();
+    for (const QItemSelectionRange& r : scelta) {
+        alto = std::min(alto, r.top());
+        basso = std::max(basso, r.bottom());
+        sinistra = std::min(sinistra, r.left());
+        destra = std::max(destra, r.right());
+    }
+    const bool intera = scelta.size() == 1;
+    QString testo;
+    for (int r = alto; r <= basso; ++r) {
+        QString riga;
+        bool qualcosa = intera;
+        for (int c = sinistra; c <= destra; ++c) {
+            if (c > sinistra) riga += QLatin1Char{'\t'};
+            if (!intera && !scelta.contains(modello_->index(r, c))) continue;
+            riga += modello_->testo(r, c);
+            qualcosa = true;
+        }
+        if (qualcosa) testo += riga + QLatin1Char{'\n'};
+    }
+    return testo;
+}
+
+void GrigliaRisultati::copia() const {
+    const QString testo = testo_selezione();
+    if (!testo.isEmpty()) QApplication::clipboard()->setText(testo);
+}
+
+void GrigliaRisultati::mostra_menu(const QPoint& dove) {
+    QMenu menu;
+    menu.setObjectName(QStringLiteral("menu_griglia"));
+    const int colonna = vista_->currentIndex().column();
+    const bool qualcosa = !vuota();
+    auto* a = menu.addAction(icona(QStringLiteral("copia")), tr("&Copia"), this, &GrigliaRisultati::copia);
+    a->setShortcut(QKeySequence::Copy);
+    a->setEnabled(qualcosa && vista_->currentIndex().isValid());
+    a = menu.addAction(tr("Seleziona &tutto"), vista_, &QTableView::selectAll);
+    a->setShortcut(QKeySequence::SelectAll);
+    a->setEnabled(qualcosa);
+    a = menu.addAction(icona(QStringLiteral("cerca")), tr("&Trova…"), this, &GrigliaRisultati::apri_trova);
+    a->setShortcut(QKeySequence::Find);
+    a->setEnabled(qualcosa);
+    menu.addSeparator();
+    a = menu.addAction(icona(QStringLiteral("giu")), tr("&Ordina per questa colonna"), this, [this, colonna] {
+        const bool girare =
+            ordinamento_ && ordinamento_->first == colonna && ordinamento_->second == Verso::decrescente;
+        ordina_colonna(colonna, girare ? Verso::crescente : Verso::decrescente);
+    });
+    a->setEnabled(qualcosa && colonna >= 0);
+    menu.addSeparator();
+    a = menu.addAction(icona(QStringLiteral("esporta")), tr("&Esporta…"), this,
+                       &GrigliaRisultati::esporta_richiesta);
+    a->setEnabled(qualcosa);
+    a = menu.addAction(icona(QStringLiteral("stampa")), tr("&Stampa…"), this,
+                       &GrigliaRisultati::stampa_richiesta);
+    a->setEnabled(qualcosa && stampabile_);
+    menu.exec(dove);
+}
+
+void GrigliaRisultati::apri_trova() {
+    if (vuota()) return;
+    barra_trova_->show();
+    testo_trova_->setFocus();
+    testo_trova_->selectAll();
+}
+
+void GrigliaRisultati::cerca_corrispondenze() {
+    corrispondenze_.clear();
+    corrente_ = 0;
+    const std::string cercato = testo_trova_->text().toLower().toStdString();
+    const auto& tabella = modello_->tabella();
+    if (cercato.empty() || !tabella || barra_trova_->isHidden()) {
+        esito_trova_->clear();
+        return;
+    }
+    std::string cella;
+    const int righe = modello_->rowCount();
+    const int colonne = modello_->columnCount();
+    for (int r = 0; r < righe; ++r) {
+        const std::size_t originale = modello_->riga_originale(r);
+        for (int c = 0; c < colonne; ++c) {
+            cella.clear();
+            tabella->aggiungi_testo(cella, originale, static_cast<std::size_t>(c));
+            // Only text columns have letters; numbers need no change of case.
+            const bool testo =
+                std::holds_alternative<ColonnaTesti>(tabella->colonne[static_cast<std::size_t>(c)]);
+            if (testo) cella = QString::fromStdString(cella).toLower().toStdString();
+            if (cella.find(cercato) != std::string::npos) corrispondenze_.emplace_back(r, c);
+        }
+    }
+    esito_trova_->setText(corrispondenze_.empty() ? tr("Nessuna corrispondenza") : QString{});
+}
+
+void GrigliaRisultati::vai_a(std::size_t corrispondenza) {
+    corrente_ = corrispondenza;
+    const auto [r, c] = corrispondenze_[corrente_];
+    const QModelIndex i = modello_->index(r, c);
+    vista_->selectionModel()->setCurrentIndex(i, QItemSelectionModel::ClearAndSelect);
+    vista_->scrollTo(i);
+    esito_trova_->setText(tr("%1 di %2").arg(corrente_ + 1).arg(corrispondenze_.size()));
+}
+
+void GrigliaRisultati::trova(int passo) {
+    const std::size_t n = corrispondenze_.size();
+    if (n > 0) vai_a((corrente_ + (passo > 0 ? 1 : n - 1)) % n);
+}
+
+bool GrigliaRisultati::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == testo_trova_ && evento->type() == QEvent::KeyPress) {
+        const auto* tasto = static_cast<QKeyEvent*>(evento);
+        if (tasto->key() == Qt::Key_Escape) {
+            barra_trova_->hide();
+            vista_->setFocus();
+            return true;
+        }
+        if (tasto->key() == Qt::Key_Return || tasto->key() == Qt::Key_Enter) {
+            trova((tasto->modifiers() & Qt::ShiftModifier) != 0 ? -1 : 1);
+            return true;
+        }
+    }
+    if (oggetto == vista_->viewport() && evento->type() == QEvent::Resize) disponi();
+    return QWidget::eventFilter(oggetto, evento);
+}
+
+void GrigliaRisultati::resizeEvent(QResizeEvent* evento) {
+    QWidget::resizeEvent(evento);
+    // Widths stay put once there is a result in them.
+    if (vuota()) adatta_colonne();
+    disponi();
+}
+
+void GrigliaRisultati::changeEvent(QEvent* evento) {
+    QWidget::changeEvent(evento);
+    if (evento->type() == QEvent::FontChange) {
+        prendi_caratteri();
+        adatta_colonne();
+    }
+    // Icons and grounds are drawn in the skin's colours at each painting: a new skin needs no more than that.
+    if (evento->type() == QEvent::StyleChange || evento->type() == QEvent::PaletteChange) disponi();
+}
+
+}  // namespace sortimetra

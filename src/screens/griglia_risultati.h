@@ -1,0 +1,125 @@
+#pragma once
+
+#include "screens/modello_risultato.h"
+
+#include <QString>
+#include <QTableView>
+#include <QWidget>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPushButton;
+
+namespace sortimetra {
+
+/// The table view of a grid. The bands of its rows go on to the right edge, beyond a narrow table's last
+/// column.
+class VistaGriglia final : public QTableView {
+    Q_OBJECT
+  public:
+    using QTableView::QTableView;
+
+  protected:
+    void paintEvent(QPaintEvent* evento) override;
+};
+
+/// A result grid: the sort buttons `cmdcol_0`, `cmdcol_1`, … over the view `MSHFlexGrid1`.
+///
+/// With one row of titles the buttons carry them and are the header; with more, the titles are painted (a
+/// title followed by empty ones spans them) and a strip of buttons stands above. Ctrl+C copies what is
+/// selected as tab-separated text (with one cell, its row), Ctrl+F opens a line that finds in the result.
+class GrigliaRisultati final : public QWidget {
+    Q_OBJECT
+  public:
+    explicit GrigliaRisultati(QWidget* padre = nullptr);
+
+    /// Titles without rows: what a screen shows before the first search.
+    void inizializza(const std::vector<std::vector<std::string>>& titoli);
+    /// Shows a table in the order of writing, its first row on top. The tags of the buttons stay.
+    void mostra(std::shared_ptr<const Tabella> tabella);
+    /// Takes the rows away; titles and the tags of the buttons stay.
+    void svuota();
+    [[nodiscard]] bool vuota() const { return modello_->rowCount() == 0; }
+
+    /// The key of the search: three of them have a sort rule of their own (see `premi`).
+    void imposta_chiave(const QString& chiave) { chiave_ = chiave; }
+    /// What an empty grid says.
+    void imposta_frase_vuota(const QString& frase);
+    /// Keeps the first column in sight when the table is wider than the window.
+    void blocca_prima_colonna(bool si);
+    /// Shows "Stampa" in the context menu as working.
+    void imposta_stampabile(bool si) { stampabile_ = si; }
+
+    /// The click on `cmdcol` i. With an empty tag it sorts descending and sets the tag "0"; else ascending
+    /// and clears it. It sorts column i, except that button 1 sorts column 0 for the keys "ricerche su tutti
+    /// gli ambi", "ambata capogioco" and "ambo capogioco". The first row comes to the top.
+    void premi(int pulsante);
+    /// Sorts one column, whatever the buttons' tags say.
+    void ordina_colonna(int colonna, Verso verso);
+    /// Column and direction of the last sort since the table was shown.
+    [[nodiscard]] std::optional<std::pair<int, Verso>> ordinamento() const { return ordinamento_; }
+
+    [[nodiscard]] ModelloRisultato* modello() const { return modello_; }
+    [[nodiscard]] QTableView* vista() const { return vista_; }
+    /// Row of the table (not of the sorted grid) that is current.
+    [[nodiscard]] std::optional<std::size_t> riga_scelta() const;
+
+    /// The selection as tab-separated lines, what Ctrl+C puts on the clipboard.
+    [[nodiscard]] QString testo_selezione() const;
+    void copia() const;
+    /// Opens the line that finds in the result.
+    void apri_trova();
+
+  signals:
+    void riga_cambiata();
+    void esporta_richiesta();
+    void stampa_richiesta();
+
+  protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
+
+  private:
+    class Testata;
+    friend class Testata;
+
+    void crea_pulsanti();
+    void adatta_colonne();
+    [[nodiscard]] QString titolo_piu_largo(int colonna) const;
+    void disponi();
+    void segna_ordinamento();
+    void aggiorna_frase();
+    void prendi_caratteri();
+    void titolo_premuto(int colonna);
+    void mostra_menu(const QPoint& dove);
+    void trova(int passo);
+    void cerca_corrispondenze();
+    void vai_a(std::size_t corrispondenza);
+
+    ModelloRisultato* modello_;
+    VistaGriglia* vista_;
+    VistaGriglia* bloccata_;
+    Testata* testata_;
+    QLabel* frase_;
+    QWidget* barra_trova_;
+    QLineEdit* testo_trova_;
+    QLabel* esito_trova_;
+    std::vector<QPushButton*> pulsanti_;
+    std::vector<std::pair<int, int>> corrispondenze_;  ///< row and column of the grid as it is sorted now
+    std::size_t corrente_ = 0;
+    QString chiave_;
+    std::optional<std::pair<int, Verso>> ordinamento_;
+    std::optional<std::pair<int, Verso>> ultimo_titolo_;
+    bool blocca_ = false;
+    bool stampabile_ = false;
+};
+
+}  // namespace sortimetra

@@ -1,0 +1,89 @@
+#include "screens/messaggi.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace sortimetra {
+
+namespace {
+
+Messaggi veri;
+Messaggi* in_uso = &veri;
+
+void mostra(QWidget* padre, QMessageBox::Icon figura, const QString& titolo, const QString& testo) {
+    QMessageBox riquadro{figura, titolo, testo, QMessageBox::Ok, padre};
+    riquadro.exec();
+}
+
+}  // namespace
+
+void Messaggi::informa(QWidget* padre, const QString& titolo, const QString& testo) {
+    mostra(padre, QMessageBox::Information, titolo, testo);
+}
+
+void Messaggi::avvisa(QWidget* padre, const QString& titolo, const QString& testo) {
+    mostra(padre, QMessageBox::Warning, titolo, testo);
+}
+
+bool Messaggi::chiede(QWidget* padre, const QString& titolo, const QString& testo) {
+    QMessageBox riquadro{QMessageBox::Question, titolo, testo, QMessageBox::NoButton, padre};
+    riquadro.addButton(QMessageBox::tr("&Sì"), QMessageBox::YesRole);
+    QPushButton* no = riquadro.addButton(QMessageBox::tr("&No"), QMessageBox::NoRole);
+    riquadro.setDefaultButton(no);
+    riquadro.setEscapeButton(no);
+    riquadro.exec();
+    return riquadro.clickedButton() != no;
+}
+
+std::optional<QString> Messaggi::file_da_scrivere(QWidget* padre, const QString& titolo,
+                                                  const QString& proposto, const QString& filtri,
+                                                  QString* filtro) {
+    const QString file = QFileDialog::getSaveFileName(padre, titolo, proposto, filtri, filtro);
+    return file.isEmpty() ? std::nullopt : std::optional{file};
+}
+
+std::optional<QString> Messaggi::file_da_leggere(QWidget* padre, const QString& titolo,
+                                                 const QString& cartella, const QString& filtri) {
+    const QString file = QFileDialog::getOpenFileName(padre, titolo, cartella, filtri);
+    return file.isEmpty() ? std::nullopt : std::optional{file};
+}
+
+Messaggi& messaggi() {
+    return *in_uso;
+}
+
+MessaggiDiProva::MessaggiDiProva() : precedente_{in_uso} {
+    in_uso = this;
+}
+
+MessaggiDiProva::~MessaggiDiProva() {
+    in_uso = precedente_;
+}
+
+void MessaggiDiProva::informa(QWidget*, const QString& titolo, const QString& testo) {
+    detti.append({titolo, testo});
+}
+
+void MessaggiDiProva::avvisa(QWidget*, const QString& titolo, const QString& testo) {
+    detti.append({titolo, testo});
+}
+
+bool MessaggiDiProva::chiede(QWidget*, const QString& titolo, const QString& testo) {
+    detti.append({titolo, testo});
+    return risposta;
+}
+
+std::optional<QString> MessaggiDiProva::file_da_scrivere(QWidget*, const QString&, const QString& offerto,
+                                                         const QString&, QString*) {
+    proposto = offerto;
+    return file;
+}
+
+std::optional<QString> MessaggiDiProva::file_da_leggere(QWidget*, const QString&, const QString& cartella,
+                                                        const QString&) {
+    proposto = cartella;
+    return file;
+}
+
+}  // namespace sortimetra

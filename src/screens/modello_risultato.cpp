@@ -1,0 +1,203 @@
+#include "screens/modello_risultato.h"
+
+#include "archive/testi.h"
+#include "screens/tema.h"
+
+#include <QBrush>
+#include <algorithm>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+/// The yellow of a hit, as searches write it.
+constexpr Colore kGialloTrovato = 65535;
+/// Characters from which a cell may be cut short on the screen.
+constexpr qsizetype kTestoLungo = 48;
+
+QString qtesto(std::string_view testo) {
+    const std::string_view t = rifila(testo);
+    return QString::fromUtf8(t.data(), static_cast<qsizetype>(t.size()));
+}
+
+/// Digits with signs, points, commas and a percent sign: text that stands to the right. "..." and an empty
+/// cell say nothing either way.
+enum class Aspetto { numero, testo, nessuno };
+
+Aspetto aspetto(std::string_view cella) {
+    cella = rifila(cella);
+    if (cella.empty() || cella == "...") return Aspetto::nessuno;
+    if (cella.ends_with('%')) cella = rifila(cella.substr(0, cella.size() - 1));
+    if (cella.starts_with('-') || cella.starts_with('+')) cella.remove_prefix(1);
+    if (cella.empty() || cella.front() < '0' || cella.front() > '9') return Aspetto::testo;
+    const bool numero = std::all_of(cella.begin(), cella.end(),
+                                    [](char c) { return (c >= '0' && c <= '9') || c == '.' || c == ','; });
+    return numero ? Aspetto::numero : Aspetto::testo;
+}
+
+bool e_numerica(const Colonna& colonna) {
+    if (std::holds_alternative<ColonnaInteri>(colonna)) return true;
+    const auto* testi = std::get_if<ColonnaTesti>(&colonna);
+    if (testi == nullptr) return false;
+    bool qualcuno = false;
+    for (const std::string& t : testi->valori) {
+        const Aspetto a = aspetto(t);
+        if (a == Aspetto::testo) return false;
+        qualcuno = qualcuno || a == Aspetto::numero;
+    }
+    return qualcuno;
+}
+
+}  // namespace
+
+void ModelloRisultato::mostra(std::shared_ptr<const Tabella> tabella) {
+    beginResetModel();
+    tabella_ = std::move(tabella);
+    ordine_.clear();
+    numerica_.clear();
+    if (tabella_)
+        for (const Colonna& c : tabella_->colonne) numerica_.push_back(e_numerica(c));
+    endResetModel();
+}
+
+void ModelloRisultato::svuota() {
+    if (!tabella_ || tabella_->righe() == 0) return;
+    auto vuota = std::make_shared<Tabella>();
+    vuota->nome = tabella_->nome;
+    vuota->titoli = tabella_->titoli;
+    vuota->colonne.resize(tabella_->n_colonne());
+    // The kind of a column outlives its rows, so that the titles do not jump from right to left.
+    const std::vector<bool> numerica = numerica_;
+    beginRemoveRows({}, 0, rowCount() - 1);
+    tabella_ = std::move(vuota);
+    ordine_.clear();
+    numerica_ = numerica;
+    endRemoveRows();
+}
+
+void ModelloRisultato::ordina_per(int colonna, Verso verso) {
+    if (!tabella_ || colonna < 0 || colonna >= columnCount() || rowCount() == 0) return;
+    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    const QModelIndexList vecchi = persistentIndexList();
+    std::vector<std::size_t> originali;
+    originali.reserve(static_cast<std::size_t>(vecchi.size()));
+    for (const QModelIndex& i : vecchi) originali.push_back(riga_originale(i.row()));
+
+    ordine_ = ordina(*tabella_, static_cast<std::size_t>(colonna), verso);
+
+    if (!vecchi.isEmpty()) {
+        std::vector<int> posto(ordine_.size());
+        for (std::size_t i = 0; i < ordine_.size(); ++i) posto[ordine_[i]] = static_cast<int>(i);
+        QModelIndexList nuovi;
+        nuovi.reserve(vecchi.size());
+        for (qsizetype i = 0; i < vecchi.size(); ++i)
+            nuovi.append(index(posto[originali[static_cast<std::size_t>(i)]], vecchi[i].column()));
+        changePersistentIndexList(vecchi, nuovi);
+    }
+    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+std::size_t ModelloRisultato::riga_originale(int riga) const {
+    const auto r = static_cast<std::size_t>(riga);
+    return ordine_.empty() ? r : ordine_[r];
+}
+
+QString ModelloRisultato::testo(int riga, int colonna) const {
+    return qtesto(tabella_->testo(riga_originale(riga), static_cast<std::size_t>(colonna)));
+}
+
+bool ModelloRisultato::numerica(int colonna) const {
+    const auto c = static_cast<std::size_t>(colonna);
+    return c < numerica_.size() && numerica_[c];
+}
+
+QString ModelloRisultato::testo_piu_largo(int colonna) const {
+    if (!tabella_ || tabella_->righe() == 0) return {};
+    const auto c = static_cast<std::size_t>(colonna);
+    const Colonna& dati = tabella_->colonne[c];
+    std::size_t scelta = 0;
+    if (const auto* interi = std::get_if<ColonnaInteri>(&dati)) {
+        // The two ends of the range are the candidates: the longest number or the longest negative one.
+        const auto [minimo, massimo] = std::minmax_element(interi->valori.begin(), interi->valori.end());
+        const auto riga = [&](auto it) { return static_cast<std::size_t>(it - interi->valori.begin()); };
+        const QString a = qtesto(tabella_->testo(riga(minimo), c));
+        const QString b = qtesto(tabella_->testo(riga(massimo), c));
+        return a.size() > b.size() ? a : b;
+    }
+    if (const auto* testi = std::get_if<ColonnaTesti>(&dati)) {
+        for (std::size_t r = 1; r < testi->valori.size(); ++r)
+            if (testi->valori[r].size() > testi->valori[scelta].size()) scelta = r;
+    }
+    return qtesto(tabella_->testo(scelta, c));
+}
+
+int ModelloRisultato::rowCount(const QModelIndex& padre) const {
+    return padre.isValid() || !tabella_ ? 0 : static_cast<int>(tabella_->righe());
+}
+
+int ModelloRisultato::columnCount(const QModelIndex& padre) const {
+    return padre.isValid() || !tabella_ ? 0 : static_cast<int>(tabella_->n_colonne());
+}
+
+QRgb ModelloRisultato::fondo(int riga, int colonna) const {
+    const Colore colore = tabella_->sfondo(riga_originale(riga), static_cast<std::size_t>(colonna));
+    if (colore != kNessunColore) return colore_schermo(colore);
+    return riga % 2 == 0 ? skin_in_uso().tinta_a : skin_in_uso().tinta_b;
+}
+
+QVariant ModelloRisultato::data(const QModelIndex& indice, int ruolo) const {
+    if (!indice.isValid() || !tabella_) return {};
+    switch (ruolo) {
+        case Qt::DisplayRole:
+            return testo(indice.row(), indice.column());
+        case Qt::TextAlignmentRole: {
+            const Qt::AlignmentFlag lato = numerica(indice.column()) ? Qt::AlignRight : Qt::AlignLeft;
+            return QVariant::fromValue(Qt::Alignment{lato | Qt::AlignVCenter});
+        }
+        case Qt::BackgroundRole:
+            return QBrush{QColor::fromRgb(fondo(indice.row(), indice.column()))};
+        case Qt::ForegroundRole: {
+            const auto riga = riga_originale(indice.row());
+            const auto colonna = static_cast<std::size_t>(indice.column());
+            const Colore dato = tabella_->primo_piano(riga, colonna);
+            const QRgb testo = dato == kNessunColore ? skin_in_uso().testo : colore_schermo(dato);
+            return QBrush{QColor::fromRgb(leggibile(testo, fondo(indice.row(), indice.column())))};
+        }
+        case Qt::ToolTipRole: {
+            // A text too long for any column.
+            const QString t = testo(indice.row(), indice.column());
+            return t.size() > kTestoLungo ? QVariant{t} : QVariant{};
+        }
+        default:
+            return {};
+    }
+}
+
+QVariant ModelloRisultato::headerData(int sezione, Qt::Orientation verso, int ruolo) const {
+    if (ruolo != Qt::DisplayRole || !tabella_ || sezione < 0) return {};
+    if (verso == Qt::Vertical) return sezione + 1;
+    const auto c = static_cast<std::size_t>(sezione);
+    if (tabella_->titoli.empty() || c >= tabella_->titoli.back().size()) return {};
+    return qtesto(tabella_->titoli.back()[c]);
+}
+
+QRgb colore_schermo(Colore colore) {
+    if (colore == kGialloTrovato) return skin_in_uso().trovato;
+    const auto c = static_cast<unsigned>(colore);
+    return qRgb(static_cast<int>(c & 0xFFU), static_cast<int>(c >> 8U & 0xFFU),
+                static_cast<int>(c >> 16U & 0xFFU));
+}
+
+QRgb leggibile(QRgb testo, QRgb fondo) {
+    const QRgb verso = testo_su(fondo);
+    for (int parte = 0; parte <= 10; ++parte) {
+        const auto m = [parte](int a, int b) { return a + (b - a) * parte / 10; };
+        const QRgb prova =
+            qRgb(m(qRed(testo), qRed(verso)), m(qGreen(testo), qGreen(verso)), m(qBlue(testo), qBlue(verso)));
+        if (contrasto(prova, fondo) >= 4.5) return prova;
+    }
+    return verso;
+}
+
+}  // namespace sortimetra

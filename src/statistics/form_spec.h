@@ -1,0 +1,38 @@
+#pragma once
+
+#include "results/risultato.h"
+
+#include <QWidget>
+#include <memory>
+
+class QLabel;
+
+namespace sortimetra {
+
+class GrigliaRisultati;
+
+/// The table of one family over all wheels: a row per member, a column per wheel, and the fixed text on the
+/// family under it.
+class Form_spec final : public QWidget {
+    Q_OBJECT
+  public:
+    explicit Form_spec(QWidget* padre = nullptr);
+
+    /// Shows a result made with the option of all wheels; the title is its key and " - Ritardo per ogni
+    /// ruota".
+    void mostra(const std::shared_ptr<const Risultato>& risultato);
+    /// The text of the family, from the label `descrizione` of the result.
+    void descrizione(const Risultato& risultato);
+    [[nodiscard]] GrigliaRisultati* griglia() const { return griglia_; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+
+  private:
+    QLabel* titolo_;
+    GrigliaRisultati* griglia_;
+    QLabel* descrizione_;
+    std::shared_ptr<const Risultato> risultato_;
+};
+
+}  // namespace sortimetra

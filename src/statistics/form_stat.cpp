@@ -1,0 +1,269 @@
+#include "statistics/form_stat.h"
+
+#include "screens/area_parametri.h"
+#include "screens/casella_cifre.h"
+#include "screens/griglia_risultati.h"
+#include "screens/messaggi.h"
+#include "screens/tema.h"
+#include "statistics/capogioco.h"
+#include "statistics/famiglie.h"
+#include "statistics/form_spec.h"
+#include "statistics/serie_speciali.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <string_view>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+constexpr std::string_view kScomposizione = "scomposizione";
+
+/// A named frame with its caption and its controls under it.
+QFrame* riquadro(const QString& nome, QLabel* scritta, std::initializer_list<QWidget*> controlli) {
+    auto* f = new QFrame;
+    f->setObjectName(nome);
+    auto* colonna = new QVBoxLayout{f};
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(kPasso);
+    colonna->addWidget(scritta);
+    auto* riga = new QHBoxLayout;
+    riga->setSpacing(2 * kPasso);
+    for (QWidget* c : controlli) riga->addWidget(c);
+    colonna->addLayout(riga);
+    return f;
+}
+
+QLabel* etichetta(const QString& testo, QWidget* compagno) {
+    auto* l = new QLabel{testo};
+    l->setBuddy(compagno);
+    assegna_ruolo(l, "sezione");
+    compagno->setAccessibleName(testo);
+    return l;
+}
+
+}  // namespace
+
+Form_stat::Form_stat(Sessione& sessione, QWidget* padre)
+    : SchermoRicerca{sessione, QStringLiteral("Form_stat"), padre} {
+    componi_riquadri();
+    componi_comandi();
+}
+
+void Form_stat::componi_riquadri() {
+    capogioco_ = new CasellaCifre;
+    capogioco_->setObjectName(QStringLiteral("txtcapogioco"));
+    frame_capogioco_ = riquadro(QStringLiteral("FrameCapogioco"),
+                                etichetta(tr("Ambata Capogioco"), capogioco_), {capogioco_});
+
+    for (std::size_t i = 0; i < ambo_capo_.size(); ++i) {
+        ambo_capo_[i] = new CasellaCifre;
+        ambo_capo_[i]->setObjectName(QStringLiteral("txtAmboCapo_%1").arg(i));
+    }
+    frame_ambo_capo_ =
+        riquadro(QStringLiteral("FrameAmboCapo"), etichetta(tr("Ambo Capogioco"), ambo_capo_[0]),
+                 {ambo_capo_[0], ambo_capo_[1]});
+    ambo_capo_[0]->setAccessibleName(tr("Ambo Capogioco, primo numero"));
+    ambo_capo_[1]->setAccessibleName(tr("Ambo Capogioco, secondo numero"));
+
+    combo_rit_ = new QComboBox;
+    combo_rit_->setObjectName(QStringLiteral("ComboRit"));
+    frame_rit_ = riquadro(QStringLiteral("FrameRit"), etichetta(tr("Rit. e Freq. Relativi"), combo_rit_),
+                          {combo_rit_});
+
+    estratto_ = new QComboBox;
+    estratto_->setObjectName(QStringLiteral("cmbEstratto"));
+    for (int i = 1; i <= kEstratti; ++i) estratto_->addItem(tr("%1° Estratto").arg(i));
+    frame_estratto_ = riquadro(QStringLiteral("FrameEstratto"),
+                               etichetta(tr("Seleziona l'estratto"), estratto_), {estratto_});
+
+    for (QFrame* f : {frame_capogioco_, frame_ambo_capo_, frame_rit_, frame_estratto_}) {
+        f->hide();
+        colonna_extra()->addWidget(f);
+    }
+
+    // A choice made by hand asks the question again at once; one made by the program does not.
+    connect(combo_rit_, &QComboBox::activated, this, [this] { avvia(); });
+    connect(combo_rit_, &QComboBox::currentIndexChanged, this, [this](int i) {
+        if (!frame_rit_->isHidden()) indice_combo_ = i;
+    });
+    // A result of another capo or another estratto must not stay beside the new one.
+    for (QLineEdit* casella : {capogioco_, ambo_capo_[0], ambo_capo_[1]})
+        connect(casella, &QLineEdit::textEdited, this, [this] { svuota(); });
+    connect(estratto_, &QComboBox::currentIndexChanged, this, [this] { svuota(); });
+}
+
+void Form_stat::componi_comandi() {
+    cmd_spec_ = new QPushButton{tr("Tabella riepilogativa dei ritardi su tutte  le ruote"), this};
+    cmd_spec_->setObjectName(QStringLiteral("cmdSpec"));
+    cmd_spec_->setIcon(icona(QStringLiteral("tabella")));
+    riga_comandi()->addWidget(cmd_spec_);
+    connect(cmd_spec_, &QPushButton::clicked, this, &Form_stat::apri_tabella_ruote);
+
+    schedine_ = new QPushButton{tr("Schedine"), this};
+    schedine_->setObjectName(QStringLiteral("Command2"));
+    schedine_->setIcon(icona(QStringLiteral("schedina")));
+    riga_comandi()->addWidget(schedine_);
+    connect(schedine_, &QPushButton::clicked, this, [this] {
+        if (const auto riga = griglia()->riga_scelta(); riga && esegui_schedina_)
+            esegui_schedina_(lavoro(), *riga);
+    });
+
+    combo_comb_ = new QComboBox{this};
+    combo_comb_->setObjectName(QStringLiteral("ComboComb"));
+    etichetta_comb_ = etichetta(tr("N. Comb."), combo_comb_);
+    riga_comandi()->addWidget(etichetta_comb_);
+    riga_comandi()->addWidget(combo_comb_);
+
+    for (std::size_t i = 0; i < analisi_.size(); ++i) {
+        auto* b = new QPushButton{tr("Analisi Gruppo"), this};
+        b->setObjectName(QStringLiteral("Command%1").arg(i + 3));
+        b->setIcon(icona(QStringLiteral("analisi")));
+        riga_comandi()->addWidget(b);
+        connect(b, &QPushButton::clicked, this, [this] {
+            if (esegui_analisi_)
+                esegui_analisi_(lavoro(), combo_comb_->isHidden() ? 0 : combo_comb_->currentIndex() + 1);
+        });
+        analisi_[i] = b;
+    }
+}
+
+void Form_stat::imposta_serie(std::vector<int> numeri, int sorte) {
+    numeri_ = std::move(numeri);
+    sorte_ = sorte;
+}
+
+void Form_stat::imposta_schedina(std::function<void(const LavoroStampa&, std::size_t)> schedina) {
+    esegui_schedina_ = std::move(schedina);
+    aggiorna_comandi();
+}
+
+void Form_stat::imposta_analisi(std::function<void(const LavoroStampa&, int)> analisi) {
+    esegui_analisi_ = std::move(analisi);
+    aggiorna_comandi();
+}
+
+void Form_stat::inizializza_griglia() {
+    const Ricerca& r = *ricerca();
+    const bool serie = trova_famiglia(r.chiave) != nullptr;
+    frame_capogioco_->setVisible(r.ammette(kOpzCapogioco));
+    frame_ambo_capo_->setVisible(r.ammette(kOpzAmboCapo));
+    frame_estratto_->setVisible(r.ammette(kOpzEstratto));
+    frame_rit_->setVisible(r.ammette(kOpzTipo));
+    riempi_combo_rit();
+    cmd_spec_->setVisible(r.ammette(kOpzTutteLeRuote));
+    schedine_->setVisible(r.ammette(kOpzSchedina) || serie);
+    analisi_[0]->setVisible(r.ammette(kOpzCapogioco));
+    analisi_[1]->setVisible(r.ammette(kOpzAmboCapo));
+    analisi_[2]->setVisible(serie);
+    combo_comb_->clear();
+    combo_comb_->setVisible(r.ammette(kOpzAmboCapo));
+    etichetta_comb_->setVisible(r.ammette(kOpzAmboCapo));
+    capogioco_->clear();
+    for (CasellaCifre* c : ambo_capo_) c->clear();
+    estratto_->setCurrentIndex(0);
+    if (spec_ != nullptr) spec_->close();
+    griglia()->inizializza({titoli_serie(r.chiave)});
+}
+
+void Form_stat::riempi_combo_rit() {
+    const QSignalBlocker zitto{combo_rit_};
+    combo_rit_->clear();
+    if (ricerca()->chiave == kScomposizione)
+        combo_rit_->addItems({tr("all' Ambata"), tr("all' Ambo"), tr("al Terno")});
+    else
+        combo_rit_->addItems({tr("all'Ambata"), tr("all'Ambo")});
+    combo_rit_->setCurrentIndex(0);
+    if (ricerca()->ammette(kOpzTipo)) indice_combo_ = 0;
+}
+
+Parametri Form_stat::parametri() const {
+    Parametri p;
+    const Ricerca& r = *ricerca();
+    if (r.ammette(kOpzTipo)) p.combo_rit = combo_rit_->currentIndex();
+    if (r.ammette(kOpzCapogioco)) p.capogioco = {capogioco_->numero()};
+    if (r.ammette(kOpzAmboCapo)) p.capogioco = {ambo_capo_[0]->numero(), ambo_capo_[1]->numero()};
+    if (r.ammette(kOpzEstratto)) p.estratto = estratto_->currentIndex() + 1;
+    if (r.ammette(kOpzNumeri)) p.numeri = numeri_;
+    if (r.ammette(kOpzSorte)) p.sorte = sorte_;
+    return p;
+}
+
+void Form_stat::mostra(const std::shared_ptr<const Risultato>& risultato) {
+    SchermoRicerca::mostra(risultato);
+    combo_comb_->clear();
+    if (!ricerca()->ammette(kOpzAmboCapo)) return;
+    const int righe = griglia()->modello()->rowCount();
+    for (int i = 1; i <= righe; ++i) combo_comb_->addItem(QString::number(i));
+    combo_comb_->setCurrentIndex(righe - 1);
+}
+
+void Form_stat::mostra_messaggio(const std::string& testo) {
+    const auto dice = [this, &testo](const QString& titolo) {
+        messaggi().informa(this, titolo, QString::fromStdString(testo));
+    };
+    if (testo == kCapogiocoNonValido) {
+        dice({});
+        capogioco_->setFocus();
+    } else if (testo == kCapigiocoNonValidi) {
+        dice({});
+        ambo_capo_[0]->setFocus();
+    } else if (testo == kFileDanneggiato) {
+        dice(QString::fromUtf8(kTitoloFileDanneggiato.data(),
+                               static_cast<qsizetype>(kTitoloFileDanneggiato.size())));
+    } else {
+        SchermoRicerca::mostra_messaggio(testo);
+    }
+}
+
+void Form_stat::aggiorna_comandi() {
+    SchermoRicerca::aggiorna_comandi();
+    if (ricerca() == nullptr) return;
+    const bool qualcosa = risultato() != nullptr && !griglia()->vuota();
+    const bool ammessa = ricerca()->ammette(kOpzSchedina);
+    const bool riga = griglia()->riga_scelta().has_value();
+    schedine_->setEnabled(qualcosa && ammessa && riga && esegui_schedina_ != nullptr);
+    schedine_->setToolTip(!ammessa                      ? tr("Da questa ricerca non si ricavano schedine.")
+                          : esegui_schedina_ == nullptr ? tr("Le schedine non sono ancora disponibili.")
+                          : !qualcosa || !riga          ? tr("Scegli prima una riga del risultato.")
+                                               : tr("Passa i numeri della riga scelta alle schedine."));
+    for (QPushButton* b : analisi_) {
+        b->setEnabled(qualcosa && esegui_analisi_ != nullptr);
+        b->setToolTip(esegui_analisi_ == nullptr ? tr("L'analisi di gruppo non è ancora disponibile.")
+                      : qualcosa                 ? tr("Analizza come un gruppo le serie sullo schermo.")
+                                                 : tr("Avvia prima la ricerca."));
+    }
+    combo_comb_->setEnabled(qualcosa && combo_comb_->count() > 0);
+}
+
+void Form_stat::apri_tabella_ruote() {
+    if (in_corsa()) return;
+    area()->riporta_tratto();
+    Domanda d = domanda();
+    d.parametri.tutte_le_ruote = true;
+    const auto risposta = corri(*ricerca(), std::move(d));
+    if (!risposta) return;
+    if (risposta->prodotto) {
+        if (spec_ == nullptr) spec_ = new Form_spec{this};
+        spec_->mostra(risposta);
+    }
+    for (const std::string& m : risposta->messaggi) mostra_messaggio(m);
+}
+
+LavoroStampa Form_stat::lavoro() const {
+    return {.finestra = window(),
+            .ricerca = ricerca(),
+            .risultato = risultato(),
+            .ordine = griglia()->modello()->ordine(),
+            .domanda = domanda(),
+            .concorsi = area()->testo_concorsi(),
+            .periodo = area()->testo_intervallo()};
+}
+
+}  // namespace sortimetra

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "screens/schermo_ricerca.h"
+
+#include <array>
+#include <functional>
+#include <vector>
+
+class QComboBox;
+class QFrame;
+class QLabel;
+
+namespace sortimetra {
+
+class CasellaCifre;
+class Form_spec;
+
+/// The screen of nearly all statistics: numbers, ambi, terni, capogioco, series, and the same for the other
+/// games. One screen, set on a search by its row of the dispatch table: which controls show follows from the
+/// row's options, what runs is the row's function.
+class Form_stat final : public SchermoRicerca {
+    Q_OBJECT
+  public:
+    explicit Form_stat(Sessione& sessione, QWidget* padre = nullptr);
+
+    /// The user's numbers and the bet of a decomposition, set by the screen that opens it.
+    void imposta_serie(std::vector<int> numeri, int sorte);
+
+    /// Hands a row of the result (in the order of writing, from 0) to the slip program; `Command2` is
+    /// disabled without it.
+    void imposta_schedina(std::function<void(const LavoroStampa&, std::size_t riga)> schedina);
+    /// Runs the group analysis on what the screen shows; `combinazioni` is what `ComboComb` says, 0 where it
+    /// does not show. `Command3`, `Command4` and `Command5` are disabled without it.
+    void imposta_analisi(std::function<void(const LavoroStampa&, int combinazioni)> analisi);
+
+    /// Index of `ComboRit` as it was left, -1 if no search of this run has offered it: another screen reads
+    /// it.
+    [[nodiscard]] int indice_combo() const { return indice_combo_; }
+    void inizializza_griglia() override;
+    [[nodiscard]] Form_spec* tabella_ruote() const { return spec_; }
+
+  protected:
+    [[nodiscard]] Parametri parametri() const override;
+    void mostra(const std::shared_ptr<const Risultato>& risultato) override;
+    void mostra_messaggio(const std::string& testo) override;
+    void aggiorna_comandi() override;
+
+  private:
+    void componi_riquadri();
+    void componi_comandi();
+    void riempi_combo_rit();
+    void apri_tabella_ruote();
+    [[nodiscard]] LavoroStampa lavoro() const;
+
+    QFrame* frame_rit_;
+    QComboBox* combo_rit_;
+    QFrame* frame_capogioco_;
+    CasellaCifre* capogioco_;
+    QFrame* frame_ambo_capo_;
+    std::array<CasellaCifre*, 2> ambo_capo_{};
+    QFrame* frame_estratto_;
+    QComboBox* estratto_;
+    QLabel* etichetta_comb_;
+    QComboBox* combo_comb_;
+    QPushButton* cmd_spec_;
+    QPushButton* schedine_;
+    std::array<QPushButton*, 3> analisi_{};
+    Form_spec* spec_ = nullptr;
+
+    int indice_combo_ = -1;
+    std::vector<int> numeri_;
+    int sorte_ = 2;
+    std::function<void(const LavoroStampa&, std::size_t)> esegui_schedina_;
+    std::function<void(const LavoroStampa&, int)> esegui_analisi_;
+};
+
+}  // namespace sortimetra
