@@ -158,19 +158,26 @@ std::expected<void, ErroreArchivio> FileSicuro::scrivi(std::string_view byte) {
 }
 
 std::expected<void, ErroreArchivio> FileSicuro::svuota() {
+    // EINVAL and the like: a file system without synchronisation. A disk that failed says EIO or ENOSPC.
+    if (descrittore_ >= 0 && fsync(descrittore_) != 0 && errno != EINVAL && errno != ENOTSUP) {
+        const int codice = errno;
+        close(std::exchange(descrittore_, -1));
+        return std::unexpected(errore("la scrittura non è riuscita", codice));
+    }
+    return chiudi();
+}
+
+std::expected<void, ErroreArchivio> FileSicuro::chiudi() {
     if (temporaneo_.empty())
         return std::unexpected(ErroreArchivio{destinazione_, "la scrittura è già conclusa"});
-    // EINVAL and the like: a file system without synchronisation. A disk that failed says EIO or ENOSPC.
-    if (descrittore_ >= 0) {
-        const int esito = fsync(descrittore_);
-        const int codice = errno;
-        const int chiusura = close(std::exchange(descrittore_, -1));
-        if (esito != 0 && codice != EINVAL && codice != ENOTSUP)
-            return std::unexpected(errore("la scrittura non è riuscita", codice));
-        if (chiusura != 0 && errno != EINTR)
-            return std::unexpected(errore("la scrittura non è riuscita", errno));
-    }
+    if (descrittore_ >= 0 && close(std::exchange(descrittore_, -1)) != 0 && errno != EINTR)
+        return std::unexpected(errore("la scrittura non è riuscita", errno));
     return {};
+}
+
+std::expected<void, ErroreArchivio> FileSicuro::conferma_subito() {
+    if (auto esito = chiudi(); !esito) return esito;
+    return rinomina();
 }
 
 std::expected<void, ErroreArchivio> FileSicuro::rinomina() {

@@ -40,14 +40,20 @@ class FileSicuro {
     /// Waits until the bytes are on the disk, then renames. To be called once.
     [[nodiscard]] std::expected<void, ErroreArchivio> conferma();
 
-    /// The same for several files that belong together: all of them are replaced, or none. (Only a machine
-    /// that stops between two renames can leave a new file beside an old one; each of them is whole.)
+    /// Renames without waiting for the disk: for a small memory that is written at every key. A power cut may
+    /// then cost that file.
+    [[nodiscard]] std::expected<void, ErroreArchivio> conferma_subito();
+
+    /// The same as `conferma` for several files that belong together: all of them are replaced, or none.
+    /// (Only a machine that stops between two renames can leave a new file beside an old one; each of them is
+    /// whole.)
     [[nodiscard]] static std::expected<void, ErroreArchivio> conferma_tutti(std::span<FileSicuro> file);
 
   private:
     FileSicuro() = default;
     [[nodiscard]] ErroreArchivio errore(std::string_view cosa, int codice) const;
     [[nodiscard]] std::expected<void, ErroreArchivio> svuota();
+    [[nodiscard]] std::expected<void, ErroreArchivio> chiudi();
     [[nodiscard]] std::expected<void, ErroreArchivio> rinomina();
     void abbandona() noexcept;
 

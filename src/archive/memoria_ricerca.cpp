@@ -1,19 +1,16 @@
 #include "archive/memoria_ricerca.h"
 
+#include "archive/file_sicuro.h"
 #include "archive/testi.h"
 #include "archive/testo_ini.h"
 #include "archive/windows1252.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <charconv>
 #include <chrono>
-#include <cstdlib>
-#include <fstream>
 #include <system_error>
 #include <thread>
 
@@ -78,23 +75,6 @@ std::string file_predefinito() {
     return testo;
 }
 
-/// The bytes of a small regular file. Nothing where it is missing, cannot be read, is no file (a folder, a
-/// pipe that would never end) or is too large.
-std::optional<std::string> leggi_piccolo(const fs::path& file) {
-    std::error_code errore;
-    if (!fs::is_regular_file(file, errore)) return std::nullopt;
-    std::ifstream flusso{file, std::ios::binary};
-    if (!flusso) return std::nullopt;
-    std::string testo;
-    char pezzo[8192];
-    while (flusso.read(pezzo, sizeof pezzo), flusso.gcount() > 0) {
-        testo.append(pezzo, static_cast<std::size_t>(flusso.gcount()));
-        if (testo.size() > kDimensioneMassima) return std::nullopt;
-    }
-    if (flusso.bad()) return std::nullopt;
-    return testo;
-}
-
 /// A lock that all instances working in a folder take for the time of one change. It is held on the folder
 /// itself, so that it leaves no file behind, and ends with the process whatever happens.
 class ChiaveCartella {
@@ -119,20 +99,11 @@ class ChiaveCartella {
     bool presa_ = false;
 };
 
-/// Replaces a file whole: a temporary beside it, then a rename. It is not forced onto the disk: what a power
-/// cut can cost is the row that was highlighted last.
+/// Errors are ignored: the file stays as it was. It is not forced onto the disk, since this happens at every
+/// arrow key: what a power cut can cost is the row that was highlighted.
 void scrivi_piccolo(const fs::path& file, std::string_view testo) {
-    std::string provvisorio = file.string() + ".XXXXXX";
-    const int fd = ::mkostemp(provvisorio.data(), O_CLOEXEC);
-    if (fd < 0) return;
-    bool bene = ::fchmod(fd, 0644) == 0;
-    while (bene && !testo.empty()) {
-        const auto n = ::write(fd, testo.data(), testo.size());
-        if (n <= 0) bene = false;
-        if (n > 0) testo.remove_prefix(static_cast<std::size_t>(n));
-    }
-    if (::close(fd) != 0) bene = false;
-    if (!bene || std::rename(provvisorio.c_str(), file.c_str()) != 0) ::unlink(provvisorio.c_str());
+    auto nuovo = FileSicuro::apri(file);
+    if (nuovo && nuovo->scrivi(testo)) (void)nuovo->conferma_subito();
 }
 
 }  // namespace
@@ -143,7 +114,7 @@ bool MemoriaRicerca::esiste() const {
 }
 
 std::string MemoriaRicerca::leggi_memoria(std::string_view tipo, std::string_view chiave) const {
-    const auto testo = leggi_piccolo(file_);
+    const auto testo = leggi_file(file_, kDimensioneMassima);
     if (!testo) return "0";
     const auto valore = tipo == "tipo"   ? valore_ini(*testo, kTipoRic, "index")
                         : tipo == "nome" ? valore_ini(*testo, kNomeRic, chiave)
@@ -176,18 +147,18 @@ void MemoriaRicerca::scrivi_selezione(int gruppo, std::string_view nome, int pri
 void MemoriaRicerca::scrivi(std::initializer_list<Scrittura> scritture) {
     const ChiaveCartella chiave{file_.parent_path()};
     if (!chiave) return;
-    const auto prima = leggi_piccolo(file_);
+    const auto prima = leggi_file(file_, kDimensioneMassima);
     // There, but not readable: better an old memory than one written over.
     if (!prima && esiste()) return;
-    std::string testo = prima.value_or(std::string{});
+    std::string testo = prima ? *prima : std::string{};
     for (const auto& s : scritture) testo = con_valore_ini(testo, s.sezione, s.chiave, s.valore);
-    if (testo != prima && testo.size() <= kDimensioneMassima) scrivi_piccolo(file_, testo);
+    if ((!prima || testo != *prima) && testo.size() <= kDimensioneMassima) scrivi_piccolo(file_, testo);
 }
 
 std::optional<int> leggi_skin(const fs::path& percorso_skin) {
     const auto file = percorso_skin / "skn.dat";
     std::error_code errore;
-    const auto testo = leggi_piccolo(file);
+    const auto testo = leggi_file(file, kDimensioneMassima);
     if (!testo && fs::exists(file, errore)) return std::nullopt;
     const std::string_view numero = testo ? rifila(*testo) : std::string_view{};
     if (numero.empty()) {

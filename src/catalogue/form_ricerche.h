@@ -1,0 +1,159 @@
+#pragma once
+
+#include "archive/memoria_ricerca.h"
+#include "catalogue/form_ricerche_schermi.h"
+
+#include <QWidget>
+#include <array>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPushButton;
+class QStackedWidget;
+class QTabBar;
+class QToolButton;
+
+namespace sortimetra {
+
+class CorniceGruppo;
+class DelegatoElenco;
+class FrameSegnalimite;
+class GrigliaElenco;
+class ModelloElenco;
+class PulsanteGruppo;
+class UltimaEstrazione;
+
+/// The main window: the catalogue of all searches. The user picks a game, a group and a search, and confirms;
+/// the catalogue hides while the search's screen is open. Closing it ends the program.
+///
+/// Everything that it remembers is written at the moment of the change, never at the end.
+class form_ricerche final : public QWidget {
+    Q_OBJECT
+  public:
+    explicit form_ricerche(Sessione& sessione,
+                           std::span<const RigaSchermo> schermi = schermi_del_programma());
+    ~form_ricerche() override;
+
+    /// Opens a search: the one way to every screen. Does nothing for a search that cannot be opened.
+    void apri(const Ricerca& ricerca);
+
+    /// Why a search cannot be opened now, in words for the user; empty if it can.
+    [[nodiscard]] QString impedimento(const Ricerca& ricerca) const;
+
+    /// Loads a skin and writes its index; one outside 1 to 9 loads none and is written as it is.
+    void carica_skin(int indice);
+
+    /// Goes over to another program's folder, with its archive, memory and skin.
+    void usa_cartella(const std::filesystem::path& cartella);
+
+    /// Opens the archive if that has not been tried yet. The window does it by itself after its first paint.
+    void carica_archivio();
+    [[nodiscard]] bool archivio_aperto() const { return archivio_.has_value(); }
+
+    /// Asks the user for a folder; empty when none was chosen. A test puts its own answer here.
+    std::function<QString()> chiedi_cartella;
+
+  signals:
+    /// The window has been closed: the program ends.
+    void terminata();
+    /// The user has chosen another program's folder.
+    void cartella_scelta(const QString& cartella);
+
+  protected:
+    void showEvent(QShowEvent* evento) override;
+    void paintEvent(QPaintEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+  private:
+    QWidget* componi_testata();
+    QWidget* componi_frame1();
+    QWidget* componi_frame2();
+    QWidget* componi_elenco();
+    QWidget* componi_dettaglio();
+    QWidget* componi_frame_archivio();
+    QWidget* componi_piede();
+    void componi_menu_skin();
+    void scorciatoie();
+
+    void prima_attivazione();
+    void cmdRicerche_Click(int indice);
+    void TabStrip1_Click(int indice);
+    void cmdConferma_Click();
+    void riga_cambiata();
+    void filtra(const QString& testo);
+
+    void carica_lista();
+    void ripristina_riga();
+    void colora_gruppi();
+    void aggiorna_titolo_elenco();
+    void aggiorna_dettaglio();
+    void aggiorna_frame2();
+    void aggiorna_stato();
+    void mostra_segnalimite(bool mostra);
+    void crea_archivio_dimostrativo();
+    void scegli_cartella();
+    void torna();
+
+    [[nodiscard]] const Ricerca* ricerca_corrente() const;
+    [[nodiscard]] bool costruita(const Ricerca& ricerca) const;
+    [[nodiscard]] bool cerca_attiva() const;
+    /// Key of the list shown in the memory: 0 to 5 the groups, 6 to 9 the tabs from the second on.
+    [[nodiscard]] int chiave_memoria() const;
+
+    Sessione& sessione_;
+    MemoriaRicerca memoria_;
+    std::span<const RigaSchermo> schermi_;
+    std::map<Schermo, std::unique_ptr<QWidget>> finestre_;
+    std::optional<ArchivioEstrazioni> archivio_;
+    QString errore_archivio_;  ///< why it is not open; empty before the first try
+    bool archivio_cercato_ = false;
+
+    int gruppo_ = 0;         ///< group shown in the first tab
+    bool attivata_ = false;  ///< the memory has been read
+    bool in_carica_ = true;  ///< lists change by program: nothing is written
+    int skin_letta_ = 0;     ///< index as in skn.dat
+
+    QStackedWidget* pagine_ = nullptr;
+    QWidget* catalogo_ = nullptr;
+    FrameSegnalimite* frame_segnalimite_ = nullptr;
+    QTabBar* tab_strip_ = nullptr;
+    QLineEdit* txt_cerca_ = nullptr;
+    QToolButton* cmd_skin_ = nullptr;
+    QMenu* menu_skin_ = nullptr;
+    QStackedWidget* cornici_ = nullptr;
+    QWidget* frame1_ = nullptr;
+    QWidget* frame2_ = nullptr;
+    QLabel* lbl_frame2_ = nullptr;
+    QLabel* lbl_gioco_ = nullptr;
+    std::array<PulsanteGruppo*, 7> cmd_ricerche_{};
+    std::array<CorniceGruppo*, 7> frame_b_{};
+    QLabel* lbl_elenco_ = nullptr;
+    QLabel* lbl_quante_ = nullptr;
+    GrigliaElenco* griglia_ = nullptr;
+    ModelloElenco* modello_ = nullptr;
+    DelegatoElenco* delegato_ = nullptr;
+    QLabel* lbl_dove_ = nullptr;
+    QLabel* lbl_nome_ = nullptr;
+    QLabel* lbl_frase_ = nullptr;
+    UltimaEstrazione* ultima_ = nullptr;
+    QLabel* lbl_impedimento_ = nullptr;
+    QPushButton* cmd_conferma_ = nullptr;
+    QWidget* frame_archivio_ = nullptr;
+    QLabel* lbl_archivio_titolo_ = nullptr;
+    QLabel* lbl_archivio_testo_ = nullptr;
+    QPushButton* cmd_dimostrazione_ = nullptr;
+    QPushButton* cmd_riprova_ = nullptr;
+    QLabel* lbl_stato_ = nullptr;
+    QLabel* lbl_simulato_ = nullptr;
+    QPushButton* command1_ = nullptr;
+};
+
+}  // namespace sortimetra
