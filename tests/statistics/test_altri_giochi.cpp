@@ -1,7 +1,7 @@
 #include "archive/combinazioni.h"
 #include "statistics/altri_giochi.h"
-#include "support/lente.h"
 #include "support/archivi.h"
+#include "support/lente.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "statistics/ambata.h"
-#include "support/lente.h"
 #include "support/archivi.h"
+#include "support/lente.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "statistics/ambi_terni.h"
 #include "statistics/combinatoria.h"
-#include "support/lente.h"
 #include "support/archivi.h"
+#include "support/lente.h"
 
 #include <gtest/gtest.h>
 
