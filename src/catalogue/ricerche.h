@@ -40,7 +40,7 @@ enum class Schermo : std::uint8_t {
 
 /// What a search takes beside the scope, one bit each; the command line refuses any other option.
 enum Opzione : unsigned {
-    kOpzTipo = 1U << 0U,          ///< `ComboRit`: ambata, ambo (and terno for a decomposition)
+    kOpzTipo = 1U << 0U,          ///< `ComboRit`: ambata, ambo
     kOpzCapogioco = 1U << 1U,     ///< one capo
     kOpzAmboCapo = 1U << 2U,      ///< two capi
     kOpzTutteLeRuote = 1U << 3U,  ///< the wheel-by-wheel table of a series
@@ -51,6 +51,7 @@ enum Opzione : unsigned {
     kOpzIndiceCombo = 1U << 8U,   ///< `ComboRit` as the statistics screen left it
     kOpzNumeri = 1U << 9U,        ///< numbers that the user brings
     kOpzSorte = 1U << 10U,        ///< numbers per combination of a decomposition
+    kOpzTipoTerno = 1U << 11U,    ///< beside `kOpzTipo`: `ComboRit` has terno too
 };
 
 using FunzioneRicerca = Risultato (*)(const ArchivioEstrazioni&, const Domanda&, Avanzamento&);

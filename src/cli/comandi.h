@@ -1,13 +1,63 @@
 #pragma once
 
 #include <ostream>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace sortimetra {
 
-/// Runs `sortimetra-cli` with the arguments after the program's name. Returns the exit code: 0 a result was
-/// produced, 1 no data or not started, 2 wrong usage, 3 the archive cannot be opened.
-int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori);
+struct Richiesta;
+
+/// What the program tells its caller.
+enum Codice : int {
+    kRiuscito = 0,        ///< a result was produced
+    kSenzaDati = 1,       ///< the search did not start or has no data
+    kUsoErrato = 2,       ///< the line itself is wrong
+    kArchivioChiuso = 3,  ///< the archive cannot be opened or is damaged
+};
+
+/// Where a command speaks.
+struct Canali {
+    std::ostream& uscita;
+    std::ostream& errori;
+    /// `errori` is a terminal with somebody in front of it: progress may be shown there.
+    bool terminale = false;
+};
+
+/// One command, as `--aiuto` shows it. Adding a command is a row in comandi.cpp and a function.
+struct Comando {
+    std::string_view nome;
+    std::string_view argomenti{};                        ///< what follows the name, "CHIAVE [opzioni]"
+    std::string_view frase{};                            ///< what it does, for the list of commands
+    std::string_view dettaglio{};                        ///< further paragraphs of its own help
+    unsigned bit = 0;                                    ///< its bit of `Comandi`
+    int (*esegui)(Richiesta&, const Canali&) = nullptr;  ///< null until the command is built: not listed
+};
+
+[[nodiscard]] std::span<const Comando> comandi();
+
+/// Runs `sortimetra-cli` with the arguments after the program's name. Returns the exit code.
+int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori,
+                   bool terminale = false);
+
+// ---- what the commands share ----
+
+/// Says on `errori` why nothing was done: "sortimetra-cli: …".
+void lamenta(const Canali& canali, std::string_view frase);
+/// The same for a line that is wrong, with a pointer to the help. Returns `kUsoErrato`.
+int uso_errato(const Canali& canali, std::string_view frase, std::string_view aiuto_di = {});
+/// Writes a command's whole output at once. Returns `codice`, or `kSenzaDati` if it cannot be written.
+int consegna(const Canali& canali, std::string_view testo, int codice = kRiuscito);
+
+// ---- the commands ----
+
+int comando_elenco(Richiesta& richiesta, const Canali& canali);
+int comando_ricerca(Richiesta& richiesta, const Canali& canali);
+int comando_archivio(Richiesta& richiesta, const Canali& canali);
+int comando_importa(Richiesta& richiesta, const Canali& canali);
+int comando_dimostrazione(Richiesta& richiesta, const Canali& canali);
+int comando_stampa(Richiesta& richiesta, const Canali& canali);
 
 }  // namespace sortimetra

@@ -1,8 +1,27 @@
 #include "cli/comandi.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
 #include <iostream>
 
+namespace {
+
+/// A program started with a channel closed would get its number for the next file that it opens, and write
+/// its messages there. A channel that can only fail takes its place.
+void occupa_canali() {
+    for (int canale = 0; canale <= 2; ++canale)
+        if (::fcntl(canale, F_GETFD) == -1) ::open("/dev/null", canale == 0 ? O_WRONLY : O_RDONLY);
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+    occupa_canali();
+    // A reader that has gone away is a failed write, not the end of the program.
+    std::signal(SIGPIPE, SIG_IGN);
     std::ios::sync_with_stdio(false);
-    return sortimetra::esegui_comando({argv + 1, argv + argc}, std::cout, std::cerr);
+    const std::vector<std::string> argomenti(argv + (argc > 0 ? 1 : 0), argv + argc);
+    return sortimetra::esegui_comando(argomenti, std::cout, std::cerr, ::isatty(STDERR_FILENO) == 1);
 }

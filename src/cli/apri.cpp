@@ -1,0 +1,23 @@
+#include "cli/apri.h"
+
+#include "archive/apertura.h"
+
+#include <fmt/core.h>
+
+namespace sortimetra {
+
+std::optional<ArchivioEstrazioni> apri_per_leggere(const Sessione& sessione, unsigned tabelle,
+                                                   const Canali& canali) {
+    auto archivio = apri_archivio(sessione.percorso_archivio(), tabelle);
+    if (!archivio) {
+        lamenta(canali, archivio.error().testo());
+        if (!contiene_archivio(sessione.percorso_archivio()))
+            canali.errori << "\"sortimetra-cli importa\" crea un archivio dai risultati pubblicati, "
+                             "\"sortimetra-cli dimostrazione\" uno simulato; --cartella dice dove sta.\n";
+        return std::nullopt;
+    }
+    if (archivio->drawit().simulato || archivio->drawit2().simulato) lamenta(canali, kAvvisoSimulato);
+    return std::move(*archivio);
+}
+
+}  // namespace sortimetra

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "archive/archivio.h"
+#include "archive/sessione.h"
+#include "cli/comandi.h"
+
+#include <optional>
+#include <string_view>
+
+namespace sortimetra {
+
+/// Said wherever draws of the demonstration archive are shown.
+inline constexpr std::string_view kAvvisoSimulato =
+    "archivio dimostrativo simulato: le estrazioni non sono vere.";
+
+/// Opens the tables that a command needs. Says on `errori` why it cannot, or that the draws are simulated.
+[[nodiscard]] std::optional<ArchivioEstrazioni> apri_per_leggere(const Sessione& sessione, unsigned tabelle,
+                                                                 const Canali& canali);
+
+}  // namespace sortimetra

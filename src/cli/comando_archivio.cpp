@@ -1,0 +1,154 @@
+#include "archive/apertura.h"
+#include "archive/importa.h"
+#include "archive/sessione.h"
+#include "archive/testi.h"
+#include "cli/apri.h"
+#include "cli/avanzamento_riga.h"
+#include "cli/comandi.h"
+#include "cli/richiesta.h"
+#include "results/scrittori.h"
+
+#include <fmt/core.h>
+
+#include <nlohmann/json.hpp>
+#include <optional>
+
+namespace sortimetra {
+
+namespace {
+
+/// One line of `archivio`.
+struct RigaRiassunto {
+    std::string_view nome;  ///< of the table, as in the file
+    std::string_view gioco;
+    std::size_t righe = 0;
+    Concorso primo = 0;
+    Concorso ultimo = 0;
+    Data prima_data{};
+    Data ultima_data{};
+    const Fonte* fonte = nullptr;
+};
+
+template <class Tabella>
+RigaRiassunto riassumi(std::string_view nome, std::string_view gioco, const Tabella& t, std::size_t righe,
+                       const Fonte& fonte) {
+    RigaRiassunto r{.nome = nome, .gioco = gioco, .righe = righe, .fonte = &fonte};
+    if (!t.concorso.empty()) {
+        r.primo = t.concorso.front();
+        r.ultimo = t.concorso.back();
+        r.prima_data = t.data.front();
+        r.ultima_data = t.data.back();
+    }
+    return r;
+}
+
+std::array<RigaRiassunto, 4> riassunto(const ArchivioEstrazioni& a) {
+    return {
+        riassumi("archivio", "Lotto", a.lotto(), a.lotto().righe, a.drawit()),
+        riassumi("archivion", "Lotto, Nazionale", a.nazionale(), a.nazionale().concorso.size(), a.drawit()),
+        riassumi("archivios", "SuperEnalotto", a.superenalotto(), a.superenalotto().concorso.size(),
+                 a.drawit()),
+        riassumi("archivio", "Win for Life", a.winforlife(), a.winforlife().concorso.size(), a.drawit2())};
+}
+
+bool simulato(const ArchivioEstrazioni& a) {
+    return a.drawit().simulato || a.drawit2().simulato;
+}
+
+std::string riassunto_json(const ArchivioEstrazioni& a, const std::filesystem::path& cartella) {
+    using nlohmann::ordered_json;
+    ordered_json tabelle = ordered_json::array();
+    for (const RigaRiassunto& r : riassunto(a)) {
+        const auto estremo = [&](Concorso concorso, Data data) {
+            return r.righe == 0 ? ordered_json{}
+                                : ordered_json{{"concorso", concorso}, {"data", testo_data(data)}};
+        };
+        tabelle.push_back({{"tabella", r.nome},
+                           {"gioco", r.gioco},
+                           {"righe", r.righe},
+                           {"primo", estremo(r.primo, r.prima_data)},
+                           {"ultimo", estremo(r.ultimo, r.ultima_data)},
+                           {"file", r.fonte->file.string()},
+                           {"simulato", r.fonte->simulato}});
+    }
+    ordered_json tutto{{"cartella", cartella.string()}, {"simulato", simulato(a)}, {"tabelle", tabelle}};
+    if (simulato(a)) tutto["avviso"] = kAvvisoSimulato;
+    // A folder's name may be any bytes.
+    return tutto.dump(1, ' ', false, ordered_json::error_handler_t::replace) + "\n";
+}
+
+std::string riassunto_testo(const ArchivioEstrazioni& a) {
+    Tabella t;
+    t.titoli = {{"Tabella", "Gioco", "Righe", "Dal concorso", "del", "Al concorso", "del", "File"}};
+    std::array<ColonnaTesti, 8> colonne;
+    for (const RigaRiassunto& r : riassunto(a)) {
+        const bool vuota = r.righe == 0;
+        for (std::size_t c = 0;
+             const std::string& testo :
+             {std::string{r.nome}, std::string{r.gioco}, migliaia(static_cast<std::int64_t>(r.righe)),
+              vuota ? std::string{} : std::to_string(r.primo),
+              vuota ? std::string{} : testo_data(r.prima_data),
+              vuota ? std::string{} : std::to_string(r.ultimo),
+              vuota ? std::string{} : testo_data(r.ultima_data),
+              r.fonte->file.string() + (r.fonte->simulato ? " (simulato)" : "")})
+            colonne[c++].valori.push_back(testo);
+    }
+    for (ColonnaTesti& c : colonne) t.colonne.emplace_back(std::move(c));
+    std::string testo;
+    scrivi_tabella(testo, t);
+    if (simulato(a)) testo += fmt::format("\nAttenzione, {}\n", kAvvisoSimulato);
+    return testo;
+}
+
+}  // namespace
+
+int comando_archivio(Richiesta& richiesta, const Canali& canali) {
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    const auto archivio = apri_per_leggere(sessione, kTutteLeTabelle, canali);
+    if (!archivio) return kArchivioChiuso;
+    return consegna(canali, richiesta.json ? riassunto_json(*archivio, sessione.percorso_programma)
+                                           : riassunto_testo(*archivio));
+}
+
+int comando_importa(Richiesta& richiesta, const Canali& canali) {
+    const FilePubblicati& file = richiesta.pubblicati;
+    if (!file.lotto && !file.superenalotto && !file.winforlife)
+        return uso_errato(
+            canali, "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife.", "importa");
+    if (file.tutto && !file.lotto)
+        return uso_errato(canali, "--tutto conta le estrazioni del Lotto: serve anche --lotto.", "importa");
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    AvanzamentoRiga avanzamento{canali, "importazione in corso"};
+    const auto esito = importa_archivio(sessione.percorso_archivio(), file, avanzamento);
+    avanzamento.finito();
+    if (!esito) {
+        lamenta(canali, esito.error().testo());
+        lamenta(canali, "l'archivio è rimasto com'era.");
+        return kSenzaDati;
+    }
+    for (const std::string& avviso : esito->avvisi) canali.errori << avviso << '\n';
+    // What has been written is read again: the best proof, and what the user wants to see.
+    const auto archivio = apri_per_leggere(sessione, kTutteLeTabelle, canali);
+    if (!archivio) return kArchivioChiuso;
+    return consegna(canali, riassunto_testo(*archivio));
+}
+
+int comando_dimostrazione(Richiesta& richiesta, const Canali& canali) {
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    if (contiene_archivio(sessione.percorso_archivio())) {
+        lamenta(canali, fmt::format("{} contiene già un archivio, che resta com'è.",
+                                    sessione.percorso_archivio().string()));
+        return kSenzaDati;
+    }
+    AvanzamentoRiga avanzamento{canali, "archivio in costruzione"};
+    const auto creato = crea_dimostrazione(sessione.percorso_archivio(), avanzamento);
+    avanzamento.finito();
+    if (!creato) {
+        lamenta(canali, creato.error().testo());
+        return kArchivioChiuso;
+    }
+    return consegna(
+        canali, fmt::format("Creato in {} un {}\n", sessione.percorso_archivio().string(), kAvvisoSimulato));
+}
+
+}  // namespace sortimetra

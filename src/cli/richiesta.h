@@ -1,0 +1,102 @@
+#pragma once
+
+#include "archive/importa.h"
+#include "catalogue/ricerche.h"
+#include "results/domanda.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sortimetra {
+
+/// How a table leaves the program.
+enum class Formato : std::uint8_t { Tabella, Csv, Json };
+
+/// `--ordina`: a column from 0, and the way a click on the grid's button would sort it.
+struct Ordinamento {
+    std::size_t colonna = 0;
+    Verso verso = Verso::decrescente;
+};
+
+/// A command line that has been read: every option as a value.
+struct Richiesta {
+    std::vector<std::string> argomenti;  ///< what stands after the command and is no option
+    const Ricerca* ricerca = nullptr;  ///< the search of `ricerca` and `stampa`, set before options are read
+    Domanda domanda;
+    std::optional<std::filesystem::path> cartella;
+    std::optional<std::filesystem::path> file;  ///< `-o`
+    Formato formato = Formato::Tabella;
+    bool json = false;
+    std::optional<Ordinamento> ordina;
+    std::optional<std::size_t> prime;
+    FilePubblicati pubblicati;
+    bool aiuto = false;
+    bool versione = false;
+};
+
+/// The commands, one bit each: which of them know an option.
+enum Comandi : unsigned {
+    kComElenco = 1U << 0U,
+    kComRicerca = 1U << 1U,
+    kComArchivio = 1U << 2U,
+    kComImporta = 1U << 3U,
+    kComDimostrazione = 1U << 4U,
+    kComGruppi = 1U << 5U,
+    kComSistemi = 1U << 6U,
+    kComStampa = 1U << 7U,
+    kOgniComando = ~0U,
+};
+
+/// One option: what the parser, the errors and the help know of it. An option that takes different values in
+/// different searches has a row for each, told apart by `opzione`: the first that a search knows holds.
+struct VoceOpzione {
+    std::string_view nome;      ///< "--ruote"
+    std::string_view meta{};    ///< what follows it in the help, "ELENCO"; empty for a switch
+    std::string_view atteso{};  ///< what it takes, as an error says it: "tabella|csv|json"
+    std::string_view frase{};   ///< what it does, for the help
+    unsigned comandi = 0;       ///< bits of `Comandi`
+    unsigned opzione = 0;       ///< bits of `Opzione`, any of which a search must admit; 0 for every search
+    std::span<const std::string_view> parole{};  ///< the words that it takes, for near misses
+    /// Puts the value (empty for a switch) in its place; false if it is none.
+    bool (*leggi)(std::string_view valore, Richiesta& richiesta) = nullptr;
+    /// False until what it asks for is built: the help does not show it.
+    bool pronta = true;
+    /// Says in place of `atteso` what a value that is none should have been: a whole sentence.
+    std::string (*spiega)(std::string_view valore, const Richiesta& richiesta) = nullptr;
+};
+
+/// All options, in the order of the help.
+[[nodiscard]] std::span<const VoceOpzione> opzioni();
+
+/// Whether a command (and, for those that run one, a search) knows an option.
+[[nodiscard]] bool conosce(const VoceOpzione& voce, unsigned comando, const Ricerca* ricerca);
+
+/// An option as it stood on the line.
+struct OpzioneData {
+    std::string nome;
+    std::optional<std::string> valore;
+};
+
+/// The words of a command line, told apart but not yet understood.
+struct Parole {
+    std::vector<std::string> argomenti;
+    std::vector<OpzioneData> date;
+};
+
+/// Tells options from arguments. "--nome valore", "--nome=valore", "-o FILE"; after "--" nothing is
+/// an option any more. The error is a sentence about an option that lacks its value, or has one too many.
+[[nodiscard]] std::expected<Parole, std::string> separa(std::span<const std::string> parole);
+
+/// Reads the options into `richiesta`, whose `ricerca` is already set. The error is a sentence for the user.
+[[nodiscard]] std::expected<void, std::string> leggi_opzioni(const Parole& parole, unsigned comando,
+                                                             std::string_view nome_comando,
+                                                             Richiesta& richiesta);
+
+}  // namespace sortimetra

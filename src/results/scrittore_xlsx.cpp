@@ -1,0 +1,239 @@
+#include "archive/data.h"
+#include "archive/file_sicuro.h"
+#include "archive/testi.h"
+#include "results/scrittori.h"
+
+#include <xlsxwriter.h>
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <tuple>
+
+namespace sortimetra {
+
+namespace {
+
+constexpr std::size_t kRigheFoglio = LXW_ROW_MAX;
+constexpr std::size_t kColonneFoglio = LXW_COL_MAX;
+/// Wider columns than this help nobody; characters of the workbook's own font.
+constexpr std::size_t kColonnaLarga = 60;
+
+/// A text that is a number to a spreadsheet, with the format that shows it as the grid does.
+struct Tipizzato {
+    double valore = 0;
+    std::string formato;  ///< empty for a plain whole number
+};
+
+/// "12", "-3", "12,50", "1.443,33", "12,50%". Not "01", nor "01.02": names of numbers, which stay texts.
+std::optional<Tipizzato> tipizza(std::string_view testo) {
+    std::string cifre;
+    std::size_t decimali = 0;
+    bool virgola = false;
+    bool punti = false;
+    const bool percento = testo.ends_with('%');
+    if (percento) testo.remove_suffix(1);
+    std::string_view t = testo;
+    if (t.starts_with('-')) {
+        cifre += '-';
+        t.remove_prefix(1);
+    }
+    const std::size_t intere = std::min(t.find(','), t.size());
+    if (intere == 0 || (intere > 1 && t.front() == '0')) return std::nullopt;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (t[i] >= '0' && t[i] <= '9') {
+            cifre += t[i];
+            if (virgola) ++decimali;
+        } else if (t[i] == ',' && !virgola) {
+            virgola = true;
+            cifre += '.';
+        } else if (t[i] == '.' && i > 0 && i < intere && (intere - i) % 4 == 0 && intere < t.size()) {
+            punti = true;  // only before a decimal sign: "12.345" alone may be a name
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (virgola && decimali == 0) return std::nullopt;
+    Tipizzato n;
+    const auto [fine, errore] = std::from_chars(cifre.data(), cifre.data() + cifre.size(), n.valore);
+    if (errore != std::errc{} || fine != cifre.data() + cifre.size()) return std::nullopt;
+    if (percento || virgola) {
+        n.formato = punti ? "#,##0" : "0";
+        if (decimali > 0) n.formato += "." + std::string(decimali, '0');
+        if (percento) {
+            n.formato += '%';
+            n.valore /= 100;
+        }
+    }
+    return n;
+}
+
+/// Formats made once per look: a workbook has room for few of them.
+class Formati {
+  public:
+    explicit Formati(lxw_workbook* libro) : libro_{libro} {}
+
+    lxw_format* titolo() {
+        if (titolo_ == nullptr) {
+            titolo_ = workbook_add_format(libro_);
+            format_set_bold(titolo_);
+            format_set_bottom(titolo_, LXW_BORDER_THIN);
+        }
+        return titolo_;
+    }
+    /// Null for the plain look.
+    lxw_format* cella(Colore sfondo, Colore primo_piano, const std::string& numero) {
+        if (sfondo == kNessunColore && primo_piano == kNessunColore && numero.empty()) return nullptr;
+        auto& f = formati_[{sfondo, primo_piano, numero}];
+        if (f == nullptr) {
+            f = workbook_add_format(libro_);
+            if (sfondo != kNessunColore) format_set_bg_color(f, rgb(sfondo));
+            if (primo_piano != kNessunColore) format_set_font_color(f, rgb(primo_piano));
+            if (!numero.empty()) format_set_num_format(f, numero.c_str());
+        }
+        return f;
+    }
+
+  private:
+    static lxw_color_t rgb(Colore c) {
+        const auto u = static_cast<std::uint32_t>(c);
+        return (u & 0xFFU) << 16U | (u & 0xFF00U) | (u >> 16U & 0xFFU);
+    }
+
+    lxw_workbook* libro_;
+    lxw_format* titolo_ = nullptr;
+    std::map<std::tuple<Colore, Colore, std::string>, lxw_format*> formati_;
+};
+
+/// A sheet's name: at most 31 characters, none of []:*?/\, no two alike.
+std::string nome_foglio(std::string_view nome, std::set<std::string>& usati) {
+    // Room for a number that tells two alike apart; no letter of several bytes is cut.
+    std::size_t fine = std::min<std::size_t>(nome.size(), 28);
+    while (fine < nome.size() && fine > 0 && (static_cast<unsigned char>(nome[fine]) & 0xC0U) == 0x80) --fine;
+    std::string n;
+    for (const char c : nome.substr(0, fine))
+        n += std::string_view{"[]:*?/\\'"}.find(c) == std::string_view::npos ? c : '_';
+    if (n.empty()) n = "risultati";
+    std::string unico = n;
+    for (int i = 2; !usati.insert(minuscolo(unico)).second; ++i) unico = n + " " + std::to_string(i);
+    return unico;
+}
+
+lxw_error scrivi_testo(lxw_worksheet* foglio, lxw_row_t r, lxw_col_t c, std::string_view testo,
+                       Formati& formati, Colore sfondo, Colore primo_piano) {
+    if (const auto data = leggi_data_italiana(testo)) {
+        const std::chrono::year_month_day giorno{*data};
+        lxw_datetime d{};
+        d.year = static_cast<int>(giorno.year());
+        d.month = static_cast<int>(static_cast<unsigned>(giorno.month()));
+        d.day = static_cast<int>(static_cast<unsigned>(giorno.day()));
+        return worksheet_write_datetime(foglio, r, c, &d, formati.cella(sfondo, primo_piano, "dd/mm/yyyy"));
+    }
+    if (const auto numero = tipizza(testo))
+        return worksheet_write_number(foglio, r, c, numero->valore,
+                                      formati.cella(sfondo, primo_piano, numero->formato));
+    lxw_format* formato = formati.cella(sfondo, primo_piano, {});
+    if (testo.empty()) {
+        return formato == nullptr ? LXW_NO_ERROR : worksheet_write_blank(foglio, r, c, formato);
+    }
+    return worksheet_write_string(foglio, r, c, std::string{testo}.c_str(), formato);
+}
+
+lxw_error scrivi_foglio(lxw_worksheet* foglio, const Tabella& tabella, const RigheScelte& scelte,
+                        Formati& formati) {
+    const std::size_t quante =
+        std::min(scelte.ordine.empty() ? tabella.righe() : scelte.ordine.size(), scelte.massimo);
+    const std::size_t colonne = tabella.n_colonne();
+    if (quante + tabella.titoli.size() > kRigheFoglio || colonne > kColonneFoglio)
+        return LXW_ERROR_WORKSHEET_INDEX_OUT_OF_RANGE;
+
+    std::vector<std::size_t> larghe(colonne, 4);
+    std::string testo;
+    lxw_row_t r = 0;
+    for (const auto& titoli : tabella.titoli) {
+        for (std::size_t c = 0; c < std::min(titoli.size(), colonne); ++c) {
+            const std::string t{rifila(titoli[c])};
+            if (t.empty()) continue;
+            const bool da_solo = c + 1 == colonne || !rifila(titoli[c + 1]).empty();
+            if (da_solo) larghe[c] = std::max(larghe[c], larghezza_terminale(t));
+            if (const auto e =
+                    worksheet_write_string(foglio, r, static_cast<lxw_col_t>(c), t.c_str(), formati.titolo());
+                e != LXW_NO_ERROR)
+                return e;
+        }
+        ++r;
+    }
+    if (r > 0) worksheet_freeze_panes(foglio, r, 0);
+    for (std::size_t i = 0; i < quante; ++i, ++r) {
+        const std::size_t riga = scelte.ordine.empty() ? i : scelte.ordine[i];
+        for (std::size_t c = 0; c < colonne; ++c) {
+            const auto colonna = static_cast<lxw_col_t>(c);
+            const Colore sfondo = tabella.sfondo(riga, c);
+            const Colore primo_piano = tabella.primo_piano(riga, c);
+            const auto* interi = std::get_if<ColonnaInteri>(&tabella.colonne[c]);
+            lxw_error e = LXW_NO_ERROR;
+            if (interi != nullptr && interi->valori[riga] > kCellaPuntini) {
+                e = worksheet_write_number(foglio, r, colonna, interi->valori[riga],
+                                           formati.cella(sfondo, primo_piano, {}));
+            } else {
+                testo.clear();
+                tabella.aggiungi_testo(testo, riga, c);
+                const std::string_view t = rifila(testo);
+                larghe[c] = std::max(larghe[c], larghezza_terminale(t));
+                e = scrivi_testo(foglio, r, colonna, t, formati, sfondo, primo_piano);
+            }
+            if (e != LXW_NO_ERROR) return e;
+        }
+    }
+    for (std::size_t c = 0; c < colonne; ++c)
+        worksheet_set_column(foglio, static_cast<lxw_col_t>(c), static_cast<lxw_col_t>(c),
+                             static_cast<double>(std::min(larghe[c], kColonnaLarga)) + 2, nullptr);
+    return LXW_NO_ERROR;
+}
+
+std::string motivo(lxw_error errore) {
+    switch (errore) {
+        case LXW_ERROR_WORKSHEET_INDEX_OUT_OF_RANGE:
+            return "la tabella ha più righe o colonne di quante ne entrano in un foglio";
+        case LXW_ERROR_MEMORY_MALLOC_FAILED:
+            return "memoria insufficiente";
+        default:
+            return "il file non si può scrivere";
+    }
+}
+
+}  // namespace
+
+std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& file, const Risultato& risultato,
+                                                RigheScelte prima) {
+    auto sicuro = FileSicuro::apri(file);
+    if (!sicuro) return std::unexpected(std::move(sicuro.error()));
+    // Rows go to disk as they come: a hundred thousand of them need no memory.
+    lxw_workbook_options opzioni{};
+    opzioni.constant_memory = LXW_TRUE;
+    lxw_workbook* libro = workbook_new_opt(sicuro->temporaneo().c_str(), &opzioni);
+    if (libro == nullptr) return std::unexpected(ErroreArchivio{file, "il file non si può scrivere"});
+    Formati formati{libro};
+    std::set<std::string> nomi;
+    lxw_error errore = LXW_NO_ERROR;
+    for (std::size_t i = 0; i < risultato.tabelle.size() && errore == LXW_NO_ERROR; ++i) {
+        lxw_worksheet* foglio =
+            workbook_add_worksheet(libro, nome_foglio(risultato.tabelle[i].nome, nomi).c_str());
+        if (foglio == nullptr) {
+            errore = LXW_ERROR_MEMORY_MALLOC_FAILED;
+            break;
+        }
+        errore = scrivi_foglio(foglio, risultato.tabelle[i], i == 0 ? prima : RigheScelte{}, formati);
+    }
+    // Closing writes the file and frees the workbook, whatever came before.
+    const lxw_error chiusura = workbook_close(libro);
+    if (errore == LXW_NO_ERROR) errore = chiusura;
+    if (errore != LXW_NO_ERROR) return std::unexpected(ErroreArchivio{file, motivo(errore)});
+    return sicuro->conferma();
+}
+
+}  // namespace sortimetra

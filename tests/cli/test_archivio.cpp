@@ -1,0 +1,224 @@
+#include "catalogue/ricerche.h"
+#include "cli/cartella_cli.h"
+
+#include <nlohmann/json.hpp>
+
+namespace sortimetra::prove {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+using ArchivioCli = ProgrammaTest;
+
+constexpr std::string_view kRiassunto =
+    "Tabella    Gioco             Righe  Dal concorso  del         Al concorso  del         File\n"
+    "---------  ----------------  -----  ------------  ----------  -----------  ----------  "
+    "---------------------\n"
+    "archivio   Lotto                 6             1  01/01/2000            3  08/01/2000  "
+    "./archivio/drawit.db\n"
+    "archivion  Lotto, Nazionale      2             2  04/01/2000            3  08/01/2000  "
+    "./archivio/drawit.db\n"
+    "archivios  SuperEnalotto         2             1  01/01/2000            3  09/01/2000  "
+    "./archivio/drawit.db\n"
+    "archivio   Win for Life          2             1  01/01/2000            2  01/01/2000  "
+    "./archivio/drawit2.db\n";
+
+TEST_F(ArchivioCli, ImportaDiceCheCosaHaLetto) {
+    scrivi(casa() / "lotto.txt", kLotto);
+    scrivi(casa() / "superenalotto.csv", kSuperEnalotto);
+    scrivi(casa() / "winforlife.csv", kWinForLife);
+    const Esito p = esegui({"importa", "--cartella", ".", "--tutto", "--lotto", "lotto.txt",
+                            "--superenalotto", "superenalotto.csv", "--winforlife", "winforlife.csv"});
+    EXPECT_EQ(p.codice, 0);
+    EXPECT_EQ(p.uscita, kRiassunto);
+    EXPECT_EQ(p.errori,
+              "SuperEnalotto del 01/03/2000: nessun concorso libero entro cinque giorni, estrazione "
+              "tralasciata\n");
+}
+
+TEST_F(ArchivioCli, Riassunto) {
+    importa();
+    const Esito p = esegui({"archivio", "--cartella", "."});
+    EXPECT_EQ(p.codice, 0);
+    EXPECT_EQ(p.uscita, kRiassunto);
+    EXPECT_EQ(p.errori, "");
+}
+
+TEST_F(ArchivioCli, RiassuntoJson) {
+    importa();
+    const Esito p = esegui({"--cartella", ".", "archivio", "--json"});
+    EXPECT_EQ(p.codice, 0);
+    const auto j = nlohmann::json::parse(p.uscita);
+    EXPECT_EQ(j["simulato"], false);
+    ASSERT_EQ(j["tabelle"].size(), 4);
+    EXPECT_EQ(j["tabelle"][0], nlohmann::json::parse(R"({"tabella": "archivio", "gioco": "Lotto", "righe": 6,
+        "primo": {"concorso": 1, "data": "01/01/2000"}, "ultimo": {"concorso": 3, "data": "08/01/2000"},
+        "file": "./archivio/drawit.db", "simulato": false})"));
+}
+
+TEST_F(ArchivioCli, UnGiocoSoltanto) {
+    scrivi(casa() / "winforlife.csv", kWinForLife);
+    const Esito p = esegui({"importa", "--cartella", "nuova", "--winforlife", "winforlife.csv"});
+    EXPECT_EQ(p.codice, 0) << p.errori;
+    EXPECT_FALSE(std::filesystem::exists(casa() / "nuova/archivio/drawit.db"));
+    const auto j = nlohmann::json::parse(esegui({"archivio", "--cartella", "nuova", "--json"}).uscita);
+    EXPECT_EQ(j["tabelle"][0]["righe"], 0);
+    EXPECT_EQ(j["tabelle"][0]["primo"], nullptr);
+    EXPECT_EQ(j["tabelle"][3]["righe"], 2);
+}
+
+TEST_F(ArchivioCli, UnaRigaSbagliataLasciaTuttoComEra) {
+    importa();
+    const std::string drawit = leggi(casa() / "archivio/drawit.db");
+    const std::string drawit2 = leggi(casa() / "archivio/drawit2.db");
+    scrivi(casa() / "rotto.csv", std::string{kWinForLife} + "503;2000-01-01;10:00;1;2;3;4;5;6;7;8;9;21;3\n");
+    const Esito p = esegui(
+        {"importa", "--cartella", ".", "--tutto", "--lotto", "lotto.txt", "--winforlife", "rotto.csv"});
+    EXPECT_EQ(p.codice, 1);
+    EXPECT_EQ(p.uscita, "");
+    EXPECT_EQ(
+        p.errori,
+        "sortimetra-cli: rotto.csv: riga 4: trovato \"21\", atteso un numero da 1 a 20, oppure vuoto o 0\n"
+        "sortimetra-cli: l'archivio è rimasto com'era.\n");
+    EXPECT_EQ(leggi(casa() / "archivio/drawit.db"), drawit);
+    EXPECT_EQ(leggi(casa() / "archivio/drawit2.db"), drawit2);
+}
+
+TEST_F(ArchivioCli, FileCheNonCE) {
+    const Esito p = esegui({"importa", "--cartella", ".", "--lotto", "manca.txt"});
+    EXPECT_EQ(p.codice, 1);
+    EXPECT_THAT(p.errori, StartsWith("sortimetra-cli: manca.txt: "));
+    EXPECT_TRUE(std::filesystem::is_empty(casa()));
+}
+
+TEST_F(ArchivioCli, UnaRigaDoppiaNonEntra) {
+    scrivi(casa() / "lotto.txt", std::string{kLotto} + "2000/01/04\tBA\t1\t2\t3\t4\t5\n");
+    const Esito p = esegui({"importa", "--cartella", ".", "--tutto", "--lotto", "lotto.txt"});
+    EXPECT_EQ(p.codice, 1);
+    EXPECT_EQ(p.uscita, "");
+    EXPECT_THAT(p.errori, StartsWith("sortimetra-cli: lotto.txt: "));
+    EXPECT_FALSE(std::filesystem::exists(casa() / "archivio"));
+}
+
+TEST_F(ArchivioCli, IlSuperEnalottoDaSoloPrendeIConcorsiDelLottoCheCE) {
+    scrivi(casa() / "superenalotto.csv", kSuperEnalotto);
+    const std::vector<std::string> solo{"importa", "--cartella", ".", "--superenalotto", "superenalotto.csv"};
+    const Esito prima = esegui(solo);
+    EXPECT_EQ(prima.codice, 1);
+    EXPECT_THAT(prima.errori, HasSubstr("importare anche il file del Lotto"));
+    EXPECT_FALSE(std::filesystem::exists(casa() / "archivio"));
+
+    scrivi(casa() / "lotto.txt", kLotto);
+    ASSERT_EQ(esegui({"importa", "--cartella", ".", "--tutto", "--lotto", "lotto.txt"}).codice, 0);
+    EXPECT_EQ(esegui(solo).codice, 0);
+    const auto j = nlohmann::json::parse(esegui({"archivio", "--cartella", ".", "--json"}).uscita);
+    EXPECT_EQ(j["tabelle"][0]["righe"], 6);
+    EXPECT_EQ(j["tabelle"][1]["righe"], 2);
+    EXPECT_EQ(j["tabelle"][2]["righe"], 2);
+    EXPECT_EQ(j["tabelle"][2]["ultimo"]["concorso"], 3);
+}
+
+TEST_F(ArchivioCli, IlLottoDaSoloTieneIlSuperEnalottoERinumeraLeSueEstrazioni) {
+    importa();
+    // A draw a year earlier moves all concorsi by one.
+    scrivi(casa() / "lotto.txt", "1999/01/01\tBA\t1\t2\t3\t4\t5\n" + std::string{kLotto});
+    const Esito p = esegui({"importa", "--cartella", ".", "--tutto", "--lotto", "lotto.txt"});
+    EXPECT_EQ(p.codice, 0) << p.errori;
+    const auto j = nlohmann::json::parse(esegui({"archivio", "--cartella", ".", "--json"}).uscita);
+    EXPECT_EQ(j["tabelle"][0]["ultimo"]["concorso"], 4);
+    EXPECT_EQ(j["tabelle"][2]["righe"], 2);
+    EXPECT_EQ(j["tabelle"][2]["primo"], nlohmann::json::parse(R"({"concorso": 2, "data": "01/01/2000"})"));
+    EXPECT_EQ(j["tabelle"][3]["righe"], 2) << "Win for Life is another file";
+}
+
+TEST_F(ArchivioCli, LaNumerazioneSiContaDal3Dicembre1997) {
+    scrivi(casa() / "lotto.txt", kLotto);
+    const Esito p = esegui({"importa", "--cartella", ".", "--lotto", "lotto.txt"});
+    EXPECT_EQ(p.codice, 1);
+    EXPECT_THAT(p.errori, HasSubstr("manca l'estrazione del 03/12/1997"));
+}
+
+TEST_F(ArchivioCli, UnaCartellaCheNonSiPuoFare) {
+    scrivi(casa() / "winforlife.csv", kWinForLife);
+    const Esito p = esegui({"importa", "--cartella", "winforlife.csv", "--winforlife", "winforlife.csv"});
+    EXPECT_NE(p.codice, 0);
+    EXPECT_EQ(p.uscita, "");
+    EXPECT_THAT(p.errori, HasSubstr("winforlife.csv/archivio"));
+    EXPECT_EQ(leggi(casa() / "winforlife.csv"), kWinForLife);
+}
+
+// ---- the demonstration archive ----
+
+TEST_F(ArchivioCli, Dimostrazione) {
+    const Esito p = esegui({"dimostrazione", "--cartella", "."});
+    EXPECT_EQ(p.codice, 0);
+    EXPECT_EQ(p.errori, "");
+    EXPECT_EQ(p.uscita,
+              "Creato in ./archivio un archivio dimostrativo simulato: le estrazioni non sono vere.\n");
+
+    // It says so wherever it is shown, and never on the output that a script reads.
+    const Esito ricerca =
+        esegui({"ricerca", "ritardo e frequenza dei 90 numeri", "--cartella", ".", "--formato", "json"});
+    EXPECT_EQ(ricerca.codice, 0);
+    EXPECT_EQ(ricerca.errori,
+              "sortimetra-cli: archivio dimostrativo simulato: le estrazioni non sono vere.\n");
+    EXPECT_TRUE(nlohmann::json::accept(ricerca.uscita));
+    const Esito archivio = esegui({"archivio", "--cartella", "."});
+    EXPECT_THAT(archivio.uscita, AllOf(HasSubstr("archivio dimostrativo simulato"), HasSubstr("(simulato)"),
+                                       HasSubstr("46.550"), HasSubstr("22/12/1990")));
+    EXPECT_EQ(nlohmann::json::parse(esegui({"archivio", "--cartella", ".", "--json"}).uscita)["simulato"],
+              true);
+
+    // A second time it leaves things alone.
+    const Esito ancora = esegui({"dimostrazione", "--cartella", "."});
+    EXPECT_EQ(ancora.codice, 1);
+    EXPECT_EQ(ancora.uscita, "");
+    EXPECT_EQ(ancora.errori, "sortimetra-cli: ./archivio contiene già un archivio, che resta com'è.\n");
+}
+
+TEST_F(ArchivioCli, EstrazioniVereESimulateNonSiMescolano) {
+    ASSERT_EQ(esegui({"dimostrazione", "--cartella", "."}).codice, 0);
+    scrivi(casa() / "lotto.txt", kLotto);
+    ASSERT_EQ(esegui({"importa", "--cartella", ".", "--tutto", "--lotto", "lotto.txt"}).codice, 0);
+    const auto j = nlohmann::json::parse(esegui({"archivio", "--cartella", ".", "--json"}).uscita);
+    EXPECT_EQ(j["tabelle"][0]["simulato"], false);
+    EXPECT_EQ(j["tabelle"][2]["righe"], 0) << "no simulated SuperEnalotto beside real Lotto";
+    EXPECT_EQ(j["tabelle"][3]["simulato"], true);
+    EXPECT_EQ(esegui({"ricerca", "ritardo e frequenza dei 90 numeri", "--cartella", "."}).errori, "");
+}
+
+// ---- elenco ----
+
+TEST_F(ArchivioCli, ElencoDiceCheCosaSiPuoFareQui) {
+    const auto voci = nlohmann::json::parse(esegui({"elenco", "--cartella", ".", "--json"}).uscita);
+    EXPECT_EQ(voci[0], nlohmann::json::parse(R"({"scheda": "Ricerche Lotto", "gruppo": "Ambata",
+        "ricerca": "Ritardo e frequenza dei 90 numeri", "chiave": "ritardo e frequenza dei 90 numeri",
+        "eseguibile": false, "motivo": "manca l'archivio"})"));
+    importa();
+    std::set<std::string> chiavi;
+    for (const auto& v : nlohmann::json::parse(esegui({"elenco", "--cartella", ".", "--json"}).uscita)) {
+        chiavi.insert(v["chiave"]);
+        const Ricerca* r = trova_ricerca(v["ricerca"].get<std::string>());
+        const Ricerca* per_chiave = trova_ricerca(v["chiave"].get<std::string>());
+        ASSERT_NE(per_chiave, nullptr) << v;
+        if (r != nullptr) {
+            EXPECT_EQ(r, per_chiave) << v;
+        }
+        EXPECT_EQ(v["eseguibile"], per_chiave->pronta()) << v;
+    }
+    EXPECT_EQ(chiavi.size(), ricerche().size()) << "every search is listed";
+}
+
+TEST_F(ArchivioCli, ElencoDaLeggere) {
+    const Esito p = esegui({"elenco"});
+    EXPECT_EQ(p.codice, 0);
+    EXPECT_EQ(p.errori, "");
+    EXPECT_THAT(p.uscita, AllOf(StartsWith("Scheda "), HasSubstr("I 10 numeri più in ritardo su ogni ruota"),
+                                HasSubstr("Tabella Ritardi"), Not(HasSubstr("  \n"))));
+}
+
+}  // namespace
+}  // namespace sortimetra::prove
