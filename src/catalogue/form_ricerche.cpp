@@ -263,14 +263,24 @@ void form_ricerche::componi_menu_skin() {
         auto* voce = menu_skin_->addAction(campione(s), QString::fromUtf8(s.nome));
         voce->setToolTip(QString::fromUtf8(s.carattere));
         voce->setCheckable(true);
-        voce->setChecked(skin_letta_ == i);
         voce->setData(i);
         gruppo->addAction(voce);
     }
     menu_skin_->setToolTipsVisible(true);
     connect(gruppo, &QActionGroup::triggered, this,
             [this](QAction* voce) { carica_skin(voce->data().toInt()); });
+    segna_skin();
+}
+
+void form_ricerche::segna_skin() {
     cmd_skin_->setText(QString::fromUtf8(skin_in_uso().nome));
+    for (QAction* voce : menu_skin_->actions()) {
+        const bool in_uso = voce->data().toInt() == skin_letta_;
+        voce->setChecked(in_uso);
+        QFont carattere = menu_skin_->font();
+        carattere.setBold(in_uso);
+        voce->setFont(carattere);
+    }
 }
 
 QWidget* form_ricerche::componi_frame1() {
@@ -369,6 +379,7 @@ QWidget* form_ricerche::componi_frame_archivio() {
     frame->setObjectName(QStringLiteral("FrameArchivio"));
     assegna_ruolo(frame, "scheda");
     lbl_archivio_titolo_ = etichetta("lblArchivioTitolo", "titolo");
+    lbl_archivio_titolo_->setWordWrap(true);
     lbl_archivio_testo_ = etichetta("lblArchivioTesto", nullptr);
     lbl_archivio_testo_->setWordWrap(true);
     lbl_archivio_testo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -789,9 +800,7 @@ void form_ricerche::carica_skin(int indice) {
     skin_letta_ = indice;
     applica_tema(*qApp, indice);
     scrivi_skin(sessione_.percorso_skin(), indice);
-    if (cmd_skin_ == nullptr) return;
-    cmd_skin_->setText(QString::fromUtf8(skin_in_uso().nome));
-    for (QAction* voce : menu_skin_->actions()) voce->setChecked(voce->data().toInt() == indice);
+    if (cmd_skin_ != nullptr) segna_skin();
 }
 
 // ---- the archive ----

@@ -81,6 +81,7 @@ class form_ricerche final : public QWidget {
     QWidget* componi_frame_archivio();
     QWidget* componi_piede();
     void componi_menu_skin();
+    void segna_skin();
     void scorciatoie();
 
     void prima_attivazione();
