@@ -7,6 +7,7 @@
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_segnalimite.h"
 #include "catalogue/form_ricerche_ultima.h"
+#include "screens/posto_finestra.h"
 #include "screens/tema.h"
 
 #include <QActionGroup>
@@ -21,8 +22,6 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
-#include <QScreen>
-#include <QSettings>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -38,6 +37,7 @@ namespace {
 
 constexpr int kMargine = 4 * kPasso;
 constexpr int kSpazio = 3 * kPasso;
+constexpr QSize kAllApertura{1180, 720};
 constexpr int kLarghezzaGruppi = 54 * kPasso;
 constexpr int kLarghezzaDettaglio = 70 * kPasso;
 
@@ -107,6 +107,11 @@ QIcon campione(const Skin& s) {
     p.setBrush(QColor::fromRgb(s.trovato));
     p.drawRoundedRect(QRectF{6, 21, (kLato - 12) / 2.0, 5}, 2, 2);
     return QIcon{immagine};
+}
+
+/// A window of its own, no dialog, menu or tip.
+bool e_finestra(const QWidget& w) {
+    return w.isWindow() && (w.windowType() == Qt::Window || w.windowType() == Qt::Widget);
 }
 
 /// For the time of its life, lists change by program and nothing is written to the memory.
@@ -199,10 +204,8 @@ form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> sc
     poi(command1_);
 
     scorciatoie();
-    resize(QSize{1180, 720}.boundedTo(screen()->availableSize()));
-    if (const auto posto = QSettings{}.value(QStringLiteral("finestre/form_ricerche")).toByteArray();
-        !posto.isEmpty())
-        restoreGeometry(posto);
+    qApp->installEventFilter(this);
+    leggi_posto(*this, sessione_, kAllApertura);
     TabStrip1_Click(0);
     aggiorna_stato();
 }
@@ -225,7 +228,6 @@ QWidget* form_ricerche::componi_testata() {
     txt_cerca_->addAction(icona(QStringLiteral("cerca"), TintaIcona::quieto), QLineEdit::LeadingPosition);
     txt_cerca_->setMinimumWidth(80 * kPasso);
     txt_cerca_->setMinimumHeight(8 * kPasso);
-    txt_cerca_->installEventFilter(this);
     connect(txt_cerca_, &QLineEdit::textChanged, this, &form_ricerche::filtra);
 
     cmd_skin_ = new QToolButton;
@@ -261,14 +263,24 @@ void form_ricerche::componi_menu_skin() {
         auto* voce = menu_skin_->addAction(campione(s), QString::fromUtf8(s.nome));
         voce->setToolTip(QString::fromUtf8(s.carattere));
         voce->setCheckable(true);
-        voce->setChecked(skin_letta_ == i);
         voce->setData(i);
         gruppo->addAction(voce);
     }
     menu_skin_->setToolTipsVisible(true);
     connect(gruppo, &QActionGroup::triggered, this,
             [this](QAction* voce) { carica_skin(voce->data().toInt()); });
+    segna_skin();
+}
+
+void form_ricerche::segna_skin() {
     cmd_skin_->setText(QString::fromUtf8(skin_in_uso().nome));
+    for (QAction* voce : menu_skin_->actions()) {
+        const bool in_uso = voce->data().toInt() == skin_letta_;
+        voce->setChecked(in_uso);
+        QFont carattere = menu_skin_->font();
+        carattere.setBold(in_uso);
+        voce->setFont(carattere);
+    }
 }
 
 QWidget* form_ricerche::componi_frame1() {
@@ -286,7 +298,6 @@ QWidget* form_ricerche::componi_frame1() {
             diretto ? tr("I migliori ritardi") : quante_ricerche(static_cast<int>(elenchi[i].voci.size())),
             diretto ? QString{} : QString::number(i + 1)};
         pulsante->setObjectName(QStringLiteral("cmdRicerche_%1").arg(i));
-        pulsante->installEventFilter(this);
         connect(pulsante, &QPushButton::clicked, this, [this, indice] { cmdRicerche_Click(indice); });
         auto* cornice = new CorniceGruppo{pulsante, i % 2 == 1};
         cornice->setObjectName(QStringLiteral("FrameB_%1").arg(i));
@@ -368,6 +379,7 @@ QWidget* form_ricerche::componi_frame_archivio() {
     frame->setObjectName(QStringLiteral("FrameArchivio"));
     assegna_ruolo(frame, "scheda");
     lbl_archivio_titolo_ = etichetta("lblArchivioTitolo", "titolo");
+    lbl_archivio_titolo_->setWordWrap(true);
     lbl_archivio_testo_ = etichetta("lblArchivioTesto", nullptr);
     lbl_archivio_testo_->setWordWrap(true);
     lbl_archivio_testo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -527,9 +539,11 @@ void form_ricerche::prima_attivazione() {
 }
 
 void form_ricerche::closeEvent(QCloseEvent* evento) {
-    QSettings{}.setValue(QStringLiteral("finestre/form_ricerche"), saveGeometry());
+    scrivi_posto(*this, sessione_);
     QWidget::closeEvent(evento);
-    if (evento->isAccepted()) emit terminata();
+    if (!evento->isAccepted()) return;
+    terminata_ = true;
+    emit terminata();
 }
 
 void form_ricerche::keyPressEvent(QKeyEvent* evento) {
@@ -542,9 +556,9 @@ void form_ricerche::keyPressEvent(QKeyEvent* evento) {
 
 bool form_ricerche::eventFilter(QObject* oggetto, QEvent* evento) {
     // A screen has closed: the catalogue comes back, unless another one has taken its place.
-    if (evento->type() == QEvent::Hide) {
-        for (const auto& [schermo, finestra] : finestre_)
-            if (finestra.get() == oggetto) QTimer::singleShot(0, this, &form_ricerche::torna);
+    if (evento->type() == QEvent::Hide && !isVisible()) {
+        if (const auto* w = qobject_cast<QWidget*>(oggetto); w != nullptr && e_finestra(*w))
+            QTimer::singleShot(0, this, &form_ricerche::torna);
     }
     if (evento->type() != QEvent::KeyPress) return QWidget::eventFilter(oggetto, evento);
     auto* tasto = static_cast<QKeyEvent*>(evento);
@@ -786,9 +800,7 @@ void form_ricerche::carica_skin(int indice) {
     skin_letta_ = indice;
     applica_tema(*qApp, indice);
     scrivi_skin(sessione_.percorso_skin(), indice);
-    if (cmd_skin_ == nullptr) return;
-    cmd_skin_->setText(QString::fromUtf8(skin_in_uso().nome));
-    for (QAction* voce : menu_skin_->actions()) voce->setChecked(voce->data().toInt() == indice);
+    if (cmd_skin_ != nullptr) segna_skin();
 }
 
 // ---- the archive ----
@@ -895,21 +907,21 @@ void form_ricerche::apri(const Ricerca& ricerca) {
     auto& finestra = finestre_[ricerca.schermo];
     if (!finestra) {
         finestra.reset(riga->crea(sessione_));
-        finestra->installEventFilter(this);
     }
     static const ArchivioEstrazioni nessuno;
     riga->attiva(*finestra, ricerca, archivio_ ? *archivio_ : nessuno);
     finestra->show();
     finestra->raise();
     finestra->activateWindow();
-    QSettings{}.setValue(QStringLiteral("finestre/form_ricerche"), saveGeometry());
+    scrivi_posto(*this, sessione_);
     hide();
 }
 
 void form_ricerche::torna() {
-    for (const auto& [schermo, finestra] : finestre_)
-        if (finestra && finestra->isVisible()) return;
-    if (isVisible()) return;
+    const auto aperte = QApplication::topLevelWidgets();
+    if (terminata_ || std::any_of(aperte.begin(), aperte.end(),
+                                  [](const QWidget* w) { return w->isVisible() && e_finestra(*w); }))
+        return;
     show();
     raise();
     activateWindow();

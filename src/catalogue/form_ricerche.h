@@ -81,6 +81,7 @@ class form_ricerche final : public QWidget {
     QWidget* componi_frame_archivio();
     QWidget* componi_piede();
     void componi_menu_skin();
+    void segna_skin();
     void scorciatoie();
 
     void prima_attivazione();
@@ -116,10 +117,11 @@ class form_ricerche final : public QWidget {
     QString errore_archivio_;  ///< why it is not open; empty before the first try
     bool archivio_cercato_ = false;
 
-    int gruppo_ = 0;         ///< group shown in the first tab
-    bool attivata_ = false;  ///< the memory has been read
-    bool in_carica_ = true;  ///< lists change by program: nothing is written
-    int skin_letta_ = 0;     ///< index as in skn.dat
+    int gruppo_ = 0;          ///< group shown in the first tab
+    bool terminata_ = false;  ///< closed by the user
+    bool attivata_ = false;   ///< the memory has been read
+    bool in_carica_ = true;   ///< lists change by program: nothing is written
+    int skin_letta_ = 0;      ///< index as in skn.dat
 
     QStackedWidget* pagine_ = nullptr;
     QWidget* catalogo_ = nullptr;

@@ -20,7 +20,7 @@ constexpr int kRighe = 90 / kBlocchi;
 QLabel* cella(const QString& testo, int riga, Qt::Alignment lato) {
     auto* l = new QLabel{testo};
     l->setAlignment(lato | Qt::AlignVCenter);
-    l->setContentsMargins(2 * kPasso, 0, 2 * kPasso, 0);
+    l->setContentsMargins(kPasso, 0, kPasso, 0);
     // The palette's roles follow the skin by themselves.
     l->setBackgroundRole(riga % 2 == 0 ? QPalette::Base : QPalette::AlternateBase);
     l->setAutoFillBackground(true);
@@ -36,11 +36,12 @@ QFrame* blocco(int primo) {
     piano->setContentsMargins(1, kPasso, 1, kPasso);
     piano->setSpacing(0);
     piano->setColumnStretch(1, 1);
+    piano->setColumnMinimumWidth(0, 9 * kPasso);
     const auto titolo = [&](const QString& testo, int colonna, Qt::Alignment lato) {
         auto* l = new QLabel{testo};
         assegna_ruolo(l, "sezione");
         l->setAlignment(lato | Qt::AlignVCenter);
-        l->setContentsMargins(2 * kPasso, kPasso, 2 * kPasso, kPasso);
+        l->setContentsMargins(kPasso, kPasso, kPasso, kPasso);
         piano->addWidget(l, 0, colonna);
     };
     titolo(QStringLiteral("N."), 0, Qt::AlignRight);
@@ -85,7 +86,7 @@ FrameSegnalimite::FrameSegnalimite(QWidget* genitore)
     connect(command3_, &QPushButton::clicked, this, &FrameSegnalimite::esci);
 
     auto* blocchi = new QHBoxLayout;
-    blocchi->setSpacing(3 * kPasso);
+    blocchi->setSpacing(2 * kPasso);
     for (int b = 0; b < kBlocchi; ++b) blocchi->addWidget(blocco(b * kRighe + 1));
 
     auto* piede = new QHBoxLayout;

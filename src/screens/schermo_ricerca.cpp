@@ -7,22 +7,22 @@
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
+#include "screens/posto_finestra.h"
 #include "screens/tema.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace sortimetra {
 
@@ -44,11 +44,6 @@ QString durata(double ms) {
 
 QString conto(std::size_t quanti, const QString& uno, const QString& molti) {
     return q(migliaia(static_cast<std::int64_t>(quanti))) + QLatin1Char{' '} + (quanti == 1 ? uno : molti);
-}
-
-/// Where every screen keeps its place: a small file in the program's folder, one section a screen.
-QString file_posti(const Sessione& sessione) {
-    return QString::fromStdU16String((sessione.percorso_programma / "schermi.ini").u16string());
 }
 
 }  // namespace
@@ -394,7 +389,12 @@ void SchermoRicerca::showEvent(QShowEvent* evento) {
         const int barra = scorri_->verticalScrollBar()->sizeHint().width();
         const int contenuto = scorri_->widget()->minimumSizeHint().width() + barra;
         scorri_->setFixedWidth(std::max(kLarghezzaColonna, contenuto));
-        if (!posto_letto_) leggi_posto();
+        if (!std::exchange(posto_letto_, true)) {
+            freccia_->imposta_animata(QSettings{file_posti(sessione_), QSettings::IniFormat}
+                                          .value(QStringLiteral("frecce"), true)
+                                          .toBool());
+            leggi_posto(*this, sessione_, kAllApertura);
+        }
         freccia_->avvia();
     }
     QWidget::showEvent(evento);
@@ -406,7 +406,7 @@ void SchermoRicerca::closeEvent(QCloseEvent* evento) {
         evento->ignore();
         return;
     }
-    scrivi_posto();
+    scrivi_posto(*this, sessione_);
     // The opener first: a moment without any window would end the program.
     if (apritore_) {
         apritore_->show();
@@ -416,34 +416,6 @@ void SchermoRicerca::closeEvent(QCloseEvent* evento) {
     }
     evento->accept();
     emit chiuso();
-}
-
-void SchermoRicerca::leggi_posto() {
-    posto_letto_ = true;
-    QSettings memoria{file_posti(sessione_), QSettings::IniFormat};
-    memoria.beginGroup(objectName());
-    freccia_->imposta_animata(QSettings{file_posti(sessione_), QSettings::IniFormat}
-                                  .value(QStringLiteral("frecce"), true)
-                                  .toBool());
-    const QRect posto = memoria.value(QStringLiteral("posto")).toRect();
-    const QScreen* schermo = posto.isValid() ? QGuiApplication::screenAt(posto.center()) : nullptr;
-    if (schermo == nullptr) {
-        // Nothing remembered, or a screen that is gone: the usual size, as far as it fits.
-        const QRect libero = screen()->availableGeometry();
-        resize(kAllApertura.boundedTo(libero.size()));
-        move(libero.center() - rect().center());
-    } else {
-        setGeometry(posto.intersected(schermo->availableGeometry()));
-    }
-    if (memoria.value(QStringLiteral("intero")).toBool()) setWindowState(windowState() | Qt::WindowMaximized);
-}
-
-void SchermoRicerca::scrivi_posto() const {
-    QSettings memoria{file_posti(sessione_), QSettings::IniFormat};
-    if (!memoria.isWritable()) return;
-    memoria.beginGroup(objectName());
-    memoria.setValue(QStringLiteral("posto"), isMaximized() ? normalGeometry() : geometry());
-    memoria.setValue(QStringLiteral("intero"), isMaximized());
 }
 
 }  // namespace sortimetra

@@ -124,8 +124,6 @@ class SchermoRicerca : public QWidget {
     void scorciatoie();
     void aggiorna_stato();
     void scrivi_stato(const QString& testo);
-    void leggi_posto();
-    void scrivi_posto() const;
     [[nodiscard]] std::size_t concorsi_in_ambito() const;
 
     Sessione& sessione_;

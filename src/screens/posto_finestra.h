@@ -1,0 +1,21 @@
+#pragma once
+
+#include "archive/sessione.h"
+
+#include <QSize>
+#include <QString>
+
+class QWidget;
+
+namespace sortimetra {
+
+/// The file in which the windows keep their places: `schermi.ini` of the program's folder, one section a
+/// window, by its object name.
+[[nodiscard]] QString file_posti(const Sessione& sessione);
+
+/// Puts a window where it was left; in the middle of the screen and in the usual size (as far as it fits)
+/// where nothing is remembered or that screen is gone.
+void leggi_posto(QWidget& finestra, const Sessione& sessione, QSize usuale);
+void scrivi_posto(const QWidget& finestra, const Sessione& sessione);
+
+}  // namespace sortimetra
