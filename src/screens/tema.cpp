@@ -17,8 +17,9 @@
 #include <algorithm>
 #include <cmath>
 
-// A static library's resources are left out by the linker unless somebody asks for them by name.
-static void carica_risorse() {
+// A static library's resources are left out by the linker unless somebody asks for them by name. In a
+// namespace the macro would declare them there.
+static void carica_risorse() {  // NOLINT(misc-use-anonymous-namespace)
     Q_INIT_RESOURCE(schermi);
 }
 
