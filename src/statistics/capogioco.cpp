@@ -43,8 +43,7 @@ void conta_all_ambo(const VistaEstrazioni& vista, Avanzamento& avanzamento, int 
         const int capi = contiene(riga, a) + contiene(riga, b);
         if (capi == 0) return;
         for (int n = 1; n <= kNumeri; ++n)
-            if (capi == 2 || (n != a && n != b && contiene(riga, n)))
-                esce(misure[static_cast<std::size_t>(n)], c);
+            if (capi == 2 || contiene(riga, n)) esce(misure[static_cast<std::size_t>(n)], c);
     });
 }
 

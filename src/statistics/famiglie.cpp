@@ -163,7 +163,11 @@ constexpr auto kFamiglie = std::to_array<Famiglia>({
      .colonne = 4,
      .scritta = "1 3 9 27; 2 6 18 54; 3 9 27 81; 4 12 18 36; 5 9 15 45; 6 18 54 72; 7 9 21 63; 8 24 36 72"},
     // The one family that is not made here: its numbers are on file.
-    {.chiave = "cinquine dei 90", .carica = "carica_cinquine_dei90", .righe = 436, .colonne = 5},
+    {.chiave = "cinquine dei 90",
+     .carica = "carica_cinquine_dei90",
+     .righe = 436,
+     .colonne = 5,
+     .su_file = true},
     {.chiave = "cinquine classiche",
      .carica = "carica_cinquine_classiche",
      .righe = 28,
@@ -334,7 +338,7 @@ static_assert(kFamiglie.size() == 42);
 
 constexpr SerieCorrente componi(const Famiglia& famiglia) {
     SerieCorrente s{.colonne = famiglia.colonne};
-    if (famiglia.regola != nullptr) famiglia.regola(s);
+    famiglia.regola(s);
     int numero = 0;
     for (const char c : famiglia.scritta) {
         if (c >= '0' && c <= '9') {
@@ -348,17 +352,13 @@ constexpr SerieCorrente componi(const Famiglia& famiglia) {
     return s;
 }
 
-constexpr bool su_file(const Famiglia& famiglia) {
-    return famiglia.regola == nullptr && famiglia.scritta.empty();
-}
-
 /// A row of the table whose rule does not give the size that stands beside it does not compile.
 constexpr bool grandezze_giuste() {
     return std::all_of(kFamiglie.begin(), kFamiglie.end(), [](const Famiglia& f) {
         const SerieCorrente s = componi(f);
-        return su_file(f) || (s.numeri.size() == f.righe * f.colonne &&
-                              std::all_of(s.numeri.begin(), s.numeri.end(),
-                                          [](Numero n) { return n >= 1 && n <= kNumeri; }));
+        return f.su_file || (s.numeri.size() == f.righe * f.colonne &&
+                             std::all_of(s.numeri.begin(), s.numeri.end(),
+                                         [](Numero n) { return n >= 1 && n <= kNumeri; }));
     });
 }
 static_assert(grandezze_giuste());
@@ -408,7 +408,7 @@ const Famiglia* trova_caricatore(std::string_view carica) {
 
 std::expected<SerieCorrente, std::string> carica_serie(const Famiglia& famiglia,
                                                        const std::filesystem::path& cartella) {
-    if (!su_file(famiglia)) return componi(famiglia);
+    if (!famiglia.su_file) return componi(famiglia);
     constexpr std::size_t kMassimo = 1U << 20;
     const auto testo = leggi_file(cartella / kFileCinquine, kMassimo);
     SerieCorrente s{.colonne = famiglia.colonne};

@@ -26,8 +26,9 @@ struct Famiglia {
     std::string_view carica{};  ///< name of its loader
     std::size_t righe = 0;
     std::size_t colonne = 0;
-    std::string_view scritta{};                ///< members written out, ";" between them; or
-    void (*regola)(SerieCorrente&) = nullptr;  ///< the rule that makes them; a family with neither is on file
+    std::string_view scritta{};                              ///< members written out, ";" between them; or
+    void (*regola)(SerieCorrente&) = [](SerieCorrente&) {};  ///< the rule that makes them; or
+    bool su_file = false;                                    ///< members read from `kFileCinquine`
     EtichettaMembro etichetta = EtichettaMembro::numeri;
     std::string_view descrizione{};  ///< the fixed text on the eight families that have a table of all wheels
 };
