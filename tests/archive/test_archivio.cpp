@@ -1,0 +1,198 @@
+#include "archive/apertura.h"
+#include "archive/archivio.h"
+#include "archive/file_sicuro.h"
+#include "archive/importa.h"
+#include "archive/negozio_nativo.h"
+#include "support/archivi.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+#include <type_traits>
+
+namespace sortimetra {
+namespace {
+
+using prove::CartellaProva;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+const Data kGiorno = leggi_data_iso("2000-01-01").value();
+
+RigaLotto riga(Concorso concorso, int ruota, std::array<Numero, 5> numeri = {1, 2, 3, 4, 5}) {
+    return {concorso, kGiorno + std::chrono::days{concorso}, ruota, numeri};
+}
+
+/// Why an archive with these rows in one table is refused.
+template <class Riga>
+std::string errore(std::vector<Riga> RigheArchivio::* tabella,
+                   std::type_identity_t<std::vector<Riga>> righe) {
+    RigheArchivio tutte;
+    tutte.*tabella = std::move(righe);
+    const auto a = ArchivioEstrazioni::componi(std::move(tutte), {"drawit.db"}, {"drawit2.db"});
+    return a ? "composto" : a.error().testo();
+}
+
+TEST(Componi, InQualunqueOrdineArrivino) {
+    RigheArchivio righe;
+    righe.lotto = {riga(2, 9), riga(1, 3, {9, 8, 7, 6, 5}), riga(2, 0), riga(1, 1)};
+    const auto a = ArchivioEstrazioni::componi(righe);
+    ASSERT_TRUE(a);
+    EXPECT_THAT(a->lotto().concorso, ElementsAre(1, 2));
+    EXPECT_THAT(a->lotto().presenti, ElementsAre(0b1010, 0b1000000001));
+    EXPECT_EQ(a->lotto().righe, 4U);
+    EXPECT_EQ(a->lotto().numeri[0][15], 9);
+    EXPECT_EQ(a->lotto().numeri[0][0], 0);
+    EXPECT_EQ(a->data_bari(2), kGiorno + std::chrono::days{2});
+    EXPECT_FALSE(a->data_bari(1));
+    EXPECT_FALSE(a->data_bari(3));
+}
+
+TEST(Componi, RigheCheNonPossonoEssere) {
+    EXPECT_EQ(errore(&RigheArchivio::lotto, {riga(1, 0), riga(1, 0)}),
+              "drawit.db: tabella archivio, concorso 1: la ruota BA vi sta due volte");
+    EXPECT_EQ(errore(&RigheArchivio::lotto, {riga(0, 0)}),
+              "drawit.db: tabella archivio: trovato il concorso 0, atteso un numero da 1 in su");
+    EXPECT_EQ(errore(&RigheArchivio::lotto, {riga(1, 0, {1, 2, 91, 4, 5})}),
+              "drawit.db: tabella archivio, concorso 1: trovato il numero 91, atteso da 1 a 90");
+    EXPECT_EQ(errore(&RigheArchivio::lotto, {riga(1, kNazionale)}),
+              "drawit.db: tabella archivio, concorso 1: ruota sconosciuta");
+    EXPECT_EQ(errore(&RigheArchivio::nazionale, {riga(4, kNazionale), riga(4, kNazionale)}),
+              "drawit.db: tabella archivion: il concorso 4 vi sta due volte");
+    EXPECT_EQ(errore(&RigheArchivio::superenalotto, {{.concorso = 2, .data = kGiorno, .jolly = 91}}),
+              "drawit.db: tabella archivios, concorso 2: trovato il numero 91, atteso da 1 a 90");
+    EXPECT_EQ(
+        errore(&RigheArchivio::winforlife, {{.concorso = 1, .data = kGiorno, .ora = "8:00", .numeri = {21}}}),
+        "drawit2.db: tabella archivio, concorso 1: trovato il numero 21, atteso da 1 a 20");
+    EXPECT_EQ(errore(&RigheArchivio::lotto, {}), "composto");
+}
+
+TEST(CercaConcorso, ComeUnaRicercaPiana) {
+    for (unsigned seme = 0; seme < 200; ++seme) {
+        std::mt19937 caso{seme};
+        const auto fra = [&](int da, int a) { return std::uniform_int_distribution{da, a}(caso); };
+        std::vector<Concorso> colonna;
+        Concorso c = fra(1, 3);
+        for (int n = fra(0, 40); n > 0; --n, c += fra(0, 9) < 8 ? 1 : fra(0, 3)) colonna.push_back(c);
+        for (Concorso cercato = -2; cercato < 60; ++cercato) {
+            const auto it = std::find(colonna.begin(), colonna.end(), cercato);
+            const auto trovato = cerca_concorso(colonna, cercato);
+            ASSERT_EQ(trovato.has_value(), it != colonna.end()) << seme << " " << cercato;
+            if (trovato) {
+                ASSERT_EQ(*trovato, static_cast<std::size_t>(it - colonna.begin()));
+            }
+        }
+    }
+}
+
+// ---- opening a folder ----
+
+/// A native file with one draw of Bari whose first number tells it apart.
+void nativo(const std::filesystem::path& file, Numero primo) {
+    RigheArchivio righe;
+    righe.lotto = {riga(1, 0, {primo, 2, 3, 4, 5})};
+    ASSERT_TRUE(scrivi_drawit(file, righe, false));
+}
+
+TEST(Apertura, SenzaArchivio) {
+    const CartellaProva cartella;
+    EXPECT_FALSE(contiene_archivio(cartella.percorso()));
+    EXPECT_EQ(apri_archivio(cartella.percorso()).error().motivo,
+              "non vi si trova né drawit.db né drawit.mdb");
+    EXPECT_EQ(apri_archivio(cartella.percorso(), kTabellaWinForLife).error().motivo,
+              "non vi si trova né drawit2.db né drawit2.mdb");
+    const auto manca = apri_archivio(cartella.percorso() / "archivio");
+    EXPECT_EQ(manca.error().motivo, "la cartella dell'archivio non c'è");
+    EXPECT_EQ(manca.error().file, cartella.percorso() / "archivio");
+    ASSERT_TRUE(scrivi_file(cartella.percorso() / "archivio", "x"));
+    EXPECT_EQ(apri_archivio(cartella.percorso() / "archivio").error().motivo, "non è una cartella");
+}
+
+TEST(Apertura, NomiSenzaRiguardoAMaiuscole) {
+    const CartellaProva cartella;
+    nativo(cartella.percorso() / "DrawIt.DB", 7);
+    EXPECT_TRUE(contiene_archivio(cartella.percorso()));
+    const auto a = apri_archivio(cartella.percorso(), kTabellaLotto);
+    ASSERT_TRUE(a) << a.error().testo();
+    EXPECT_EQ(a->lotto().numeri[0][0], 7);
+    EXPECT_EQ(a->drawit().file.filename(), "DrawIt.DB");
+}
+
+TEST(Apertura, FraNativoEJetIlPiuRecente) {
+    const CartellaProva cartella;
+    const auto db = cartella.percorso() / "drawit.db";
+    const auto mdb = cartella.percorso() / "drawit.mdb";
+    nativo(db, 7);
+    ASSERT_TRUE(scrivi_file(mdb, "rotto"));
+    const auto ora = std::filesystem::file_time_type::clock::now();
+    std::filesystem::last_write_time(db, ora);
+    std::filesystem::last_write_time(mdb, ora - std::chrono::hours{1});
+    EXPECT_TRUE(apri_archivio(cartella.percorso(), kTabellaLotto));
+    // The newer one counts even if it cannot be read: old draws must not pass for the latest.
+    std::filesystem::last_write_time(mdb, ora + std::chrono::hours{1});
+    const auto rotto = apri_archivio(cartella.percorso(), kTabellaLotto);
+    ASSERT_FALSE(rotto);
+    EXPECT_EQ(rotto.error().file, mdb);
+    // Equally new: the native one.
+    std::filesystem::last_write_time(mdb, ora);
+    EXPECT_TRUE(apri_archivio(cartella.percorso(), kTabellaLotto));
+}
+
+TEST(Apertura, SoloCioCheSiVuole) {
+    const CartellaProva cartella;
+    nativo(cartella.percorso() / "drawit.db", 7);
+    ASSERT_TRUE(scrivi_file(cartella.percorso() / "drawit2.db", "rotto"));
+    EXPECT_TRUE(apri_archivio(cartella.percorso(), kTabellaLotto | kTabellaSuperEnalotto));
+    const auto tutto = apri_archivio(cartella.percorso());
+    ASSERT_FALSE(tutto);
+    EXPECT_EQ(tutto.error().file.filename(), "drawit2.db");
+    std::filesystem::remove(cartella.percorso() / "drawit2.db");
+    EXPECT_TRUE(apri_archivio(cartella.percorso()));  // one of the two is there
+    EXPECT_FALSE(apri_archivio(cartella.percorso(), kTabellaWinForLife));
+}
+
+TEST(Apertura, NonScriveMai) {
+    const CartellaProva cartella;
+    const auto db = cartella.percorso() / "drawit.db";
+    nativo(db, 7);
+    const auto prima = leggi_file(db).value();
+    const auto scritto = std::filesystem::last_write_time(db);
+    ASSERT_TRUE(apri_archivio(cartella.percorso()));
+    EXPECT_EQ(leggi_file(db).value(), prima);
+    EXPECT_EQ(std::filesystem::last_write_time(db), scritto);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator{cartella.percorso()}, {}), 1);
+}
+
+TEST(Archivio, PrimaDelLuglio2009IlSuperEnalottoVieneDalleRuote) {
+    const auto* vero = prove::archivio_vero();
+    if (vero == nullptr) GTEST_SKIP() << "no real draws here";
+    // The importer's numbering is right if every sestina is that of the wheels of its concorso: the first
+    // number of Bari, then of Firenze, Milano, Napoli, Palermo and Roma the first that is not there yet, and
+    // of Venezia the Jolly.
+    const TabellaSuperEnalotto& s = vero->superenalotto();
+    int provati = 0;
+    for (std::size_t i = 0; i < s.concorso.size() && s.data[i] < leggi_data_iso("2009-07-01").value(); ++i) {
+        const auto k = cerca_concorso(vero->lotto().concorso, s.concorso[i]);
+        ASSERT_TRUE(k);
+        std::vector<Numero> presi;
+        for (const std::size_t w : {0U, 2U, 4U, 5U, 6U, 7U, 9U})
+            for (std::size_t p = 0; p < 5; ++p) {
+                const Numero n = vero->lotto().numeri[*k][w * 5 + p];
+                if (std::find(presi.begin(), presi.end(), n) != presi.end()) continue;
+                presi.push_back(n);
+                break;
+            }
+        ASSERT_EQ(presi.size(), 7U) << s.concorso[i];
+        EXPECT_EQ(presi[6], s.numeri[i][6]) << s.concorso[i];
+        std::sort(presi.begin(), presi.begin() + 6);
+        EXPECT_TRUE(std::equal(presi.begin(), presi.begin() + 6, s.numeri[i].begin())) << s.concorso[i];
+        ++provati;
+    }
+    EXPECT_GT(provati, 1300);
+}
+
+}  // namespace
+}  // namespace sortimetra

@@ -1,0 +1,230 @@
+#include "archive/apertura.h"
+#include "archive/file_sicuro.h"
+#include "archive/importa.h"
+#include "support/archivi.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <functional>
+#include <set>
+#include <thread>
+
+namespace sortimetra {
+namespace {
+
+using prove::CartellaProva;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::set<std::string> nomi(const std::filesystem::path& cartella) {
+    std::set<std::string> tutti;
+    for (const auto& voce : std::filesystem::directory_iterator{cartella})
+        tutti.insert(voce.path().filename());
+    return tutti;
+}
+
+/// What a process of its own says, which may take rights and room from itself without taking them from us.
+std::string nel_figlio(const std::function<std::string()>& cosa) {
+    std::array<int, 2> tubo{};
+    EXPECT_EQ(pipe(tubo.data()), 0);
+    const pid_t pid = fork();
+    if (pid == 0) {
+        const std::string detto = cosa();
+        (void)!write(tubo[1], detto.data(), detto.size());
+        _exit(0);
+    }
+    close(tubo[1]);
+    std::string detto(4096, '\0');
+    const ssize_t n = read(tubo[0], detto.data(), detto.size());
+    detto.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
+    close(tubo[0]);
+    int stato = 0;
+    waitpid(pid, &stato, 0);
+    EXPECT_TRUE(WIFEXITED(stato));
+    return detto;
+}
+
+std::string esito(const std::expected<void, ErroreArchivio>& e) {
+    return e ? "scritto" : e.error().motivo;
+}
+
+TEST(FileSicuro, ScriveESostituisce) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "grup.dat";
+    EXPECT_EQ(esito(scrivi_file(file, "uno")), "scritto");
+    EXPECT_EQ(leggi_file(file).value(), "uno");
+    EXPECT_EQ(esito(scrivi_file(file, "")), "scritto");
+    EXPECT_EQ(leggi_file(file).value(), "");
+    EXPECT_THAT(nomi(cartella.percorso()), ElementsAre("grup.dat"));
+}
+
+TEST(FileSicuro, SenzaConfermaRestaIlVecchio) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "grup.dat";
+    ASSERT_TRUE(scrivi_file(file, "vecchio"));
+    {
+        auto f = FileSicuro::apri(file);
+        ASSERT_TRUE(f);
+        ASSERT_TRUE(f->scrivi("nuovo a metà"));
+        EXPECT_EQ(nomi(cartella.percorso()).size(), 2U);
+        FileSicuro altrove = std::move(*f);
+    }
+    EXPECT_EQ(leggi_file(file).value(), "vecchio");
+    EXPECT_THAT(nomi(cartella.percorso()), ElementsAre("grup.dat"));
+}
+
+TEST(FileSicuro, TieneIDirittiEIlCollegamento) {
+    const CartellaProva cartella;
+    const auto vero = cartella.percorso() / "vero.dat";
+    const auto collegamento = cartella.percorso() / "grup.dat";
+    ASSERT_TRUE(scrivi_file(vero, "vecchio"));
+    ASSERT_EQ(chmod(vero.c_str(), 0640), 0);
+    std::filesystem::create_symlink("vero.dat", collegamento);
+    ASSERT_TRUE(scrivi_file(collegamento, "nuovo"));
+    EXPECT_TRUE(std::filesystem::is_symlink(collegamento));
+    EXPECT_EQ(leggi_file(vero).value(), "nuovo");
+    struct stat stato{};
+    ASSERT_EQ(stat(vero.c_str(), &stato), 0);
+    EXPECT_EQ(stato.st_mode & 0777, 0640U);
+}
+
+TEST(FileSicuro, DoveNonSiPuo) {
+    const CartellaProva cartella;
+    EXPECT_EQ(esito(scrivi_file(cartella.percorso(), "x")), "non si può scrivere: è una cartella");
+    EXPECT_EQ(esito(scrivi_file(cartella.percorso() / "manca" / "grup.dat", "x")),
+              "non si può scrivere: la cartella non c'è");
+    ASSERT_TRUE(scrivi_file(cartella.percorso() / "file", "x"));
+    EXPECT_EQ(esito(scrivi_file(cartella.percorso() / "file" / "grup.dat", "x")),
+              "non si può scrivere: una parte del percorso non è una cartella");
+}
+
+TEST(FileSicuro, CartellaDiSolaLettura) {
+    const CartellaProva cartella;
+    std::filesystem::permissions(cartella.percorso(), std::filesystem::perms{0555});
+    const auto detto = nel_figlio([&] {
+        // Root may write everywhere, so it becomes somebody.
+        if (geteuid() == 0 && setuid(65534) != 0) return std::string{"non si può diventare qualcuno"};
+        return esito(scrivi_file(cartella.percorso() / "grup.dat", "x"));
+    });
+    std::filesystem::permissions(cartella.percorso(), std::filesystem::perms{0755});
+    // Somebody cannot even look into a folder that mkdtemp made, or can look but not write.
+    EXPECT_EQ(detto, "non si può scrivere: permesso negato");
+    EXPECT_TRUE(std::filesystem::is_empty(cartella.percorso()));
+}
+
+/// The disk that is full, as far as one process can feel it: no file may grow beyond `byte`.
+void restringi(rlim_t byte) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limite{byte, byte};
+    setrlimit(RLIMIT_FSIZE, &limite);
+}
+
+TEST(FileSicuro, QuandoLoSpazioFinisce) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "grup.dat";
+    ASSERT_TRUE(scrivi_file(file, "vecchio"));
+    const auto detto = nel_figlio([&] {
+        restringi(1000);
+        return esito(scrivi_file(file, std::string(5000, 'x')));
+    });
+    EXPECT_EQ(detto, "la scrittura non è riuscita: il file sarebbe troppo grande");
+    EXPECT_EQ(leggi_file(file).value(), "vecchio");
+    EXPECT_THAT(nomi(cartella.percorso()), ElementsAre("grup.dat"));
+}
+
+TEST(FileSicuro, LArchivioQuandoLoSpazioFinisce) {
+    const CartellaProva cartella;
+    // At the first page, in the middle of the first file, in the second file.
+    for (const rlim_t byte : {0UL, 1'000'000UL, 1'500'000UL}) {
+        const auto detto = nel_figlio([&] {
+            restringi(byte);
+            SenzaAvanzamento nessuno;
+            const auto fatto = crea_dimostrazione(cartella.percorso(), nessuno);
+            return fatto ? "scritto" : fatto.error().motivo;
+        });
+        EXPECT_THAT(detto, HasSubstr("la scrittura non è riuscita: ")) << byte;
+        EXPECT_TRUE(std::filesystem::is_empty(cartella.percorso())) << byte;
+    }
+}
+
+TEST(FileSicuro, TuttiONessuno) {
+    const CartellaProva cartella;
+    const auto primo = cartella.percorso() / "drawit.db";
+    const auto secondo = cartella.percorso() / "drawit2.db";
+    ASSERT_TRUE(scrivi_file(primo, "vecchio"));
+    const auto prepara = [&] {
+        std::vector<FileSicuro> file;
+        for (const auto& p : {primo, secondo}) {
+            auto f = FileSicuro::apri(p);
+            EXPECT_TRUE(f->scrivi("nuovo"));
+            file.push_back(std::move(*f));
+        }
+        return file;
+    };
+    {
+        auto file = prepara();
+        // The second rename fails: a folder that is not empty has come in its place meanwhile.
+        std::filesystem::create_directories(secondo / "dentro");
+        EXPECT_FALSE(FileSicuro::conferma_tutti(file));
+    }
+    EXPECT_EQ(leggi_file(primo).value(), "vecchio");
+    std::filesystem::remove_all(secondo);
+    {
+        // The same where the first file is new: it goes again.
+        std::filesystem::remove(primo);
+        auto file = prepara();
+        std::filesystem::create_directories(secondo / "dentro");
+        EXPECT_FALSE(FileSicuro::conferma_tutti(file));
+    }
+    EXPECT_FALSE(std::filesystem::exists(primo));
+    std::filesystem::remove_all(secondo);
+    auto file = prepara();
+    ASSERT_TRUE(FileSicuro::conferma_tutti(file));
+    EXPECT_EQ(leggi_file(primo).value(), "nuovo");
+    EXPECT_EQ(leggi_file(secondo).value(), "nuovo");
+    EXPECT_THAT(nomi(cartella.percorso()), ElementsAre("drawit.db", "drawit2.db"));
+}
+
+TEST(FileSicuro, DueInsiemeNonSiMescolano) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "ric.ini";
+    ASSERT_TRUE(scrivi_file(file, std::string(100'000, 'a')));
+    const auto scrivi = [&](char lettera) {
+        for (int i = 0; i < 30; ++i) EXPECT_TRUE(scrivi_file(file, std::string(100'000, lettera)));
+    };
+    std::thread a{scrivi, 'a'};
+    std::thread b{scrivi, 'b'};
+    for (int i = 0; i < 200; ++i) {
+        const auto letto = leggi_file(file);
+        ASSERT_TRUE(letto);
+        ASSERT_EQ(letto->size(), 100'000U);
+        ASSERT_EQ(letto->find_first_not_of(letto->front()), std::string::npos);
+    }
+    a.join();
+    b.join();
+    EXPECT_THAT(nomi(cartella.percorso()), ElementsAre("ric.ini"));
+}
+
+TEST(LeggiFile, CioCheNonEUnFile) {
+    const CartellaProva cartella;
+    const auto motivo = [](const std::filesystem::path& p) { return leggi_file(p).error().motivo; };
+    EXPECT_EQ(motivo(cartella.percorso() / "manca"), "il file non c'è");
+    EXPECT_EQ(motivo(cartella.percorso()), "è una cartella, non un file");
+    EXPECT_EQ(motivo("/dev/zero"), "non è un file");
+    ASSERT_TRUE(scrivi_file(cartella.percorso() / "grande", std::string(100, 'x')));
+    EXPECT_EQ(leggi_file(cartella.percorso() / "grande", 99).error().motivo,
+              "il file è troppo grande (100 byte)");
+    std::filesystem::create_symlink("tondo", cartella.percorso() / "tondo");
+    EXPECT_EQ(motivo(cartella.percorso() / "tondo"),
+              "il file non si può leggere: i collegamenti girano in tondo");
+}
+
+}  // namespace
+}  // namespace sortimetra
