@@ -114,8 +114,13 @@ std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
     return leggi_file_archivio(percorso_archivio, kNomiDrawit, tabelle & kTabelleDrawit);
 }
 
+unsigned tabelle_presenti(const std::filesystem::path& percorso_archivio) {
+    return (piu_recente(percorso_archivio, kNomiDrawit) ? kTabelleDrawit : 0U) |
+           (piu_recente(percorso_archivio, kNomiDrawit2) ? unsigned{kTabellaWinForLife} : 0U);
+}
+
 bool contiene_archivio(const std::filesystem::path& percorso_archivio) {
-    return piu_recente(percorso_archivio, kNomiDrawit) || piu_recente(percorso_archivio, kNomiDrawit2);
+    return tabelle_presenti(percorso_archivio) != 0;
 }
 
 }  // namespace sortimetra

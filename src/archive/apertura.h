@@ -39,6 +39,9 @@ struct RigheConFonte {
 [[nodiscard]] std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
     const std::filesystem::path& percorso_archivio, unsigned tabelle);
 
+/// The tables whose file is in the folder, sound or not: what can be asked of `apri_archivio` there.
+[[nodiscard]] unsigned tabelle_presenti(const std::filesystem::path& percorso_archivio);
+
 /// Whether the folder holds any of the four files.
 [[nodiscard]] bool contiene_archivio(const std::filesystem::path& percorso_archivio);
 

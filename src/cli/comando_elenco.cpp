@@ -13,10 +13,10 @@ namespace sortimetra {
 
 namespace {
 
-/// Why a search cannot run here; "" if it can. Only looks whether the files are there.
-std::string_view impedimento(const Ricerca& r, const std::filesystem::path& archivio) {
+/// Why a search cannot run here; "" if it can. `presenti` are the tables whose files are there, sound or not.
+std::string_view impedimento(const Ricerca& r, unsigned presenti) {
     if (!r.pronta()) return "non è ancora disponibile";
-    if (r.tabelle != 0 && !contiene_archivio(archivio)) return "manca l'archivio";
+    if (r.tabelle != 0 && (r.tabelle & presenti) == 0) return "manca l'archivio";
     return {};
 }
 
@@ -24,7 +24,7 @@ std::string_view impedimento(const Ricerca& r, const std::filesystem::path& arch
 
 int comando_elenco(Richiesta& richiesta, const Canali& canali) {
     const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
-    const auto archivio = sessione.percorso_archivio();
+    const unsigned presenti = tabelle_presenti(sessione.percorso_archivio());
 
     Tabella tabella;
     tabella.titoli = {{"Scheda", "Gruppo", "Ricerca", "Chiave", "Eseguibile"}};
@@ -33,7 +33,7 @@ int comando_elenco(Richiesta& richiesta, const Canali& canali) {
     std::set<std::string_view> elencate;
     const auto voce = [&](std::string_view scheda, std::string_view gruppo, std::string_view nome,
                           const Ricerca& r) {
-        const std::string_view perche_no = impedimento(r, archivio);
+        const std::string_view perche_no = impedimento(r, presenti);
         elencate.insert(r.chiave);
         const std::string eseguibile = perche_no.empty() ? "sì" : "no: " + std::string{perche_no};
         for (std::size_t c = 0;

@@ -212,6 +212,19 @@ TEST_F(ArchivioCli, ElencoDiceCheCosaSiPuoFareQui) {
     EXPECT_EQ(chiavi.size(), ricerche().size()) << "every search is listed";
 }
 
+TEST_F(ArchivioCli, ElencoGuardaIlFileDiOgniRicerca) {
+    scrivi(casa() / "winforlife.csv", kWinForLife);
+    ASSERT_EQ(esegui({"importa", "--cartella", ".", "--winforlife", "winforlife.csv"}).codice, 0);
+    for (const auto& v : nlohmann::json::parse(esegui({"elenco", "--cartella", ".", "--json"}).uscita)) {
+        if (v["chiave"] == "ritardo e frequenza dei 20 numeri nella combinazione win for life") {
+            EXPECT_EQ(v["eseguibile"], true);
+        }
+        if (v["chiave"] == "ritardo e frequenza dei 90 numeri") {
+            EXPECT_EQ(v["motivo"], "manca l'archivio");
+        }
+    }
+}
+
 TEST_F(ArchivioCli, ElencoDaLeggere) {
     const Esito p = esegui({"elenco"});
     EXPECT_EQ(p.codice, 0);
