@@ -7,6 +7,7 @@
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_segnalimite.h"
 #include "catalogue/form_ricerche_ultima.h"
+#include "printing/form_anteprima.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
 
@@ -937,6 +938,15 @@ void form_ricerche::mostra_segnalimite(bool mostra) {
     if (mostra && frame_segnalimite_ == nullptr) {
         frame_segnalimite_ = new FrameSegnalimite;
         connect(frame_segnalimite_, &FrameSegnalimite::esci, this, [this] { mostra_segnalimite(false); });
+        connect(frame_segnalimite_, &FrameSegnalimite::stampa, this, [this] {
+            const ArchivioEstrazioni nessuno;  // the table is fixed
+            SenzaAvanzamento subito;
+            Domanda domanda;
+            domanda.chiave = "tabella dei segnalimite cabalistici";
+            auto risultato = std::make_shared<const Risultato>(
+                esegui(*trova_ricerca(domanda.chiave), nessuno, domanda, subito));
+            stampa_risultato(this, std::move(risultato), domanda, nessuno);
+        });
         pagine_->addWidget(frame_segnalimite_);
     }
     pagine_->setCurrentWidget(mostra ? static_cast<QWidget*>(frame_segnalimite_) : catalogo_);

@@ -1,5 +1,6 @@
 #include "catalogue/form_ricerche_schermi.h"
 
+#include "printing/form_anteprima.h"
 #include "statistics/form_stat.h"
 
 namespace sortimetra {
@@ -10,7 +11,12 @@ namespace {
 /// `SchermoRicerca` have.
 template <class Form>
 constexpr RigaSchermo riga(Schermo schermo) {
-    return {schermo, [](Sessione& sessione) -> QWidget* { return new Form{sessione}; },
+    return {schermo,
+            [](Sessione& sessione) -> QWidget* {
+                auto* form = new Form{sessione};
+                form->imposta_stampa(stampa_lavoro);
+                return form;
+            },
             [](QWidget& finestra, const Ricerca& ricerca, const ArchivioEstrazioni& archivio) {
                 static_cast<Form&>(finestra).apri(ricerca, archivio);
             }};

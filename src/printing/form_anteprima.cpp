@@ -6,6 +6,7 @@
 #include "screens/casella_cifre.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
+#include "screens/schermo_ricerca.h"
 #include "screens/stampanti.h"
 #include "screens/tema.h"
 
@@ -172,6 +173,9 @@ void FormAnteprima::componi() {
     pagine->addWidget(avanti_);
     pagine->addWidget(etichetta(tr("Pa&gina"), txt_pagina_));
     pagine->addWidget(txt_pagina_);
+    auto* di = new QLabel{tr("di %1").arg(rapporto_.pagine), corpo_};
+    assegna_ruolo(di, "quieto");
+    pagine->addWidget(di);
     pagine->addStretch(1);
     destra->addLayout(pagine);
     connect(indietro_, &QPushButton::clicked, this, [this] { vai(pagina_ - 1); });
@@ -422,6 +426,11 @@ FormAnteprima* stampa_risultato(QWidget* finestra, std::shared_ptr<const Risulta
     anteprima->setAttribute(Qt::WA_DeleteOnClose);
     anteprima->open();
     return anteprima;
+}
+
+void stampa_lavoro(const LavoroStampa& lavoro) {
+    if (lavoro.risultato && lavoro.archivio != nullptr)
+        stampa_risultato(lavoro.finestra, lavoro.risultato, lavoro.domanda, *lavoro.archivio, lavoro.ordine);
 }
 
 }  // namespace sortimetra

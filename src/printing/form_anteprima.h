@@ -20,6 +20,7 @@ namespace sortimetra {
 
 class CasellaCifre;
 class PannelloAvanzamento;
+struct LavoroStampa;
 
 /// A sheet of a report as it will be, at any size: a page is drawn when it is shown, never before.
 class FoglioAnteprima final : public QWidget {
@@ -100,5 +101,8 @@ class FormAnteprima final : public QDialog {
 FormAnteprima* stampa_risultato(QWidget* finestra, std::shared_ptr<const Risultato> risultato,
                                 const Domanda& domanda, const ArchivioEstrazioni& archivio,
                                 const std::vector<std::uint32_t>& ordine = {});
+
+/// The same for what a search screen hands over: `schermo.imposta_stampa(stampa_lavoro)`.
+void stampa_lavoro(const LavoroStampa& lavoro);
 
 }  // namespace sortimetra

@@ -185,7 +185,7 @@ frmStampaFCPB::frmStampaFCPB(QWidget* padre)
     setObjectName(QStringLiteral("frmStampaFCPB"));
     setWindowTitle(QStringLiteral("StampaFCPB"));
     componi();
-    resize(820, 620);
+    resize(820, 640);
 }
 
 void frmStampaFCPB::componi() {
@@ -194,7 +194,11 @@ void frmStampaFCPB::componi() {
     pic_copia_temp_->setObjectName(QStringLiteral("picCopiaTemp"));
     zoom_->setObjectName(QStringLiteral("picZoom"));
     zoom_->setAlignment(Qt::AlignCenter);
-    zoom_->setFixedSize(kZoom, kZoom);
+    // As large as the window leaves room for, up to its limit.
+    zoom_->setMinimumSize(kZoom / 3, kZoom / 3);
+    zoom_->setMaximumSize(kZoom, kZoom);
+    zoom_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    zoom_->installEventFilter(this);
     zoom_->setAccessibleName(tr("Immagine ingrandita"));
 
     auto* riga = new QHBoxLayout{this};
@@ -273,8 +277,9 @@ void frmStampaFCPB::componi() {
         l->hide();
         colonna->addWidget(l);
     }
-    colonna->addStretch(1);
-    colonna->addWidget(zoom_, 0, Qt::AlignHCenter);
+    auto* riga_zoom = new QHBoxLayout;
+    riga_zoom->addWidget(zoom_);
+    colonna->addLayout(riga_zoom, 1);
 
     cmd_stampa_->setObjectName(QStringLiteral("cmdStampa"));
     cmd_stampa_->setIcon(icona(QStringLiteral("stampa"), TintaIcona::su_accento));
@@ -372,8 +377,7 @@ bool frmStampaFCPB::StampaFCPB(const OggettoStampa& oggetto, double x, double y,
 
     setWindowTitle(QStringLiteral("Anteprima di stampa ") + chiamato);
     preview_->imposta_immagine(immagine_);
-    zoom_->setPixmap(
-        QPixmap::fromImage(immagine_).scaled(kZoom, kZoom, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    mostra_zoom();
     mostra_valori();
     exec();
     stampante_.reset();
@@ -612,6 +616,21 @@ void frmStampaFCPB::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     QDialog::keyPressEvent(evento);
+}
+
+void frmStampaFCPB::mostra_zoom() {
+    if (immagine_.isNull()) return;
+    const double punti = devicePixelRatioF();
+    QPixmap ingrandita = QPixmap::fromImage(immagine_);
+    ingrandita.setDevicePixelRatio(1);
+    ingrandita = ingrandita.scaled(zoom_->size() * punti, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    ingrandita.setDevicePixelRatio(punti);
+    zoom_->setPixmap(ingrandita);
+}
+
+bool frmStampaFCPB::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == zoom_ && evento->type() == QEvent::Resize) mostra_zoom();
+    return QDialog::eventFilter(oggetto, evento);
 }
 
 void frmStampaFCPB::resizeEvent(QResizeEvent* evento) {

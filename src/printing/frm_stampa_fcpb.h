@@ -83,9 +83,11 @@ class frmStampaFCPB final : public QDialog {
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
     void componi();
+    void mostra_zoom();
     /// Name of the default printer, "" after a message.
     [[nodiscard]] QString GetDefPrinterName();
     bool OpenDocPrinter(const QString& nome);

@@ -383,6 +383,7 @@ void SchermoRicerca::stampa() {
              .risultato = risultato_,
              .ordine = griglia_->modello()->ordine(),
              .domanda = *domanda_risposta_,
+             .archivio = archivio_,
              .concorsi = area_->testo_concorsi(),
              .periodo = area_->testo_intervallo()});
 }

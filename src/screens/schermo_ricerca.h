@@ -37,6 +37,7 @@ struct LavoroStampa {
     std::shared_ptr<const Risultato> risultato;
     std::vector<std::uint32_t> ordine;  ///< rows of the first table as sorted, empty for the order of writing
     Domanda domanda;
+    const ArchivioEstrazioni* archivio = nullptr;
     QString concorsi;  ///< "dal concorso 1 del 22/12/1990 al concorso …"
     QString periodo;   ///< text of `ComboIntervallo`
 };
