@@ -103,6 +103,16 @@ void VistaGriglia::paintEvent(QPaintEvent* evento) {
     QTableView::paintEvent(evento);
 }
 
+void VistaGriglia::keyPressEvent(QKeyEvent* evento) {
+    // The view's own answer would be the text of one cell.
+    if (evento->matches(QKeySequence::Copy)) {
+        emit copia_richiesta();
+        evento->accept();
+        return;
+    }
+    QTableView::keyPressEvent(evento);
+}
+
 /// The titles and the sort buttons, lined up with the columns of the view under them.
 class GrigliaRisultati::Testata final : public QWidget {
   public:
@@ -279,11 +289,7 @@ GrigliaRisultati::GrigliaRisultati(QWidget* padre)
         if (!corrispondenze_.empty()) vai_a(0);
     });
 
-    auto* copia_azione = new QAction{this};
-    copia_azione->setShortcut(QKeySequence::Copy);
-    copia_azione->setShortcutContext(Qt::WidgetShortcut);
-    connect(copia_azione, &QAction::triggered, this, &GrigliaRisultati::copia);
-    vista_->addAction(copia_azione);
+    connect(vista_, &VistaGriglia::copia_richiesta, this, &GrigliaRisultati::copia);
     setFocusProxy(vista_);
     disponi();
 }

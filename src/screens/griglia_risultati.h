@@ -26,8 +26,12 @@ class VistaGriglia final : public QTableView {
   public:
     using QTableView::QTableView;
 
+  signals:
+    void copia_richiesta();
+
   protected:
     void paintEvent(QPaintEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
 };
 
 /// A result grid: the sort buttons `cmdcol_0`, `cmdcol_1`, … over the view `MSHFlexGrid1`.

@@ -1,0 +1,486 @@
+#include "screens/griglia_risultati.h"
+#include "screens/tema.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTimer>
+#include <QtTest>
+#include <algorithm>
+#include <numeric>
+
+using namespace sortimetra;
+
+namespace {
+
+std::shared_ptr<const Tabella> misure(std::vector<std::int32_t> frequenze) {
+    auto t = std::make_shared<Tabella>();
+    t->titoli = {{"Numeri", "Frequenza", "Ritardo"}};
+    const std::size_t n = frequenze.size();
+    ColonnaInteri numeri{std::vector<std::int32_t>(n)};
+    std::iota(numeri.valori.begin(), numeri.valori.end(), 1);
+    ColonnaInteri ritardi = numeri;
+    std::reverse(ritardi.valori.begin(), ritardi.valori.end());
+    t->colonne = {numeri, ColonnaInteri{std::move(frequenze)}, ritardi};
+    return t;
+}
+
+/// The table of all terni: 117,480 rows of four columns.
+std::shared_ptr<const Tabella> terni() {
+    auto t = std::make_shared<Tabella>();
+    t->titoli = {{"Numeri", "Frequenza", "Ritardo", "Ritardo Storico"}};
+    ColonnaGruppi gruppi{.quanti = 3, .separatore = '-', .numeri = {}};
+    std::array<ColonnaInteri, 3> altre;
+    std::uint32_t seme = 7;
+    for (int a = 1; a <= 88; ++a)
+        for (int b = a + 1; b <= 89; ++b)
+            for (int c = b + 1; c <= 90; ++c) {
+                for (const int x : {a, b, c}) gruppi.numeri.push_back(static_cast<std::uint8_t>(x));
+                for (ColonnaInteri& colonna : altre) {
+                    seme = seme * 1664525U + 1013904223U;
+                    colonna.valori.push_back(static_cast<std::int32_t>(seme >> 20U));
+                }
+            }
+    t->colonne = {gruppi, altre[0], altre[1], altre[2]};
+    return t;
+}
+
+QStringList colonna(const GrigliaRisultati& g, int c) {
+    QStringList testi;
+    for (int r = 0; r < g.modello()->rowCount(); ++r) testi << g.modello()->index(r, c).data().toString();
+    return testi;
+}
+
+QPushButton* cmdcol(const GrigliaRisultati& g, int i) {
+    return g.findChild<QPushButton*>(QStringLiteral("cmdcol_%1").arg(i));
+}
+
+}  // namespace
+
+class TestGriglia : public QObject {
+    Q_OBJECT
+  private slots:
+    void initTestCase() { applica_tema(*qApp, 1); }
+
+    void il_modello_tiene_le_sue_promesse();
+    void i_titoli_stanno_sui_pulsanti();
+    void i_numeri_stanno_a_destra();
+    void le_righe_si_alternano();
+    void i_colori_della_ricerca();
+    void il_primo_clic_ordina_dal_piu_grande();
+    void ogni_colonna_ha_il_proprio_verso();
+    void i_versi_restano_quando_la_griglia_si_svuota();
+    void per_tre_chiavi_il_secondo_pulsante_ordina_la_prima_colonna_data();
+    void per_tre_chiavi_il_secondo_pulsante_ordina_la_prima_colonna();
+    void dopo_l_ordinamento_si_torna_in_cima();
+    void la_riga_scelta_e_quella_della_tabella();
+    void centodiciassettemila_righe_senza_attese();
+    void copia_un_blocco();
+    void copia_la_riga_di_una_cella();
+    void copia_celle_sparse();
+    void la_griglia_vuota_dice_che_cosa_fare();
+    void trova_nel_risultato();
+    void il_menu_ordina_la_colonna_della_cella();
+    void piu_righe_di_titoli();
+    void la_prima_colonna_resta_in_vista();
+    void le_larghezze_non_cambiano_con_l_ordinamento();
+};
+
+void TestGriglia::il_modello_tiene_le_sue_promesse() {
+    ModelloRisultato m;
+    QAbstractItemModelTester controllo{&m, QAbstractItemModelTester::FailureReportingMode::QtTest};
+    m.mostra(misure({5, 9, 7}));
+    const QPersistentModelIndex segnato{m.index(1, 1)};  // the 9
+    m.ordina_per(1, Verso::decrescente);
+    QCOMPARE(segnato.row(), 0);
+    QCOMPARE(segnato.data().toString(), QStringLiteral("9"));
+    m.ordina_per(1, Verso::crescente);
+    QCOMPARE(segnato.row(), 2);
+    m.svuota();
+    QCOMPARE(m.rowCount(), 0);
+    QCOMPARE(m.columnCount(), 3);
+    QVERIFY(!segnato.isValid());
+    m.mostra(misure({1}));
+    m.mostra(nullptr);
+    QCOMPARE(m.columnCount(), 0);
+    m.ordina_per(0, Verso::crescente);
+    m.svuota();
+}
+
+void TestGriglia::i_titoli_stanno_sui_pulsanti() {
+    GrigliaRisultati g;
+    g.inizializza({{"Numeri", "Frequenza", "Ritardo", "Ritardo Storico"}});
+    QCOMPARE(cmdcol(g, 3)->text(), QStringLiteral("Ritardo Storico"));
+    QVERIFY(cmdcol(g, 4) == nullptr);
+    g.mostra(misure({1, 2}));
+    QCOMPARE(cmdcol(g, 2)->text(), QStringLiteral("Ritardo"));
+    QVERIFY(cmdcol(g, 3) == nullptr);
+    g.resize(700, 300);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    for (int c = 0; c < 3; ++c) {
+        // Each button stands exactly over its column.
+        const int x = g.vista()->viewport()->mapTo(&g, QPoint{g.vista()->columnViewportPosition(c), 0}).x();
+        QCOMPARE(cmdcol(g, c)->mapTo(&g, QPoint{}).x(), x);
+        QCOMPARE(cmdcol(g, c)->width(), g.vista()->columnWidth(c));
+    }
+}
+
+void TestGriglia::i_numeri_stanno_a_destra() {
+    auto t = std::make_shared<Tabella>();
+    t->titoli = {{"Gruppo", "Ritardo", "Percentuale", "Nome", "Vuota"}};
+    t->colonne = {ColonnaGruppi{.quanti = 2, .separatore = '-', .numeri = {1, 2, 3, 4}},
+                  ColonnaInteri{{3, kCellaPuntini}}, ColonnaTesti{{"  12,50%", "1.443,33"}},
+                  ColonnaTesti{{"12", "decina"}}, ColonnaTesti{{"", ""}}};
+    ModelloRisultato m;
+    m.mostra(t);
+    const auto destra = [&m](int c) {
+        return m.index(0, c).data(Qt::TextAlignmentRole).value<Qt::Alignment>().testFlag(Qt::AlignRight);
+    };
+    QCOMPARE((QList<bool>{destra(0), destra(1), destra(2), destra(3), destra(4)}),
+             (QList<bool>{false, true, true, false, false}));
+    QCOMPARE(m.index(0, 0).data().toString(), QStringLiteral("01-02"));
+    QCOMPARE(m.index(1, 1).data().toString(), QStringLiteral("..."));
+    QCOMPARE(m.index(0, 2).data().toString(), QStringLiteral("12,50%"));
+    QCOMPARE(m.testo_piu_largo(2), QStringLiteral("12,50%"));
+    QCOMPARE(m.testo_piu_largo(3), QStringLiteral("decina"));
+}
+
+void TestGriglia::le_righe_si_alternano() {
+    ModelloRisultato m;
+    m.mostra(misure({1, 2, 3}));
+    const auto fondo = [&m](int r) { return m.index(r, 0).data(Qt::BackgroundRole).value<QBrush>().color(); };
+    QCOMPARE(fondo(0).rgb(), skin_in_uso().tinta_a);
+    QCOMPARE(fondo(1).rgb(), skin_in_uso().tinta_b);
+    QCOMPARE(fondo(2), fondo(0));
+    // The bands belong to the places, not to the rows that stand in them.
+    m.ordina_per(0, Verso::decrescente);
+    QCOMPARE(fondo(0).rgb(), skin_in_uso().tinta_a);
+}
+
+void TestGriglia::i_colori_della_ricerca() {
+    auto t = std::make_shared<Tabella>(*misure({1, 2}));
+    t->sfondi.assign(6, kNessunColore);
+    t->primi_piani.assign(6, kNessunColore);
+    t->sfondi[0] = 0x0000FF;       // 0xBBGGRR: pure red
+    t->sfondi[1] = 65535;          // the yellow of a hit
+    t->primi_piani[3] = 0xFF0000;  // pure blue
+    ModelloRisultato m;
+    m.mostra(t);
+    const auto colore = [&m](int r, int c, int ruolo) {
+        return m.index(r, c).data(ruolo).value<QBrush>().color().rgb();
+    };
+    QCOMPARE(colore(0, 0, Qt::BackgroundRole), qRgb(255, 0, 0));
+    QCOMPARE(colore(0, 1, Qt::BackgroundRole), skin_in_uso().trovato);
+    QCOMPARE(colore(0, 2, Qt::BackgroundRole), skin_in_uso().tinta_a);
+    QCOMPARE(colore(1, 0, Qt::ForegroundRole), qRgb(0, 0, 255));
+    // Sorting carries the colours along with their rows.
+    m.ordina_per(0, Verso::decrescente);
+    QCOMPARE(colore(1, 0, Qt::BackgroundRole), qRgb(255, 0, 0));
+    // On every skin whatever the search paints stays readable.
+    for (int i = 1; i <= kNumeroSkin; ++i) {
+        applica_tema(*qApp, i);
+        for (int r = 0; r < 2; ++r)
+            for (int c = 0; c < 3; ++c)
+                QVERIFY(contrasto(colore(r, c, Qt::ForegroundRole), colore(r, c, Qt::BackgroundRole)) >= 4.5);
+    }
+    applica_tema(*qApp, 1);
+}
+
+void TestGriglia::il_primo_clic_ordina_dal_piu_grande() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    g.show();
+    QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
+    QCOMPARE(colonna(g, 1), (QStringList{"9", "7", "5"}));
+    QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QStringLiteral("0"));
+    QVERIFY(!cmdcol(g, 1)->icon().isNull());
+    QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
+    QCOMPARE(colonna(g, 1), (QStringList{"5", "7", "9"}));
+    QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QString{});
+    QTest::keyClick(cmdcol(g, 1), Qt::Key_Space);
+    QCOMPARE(colonna(g, 1), (QStringList{"9", "7", "5"}));
+}
+
+void TestGriglia::ogni_colonna_ha_il_proprio_verso() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    g.show();
+    QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);  // descending, tag "0"
+    QTest::mouseClick(cmdcol(g, 2), Qt::LeftButton);  // its own tag is empty: descending
+    QCOMPARE(colonna(g, 2), (QStringList{"3", "2", "1"}));
+    QVERIFY(cmdcol(g, 1)->icon().isNull());
+    QVERIFY(!cmdcol(g, 2)->icon().isNull());
+    QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);  // comes back to its tag: ascending
+    QCOMPARE(colonna(g, 1), (QStringList{"5", "7", "9"}));
+}
+
+void TestGriglia::i_versi_restano_quando_la_griglia_si_svuota() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    g.show();
+    QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
+    g.svuota();
+    QVERIFY(g.vuota());
+    QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QStringLiteral("0"));
+    QVERIFY(cmdcol(g, 1)->icon().isNull());
+    g.mostra(misure({5, 9, 7}));
+    QCOMPARE(colonna(g, 1), (QStringList{"5", "9", "7"}));
+    QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
+    QCOMPARE(colonna(g, 1), (QStringList{"5", "7", "9"}));
+}
+
+void TestGriglia::per_tre_chiavi_il_secondo_pulsante_ordina_la_prima_colonna_data() {
+    QTest::addColumn<QString>("chiave");
+    QTest::addColumn<int>("ordinata");
+    QTest::newRow("ambi") << "ricerche su tutti gli ambi" << 0;
+    QTest::newRow("ambata capogioco") << "ambata capogioco" << 0;
+    QTest::newRow("ambo capogioco") << "ambo capogioco" << 0;
+    QTest::newRow("terni") << "ricerche su tutti i terni" << 1;
+    QTest::newRow("90 numeri") << "ritardo e frequenza dei 90 numeri" << 1;
+}
+
+void TestGriglia::per_tre_chiavi_il_secondo_pulsante_ordina_la_prima_colonna() {
+    QFETCH(QString, chiave);
+    QFETCH(int, ordinata);
+    GrigliaRisultati g;
+    g.imposta_chiave(chiave);
+    g.mostra(misure({5, 9, 7}));
+    g.show();
+    QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
+    QVERIFY(g.ordinamento() == std::pair(ordinata, Verso::decrescente));
+    QCOMPARE(colonna(g, 0), ordinata == 0 ? (QStringList{"3", "2", "1"}) : (QStringList{"2", "3", "1"}));
+    // The tag is that of the button that was pressed, the arrow that of the column that is sorted.
+    QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QStringLiteral("0"));
+    QCOMPARE(cmdcol(g, 0)->property("tag").toString(), QString{});
+    QVERIFY(!cmdcol(g, ordinata)->icon().isNull());
+    QTest::mouseClick(cmdcol(g, 0), Qt::LeftButton);
+    QVERIFY(g.ordinamento() == std::pair(0, Verso::decrescente));
+}
+
+void TestGriglia::dopo_l_ordinamento_si_torna_in_cima() {
+    GrigliaRisultati g;
+    std::vector<std::int32_t> molti(500);
+    std::iota(molti.begin(), molti.end(), 0);
+    g.mostra(misure(molti));
+    g.resize(500, 300);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    g.vista()->scrollToBottom();
+    QVERIFY(g.vista()->verticalScrollBar()->value() > 0);
+    QTest::mouseClick(cmdcol(g, 2), Qt::LeftButton);
+    QCOMPARE(g.vista()->verticalScrollBar()->value(), 0);
+    QCOMPARE(g.vista()->rowAt(0), 0);
+}
+
+void TestGriglia::la_riga_scelta_e_quella_della_tabella() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    QVERIFY(!g.riga_scelta());
+    g.vista()->setCurrentIndex(g.modello()->index(2, 0));
+    QCOMPARE(*g.riga_scelta(), 2U);
+    g.ordina_colonna(1, Verso::crescente);  // 5, 7, 9: the row goes with its number
+    QCOMPARE(*g.riga_scelta(), 2U);
+    QCOMPARE(g.vista()->currentIndex().row(), 1);
+    g.svuota();
+    QVERIFY(!g.riga_scelta());
+}
+
+void TestGriglia::centodiciassettemila_righe_senza_attese() {
+    const auto t = terni();
+    QCOMPARE(t->righe(), 117480U);
+    GrigliaRisultati g;
+    g.resize(900, 600);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    QElapsedTimer orologio;
+    orologio.start();
+    g.mostra(t);
+    QApplication::processEvents();
+    const qint64 apparsa = orologio.elapsed();
+    qInfo("117,480 rows appear in %lld ms", static_cast<long long>(apparsa));
+    QVERIFY2(apparsa < 100, qPrintable(QString::number(apparsa)));
+    for (int c = 0; c < 4; ++c) {
+        orologio.restart();
+        g.premi(c);
+        QApplication::processEvents();
+        const qint64 ordinata = orologio.elapsed();
+        qInfo("column %d sorts in %lld ms", c, static_cast<long long>(ordinata));
+        QVERIFY2(ordinata < 100, qPrintable(QString::number(ordinata)));
+    }
+    QCOMPARE(g.modello()->index(0, 0).data().toString().size(), 8);
+}
+
+void TestGriglia::copia_un_blocco() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    g.show();
+    auto* scelta = g.vista()->selectionModel();
+    scelta->select({g.modello()->index(0, 1), g.modello()->index(1, 2)}, QItemSelectionModel::ClearAndSelect);
+    QApplication::clipboard()->clear();
+    g.vista()->setFocus();
+    QTest::keyClick(g.vista(), Qt::Key_C, Qt::ControlModifier);
+    QTRY_COMPARE(QApplication::clipboard()->text(), QStringLiteral("5\t3\n9\t2\n"));
+    // As sorted, not as written.
+    g.ordina_colonna(1, Verso::decrescente);
+    scelta->select({g.modello()->index(0, 0), g.modello()->index(2, 1)}, QItemSelectionModel::ClearAndSelect);
+    QCOMPARE(g.testo_selezione(), QStringLiteral("2\t9\n3\t7\n1\t5\n"));
+}
+
+void TestGriglia::copia_la_riga_di_una_cella() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    QCOMPARE(g.testo_selezione(), QString{});
+    g.vista()->setCurrentIndex(g.modello()->index(1, 2));
+    QCOMPARE(g.testo_selezione(), QStringLiteral("2\t9\t2\n"));
+}
+
+void TestGriglia::copia_celle_sparse() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    auto* scelta = g.vista()->selectionModel();
+    scelta->select(g.modello()->index(0, 0), QItemSelectionModel::Select);
+    scelta->select(g.modello()->index(2, 1), QItemSelectionModel::Select);
+    QCOMPARE(g.testo_selezione(), QStringLiteral("1\t\n\t7\n"));
+}
+
+void TestGriglia::la_griglia_vuota_dice_che_cosa_fare() {
+    GrigliaRisultati g;
+    g.imposta_frase_vuota(QStringLiteral("Premi Avvia"));
+    g.inizializza({{"Numeri", "Frequenza"}});
+    g.show();
+    auto visibile = [&g] {
+        for (const QLabel* l : g.vista()->findChildren<QLabel*>())
+            if (l->text() == QLatin1String("Premi Avvia")) return l->isVisible();
+        return false;
+    };
+    QVERIFY(visibile());
+    g.mostra(misure({1}));
+    QVERIFY(!visibile());
+    g.svuota();
+    QVERIFY(visibile());
+}
+
+void TestGriglia::trova_nel_risultato() {
+    GrigliaRisultati g;
+    g.mostra(misure({512, 9, 12}));
+    g.show();
+    auto* casella = g.findChild<QLineEdit*>(QStringLiteral("txttrova"));
+    QVERIFY(!casella->isVisible());
+    g.apri_trova();
+    QVERIFY(casella->isVisible());
+    QTest::keyClicks(casella, QStringLiteral("12"));
+    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(0, 1));
+    QTest::keyClick(casella, Qt::Key_Return);
+    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(2, 1));
+    QTest::keyClick(casella, Qt::Key_Return);  // round to the first
+    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(0, 1));
+    QTest::keyClick(casella, Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(2, 1));
+    QTest::keyClicks(casella, QStringLiteral("x"));
+    QTest::keyClick(casella, Qt::Key_Return);  // nothing found: nothing moves
+    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(2, 1));
+    QTest::keyClick(casella, Qt::Key_Escape);
+    QVERIFY(!casella->isVisible());
+}
+
+void TestGriglia::il_menu_ordina_la_colonna_della_cella() {
+    GrigliaRisultati g;
+    g.imposta_chiave(QStringLiteral("ambo capogioco"));
+    g.mostra(misure({5, 9, 7}));
+    g.show();
+    g.vista()->setCurrentIndex(g.modello()->index(0, 1));
+    bool visto = false;
+    QTimer::singleShot(0, this, [&visto] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr) return;
+        for (QAction* a : menu->actions())
+            if (a->text().contains(QStringLiteral("Ordina"))) {
+                visto = true;
+                menu->setActiveAction(a);
+                QTest::keyClick(menu, Qt::Key_Return);
+                return;
+            }
+        menu->close();
+    });
+    emit g.vista()->customContextMenuRequested(QPoint{5, 5});
+    QVERIFY(visto);
+    QCOMPARE(colonna(g, 1), (QStringList{"9", "7", "5"}));
+}
+
+void TestGriglia::piu_righe_di_titoli() {
+    auto t = std::make_shared<Tabella>();
+    t->titoli = {{"Num.", "Posizione", "", "", ""}, {"", "1", "", "2", ""}, {"", "F", "R", "F", "R"}};
+    for (int c = 0; c < 5; ++c) t->colonne.emplace_back(ColonnaInteri{{c, 10 - c, 3 * c}});
+    GrigliaRisultati g;
+    g.mostra(t);
+    g.resize(600, 300);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    QCOMPARE(cmdcol(g, 1)->text(), QString{});
+    QVERIFY(!cmdcol(g, 1)->accessibleName().isEmpty());
+    QTest::mouseClick(cmdcol(g, 2), Qt::LeftButton);
+    QCOMPARE(colonna(g, 2), (QStringList{"8", "6", "2"}));
+    // A press on the last row of titles sorts too: ascending first, and back on the second press.
+    QWidget* testata = cmdcol(g, 0)->parentWidget();
+    const QPoint titolo{cmdcol(g, 2)->geometry().center().x(), testata->height() - 6};
+    QTest::mouseClick(testata, Qt::LeftButton, {}, titolo);
+    QVERIFY(g.ordinamento() == std::pair(2, Verso::crescente));
+    QTest::mouseClick(testata, Qt::LeftButton, {}, titolo);
+    QVERIFY(g.ordinamento() == std::pair(2, Verso::decrescente));
+    QTest::mouseClick(testata, Qt::LeftButton, {}, titolo);
+    QVERIFY(g.ordinamento() == std::pair(2, Verso::crescente));
+    // The rows of titles above it are no button.
+    QTest::mouseClick(testata, Qt::LeftButton, {},
+                      QPoint{cmdcol(g, 1)->geometry().center().x(), cmdcol(g, 1)->height() + 4});
+    QVERIFY(g.ordinamento() == std::pair(2, Verso::crescente));
+}
+
+void TestGriglia::la_prima_colonna_resta_in_vista() {
+    auto t = std::make_shared<Tabella>();
+    t->titoli.emplace_back();
+    for (int c = 0; c < 30; ++c) {
+        t->titoli[0].push_back("Colonna");
+        t->colonne.emplace_back(ColonnaInteri{{c, c + 1}});
+    }
+    GrigliaRisultati g;
+    g.blocca_prima_colonna(true);
+    g.mostra(t);
+    g.resize(600, 300);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    auto* ferma = g.findChild<QTableView*>(QStringLiteral("MSHFlexGrid1_prima_colonna"));
+    QTRY_VERIFY(ferma->isVisible());
+    g.vista()->horizontalScrollBar()->setValue(500);
+    QCOMPARE(ferma->x(), g.vista()->viewport()->x());
+    QCOMPARE(cmdcol(g, 0)->x(), g.vista()->viewport()->x());
+    QVERIFY(cmdcol(g, 1)->x() < 0);
+    QCOMPARE(ferma->indexAt(QPoint{3, 3}), g.modello()->index(0, 0));
+    g.resize(6000, 300);
+    QTRY_VERIFY(!ferma->isVisible());
+}
+
+void TestGriglia::le_larghezze_non_cambiano_con_l_ordinamento() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 100000, 7}));
+    g.resize(600, 300);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    QList<int> prima;
+    for (int c = 0; c < 3; ++c) prima << g.vista()->columnWidth(c);
+    for (int c = 0; c < 3; ++c) g.premi(c);
+    g.resize(900, 300);
+    QList<int> dopo;
+    for (int c = 0; c < 3; ++c) dopo << g.vista()->columnWidth(c);
+    QCOMPARE(dopo, prima);
+}
+
+QTEST_MAIN(TestGriglia)
+#include "test_griglia.moc"
