@@ -43,11 +43,26 @@ ChiaveCella chiave_cella(std::string_view testo) {
     return {testo.front() < '0' ? 2 : 4, 0, minuscolo(testo)};
 }
 
-/// "..." counts as a value between -1 and 0, an empty cell as less than anything.
-std::int64_t chiave_intero(std::int32_t valore) {
-    if (valore == kCellaVuota) return std::numeric_limits<std::int64_t>::min();
-    if (valore == kCellaPuntini) return -1;
-    return std::int64_t{valore} * 2;
+/// The value's place and its row side by side in one word: words sort several times as fast as rows whose
+/// values are looked up, and the row in the low half keeps equal cells in their order.
+void ordina_interi(std::vector<std::uint32_t>& ordine, const std::vector<std::int32_t>& valori, Verso verso) {
+    // An empty cell comes before anything, "..." between -1 and 0, a number at twice its distance from there.
+    const auto posto = [](std::int32_t valore) -> std::uint64_t {
+        if (valore == kCellaVuota) return 0;
+        constexpr std::int64_t kMezzo = std::int64_t{1} << 32U;
+        const std::int64_t doppio = valore == kCellaPuntini ? -1 : std::int64_t{valore} * 2;
+        return static_cast<std::uint64_t>(doppio + kMezzo);
+    };
+    constexpr std::uint64_t kMassimo = (std::uint64_t{1} << 33U) - 1;
+    constexpr unsigned kBitRiga = 31;
+    std::vector<std::uint64_t> parole(valori.size());
+    for (std::size_t i = 0; i < valori.size(); ++i) {
+        const std::uint64_t p = posto(valori[i]);
+        parole[i] = (verso == Verso::crescente ? p : kMassimo - p) << kBitRiga | i;
+    }
+    std::sort(parole.begin(), parole.end());
+    for (std::size_t i = 0; i < parole.size(); ++i)
+        ordine[i] = static_cast<std::uint32_t>(parole[i] & ((std::uint64_t{1} << kBitRiga) - 1));
 }
 
 template <class Minore>
@@ -115,9 +130,7 @@ std::vector<std::uint32_t> ordina(const Tabella& tabella, std::size_t colonna, V
     std::iota(ordine.begin(), ordine.end(), 0U);
     const Colonna& c = tabella.colonne[colonna];
     if (const auto* interi = std::get_if<ColonnaInteri>(&c)) {
-        riordina(ordine, verso, [&](auto a, auto b) {
-            return chiave_intero(interi->valori[a]) < chiave_intero(interi->valori[b]);
-        });
+        ordina_interi(ordine, interi->valori, verso);
     } else if (const auto* gruppi = std::get_if<ColonnaGruppi>(&c)) {
         // Two digits each: comparing the numbers compares the texts.
         const std::size_t k = gruppi->quanti;

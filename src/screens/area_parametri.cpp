@@ -39,7 +39,15 @@ CasellaConcorso::CasellaConcorso(QWidget* padre) : QSpinBox{padre} {
     setKeyboardTracking(true);
     setAccelerated(true);
     lineEdit()->installEventFilter(this);
-    connect(lineEdit(), &QLineEdit::textChanged, this, &CasellaConcorso::testo_cambiato);
+    // Typing changes the line, a step changes the value (and writes the line without its signal).
+    connect(lineEdit(), &QLineEdit::textChanged, this, &CasellaConcorso::guarda_testo);
+    connect(this, &QSpinBox::valueChanged, this, &CasellaConcorso::guarda_testo);
+}
+
+void CasellaConcorso::guarda_testo() {
+    if (lineEdit()->text() == ultimo_testo_) return;
+    ultimo_testo_ = lineEdit()->text();
+    emit testo_cambiato();
 }
 
 Concorso CasellaConcorso::concorso() const {

@@ -39,6 +39,11 @@ class CasellaConcorso final : public QSpinBox {
   protected:
     void focusOutEvent(QFocusEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+  private:
+    void guarda_testo();
+
+    QString ultimo_testo_;
 };
 
 /// The parameter area `FrameParametri` that every search screen has: wheels, calendar (or hour) and range of

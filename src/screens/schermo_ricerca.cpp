@@ -10,11 +10,14 @@
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -44,6 +47,23 @@ QString durata(double ms) {
 
 QString conto(std::size_t quanti, const QString& uno, const QString& molti) {
     return q(migliaia(static_cast<std::int64_t>(quanti))) + QLatin1Char{' '} + (quanti == 1 ? uno : molti);
+}
+
+/// The controls inside a widget that take the keyboard, in the order in which they were put there. The inner
+/// parts of a combo or a spin box are the box itself.
+QList<QWidget*> tasti_di(const QWidget* dentro) {
+    QList<QWidget*> trovati;
+    for (QWidget* w : dentro->findChildren<QWidget*>()) {
+        const QWidget* padre = w->parentWidget();
+        const bool interno = qobject_cast<const QComboBox*>(padre) != nullptr ||
+                             qobject_cast<const QAbstractSpinBox*>(padre) != nullptr ||
+                             qobject_cast<const QLineEdit*>(padre) != nullptr;
+        // The list of a combo that has been opened once is a window of its own.
+        const bool altrove = w->window() != dentro->window();
+        if (!interno && !altrove && w->focusProxy() == nullptr && (w->focusPolicy() & Qt::TabFocus) != 0)
+            trovati << w;
+    }
+    return trovati;
 }
 
 }  // namespace
@@ -211,7 +231,18 @@ void SchermoRicerca::apri(const Ricerca& ricerca, const ArchivioEstrazioni& arch
         attiva();
     aggiorna_comandi();
     aggiorna_stato();
+    ordina_tabulazione();
     avvia_->setFocus();
+}
+
+void SchermoRicerca::ordina_tabulazione() {
+    // Reading order: the question, the start button, the answer, what to do with it.
+    QList<QWidget*> giro = tasti_di(scorri_->widget());
+    giro << avvia_ << tasti_di(griglia_);
+    for (int i = 0; i < riga_comandi_->count(); ++i)
+        if (QWidget* w = riga_comandi_->itemAt(i)->widget(); w != nullptr) giro << w;
+    giro << cmd_stampa_ << cmd_esporta_ << cmd_chiudi_;
+    for (qsizetype i = 1; i < giro.size(); ++i) setTabOrder(giro[i - 1], giro[i]);
 }
 
 void SchermoRicerca::attiva() {

@@ -122,6 +122,7 @@ class SchermoRicerca : public QWidget {
   private:
     void componi();
     void scorciatoie();
+    void ordina_tabulazione();
     void aggiorna_stato();
     void scrivi_stato(const QString& testo);
     [[nodiscard]] std::size_t concorsi_in_ambito() const;

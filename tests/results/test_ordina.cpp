@@ -1,0 +1,81 @@
+#include "results/risultato.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+
+namespace sortimetra {
+namespace {
+
+Tabella interi(std::vector<std::int32_t> valori) {
+    Tabella t;
+    t.colonne = {ColonnaInteri{std::move(valori)}};
+    return t;
+}
+
+using Ordine = std::vector<std::uint32_t>;
+
+TEST(Ordina, NumeriDalPiuPiccoloEDalPiuGrande) {
+    const Tabella t = interi({7, -2, 100, 0});
+    EXPECT_EQ(ordina(t, 0, Verso::crescente), (Ordine{1, 3, 0, 2}));
+    EXPECT_EQ(ordina(t, 0, Verso::decrescente), (Ordine{2, 0, 3, 1}));
+}
+
+TEST(Ordina, CelleUgualiTengonoIlLoroOrdineNeiDueVersi) {
+    const Tabella t = interi({5, 1, 5, 1, 5});
+    EXPECT_EQ(ordina(t, 0, Verso::crescente), (Ordine{1, 3, 0, 2, 4}));
+    EXPECT_EQ(ordina(t, 0, Verso::decrescente), (Ordine{0, 2, 4, 1, 3}));
+}
+
+TEST(Ordina, VuotaPerPrimaEPuntiniSottoLoZero) {
+    const Tabella t = interi({0, kCellaPuntini, -1, kCellaVuota, 3});
+    EXPECT_EQ(ordina(t, 0, Verso::crescente), (Ordine{3, 2, 1, 0, 4}));
+}
+
+TEST(Ordina, TabellaVuota) {
+    EXPECT_TRUE(ordina(interi({}), 0, Verso::crescente).empty());
+}
+
+/// The order told plainly: empty, then numbers and "..." just below 0, rows as written where they are equal.
+Ordine lenta(const std::vector<std::int32_t>& valori, Verso verso) {
+    const auto prima = [&](std::uint32_t a, std::uint32_t b) {
+        const auto chiave = [](std::int32_t v) {
+            return v == kCellaVuota ? -1e18 : v == kCellaPuntini ? -0.5 : static_cast<double>(v);
+        };
+        return verso == Verso::crescente ? chiave(valori[a]) < chiave(valori[b])
+                                         : chiave(valori[b]) < chiave(valori[a]);
+    };
+    Ordine ordine(valori.size());
+    std::iota(ordine.begin(), ordine.end(), 0U);
+    // Insertion keeps equal rows as they stand.
+    for (std::size_t i = 1; i < ordine.size(); ++i)
+        for (std::size_t j = i; j > 0 && prima(ordine[j], ordine[j - 1]); --j)
+            std::swap(ordine[j], ordine[j - 1]);
+    return ordine;
+}
+
+TEST(Ordina, ComeLOrdinamentoPianoSuValoriQualsiasi) {
+    for (unsigned seme = 0; seme < 200; ++seme) {
+        SCOPED_TRACE(seme);
+        std::mt19937 dado{seme};
+        const std::vector<std::int32_t> estremi{kCellaVuota,
+                                                kCellaPuntini,
+                                                kCellaPuntini + 1,
+                                                -1,
+                                                0,
+                                                1,
+                                                std::numeric_limits<std::int32_t>::max()};
+        std::vector<std::int32_t> valori(dado() % 60);
+        for (std::int32_t& v : valori)
+            v = dado() % 3 == 0 ? estremi[dado() % estremi.size()]
+                                : static_cast<std::int32_t>(dado() % 20) - 10;
+        const Tabella t = interi(valori);
+        EXPECT_EQ(ordina(t, 0, Verso::crescente), lenta(valori, Verso::crescente));
+        EXPECT_EQ(ordina(t, 0, Verso::decrescente), lenta(valori, Verso::decrescente));
+    }
+}
+
+}  // namespace
+}  // namespace sortimetra
