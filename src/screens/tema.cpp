@@ -383,7 +383,8 @@ QComboBox:focus { border: 2px solid @accento@; padding: 3px 7px; }
 QComboBox:disabled { background: @finestra@; color: @spento@; border-color: @linea@; }
 QComboBox::drop-down { subcontrol-origin: border; subcontrol-position: center right; width: 24px; border: none; }
 QComboBox::down-arrow { image: url(:/icone/giu_@glifi@.svg); width: 12px; height: 12px; }
-QComboBox QAbstractItemView { background: @superficie@; color: @testo@; border: 1px solid @bordo@; padding: 4px;
+QComboBox QAbstractItemView, QComboBox QAbstractItemView:focus { background: @superficie@; color: @testo@;
+              border: none; padding: 4px;
               selection-background-color: @selezione@; selection-color: @testo_selezione@; outline: none; }
 
 QCheckBox, QRadioButton { spacing: 8px; padding: 2px; border: 1px solid transparent; border-radius: 4px; }

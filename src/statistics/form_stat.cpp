@@ -9,13 +9,17 @@
 #include "statistics/famiglie.h"
 #include "statistics/form_spec.h"
 #include "statistics/serie_speciali.h"
+#include "systems/ric_stat.h"
 
 #include <QComboBox>
+#include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QProcess>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <chrono>
 #include <string_view>
 #include <utility>
 
@@ -24,6 +28,8 @@ namespace sortimetra {
 namespace {
 
 constexpr std::string_view kScomposizione = "scomposizione";
+/// The slip printing program, in the program's folder.
+constexpr const char* kProgrammaSchedine = "stampa.exe";
 
 /// A named frame with its caption and its controls under it.
 QFrame* riquadro(const QString& nome, QLabel* scritta, std::initializer_list<QWidget*> controlli) {
@@ -52,6 +58,9 @@ QLabel* etichetta(const QString& testo, QWidget* compagno) {
 
 Form_stat::Form_stat(Sessione& sessione, QWidget* padre)
     : SchermoRicerca{sessione, QStringLiteral("Form_stat"), padre} {
+    avvia_programma = [](const QString& programma) {
+        return QProcess::startDetached(programma, {}, QFileInfo{programma}.absolutePath());
+    };
     componi_riquadri();
     componi_comandi();
 }
@@ -110,10 +119,7 @@ void Form_stat::componi_comandi() {
     schedine_->setObjectName(QStringLiteral("Command2"));
     schedine_->setIcon(icona(QStringLiteral("schedina")));
     riga_comandi()->addWidget(schedine_);
-    connect(schedine_, &QPushButton::clicked, this, [this] {
-        if (const auto riga = griglia()->riga_scelta(); riga && esegui_schedina_)
-            esegui_schedina_(lavoro(), *riga);
-    });
+    connect(schedine_, &QPushButton::clicked, this, &Form_stat::passa_alle_schedine);
 
     combo_comb_ = new QComboBox{this};
     combo_comb_->setObjectName(QStringLiteral("ComboComb"));
@@ -137,11 +143,6 @@ void Form_stat::componi_comandi() {
 void Form_stat::imposta_serie(std::vector<int> numeri, int sorte) {
     numeri_ = std::move(numeri);
     sorte_ = sorte;
-}
-
-void Form_stat::imposta_schedina(std::function<void(const LavoroStampa&, std::size_t)> schedina) {
-    esegui_schedina_ = std::move(schedina);
-    aggiorna_comandi();
 }
 
 void Form_stat::imposta_analisi(std::function<void(const LavoroStampa&, int)> analisi) {
@@ -227,12 +228,11 @@ void Form_stat::aggiorna_comandi() {
     if (ricerca() == nullptr) return;
     const bool qualcosa = risultato() != nullptr && !griglia()->vuota();
     const bool ammessa = ricerca()->ammette(kOpzSchedina);
-    const bool riga = griglia()->riga_scelta().has_value();
-    schedine_->setEnabled(qualcosa && ammessa && riga && esegui_schedina_ != nullptr);
-    schedine_->setToolTip(!ammessa                      ? tr("Da questa ricerca non si ricavano schedine.")
-                          : esegui_schedina_ == nullptr ? tr("Le schedine non sono ancora disponibili.")
-                          : !qualcosa || !riga          ? tr("Scegli prima una riga del risultato.")
-                                               : tr("Passa i numeri della riga scelta alle schedine."));
+    schedine_->setEnabled(qualcosa && ammessa &&
+                          ammette_schedina(ricerca()->chiave, risultato()->tabelle.front()));
+    schedine_->setToolTip(!ammessa    ? tr("Da questa ricerca non si ricavano schedine.")
+                          : !qualcosa ? tr("Avvia prima la ricerca.")
+                                      : tr("Passa i numeri del risultato al programma delle schedine."));
     for (QPushButton* b : analisi_) {
         b->setEnabled(qualcosa && esegui_analisi_ != nullptr);
         b->setToolTip(esegui_analisi_ == nullptr ? tr("L'analisi di gruppo non è ancora disponibile.")
@@ -254,6 +254,23 @@ void Form_stat::apri_tabella_ruote() {
         spec_->mostra(risposta);
     }
     for (const std::string& m : risposta->messaggi) mostra_messaggio(m);
+}
+
+void Form_stat::passa_alle_schedine() {
+    if (in_corsa() || risultato() == nullptr || risultato()->tabelle.empty()) return;
+    const Data oggi = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+    const auto consegna =
+        scrivi_schedina(sessione().percorso_programma, ricerca()->chiave, risultato()->tabelle.front(), oggi);
+    if (!consegna) {
+        messaggi().avvisa(this, kTitoloMessaggi, QString::fromStdString(consegna.error().testo()));
+        return;
+    }
+    // The slip program is open and reads the new system by itself.
+    if (consegna->programma_aperto) return;
+    const auto programma = sessione().percorso_programma / kProgrammaSchedine;
+    if (!avvia_programma(QString::fromStdU16String(programma.u16string())))
+        messaggi().informa(this, kTitoloMessaggi,
+                           tr("File Danneggiato!\nReinstalla Sortimetra dal tuo CD-ROM."));
 }
 
 LavoroStampa Form_stat::lavoro() const {

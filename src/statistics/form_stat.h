@@ -26,9 +26,9 @@ class Form_stat final : public SchermoRicerca {
     /// The user's numbers and the bet of a decomposition, set by the screen that opens it.
     void imposta_serie(std::vector<int> numeri, int sorte);
 
-    /// Hands a row of the result (in the order of writing, from 0) to the slip program; `Command2` is
-    /// disabled without it.
-    void imposta_schedina(std::function<void(const LavoroStampa&, std::size_t riga)> schedina);
+    /// How a program of the product is started, given its path; false if it cannot be. A test puts its own
+    /// here.
+    std::function<bool(const QString& programma)> avvia_programma;
     /// Runs the group analysis on what the screen shows; `combinazioni` is what `ComboComb` says, 0 where it
     /// does not show. `Command3`, `Command4` and `Command5` are disabled without it.
     void imposta_analisi(std::function<void(const LavoroStampa&, int combinazioni)> analisi);
@@ -50,6 +50,8 @@ class Form_stat final : public SchermoRicerca {
     void componi_comandi();
     void riempi_combo_rit();
     void apri_tabella_ruote();
+    /// Hands the whole result to the slip printing program as the system `ric_stat`, and starts it.
+    void passa_alle_schedine();
     [[nodiscard]] LavoroStampa lavoro() const;
 
     QFrame* frame_rit_;
@@ -70,7 +72,6 @@ class Form_stat final : public SchermoRicerca {
     int indice_combo_ = -1;
     std::vector<int> numeri_;
     int sorte_ = 2;
-    std::function<void(const LavoroStampa&, std::size_t)> esegui_schedina_;
     std::function<void(const LavoroStampa&, int)> esegui_analisi_;
 };
 

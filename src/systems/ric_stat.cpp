@@ -43,14 +43,14 @@ fs::path segno(const fs::path& cartella, const Sistema& s, std::string_view este
 }
 
 /// A file that is not there is as good as removed.
-Esito elimina(const fs::path& da_togliere) {
+EsitoSistema elimina(const fs::path& da_togliere) {
     std::error_code errore;
     fs::remove(da_togliere, errore);
     if (errore) return std::unexpected(ErroreArchivio{da_togliere, "il file non si può eliminare"});
     return {};
 }
 
-Esito crea_cartella(const fs::path& cartella) {
+EsitoSistema crea_cartella(const fs::path& cartella) {
     std::error_code errore;
     fs::create_directories(cartella, errore);
     if (errore) return std::unexpected(ErroreArchivio{cartella, "la cartella non si può creare"});
@@ -59,8 +59,8 @@ Esito crea_cartella(const fs::path& cartella) {
 
 /// Runs steps until the first that fails.
 template <class... Passi>
-Esito in_fila(Passi&&... passi) {
-    Esito esito;
+EsitoSistema in_fila(Passi&&... passi) {
+    EsitoSistema esito;
     static_cast<void>(((esito = passi(), esito.has_value()) && ...));
     return esito;
 }
@@ -152,14 +152,14 @@ std::optional<Sistema> sistema_da_griglia(std::string_view chiave, const Tabella
     return s;
 }
 
-Esito azzera_files_sistema(const fs::path& cartella, const Sistema& s) {
+EsitoSistema azzera_files_sistema(const fs::path& cartella, const Sistema& s) {
     return in_fila(
         [&] { return scrivi_file(segno(cartella, s, ".nn"), ""); },
         [&] { return elimina(file(cartella, s, "sy")); }, [&] { return elimina(file(cartella, s, "nu")); },
         [&] { return elimina(file(cartella, s, "in")); }, [&] { return elimina(file(cartella, s, "en")); });
 }
 
-Esito scrivi_numeri_sistema(const fs::path& cartella, const Sistema& s) {
+EsitoSistema scrivi_numeri_sistema(const fs::path& cartella, const Sistema& s) {
     std::set<int> usati;
     for (const Combinazione& c : s.combinazioni) usati.insert(c.begin(), c.end());
     usati.erase(0);
@@ -173,7 +173,7 @@ Esito scrivi_numeri_sistema(const fs::path& cartella, const Sistema& s) {
     return scrivi_file(file(cartella, s, "in"), testo);
 }
 
-Esito prepara_sistema(const fs::path& cartella, const Sistema& s) {
+EsitoSistema prepara_sistema(const fs::path& cartella, const Sistema& s) {
     return in_fila([&] { return scrivi_file(segno(cartella, s, ".nn"), ""); },
                    [&] { return scrivi_file(file(cartella, s, "sy"), ""); },
                    [&] { return elimina(segno(cartella, s, ".rr")); },
@@ -198,7 +198,7 @@ std::expected<std::optional<std::string>, ErroreArchivio> scrivi_conteggio_siste
     return messaggio;
 }
 
-Esito scrivi_sistema(const fs::path& cartella, const Sistema& s) {
+EsitoSistema scrivi_sistema(const fs::path& cartella, const Sistema& s) {
     std::string testo;
     testo.reserve(s.combinazioni.size() * (s.k * 3 + 2));
     for (const Combinazione& c : s.combinazioni) {
@@ -221,7 +221,7 @@ std::expected<Consegna, ErroreArchivio> scrivi_schedina(const fs::path& cartella
                          [&] { return azzera_files_sistema(cartella, *s); },
                          [&] { return scrivi_numeri_sistema(cartella, *s); },
                          [&] { return prepara_sistema(cartella, *s); },
-                         [&]() -> Esito {
+                         [&]() -> EsitoSistema {
                              const auto conteggio = scrivi_conteggio_sistema(cartella, *s, oggi);
                              if (!conteggio) return std::unexpected(conteggio.error());
                              return {};

@@ -43,22 +43,24 @@ struct Cella {
 };
 [[nodiscard]] Cella leggi_cella(std::string_view chiave, std::string_view testo);
 
-using Esito = std::expected<void, ErroreArchivio>;
+using EsitoSistema = std::expected<void, ErroreArchivio>;
 
 // The five routines, in the order in which `scrivi_schedina` runs them.
 
 /// Marks the system as in unregistered development (".nn") and removes what an earlier one left.
-[[nodiscard]] Esito azzera_files_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+[[nodiscard]] EsitoSistema azzera_files_sistema(const std::filesystem::path& cartella,
+                                                const Sistema& sistema);
 /// "in": how many different numbers the system uses, then one a line, ascending.
-[[nodiscard]] Esito scrivi_numeri_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+[[nodiscard]] EsitoSistema scrivi_numeri_sistema(const std::filesystem::path& cartella,
+                                                 const Sistema& sistema);
 /// The marker again, an empty "sy", and neither ".rr" nor the slip program's scratch file.
-[[nodiscard]] Esito prepara_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+[[nodiscard]] EsitoSistema prepara_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
 /// "nu": the date, and the number of combinations twice. Without combinations a ".rr" that is still there is
 /// removed and the message on it returned; after `prepara_sistema` there is none, so no user has seen it.
 [[nodiscard]] std::expected<std::optional<std::string>, ErroreArchivio> scrivi_conteggio_sistema(
     const std::filesystem::path& cartella, const Sistema& sistema, Data oggi);
 /// "sy": a line of k numbers per combination.
-[[nodiscard]] Esito scrivi_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+[[nodiscard]] EsitoSistema scrivi_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
 
 /// What the hand-over left.
 struct Consegna {

@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QtTest>
+#include <filesystem>
 
 using namespace sortimetra;
 
@@ -81,9 +82,9 @@ class TestFormStat : public QObject {
     void dieci_e_lotto_apre_con_tutte();
     void la_riga_di_stato();
     void l_archivio_simulato_e_dichiarato();
-    void stampa_e_schedine_aspettano_il_loro_gancio();
+    void stampa_e_analisi_aspettano_il_loro_gancio();
     void la_stampa_riceve_cio_che_si_vede();
-    void la_schedina_riceve_la_riga_della_tabella();
+    void le_schedine_ricevono_il_sistema();
     void l_analisi_riceve_le_combinazioni();
     void le_frecce_indicano_il_pulsante();
     void la_finestra_ricorda_il_suo_posto();
@@ -484,15 +485,13 @@ void TestFormStat::l_archivio_simulato_e_dichiarato() {
     QVERIFY(controllo<QLabel>("lblsimulato")->isVisible());
 }
 
-void TestFormStat::stampa_e_schedine_aspettano_il_loro_gancio() {
+void TestFormStat::stampa_e_analisi_aspettano_il_loro_gancio() {
     apri("decine");
     premi("Command1");
     QVERIFY(!controllo<QPushButton>("cmdStampa")->isEnabled());
     QVERIFY(!controllo<QPushButton>("cmdStampa")->toolTip().isEmpty());
-    for (const char* nome : {"Command2", "Command5"}) {
-        QVERIFY(!controllo<QPushButton>(nome)->isEnabled());
-        QVERIFY(!controllo<QPushButton>(nome)->toolTip().isEmpty());
-    }
+    QVERIFY(!controllo<QPushButton>("Command5")->isEnabled());
+    QVERIFY(!controllo<QPushButton>("Command5")->toolTip().isEmpty());
     QCOMPARE(controllo<QPushButton>("Command5")->text(), QStringLiteral("Analisi Gruppo"));
     QCOMPARE(controllo<QPushButton>("Command2")->text(), QStringLiteral("Schedine"));
 }
@@ -521,21 +520,49 @@ void TestFormStat::la_stampa_riceve_cio_che_si_vede() {
     QCOMPARE(volte, 2);
 }
 
-void TestFormStat::la_schedina_riceve_la_riga_della_tabella() {
-    std::optional<std::size_t> ricevuta;
-    form_->imposta_schedina([&](const LavoroStampa&, std::size_t r) { ricevuta = r; });
+void TestFormStat::le_schedine_ricevono_il_sistema() {
+    QString avviato;
+    bool parte = true;
+    form_->avvia_programma = [&](const QString& programma) {
+        avviato = programma;
+        return parte;
+    };
     apri("ambi vertibili");
+    QVERIFY(!controllo<QPushButton>("Command2")->isEnabled());
     premi("Command1");
-    QVERIFY(!controllo<QPushButton>("Command2")->isEnabled());  // no row is chosen yet
     form_->griglia()->ordina_colonna(0, Verso::decrescente);
-    form_->griglia()->vista()->setCurrentIndex(form_->griglia()->modello()->index(0, 0));
     QVERIFY(controllo<QPushButton>("Command2")->isEnabled());
     premi("Command2");
-    QCOMPARE(*ricevuta, 27U);  // the last member, whatever the order on the screen
+    QVERIFY(avviato.endsWith(QStringLiteral("stampa.exe")));
+    QVERIFY(messaggi_->detti.isEmpty());
+    const auto leggi = [this](const char* nome) {
+        QFile f{QString::fromStdString((cartella_->percorso() / nome).string())};
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray{};
+    };
+    QCOMPARE(leggi("trans"), QByteArray{"\"ambo\",\"ric_stat\"\r\n"});
+    // The system has the members in their own order, whatever the order on the screen.
+    bool trovata = false;
+    for (const auto& voce : std::filesystem::recursive_directory_iterator{cartella_->percorso() / "ambo"}) {
+        QFile f{QString::fromStdString(voce.path().string())};
+        if (f.open(QIODevice::ReadOnly) && f.readAll().startsWith("12,21\r\n")) trovata = true;
+    }
+    QVERIFY(trovata);
+    parte = false;
+    premi("Command2");
+    QCOMPARE(messaggi_->detti.size(), 1);
+    QCOMPARE(messaggi_->detti[0].titolo, QStringLiteral("Sortimetra"));
+    QCOMPARE(messaggi_->detti[0].testo,
+             QStringLiteral("File Danneggiato!\nReinstalla Sortimetra dal tuo CD-ROM."));
+    // With the slip program open nothing is started.
+    QFile sch{QString::fromStdString((cartella_->percorso() / "sch").string())};
+    QVERIFY(sch.open(QIODevice::WriteOnly));
+    sch.close();
+    avviato.clear();
+    premi("Command2");
+    QCOMPARE(avviato, QString{});
     // "Cifre" gives no slips.
     apri("cifre");
     premi("Command1");
-    form_->griglia()->vista()->setCurrentIndex(form_->griglia()->modello()->index(0, 0));
     QVERIFY(controllo<QPushButton>("Command2")->isVisible());
     QVERIFY(!controllo<QPushButton>("Command2")->isEnabled());
 }
