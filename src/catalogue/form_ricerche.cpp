@@ -383,9 +383,9 @@ QWidget* form_ricerche::componi_frame_archivio() {
     lbl_archivio_testo_ = etichetta("lblArchivioTesto", nullptr);
     lbl_archivio_testo_->setWordWrap(true);
     lbl_archivio_testo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    cmd_dimostrazione_ = new QPushButton{tr("Crea l'archivio &dimostrativo")};
+    cmd_dimostrazione_ = new QPushButton{tr("Archivio &dimostrativo")};
     cmd_dimostrazione_->setObjectName(QStringLiteral("cmdDimostrazione"));
-    cmd_dimostrazione_->setToolTip(tr("Estrazioni simulate, per provare il programma"));
+    cmd_dimostrazione_->setToolTip(tr("Crea un archivio di estrazioni simulate, per provare il programma"));
     assegna_ruolo(cmd_dimostrazione_, "primario");
     connect(cmd_dimostrazione_, &QPushButton::clicked, this, &form_ricerche::crea_archivio_dimostrativo);
     auto* cartella = new QPushButton{tr("Scegli una car&tella…")};
@@ -561,7 +561,8 @@ bool form_ricerche::eventFilter(QObject* oggetto, QEvent* evento) {
             QTimer::singleShot(0, this, &form_ricerche::torna);
     }
     if (evento->type() != QEvent::KeyPress) return QWidget::eventFilter(oggetto, evento);
-    auto* tasto = static_cast<QKeyEvent*>(evento);
+    auto* tasto = dynamic_cast<QKeyEvent*>(evento);
+    if (tasto == nullptr) return false;
     const bool invio = tasto->key() == Qt::Key_Return || tasto->key() == Qt::Key_Enter;
     if (oggetto == txt_cerca_) {
         switch (tasto->key()) {
