@@ -22,9 +22,6 @@ namespace {
 constexpr double kUnita = 1440 / 25.4;
 constexpr int kUnitaPunto = 20;
 
-constexpr int kErroreStampante = 482;
-constexpr int kErroreImmagine = 481;
-
 Esito errore(int numero, std::string descrizione) {
     return std::unexpected(ErroreDisegno{numero, std::move(descrizione)});
 }

@@ -16,6 +16,10 @@ struct ErroreDisegno {
 };
 using Esito = std::expected<void, ErroreDisegno>;
 
+/// The printer does not begin, go on or end; a picture cannot be read.
+inline constexpr int kErroreStampante = 482;
+inline constexpr int kErroreImmagine = 481;
+
 /// How the sheet lies; the values are those that printers use.
 enum class Orientamento : std::uint8_t { verticale = 1, orizzontale = 2 };
 

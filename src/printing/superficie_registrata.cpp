@@ -30,7 +30,7 @@ double SuperficieRegistrata::altezza(std::string_view) {
 }
 
 std::expected<Dimensioni, ErroreDisegno> SuperficieRegistrata::dimensioni(const Immagine& immagine) {
-    if (immagine.dati.empty()) return std::unexpected(ErroreDisegno{481, "Immagine non valida"});
+    if (immagine.dati.empty()) return std::unexpected(ErroreDisegno{kErroreImmagine, "Immagine non valida"});
     return Dimensioni{40, 30};
 }
 
@@ -70,7 +70,7 @@ Esito SuperficieRegistrata::arco(double centro_x, double centro_y, double raggio
 
 Esito SuperficieRegistrata::disegna(const Immagine& immagine, double x, double y, Dimensioni misure) {
     if (guasto_) return esito();
-    if (immagine.dati.empty()) return std::unexpected(ErroreDisegno{481, "Immagine non valida"});
+    if (immagine.dati.empty()) return std::unexpected(ErroreDisegno{kErroreImmagine, "Immagine non valida"});
     figure_.push_back({pagina_, x + scostamento_x_, y + scostamento_y_, misure, std::string{immagine.nome}});
     return {};
 }

@@ -26,6 +26,10 @@ void Messaggi::avvisa(QWidget* padre, const QString& titolo, const QString& test
     mostra(padre, QMessageBox::Warning, titolo, testo);
 }
 
+void Messaggi::ferma(QWidget* padre, const QString& titolo, const QString& testo) {
+    mostra(padre, QMessageBox::Critical, titolo, testo);
+}
+
 bool Messaggi::chiede(QWidget* padre, const QString& titolo, const QString& testo) {
     QMessageBox riquadro{QMessageBox::Question, titolo, testo, QMessageBox::NoButton, padre};
     riquadro.addButton(QMessageBox::tr("&Sì"), QMessageBox::YesRole);
@@ -34,6 +38,18 @@ bool Messaggi::chiede(QWidget* padre, const QString& titolo, const QString& test
     riquadro.setEscapeButton(no);
     riquadro.exec();
     return riquadro.clickedButton() != no;
+}
+
+Risposta Messaggi::chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) {
+    QMessageBox riquadro{QMessageBox::Question, titolo, testo, QMessageBox::NoButton, padre};
+    const QPushButton* si = riquadro.addButton(QMessageBox::tr("&Sì"), QMessageBox::YesRole);
+    const QPushButton* no = riquadro.addButton(QMessageBox::tr("&No"), QMessageBox::NoRole);
+    QPushButton* annulla = riquadro.addButton(QMessageBox::tr("&Annulla"), QMessageBox::RejectRole);
+    riquadro.setDefaultButton(annulla);
+    riquadro.setEscapeButton(annulla);
+    riquadro.exec();
+    if (riquadro.clickedButton() == si) return Risposta::si;
+    return riquadro.clickedButton() == no ? Risposta::no : Risposta::annulla;
 }
 
 std::optional<QString> Messaggi::file_da_scrivere(QWidget* padre, const QString& titolo,
@@ -67,6 +83,15 @@ void MessaggiDiProva::informa(QWidget*, const QString& titolo, const QString& te
 
 void MessaggiDiProva::avvisa(QWidget*, const QString& titolo, const QString& testo) {
     detti.append({titolo, testo});
+}
+
+void MessaggiDiProva::ferma(QWidget*, const QString& titolo, const QString& testo) {
+    detti.append({titolo, testo});
+}
+
+Risposta MessaggiDiProva::chiede_o_annulla(QWidget*, const QString& titolo, const QString& testo) {
+    detti.append({titolo, testo});
+    return risposta_a_tre;
 }
 
 bool MessaggiDiProva::chiede(QWidget*, const QString& titolo, const QString& testo) {

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "archive/archivio.h"
+#include "printing/rapporto.h"
+#include "results/domanda.h"
+
+#include <QDialog>
+#include <QImage>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class QComboBox;
+class QFrame;
+class QLabel;
+class QPushButton;
+class QScrollArea;
+
+namespace sortimetra {
+
+class CasellaCifre;
+class PannelloAvanzamento;
+
+/// A sheet of a report as it will be, at any size: a page is drawn when it is shown, never before.
+class FoglioAnteprima final : public QWidget {
+    Q_OBJECT
+  public:
+    explicit FoglioAnteprima(QWidget* padre = nullptr);
+
+    void imposta(const Rapporto* rapporto);
+    void mostra(int pagina);
+    /// Millimetres to pixels of the screen; the widget takes the sheet's size.
+    void imposta_scala(double pixel_per_mm);
+    [[nodiscard]] QSizeF misure_mm() const;
+
+  protected:
+    void paintEvent(QPaintEvent* evento) override;
+
+  private:
+    const Rapporto* rapporto_ = nullptr;
+    int pagina_ = 1;
+    double scala_ = 1;
+    QImage immagine_;
+};
+
+/// The preview before paper: the sheet at the left, at the right the page, the size and the frame `Frame_opz`
+/// with the pages to print (`txtpag_0`, `txtpag_1`, `lbltotale`, `cmdopzioni_0` "Annulla", `cmdopzioni_1`
+/// "Stampa"), and "Salva come PDF". Page Up and Page Down turn pages, Ctrl+P prints, Esc closes.
+class FormAnteprima final : public QDialog {
+    Q_OBJECT
+  public:
+    /// `tenuto` is whatever the report reads; it lives as long as the window.
+    FormAnteprima(Rapporto rapporto, std::shared_ptr<const void> tenuto, QWidget* padre = nullptr);
+
+    [[nodiscard]] int pagina() const { return pagina_; }
+    /// Shows a page, brought within the report.
+    void vai(int pagina);
+    /// The pages of `txtpag_0` and `txtpag_1`.
+    [[nodiscard]] PagineScelte pagine() const;
+
+    void stampa();
+    void salva_pdf();
+
+  protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
+
+  private:
+    void componi();
+    QFrame* componi_opzioni();
+    void adatta();
+    void riporta(CasellaCifre* casella);
+    /// Whether the pages make sense; says so under the boxes if not.
+    bool pagine_valide();
+    template <class Lavoro>
+    void con_avanzamento(Lavoro&& lavoro);
+
+    Rapporto rapporto_;
+    std::shared_ptr<const void> tenuto_;
+    int pagina_ = 1;
+    bool in_corsa_ = false;
+
+    QWidget* corpo_;
+    QScrollArea* scorri_;
+    FoglioAnteprima* foglio_;
+    QPushButton* indietro_;
+    QPushButton* avanti_;
+    CasellaCifre* txt_pagina_;
+    QComboBox* grandezza_;
+    CasellaCifre* txtpag_[2];
+    QLabel* esito_;
+    PannelloAvanzamento* pannello_;
+};
+
+/// What every screen's "Stampa" does: the report of a result in the preview, over its window. `ordine` is the
+/// grid's row order on the screen. Returns at once; the window deletes itself when it is closed.
+FormAnteprima* stampa_risultato(QWidget* finestra, std::shared_ptr<const Risultato> risultato,
+                                const Domanda& domanda, const ArchivioEstrazioni& archivio,
+                                const std::vector<std::uint32_t>& ordine = {});
+
+}  // namespace sortimetra

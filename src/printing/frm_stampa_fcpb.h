@@ -1,0 +1,140 @@
+#pragma once
+
+#include "printing/superficie.h"
+
+#include <QDialog>
+#include <QImage>
+#include <QPrinter>
+#include <QRectF>
+#include <QString>
+#include <memory>
+#include <optional>
+#include <variant>
+
+class QCheckBox;
+class QFrame;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTimer;
+
+namespace sortimetra {
+
+/// What can be printed as a picture: a picture, or a control, which copies itself. An object that is no
+/// control can be handed over but not printed.
+using OggettoStampa = std::variant<std::monostate, QImage, QObject*>;
+
+/// The sheet in the preview with the picture's frame on it, which the mouse and the arrow keys move. Inside
+/// are `shpFoglio` and `shpBordo`.
+class PicPreview final : public QWidget {
+    Q_OBJECT
+  public:
+    explicit PicPreview(QWidget* padre = nullptr);
+
+    void imposta_immagine(const QImage& immagine);
+    /// Sheet and frame in millimetres.
+    void imposta(QSizeF foglio, QRectF cornice);
+    [[nodiscard]] QSize minimumSizeHint() const override { return {240, 260}; }
+
+  signals:
+    /// The frame was moved by that many millimetres.
+    void spostata(double dx, double dy);
+
+  protected:
+    void resizeEvent(QResizeEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+  private:
+    void disponi();
+    [[nodiscard]] double scala() const;
+
+    QFrame* foglio_;
+    QLabel* bordo_;
+    QImage immagine_;
+    QSizeF misure_{210, 297};
+    QRectF cornice_;
+    std::optional<QPointF> presa_;
+};
+
+/// Prints the picture of an object of the screen on one sheet: the object is copied, shown on the sheet,
+/// moved, scaled and centred, then printed. Lengths are millimetres.
+class frmStampaFCPB final : public QDialog {
+    Q_OBJECT
+  public:
+    explicit frmStampaFCPB(QWidget* padre = nullptr);
+
+    /// Checks the arguments, asks if the picture is larger than the sheet, then shows the preview until it is
+    /// closed. Returns whether the preview came up. `nome` is how messages call the object.
+    bool StampaFCPB(const OggettoStampa& oggetto, double x, double y, double larghezza, double altezza,
+                    const QString& nome = {});
+
+    /// The picture of an object; null after a message.
+    [[nodiscard]] QImage Copia_Oggetto(const OggettoStampa& oggetto);
+    /// Reads sheet, name and size from the printer. False after a message.
+    bool FoglioStampa();
+    /// " Foglio: A4,  Portrait".
+    [[nodiscard]] QString testo_foglio() const { return testo_foglio_; }
+
+    [[nodiscard]] QRectF cornice() const { return cornice_; }
+    [[nodiscard]] QSizeF foglio() const { return foglio_; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+
+  private:
+    void componi();
+    /// Name of the default printer, "" after a message.
+    [[nodiscard]] QString GetDefPrinterName();
+    bool OpenDocPrinter(const QString& nome);
+    bool Legge_PictureBox();
+    bool controlla_scala();
+    void Print_FCPB(double x, double y, double larghezza, double altezza);
+
+    void mostra_valori();
+    void cambia_posto();
+    void cambia_misura(bool dalla_larghezza);
+    void applica_scala();
+    void centra();
+    void usa_tutto();
+    void stampa();
+    void errore(const char* routine, const QString& testo);
+
+    std::unique_ptr<QPrinter> stampante_;
+    QImage immagine_;
+    QSizeF naturale_;  ///< of the picture
+    QSizeF foglio_{210, 297};
+    QString testo_foglio_;
+    QRectF cornice_;
+
+    QLabel* pic_copia_;
+    QLabel* pic_copia_temp_;
+    PicPreview* preview_;
+    QLabel* zoom_;
+    QLineEdit* txt_x_;
+    QLineEdit* txt_y_;
+    QLineEdit* txt_w_;
+    QLineEdit* txt_h_;
+    QLineEdit* txt_scala_;
+    QLineEdit* txt_copie_;
+    QCheckBox* proporzioni_;
+    QCheckBox* centro_;
+    QGroupBox* fra_foglio_;
+    QLabel* lbl_fg_w_;
+    QLabel* lbl_fg_h_;
+    QLabel* fuori_foglio_;
+    QLabel* in_corso_;
+    QPushButton* cmd_stampa_;
+    QTimer* timer_;
+};
+
+/// A length or a factor as the boxes show it: thousands parted, at most two decimals, none if there are none:
+/// "1.234,5", "210".
+[[nodiscard]] QString testo_misura(double valore);
+/// Reads such a text; "." and "," both part decimals, a "." before three digits and a "," or the end parts
+/// thousands. Nothing for a text that is no number.
+[[nodiscard]] std::optional<double> leggi_misura(const QString& testo);
+
+}  // namespace sortimetra

@@ -1,0 +1,536 @@
+#include "catalogue/ricerche.h"
+#include "printing/form_anteprima.h"
+#include "printing/frm_stampa_fcpb.h"
+#include "screens/casella_cifre.h"
+#include "screens/messaggi.h"
+#include "screens/stampanti.h"
+#include "support/archivi.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest>
+#include <functional>
+#include <memory>
+
+using namespace sortimetra;
+
+namespace {
+
+/// Pages of a PDF file, 0 if it is none.
+int pagine_pdf(const QString& file) {
+    QFile f{file};
+    if (!f.open(QIODevice::ReadOnly)) return 0;
+    const QByteArray byte = f.readAll();
+    static const QRegularExpression conto{QStringLiteral("/Type /Pages.*?/Count (\\d+)"),
+                                          QRegularExpression::DotMatchesEverythingOption};
+    const auto trovato = conto.match(QString::fromLatin1(byte));
+    return trovato.hasMatch() ? trovato.captured(1).toInt() : 0;
+}
+
+Rapporto cinque_pagine() {
+    return {.titolo = "Rapporto di prova", .pagine = 5, .disegna = [](EasyPrint& p, int n) {
+                stampa_piede(p, n, 5);
+            }};
+}
+
+template <class T>
+T* trova(QWidget* in, const char* nome) {
+    T* t = in->findChild<T*>(QLatin1String{nome});
+    if (t == nullptr) qFatal("manca %s", nome);
+    return t;
+}
+
+void scrivi(QLineEdit* casella, const QString& testo) {
+    casella->setFocus();
+    casella->selectAll();
+    QTest::keyClick(casella, Qt::Key_Delete);
+    QTest::keyClicks(casella, testo);
+}
+
+void premi(QWidget* in, const char* nome) {
+    QTest::mouseClick(trova<QPushButton>(in, nome), Qt::LeftButton);
+}
+
+}  // namespace
+
+class TestStampa : public QObject {
+    Q_OBJECT
+
+  private:
+    QTemporaryDir cartella_;
+
+    /// Opens the preview of a picture, runs `azione` in it and closes it. Returns what `StampaFCPB` did.
+    bool in_anteprima(frmStampaFCPB& form, const OggettoStampa& oggetto, QRectF cornice,
+                      const std::function<void()>& azione) {
+        QTimer::singleShot(0, &form, [&] {
+            if (azione) azione();
+            form.reject();
+        });
+        return form.StampaFCPB(oggetto, cornice.x(), cornice.y(), cornice.width(), cornice.height());
+    }
+
+    static QImage quadro(int w = 200, int h = 100) {
+        QImage immagine{w, h, QImage::Format_RGB32};
+        immagine.fill(Qt::red);
+        return immagine;
+    }
+
+  private slots:
+    // ---- Frame_opz and the preview ----
+
+    void le_pagine_prendono_solo_cifre() {
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        auto* da = trova<QLineEdit>(&form, "txtpag_0");
+        QCOMPARE(da->text(), "1");
+        QCOMPARE(trova<QLineEdit>(&form, "txtpag_1")->text(), "5");
+        QCOMPARE(trova<QLabel>(&form, "lbltotale")->text(), "Totale Pagine: 5");
+        QCOMPARE(trova<QPushButton>(&form, "cmdopzioni_0")->text().remove('&'), "Annulla");
+        QCOMPARE(trova<QPushButton>(&form, "cmdopzioni_1")->text().remove('&'), "Stampa");
+        scrivi(da, "a-3.b");
+        QCOMPARE(da->text(), "3");
+    }
+
+    void lasciando_la_casella_si_resta_nel_rapporto() {
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        auto* da = trova<QLineEdit>(&form, "txtpag_0");
+        auto* a = trova<QLineEdit>(&form, "txtpag_1");
+        const auto lascia = [](QLineEdit* casella) {
+            QFocusEvent via{QEvent::FocusOut, Qt::TabFocusReason};
+            QApplication::sendEvent(casella, &via);
+        };
+        scrivi(da, "99");
+        QCOMPARE(da->text(), "99");
+        lascia(da);
+        QCOMPARE(da->text(), "5");
+        scrivi(da, "0");
+        lascia(da);
+        QCOMPARE(da->text(), "1");
+        scrivi(a, "");
+        lascia(a);
+        QCOMPARE(a->text(), "1");
+        scrivi(a, "99999999999999999999");
+        lascia(a);
+        QCOMPARE(a->text(), "5");
+    }
+
+    void stampa_le_pagine_scelte() {
+        StampantiDiProva prova{cartella_.path()};
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        scrivi(trova<QLineEdit>(&form, "txtpag_0"), "2");
+        scrivi(trova<QLineEdit>(&form, "txtpag_1"), "4");
+        premi(&form, "cmdopzioni_1");
+        QCOMPARE(prova.documenti.size(), 1);
+        QCOMPARE(prova.aperte, QStringList{"Prova"});
+        QCOMPARE(pagine_pdf(prova.documenti[0]), 3);
+        QVERIFY(!form.isVisible());
+        QCOMPARE(form.result(), int{QDialog::Accepted});
+    }
+
+    void la_prima_pagina_non_puo_seguire_l_ultima() {
+        StampantiDiProva prova{cartella_.path()};
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        scrivi(trova<QLineEdit>(&form, "txtpag_0"), "4");
+        scrivi(trova<QLineEdit>(&form, "txtpag_1"), "2");
+        premi(&form, "cmdopzioni_1");
+        QVERIFY(prova.documenti.isEmpty());
+        QVERIFY(form.isVisible());
+        QVERIFY(!trova<QLabel>(&form, "lblesito")->text().isEmpty());
+    }
+
+    void annulla_non_stampa() {
+        StampantiDiProva prova{cartella_.path()};
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        premi(&form, "cmdopzioni_0");
+        QVERIFY(!form.isVisible());
+        QVERIFY(prova.documenti.isEmpty());
+        // Nor does giving up in the print dialog, which keeps the preview.
+        prova.accetta = false;
+        form.show();
+        premi(&form, "cmdopzioni_1");
+        QVERIFY(form.isVisible());
+        QVERIFY(prova.documenti.isEmpty());
+    }
+
+    void senza_stampante_lo_dice() {
+        StampantiDiProva prova{cartella_.path()};
+        MessaggiDiProva detti;
+        prova.si_apre = false;
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        premi(&form, "cmdopzioni_1");
+        QCOMPARE(detti.detti.size(), 1);
+        QVERIFY(form.isVisible());
+    }
+
+    void una_stampante_guasta_mostra_una_volta_ogni_errore() {
+        StampantiDiProva prova{cartella_.path()};
+        prova.prossimo = cartella_.filePath("manca/x.pdf");
+        MessaggiDiProva detti;
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        premi(&form, "cmdopzioni_1");
+        QCOMPARE(detti.detti.size(), 1);
+        QCOMPARE(detti.detti[0].titolo, "EasyPrint");
+        QVERIFY(detti.detti[0].testo.startsWith("Errore nella routine di stampa\r\nErrore numero: 482\r\n"));
+        QVERIFY(form.isVisible());
+    }
+
+    void salva_come_pdf() {
+        MessaggiDiProva detti;
+        detti.file = cartella_.filePath("scelto");
+        Rapporto rapporto = cinque_pagine();
+        rapporto.titolo = "Frequenza/Ritardo: 90";
+        FormAnteprima form{std::move(rapporto), nullptr};
+        form.show();
+        scrivi(trova<QLineEdit>(&form, "txtpag_0"), "3");
+        premi(&form, "cmdPdf");
+        QCOMPARE(detti.proposto, "Frequenza-Ritardo- 90.pdf");
+        QCOMPARE(pagine_pdf(cartella_.filePath("scelto.pdf")), 3);
+        QVERIFY(trova<QLabel>(&form, "lblesito")->text().contains("scelto.pdf"));
+        QVERIFY(detti.detti.isEmpty());
+        detti.file = cartella_.filePath("manca/x.pdf");
+        premi(&form, "cmdPdf");
+        QCOMPARE(detti.detti.size(), 1);
+        detti.file.reset();
+        premi(&form, "cmdPdf");
+        QCOMPARE(detti.detti.size(), 1);
+    }
+
+    void le_pagine_si_sfogliano() {
+        QList<int> disegnate;
+        Rapporto rapporto = cinque_pagine();
+        rapporto.disegna = [&](EasyPrint& p, int n) {
+            disegnate.append(n);
+            stampa_piede(p, n, 5);
+        };
+        FormAnteprima form{std::move(rapporto), nullptr};
+        form.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        QTRY_VERIFY(disegnate.contains(1));
+        QVERIFY(!disegnate.contains(2));  // only what is in sight is drawn
+        QVERIFY(!trova<QPushButton>(&form, "cmdIndietro")->isEnabled());
+        premi(&form, "cmdAvanti");
+        QCOMPARE(form.pagina(), 2);
+        QTRY_VERIFY(disegnate.contains(2));
+        QTest::keyClick(&form, Qt::Key_End);
+        QCOMPARE(form.pagina(), 5);
+        QVERIFY(!trova<QPushButton>(&form, "cmdAvanti")->isEnabled());
+        QTest::keyClick(&form, Qt::Key_PageUp);
+        QCOMPARE(form.pagina(), 4);
+        auto* casella = trova<QLineEdit>(&form, "txtPagina");
+        scrivi(casella, "77");
+        QTest::keyClick(casella, Qt::Key_Tab);
+        QCOMPARE(form.pagina(), 5);
+        QCOMPARE(casella->text(), "5");
+    }
+
+    void il_rapporto_di_una_ricerca() {
+        const auto archivio = prove::da_testo("1 BA 1 2 3 4 5\n2 BA 6 7 8 9 90\n");
+        const Ricerca* ricerca = trova_ricerca("ritardo e frequenza dei 90 numeri");
+        SenzaAvanzamento nessuno;
+        const Domanda domanda = prove::domanda(ricerca->chiave);
+        auto risultato = std::make_shared<const Risultato>(esegui(*ricerca, archivio, domanda, nessuno));
+        QWidget finestra;
+        finestra.show();
+        const QPointer<FormAnteprima> form = stampa_risultato(&finestra, risultato, domanda, archivio);
+        risultato.reset();  // the window keeps what it prints
+        QVERIFY(form->isVisible());
+        QVERIFY(form->windowTitle().contains("Ritardo e Frequenza dei 90 numeri"));
+        StampantiDiProva prova{cartella_.path()};
+        premi(form, "cmdopzioni_1");
+        QCOMPARE(pagine_pdf(prova.documenti.value(0)), 1);
+        QTRY_VERIFY(form.isNull());
+    }
+
+    // ---- frmStampaFCPB ----
+
+    void argomenti_sbagliati() {
+        StampantiDiProva prova{cartella_.path()};
+        MessaggiDiProva detti;
+        frmStampaFCPB form;
+        const auto rifiuta = [&](const OggettoStampa& oggetto, double w, double h, const QString& testo) {
+            detti.detti.clear();
+            QVERIFY(!form.StampaFCPB(oggetto, 10, 10, w, h, "griglia"));
+            QCOMPARE(detti.detti.size(), 1);
+            QCOMPARE(detti.detti[0].titolo, " Errore in frmStampaFCPB/StampaFCPB");
+            QCOMPARE(detti.detti[0].testo, testo);
+        };
+        const QString errato = "L' oggetto da stampare\ne' di tipo errato.";
+        rifiuta({}, 10, 10, errato);
+        rifiuta(QImage{}, 10, 10, errato);
+        rifiuta(static_cast<QObject*>(nullptr), 10, 10, errato);
+        QObject senza_finestra;
+        rifiuta(&senza_finestra, 10, 10,
+                "L' oggetto da stampare\n\"griglia\"\nnon espone la proprieta' hWnd.");
+        const QString parametri =
+            "Parametri errati.\nLa larghezza e l' altezza di stampa\nrichieste devono essere > 0.";
+        rifiuta(quadro(), 0, 10, parametri);
+        rifiuta(quadro(), 10, -1, parametri);
+        rifiuta(quadro(), qQNaN(), 10, parametri);
+        QVERIFY(prova.aperte.isEmpty());
+    }
+
+    void senza_stampante_predefinita() {
+        StampantiDiProva prova{cartella_.path()};
+        MessaggiDiProva detti;
+        frmStampaFCPB form;
+        prova.nome.clear();
+        QVERIFY(!form.StampaFCPB(quadro(), 0, 0, 10, 10));
+        QCOMPARE(detti.detti[0].titolo, " Errore in frmStampaFCPB/GetDefPrinterName");
+        QCOMPARE(detti.detti[0].testo, "Stampante di default non specificata.");
+        prova.nome = "Laser,winspool,LPT1:";
+        prova.si_apre = false;
+        QVERIFY(!form.StampaFCPB(quadro(), 0, 0, 10, 10));
+        QCOMPARE(prova.aperte, QStringList{"Laser"});
+        QCOMPARE(detti.detti[1].titolo, " Errore in frmStampaFCPB/OpenDocPrinter");
+        QCOMPARE(detti.detti[1].testo, "Non posso accedere alla stampante richiesta.");
+        prova.si_apre = true;
+        prova.immagini = false;
+        QVERIFY(!form.StampaFCPB(quadro(), 0, 0, 10, 10));
+        QCOMPARE(detti.detti[2].testo, "This device does not support DIB's");
+        QCOMPARE(detti.detti[3].testo, "L' operazione di stampa viene interrotta.");
+    }
+
+    void un_controllo_senza_grandezza_non_si_copia() {
+        StampantiDiProva prova{cartella_.path()};
+        MessaggiDiProva detti;
+        frmStampaFCPB form;
+        QWidget vuoto;
+        vuoto.resize(0, 0);
+        QVERIFY(!form.StampaFCPB(&vuoto, 0, 0, 10, 10));
+        QCOMPARE(detti.detti[0].testo, "Errore di Copia");
+    }
+
+    void il_foglio_ha_nome_e_misure() {
+        StampantiDiProva prova{cartella_.path()};
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, quadro(), {10, 20, 100, 50}, [&] {
+            QCOMPARE(form.testo_foglio(), " Foglio: A4,  Portrait");
+            QCOMPARE(trova<QLabel>(&form, "lblFgW")->text(), "210");
+            QCOMPARE(trova<QLabel>(&form, "lblFgH")->text(), "297");
+            QCOMPARE(trova<QLineEdit>(&form, "txtPrX")->text(), "10");
+            QCOMPARE(trova<QLineEdit>(&form, "txtPrY")->text(), "20");
+            QCOMPARE(trova<QLineEdit>(&form, "txtPrW")->text(), "100");
+            QCOMPARE(trova<QLineEdit>(&form, "txtPrH")->text(), "50");
+            QCOMPARE(trova<QPushButton>(&form, "cmdChiudi")->text(), "Chiudi ");
+            QVERIFY(form.windowTitle().startsWith("Anteprima di stampa "));
+            QVERIFY(!trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
+            const QPixmap zoom = trova<QLabel>(&form, "picZoom")->pixmap();
+            QCOMPARE(zoom.size(), QSize(240, 120));
+        }));
+        prova.orientamento = QPageLayout::Landscape;
+        frmStampaFCPB coricato;
+        QVERIFY(in_anteprima(coricato, quadro(), {0, 0, 250, 50}, [&] {
+            QCOMPARE(coricato.testo_foglio(), " Foglio: A4,  Landscape");
+            QCOMPARE(trova<QLabel>(&coricato, "lblFgW")->text(), "297");
+        }));
+    }
+
+    void troppo_grande_chiede_prima() {
+        StampantiDiProva prova{cartella_.path()};
+        MessaggiDiProva detti;
+        detti.risposta_a_tre = Risposta::annulla;
+        frmStampaFCPB form;
+        QVERIFY(!form.StampaFCPB(quadro(), 10, 10, 400, 200));
+        QCOMPARE(detti.detti.size(), 1);
+        QCOMPARE(detti.detti[0].titolo, " Errore di Scala");
+        QCOMPARE(detti.detti[0].testo,
+                 "Le dimensioni di stampa richieste\nsono superiori a quelle del foglio\n"
+                 "della stampante selezionata.\nPosso cambiare la scala?");
+        QVERIFY(prova.documenti.isEmpty());
+
+        detti.risposta_a_tre = Risposta::si;
+        QVERIFY(in_anteprima(form, quadro(), {10, 10, 400, 200}, [&] {
+            QCOMPARE(form.cornice(), QRectF(10, 10, 200, 100));
+            QVERIFY(!trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
+        }));
+        // Both sides overflow: the narrower of the two ratios, so that the proportions stay.
+        QVERIFY(in_anteprima(form, quadro(), {10, 197, 400, 200},
+                             [&] { QCOMPARE(form.cornice().size(), QSizeF(200, 100)); }));
+        QVERIFY(in_anteprima(form, quadro(), {500, 10, 100, 50},
+                             [&] { QCOMPARE(form.cornice(), QRectF(0, 10, 100, 50)); }));
+        detti.risposta_a_tre = Risposta::no;
+        QVERIFY(in_anteprima(form, quadro(), {10, 10, 400, 200}, [&] {
+            QCOMPARE(form.cornice(), QRectF(10, 10, 400, 200));
+            QVERIFY(trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
+            QCOMPARE(trova<QLabel>(&form, "lblFuoriFoglio")->text(), "Stampa fuori foglio");
+        }));
+    }
+
+    void spostare_scalare_centrare() {
+        StampantiDiProva prova{cartella_.path()};
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, quadro(), {10, 20, 100, 50}, [&] {
+            auto* x = trova<QLineEdit>(&form, "txtPrX");
+            auto* w = trova<QLineEdit>(&form, "txtPrW");
+            auto* h = trova<QLineEdit>(&form, "txtPrH");
+            auto* centro = trova<QCheckBox>(&form, "chkCentro");
+            auto* proporzioni = trova<QCheckBox>(&form, "chkProporzioni");
+            const auto conferma = [](QLineEdit* c) { QTest::keyClick(c, Qt::Key_Return); };
+            scrivi(x, "12,5");
+            conferma(x);
+            QCOMPARE(form.cornice().x(), 12.5);
+            scrivi(x, "150");
+            conferma(x);
+            QVERIFY(trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
+            premi(&form, "cmdOrigine");
+            QCOMPARE(form.cornice().topLeft(), QPointF(0, 0));
+            QVERIFY(!trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
+            QCOMPARE(x->text(), "0");
+            // With proportions the other side follows.
+            scrivi(w, "60");
+            conferma(w);
+            QCOMPARE(form.cornice().size(), QSizeF(60, 30));
+            scrivi(h, "40");
+            conferma(h);
+            QCOMPARE(form.cornice().size(), QSizeF(80, 40));
+            centro->click();
+            QCOMPARE(form.cornice(), QRectF(65, 128.5, 80, 40));
+            scrivi(w, "100");
+            conferma(w);
+            QCOMPARE(form.cornice(), QRectF(55, 123.5, 100, 50));  // stays in the middle
+            premi(&form, "cmdMax");
+            QCOMPARE(form.cornice().size(), QSizeF(210, 105));
+            proporzioni->click();
+            premi(&form, "cmdMax");
+            QCOMPARE(form.cornice(), QRectF(0, 0, 210, 297));
+            scrivi(w, "50");
+            conferma(w);
+            QCOMPARE(form.cornice().size(), QSizeF(50, 297));
+            // A text that is no number changes nothing and gives way to the value.
+            scrivi(w, "abc");
+            conferma(w);
+            QCOMPARE(w->text(), "50");
+            scrivi(w, "-3");
+            conferma(w);
+            QCOMPARE(w->text(), "50");
+        }));
+        QVERIFY(prova.documenti.isEmpty());
+    }
+
+    void la_scala_prende_la_virgola() {
+        StampantiDiProva prova{cartella_.path()};
+        MessaggiDiProva detti;
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, quadro(), {0, 0, 100, 50}, [&] {
+            auto* scala = trova<QLineEdit>(&form, "txtScala");
+            const double naturale = 200 * 25.4 / form.logicalDpiX();
+            scrivi(scala, "1,5");
+            QTest::keyClick(scala, Qt::Key_Return);
+            QVERIFY(qAbs(form.cornice().width() - naturale * 1.5) < 1e-6);
+            QVERIFY(qAbs(form.cornice().height() - naturale * 0.75) < 1e-6);
+            QCOMPARE(scala->text(), "1,5");
+            scrivi(scala, "0.5");
+            premi(&form, "cmdScala");
+            QVERIFY(qAbs(form.cornice().width() - naturale * 0.5) < 1e-6);
+            QVERIFY(detti.detti.isEmpty());
+            scrivi(scala, "tanto");
+            premi(&form, "cmdScala");
+            QCOMPARE(detti.detti.size(), 1);
+            QCOMPARE(detti.detti[0].titolo, " Errore in frmStampaFCPB/txtScala");
+            QCOMPARE(scala->text(), "0,5");
+        }));
+    }
+
+    void col_mouse_e_con_le_frecce() {
+        StampantiDiProva prova{cartella_.path()};
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, quadro(), {10, 20, 100, 50}, [&] {
+            auto* preview = trova<PicPreview>(&form, "picPreview");
+            QTest::keyClick(preview, Qt::Key_Right);
+            QTest::keyClick(preview, Qt::Key_Down, Qt::ShiftModifier);
+            QCOMPARE(form.cornice().topLeft(), QPointF(11, 30));
+            auto* bordo = trova<QLabel>(&form, "shpBordo");
+            const QPoint prima = bordo->pos();
+            QTest::mousePress(bordo, Qt::LeftButton, {}, {5, 5});
+            QTest::mouseMove(bordo, {25, 45});
+            QTest::mouseRelease(bordo, Qt::LeftButton, {}, {25, 45});
+            QVERIFY(form.cornice().x() > 11);
+            QVERIFY(form.cornice().y() > 30);
+            QVERIFY((bordo->pos() - prima - QPoint(20, 40)).manhattanLength() <= 2);
+        }));
+    }
+
+    void ogni_copia_e_un_documento() {
+        StampantiDiProva prova{cartella_.path()};
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, quadro(), {10, 20, 100, 50}, [&] {
+            scrivi(trova<QLineEdit>(&form, "txtNCopies"), "3");
+            premi(&form, "cmdStampa");
+            QVERIFY(trova<QLabel>(&form, "lblStampaInCorso")->isVisible());
+            QTRY_VERIFY(!trova<QLabel>(&form, "lblStampaInCorso")->isVisible());
+        }));
+        QCOMPARE(prova.documenti.size(), 3);
+        for (const QString& file : prova.documenti) QCOMPARE(pagine_pdf(file), 1);
+    }
+
+    void un_controllo_si_copia_e_si_stampa() {
+        StampantiDiProva prova{cartella_.path()};
+        QLabel griglia{"Ritardo"};
+        griglia.setObjectName("MSFlexGrid4");
+        griglia.resize(120, 60);
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, &griglia, {10, 20, 100, 50}, [&] {
+            QCOMPARE(form.windowTitle(), "Anteprima di stampa MSFlexGrid4");
+            QVERIFY(!trova<QLabel>(&form, "picCopia")->pixmap().isNull());
+            QVERIFY(!trova<QLabel>(&form, "picCopia")->isVisible());
+            premi(&form, "cmdStampa");
+            QTRY_COMPARE(prova.documenti.size(), 1);
+            QTRY_VERIFY(trova<QPushButton>(&form, "cmdStampa")->isEnabled());
+        }));
+        QCOMPARE(pagine_pdf(prova.documenti[0]), 1);
+    }
+
+    void una_stampa_che_fallisce_si_ferma() {
+        StampantiDiProva prova{cartella_.path()};
+        prova.prossimo = cartella_.filePath("manca/x.pdf");
+        MessaggiDiProva detti;
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, quadro(), {10, 20, 100, 50}, [&] {
+            scrivi(trova<QLineEdit>(&form, "txtNCopies"), "2");
+            premi(&form, "cmdStampa");
+            QTRY_VERIFY(!detti.detti.isEmpty());
+            QTRY_VERIFY(trova<QPushButton>(&form, "cmdStampa")->isEnabled());
+        }));
+        QCOMPARE(detti.detti.size(), 1);  // the second copy is not tried
+        QCOMPARE(detti.detti[0].titolo, " Errore in frmStampaFCPB/Print_FCPB");
+        QVERIFY(detti.detti[0].testo.startsWith("Errore di StartDoc."));
+        QVERIFY(detti.detti[0].testo.endsWith("Stampa interrotta."));
+    }
+
+    void testi_delle_misure() {
+        QCOMPARE(testo_misura(210), "210");
+        QCOMPARE(testo_misura(12.5), "12,5");
+        QCOMPARE(testo_misura(0.126), "0,13");
+        QCOMPARE(testo_misura(1234.5), "1.234,5");
+        QCOMPARE(testo_misura(1234567), "1.234.567");
+        QCOMPARE(testo_misura(-1234.5), "-1.234,5");
+        QCOMPARE(testo_misura(-0.001), "0");
+        QCOMPARE(testo_misura(qQNaN()), "0");
+        QCOMPARE(leggi_misura("12,5"), std::optional{12.5});
+        QCOMPARE(leggi_misura("12.5"), std::optional{12.5});
+        QCOMPARE(leggi_misura("1.234,5"), std::optional{1234.5});
+        QCOMPARE(leggi_misura("1.234"), std::optional{1234.0});
+        QCOMPARE(leggi_misura(" 7 "), std::optional{7.0});
+        QVERIFY(!leggi_misura("").has_value());
+        QVERIFY(!leggi_misura("abc").has_value());
+        QVERIFY(!leggi_misura("nan").has_value());
+        QVERIFY(!leggi_misura("1e99").has_value());
+    }
+};
+
+QTEST_MAIN(TestStampa)
+#include "test_stampa.moc"
