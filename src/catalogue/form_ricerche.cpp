@@ -7,6 +7,7 @@
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_segnalimite.h"
 #include "catalogue/form_ricerche_ultima.h"
+#include "printing/form_anteprima.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
 
@@ -46,6 +47,7 @@ constexpr int kLarghezzaDettaglio = 70 * kPasso;
 constexpr int kIndiceSuperEnalotto = 6;
 constexpr int kIndiceAltreSchede = 7;
 constexpr int kGruppi = 6;
+constexpr std::string_view kChiaveSegnalimite = "tabella dei segnalimite cabalistici";
 
 QString testo(std::string_view t) {
     return QString::fromUtf8(t.data(), static_cast<qsizetype>(t.size()));
@@ -107,6 +109,16 @@ QIcon campione(const Skin& s) {
     p.setBrush(QColor::fromRgb(s.trovato));
     p.drawRoundedRect(QRectF{6, 21, (kLato - 12) / 2.0, 5}, 2, 2);
     return QIcon{immagine};
+}
+
+/// Prints a search that reads no draws: there is nothing to ask it.
+void stampa_senza_archivio(QWidget& finestra, const Ricerca& ricerca) {
+    static const ArchivioEstrazioni nessuno;
+    SenzaAvanzamento zitto;
+    Domanda domanda;
+    domanda.chiave = ricerca.chiave;
+    stampa_risultato(&finestra, std::make_shared<const Risultato>(esegui(ricerca, nessuno, domanda, zitto)),
+                     domanda, nessuno);
 }
 
 /// A window of its own, no dialog, menu or tip.
@@ -938,6 +950,9 @@ void form_ricerche::mostra_segnalimite(bool mostra) {
     if (mostra && frame_segnalimite_ == nullptr) {
         frame_segnalimite_ = new FrameSegnalimite;
         connect(frame_segnalimite_, &FrameSegnalimite::esci, this, [this] { mostra_segnalimite(false); });
+        connect(frame_segnalimite_, &FrameSegnalimite::stampa, this, [this] {
+            if (const Ricerca* r = trova_ricerca(kChiaveSegnalimite)) stampa_senza_archivio(*this, *r);
+        });
         pagine_->addWidget(frame_segnalimite_);
     }
     pagine_->setCurrentWidget(mostra ? static_cast<QWidget*>(frame_segnalimite_) : catalogo_);
