@@ -510,6 +510,7 @@ void form_ricerche::scorciatoie() {
         connect(s, &QShortcut::activated, this, [this, passo] {
             const int n = tab_strip_->count();
             tab_strip_->setCurrentIndex((tab_strip_->currentIndex() + passo + n) % n);
+            griglia_->setFocus(Qt::ShortcutFocusReason);
         });
     };
     scheda(QKeySequence{Qt::CTRL | Qt::Key_PageDown}, 1);
