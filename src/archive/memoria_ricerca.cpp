@@ -99,11 +99,11 @@ class ChiaveCartella {
     bool presa_ = false;
 };
 
-/// Errors are ignored: the file stays as it was. It is not forced onto the disk, since this happens at every
-/// arrow key: what a power cut can cost is the row that was highlighted.
-void scrivi_piccolo(const fs::path& file, std::string_view testo) {
+/// Replaces a small file whole; where that fails it stays as it was. It is not forced onto the disk, since
+/// this happens at every arrow key: what a power cut can cost is the row that was highlighted.
+bool scrivi_piccolo(const fs::path& file, std::string_view testo) {
     auto nuovo = FileSicuro::apri(file);
-    if (nuovo && nuovo->scrivi(testo)) (void)nuovo->conferma_subito();
+    return nuovo && nuovo->scrivi(testo) && nuovo->conferma_subito();
 }
 
 }  // namespace

@@ -47,6 +47,7 @@ constexpr int kLarghezzaDettaglio = 70 * kPasso;
 constexpr int kIndiceSuperEnalotto = 6;
 constexpr int kIndiceAltreSchede = 7;
 constexpr int kGruppi = 6;
+constexpr std::string_view kChiaveSegnalimite = "tabella dei segnalimite cabalistici";
 
 QString testo(std::string_view t) {
     return QString::fromUtf8(t.data(), static_cast<qsizetype>(t.size()));
@@ -108,6 +109,16 @@ QIcon campione(const Skin& s) {
     p.setBrush(QColor::fromRgb(s.trovato));
     p.drawRoundedRect(QRectF{6, 21, (kLato - 12) / 2.0, 5}, 2, 2);
     return QIcon{immagine};
+}
+
+/// Prints a search that reads no draws: there is nothing to ask it.
+void stampa_senza_archivio(QWidget& finestra, const Ricerca& ricerca) {
+    static const ArchivioEstrazioni nessuno;
+    SenzaAvanzamento zitto;
+    Domanda domanda;
+    domanda.chiave = ricerca.chiave;
+    stampa_risultato(&finestra, std::make_shared<const Risultato>(esegui(ricerca, nessuno, domanda, zitto)),
+                     domanda, nessuno);
 }
 
 /// A window of its own, no dialog, menu or tip.
@@ -384,9 +395,9 @@ QWidget* form_ricerche::componi_frame_archivio() {
     lbl_archivio_testo_ = etichetta("lblArchivioTesto", nullptr);
     lbl_archivio_testo_->setWordWrap(true);
     lbl_archivio_testo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    cmd_dimostrazione_ = new QPushButton{tr("Crea l'archivio &dimostrativo")};
+    cmd_dimostrazione_ = new QPushButton{tr("Archivio &dimostrativo")};
     cmd_dimostrazione_->setObjectName(QStringLiteral("cmdDimostrazione"));
-    cmd_dimostrazione_->setToolTip(tr("Estrazioni simulate, per provare il programma"));
+    cmd_dimostrazione_->setToolTip(tr("Crea un archivio di estrazioni simulate, per provare il programma"));
     assegna_ruolo(cmd_dimostrazione_, "primario");
     connect(cmd_dimostrazione_, &QPushButton::clicked, this, &form_ricerche::crea_archivio_dimostrativo);
     auto* cartella = new QPushButton{tr("Scegli una car&tella…")};
@@ -499,6 +510,7 @@ void form_ricerche::scorciatoie() {
         connect(s, &QShortcut::activated, this, [this, passo] {
             const int n = tab_strip_->count();
             tab_strip_->setCurrentIndex((tab_strip_->currentIndex() + passo + n) % n);
+            griglia_->setFocus(Qt::ShortcutFocusReason);
         });
     };
     scheda(QKeySequence{Qt::CTRL | Qt::Key_PageDown}, 1);
@@ -562,7 +574,8 @@ bool form_ricerche::eventFilter(QObject* oggetto, QEvent* evento) {
             QTimer::singleShot(0, this, &form_ricerche::torna);
     }
     if (evento->type() != QEvent::KeyPress) return QWidget::eventFilter(oggetto, evento);
-    auto* tasto = static_cast<QKeyEvent*>(evento);
+    auto* tasto = dynamic_cast<QKeyEvent*>(evento);
+    if (tasto == nullptr) return false;
     const bool invio = tasto->key() == Qt::Key_Return || tasto->key() == Qt::Key_Enter;
     if (oggetto == txt_cerca_) {
         switch (tasto->key()) {
@@ -939,13 +952,7 @@ void form_ricerche::mostra_segnalimite(bool mostra) {
         frame_segnalimite_ = new FrameSegnalimite;
         connect(frame_segnalimite_, &FrameSegnalimite::esci, this, [this] { mostra_segnalimite(false); });
         connect(frame_segnalimite_, &FrameSegnalimite::stampa, this, [this] {
-            const ArchivioEstrazioni nessuno;  // the table is fixed
-            SenzaAvanzamento subito;
-            Domanda domanda;
-            domanda.chiave = "tabella dei segnalimite cabalistici";
-            auto risultato = std::make_shared<const Risultato>(
-                esegui(*trova_ricerca(domanda.chiave), nessuno, domanda, subito));
-            stampa_risultato(this, std::move(risultato), domanda, nessuno);
+            if (const Ricerca* r = trova_ricerca(kChiaveSegnalimite)) stampa_senza_archivio(*this, *r);
         });
         pagine_->addWidget(frame_segnalimite_);
     }

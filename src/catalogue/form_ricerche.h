@@ -89,7 +89,7 @@ class form_ricerche final : public QWidget {
     void TabStrip1_Click(int indice);
     void cmdConferma_Click();
     void riga_cambiata();
-    void filtra(const QString& testo);
+    void filtra(const QString& scritto);
 
     void carica_lista();
     void ripristina_riga();

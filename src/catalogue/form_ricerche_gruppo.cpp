@@ -60,7 +60,7 @@ void PulsanteGruppo::paintEvent(QPaintEvent*) {
     const auto* cornice = qobject_cast<const CorniceGruppo*>(parentWidget());
     const bool premuto = cornice != nullptr && cornice->premuta();
     const QColor testo = QColor::fromRgb(premuto ? s.testo_trovato : s.testo);
-    QColor quieto = QColor::fromRgb(premuto ? s.testo_trovato : s.testo_quieto);
+    const QColor quieto = QColor::fromRgb(premuto ? s.testo_trovato : s.testo_quieto);
     QPainter p{this};
     p.setRenderHint(QPainter::Antialiasing);
     if (!isEnabled()) p.setOpacity(0.5);

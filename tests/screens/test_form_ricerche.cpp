@@ -4,6 +4,7 @@
 #include "catalogue/form_ricerche_elenco.h"
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_ultima.h"
+#include "printing/form_anteprima.h"
 #include "screens/tema.h"
 #include "support/archivi.h"
 
@@ -465,6 +466,12 @@ class TestFormRicerche final : public QObject {
         QCOMPARE(celle, 90);
         QCOMPARE(frame->findChild<QPushButton*>(QStringLiteral("cmdstampa"))->text(),
                  QStringLiteral("Stampa"));
+        QTest::mouseClick(frame->findChild<QPushButton*>(QStringLiteral("cmdstampa")), Qt::LeftButton);
+        auto* anteprima = f.form.findChild<FormAnteprima*>();
+        QVERIFY(anteprima != nullptr && anteprima->isVisible());
+        QCOMPARE(anteprima->pagine(), (PagineScelte{1, 1}));
+        anteprima->close();
+        QVERIFY(f.form.isVisible() && frame->isVisible());
         QTest::keyClick(&f.form, Qt::Key_2);  // the groups are out of sight
         QCOMPARE(f.premuto(), 0);
         QTest::mouseClick(frame->findChild<QPushButton*>(QStringLiteral("Command3")), Qt::LeftButton);
