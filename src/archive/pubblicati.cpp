@@ -90,9 +90,8 @@ class Linea {
             const auto c = campo();
             int letto = 0;
             if (c && !c->empty()) {
-                const char* fine = c->data() + c->size();
-                const auto esito = std::from_chars(c->data(), fine, letto);
-                if (esito.ec != std::errc{} || esito.ptr != fine) letto = -1;
+                const auto esito = std::from_chars(c->data(), c->data() + c->size(), letto);
+                if (esito.ec != std::errc{} || esito.ptr != c->data() + c->size()) letto = -1;
             }
             if (!c || letto < 0 || letto > massimo)
                 return errore(c, fmt::format("atteso un numero da 1 a {}, oppure vuoto o 0", massimo));
@@ -215,7 +214,7 @@ class Giorni {
         return true;
     }
 
-    std::vector<RigaLotto> ordina(const std::vector<RigaLotto>& righe) const {
+    [[nodiscard]] std::vector<RigaLotto> ordina(const std::vector<RigaLotto>& righe) const {
         if (righe.empty()) return {};
         std::vector<std::uint32_t> prima(ultimo_ - primo_ + 1);
         std::uint32_t somma = 0;
@@ -376,7 +375,7 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_testo_winforlife(s
             if (!data) return std::unexpected(data.error());
             const auto ora = l.campo();
             const auto minuti = ora ? leggi_ora(*ora) : std::nullopt;
-            if (!minuti) return l.errore(ora, "attesa un'ora come \"8:00\" o \"08:00\"");
+            if (!minuti) return l.errore(ora, R"(attesa un'ora come "8:00" o "08:00")");
             RigaWinForLife r{.concorso = static_cast<Concorso>(righe.size()) + 1, .data = *data};
             r.ora = *ora;
             if (auto numeri = l.numeri(r.numeri, kNumeriWinForLife); !numeri) return numeri;
