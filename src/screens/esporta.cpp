@@ -1,6 +1,7 @@
 #include "screens/esporta.h"
 
 #include "archive/file_sicuro.h"
+#include "results/scrittori.h"
 #include "screens/messaggi.h"
 
 #include <QDir>
@@ -10,11 +11,6 @@
 #include <QWidget>
 #include <filesystem>
 #include <string>
-
-#if __has_include("results/scrittori.h")
-#include "results/scrittori.h"
-#define SORTIMETRA_SCRITTORI 1
-#endif
 
 namespace sortimetra {
 
@@ -34,12 +30,6 @@ QString nome_proposto(const Risultato& risultato) {
 }
 
 }  // namespace
-
-#ifdef SORTIMETRA_SCRITTORI
-
-bool esportazione_possibile() {
-    return true;
-}
 
 std::optional<QString> esporta_risultato(QWidget* finestra, const Risultato& risultato,
                                          std::span<const std::uint32_t> ordine) {
@@ -86,19 +76,5 @@ std::optional<QString> esporta_risultato(QWidget* finestra, const Risultato& ris
     }
     return scelto;
 }
-
-#else
-
-bool esportazione_possibile() {
-    return false;
-}
-
-std::optional<QString> esporta_risultato(QWidget*, const Risultato& risultato,
-                                         std::span<const std::uint32_t>) {
-    (void)nome_proposto(risultato);
-    return std::nullopt;
-}
-
-#endif
 
 }  // namespace sortimetra

@@ -11,9 +11,6 @@ class QWidget;
 
 namespace sortimetra {
 
-/// Whether results can be written to a file at all in this build.
-[[nodiscard]] bool esportazione_possibile();
-
 /// Asks for a file and writes the result there: CSV, a workbook or JSON, by the file's ending (CSV without a
 /// known one). `ordine` is the first table's order on the screen. The file is written whole or not at all; a
 /// failure is told in a box. Gives the file's name, nothing if none was written.

@@ -321,10 +321,9 @@ void SchermoRicerca::aggiorna_comandi() {
     cmd_stampa_->setToolTip(stampa_ == nullptr ? tr("La stampa non è ancora disponibile.")
                             : qualcosa         ? tr("Stampa il risultato (Ctrl+P)")
                                                : tr("Non c'è ancora un risultato da stampare."));
-    cmd_esporta_->setEnabled(qualcosa && esportazione_possibile());
-    cmd_esporta_->setToolTip(!esportazione_possibile() ? tr("L'esportazione non è ancora disponibile.")
-                             : qualcosa ? tr("Scrive il risultato in un file CSV, XLSX o JSON (Ctrl+E)")
-                                        : tr("Non c'è ancora un risultato da esportare."));
+    cmd_esporta_->setEnabled(qualcosa);
+    cmd_esporta_->setToolTip(qualcosa ? tr("Scrive il risultato in un file CSV, XLSX o JSON (Ctrl+E)")
+                                      : tr("Non c'è ancora un risultato da esportare."));
 }
 
 void SchermoRicerca::aggiorna_stato() {

@@ -28,7 +28,6 @@ Form_spec::Form_spec(QWidget* padre)
     descrizione_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* esporta = new QPushButton{icona(QStringLiteral("esporta")), tr("&Esporta…"), this};
     esporta->setObjectName(QStringLiteral("cmdEsporta"));
-    esporta->setEnabled(esportazione_possibile());
     auto* chiudi = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Chiudi"), this};
     chiudi->setObjectName(QStringLiteral("cmdChiudi"));
     connect(chiudi, &QPushButton::clicked, this, &QWidget::close);

@@ -86,6 +86,8 @@ class TestFormStat : public QObject {
     void la_stampa_riceve_cio_che_si_vede();
     void le_schedine_ricevono_il_sistema();
     void l_analisi_riceve_le_combinazioni();
+    void esporta_in_tre_formati();
+    void un_esportazione_che_non_riesce_lo_dice();
     void le_frecce_indicano_il_pulsante();
     void la_finestra_ricorda_il_suo_posto();
     void sta_in_1024_per_640();
@@ -587,6 +589,47 @@ void TestFormStat::l_analisi_riceve_le_combinazioni() {
     premi("Command1");
     premi("Command5");
     QCOMPARE(ricevute, 0);
+}
+
+void TestFormStat::esporta_in_tre_formati() {
+    apri(kNovanta);
+    QVERIFY(!controllo<QPushButton>("cmdEsporta")->isEnabled());
+    premi("Command1");
+    QTest::mouseClick(controllo<QPushButton>("cmdcol_0"), Qt::LeftButton);
+    const auto scrivi = [this](const char* nome) {
+        const QString file = QString::fromStdString((cartella_->percorso() / nome).string());
+        messaggi_->file = file;
+        premi("cmdEsporta");
+        QFile f{file};
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray{};
+    };
+    const QByteArray csv = scrivi("esito.csv");
+    QVERIFY(csv.startsWith("Numeri;Frequenza;Ritardo;Ritardo Storico\n90;2;10;14\n89;1;29;0\n"));
+    QVERIFY(messaggi_->proposto.endsWith(QStringLiteral("Ritardo e Frequenza dei 90 numeri.csv")));
+    QVERIFY(scrivi("esito.json").contains("\"chiave\""));
+    QVERIFY(scrivi("esito.xlsx").startsWith("PK"));
+    // A name without an ending gets one.
+    scrivi("senza");
+    QVERIFY(QFile::exists(QString::fromStdString((cartella_->percorso() / "senza.csv").string())));
+    QVERIFY(controllo<QLabel>("lblstato")->toolTip().contains(QStringLiteral("senza.csv")));
+    // The user thinks better of it.
+    messaggi_->file.reset();
+    QTest::keyClick(form_.get(), Qt::Key_E, Qt::ControlModifier);
+    QVERIFY(messaggi_->detti.isEmpty());
+}
+
+void TestFormStat::un_esportazione_che_non_riesce_lo_dice() {
+    apri(kNovanta);
+    premi("Command1");
+    for (const char* nome : {"manca/esito.csv", "manca/esito.xlsx"}) {
+        messaggi_->detti.clear();
+        messaggi_->file = QString::fromStdString((cartella_->percorso() / nome).string());
+        premi("cmdEsporta");
+        QCOMPARE(messaggi_->detti.size(), 1);
+        QCOMPARE(messaggi_->detti[0].titolo, QStringLiteral("Sortimetra"));
+        QVERIFY(messaggi_->detti[0].testo.contains(QStringLiteral("esito")));
+        QVERIFY(!QFile::exists(*messaggi_->file));
+    }
 }
 
 void TestFormStat::le_frecce_indicano_il_pulsante() {
