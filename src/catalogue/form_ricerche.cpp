@@ -1,7 +1,7 @@
 #include "catalogue/form_ricerche.h"
 
 #include "archive/apertura.h"
-#include "archive/crea_dimostrazione.h"
+#include "archive/importa.h"
 #include "archive/testi.h"
 #include "catalogue/form_ricerche_elenco.h"
 #include "catalogue/form_ricerche_gruppo.h"
@@ -10,6 +10,7 @@
 #include "printing/form_anteprima.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
+#include "statistics/cinquine_dei_90.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -837,6 +838,8 @@ void form_ricerche::carica_archivio() {
         cmd_riprova_->setVisible(false);
     } else if (auto aperto = apri_archivio(dove)) {
         archivio_ = std::move(*aperto);
+        // Without the list its one search says that the file is missing; there is nothing to add to that.
+        (void)prepara_cinquine_dei_90(sessione_.percorso_programma);
     } else {
         lbl_archivio_titolo_->setText(tr("L'archivio non si apre"));
         errore_archivio_ = QString::fromStdString(aperto.error().testo());
@@ -849,7 +852,8 @@ void form_ricerche::carica_archivio() {
 void form_ricerche::crea_archivio_dimostrativo() {
     lbl_archivio_titolo_->setText(tr("Creo l'archivio dimostrativo…"));
     lbl_archivio_titolo_->repaint();
-    if (const auto esito = crea_dimostrazione(sessione_.percorso_archivio()); !esito) {
+    SenzaAvanzamento subito;
+    if (const auto esito = crea_dimostrazione(sessione_.percorso_archivio(), subito); !esito) {
         lbl_archivio_titolo_->setText(tr("L'archivio dimostrativo non si può creare"));
         errore_archivio_ = QString::fromStdString(esito.error().testo());
         assegna_ruolo(lbl_archivio_testo_, "avviso");

@@ -7,6 +7,7 @@
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
 #include "results/scrittori.h"
+#include "statistics/cinquine_dei_90.h"
 
 #include <fmt/core.h>
 
@@ -147,6 +148,9 @@ int comando_dimostrazione(Richiesta& richiesta, const Canali& canali) {
         lamenta(canali, creato.error().testo());
         return kArchivioChiuso;
     }
+    // The folder is new: it gets the one list that a search reads from it.
+    if (const auto lista = prepara_cinquine_dei_90(sessione.percorso_programma); !lista)
+        lamenta(canali, lista.error().testo());
     return consegna(
         canali, fmt::format("Creato in {} un {}\n", sessione.percorso_archivio().string(), kAvvisoSimulato));
 }

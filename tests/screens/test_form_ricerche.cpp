@@ -1,4 +1,4 @@
-#include "archive/crea_dimostrazione.h"
+#include "archive/importa.h"
 #include "archive/memoria_ricerca.h"
 #include "catalogue/form_ricerche.h"
 #include "catalogue/form_ricerche_elenco.h"
@@ -127,7 +127,8 @@ class TestFormRicerche final : public QObject {
         QCoreApplication::setApplicationName(QStringLiteral("test_form_ricerche"));
         QApplication::setQuitOnLastWindowClosed(false);
         archivio_ = comune_.percorso() / "archivio";
-        QVERIFY(crea_dimostrazione(archivio_));
+        SenzaAvanzamento nessuno;
+        QVERIFY(crea_dimostrazione(archivio_, nessuno));
     }
 
     void primo_avvio() {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "archive/errore.h"
+
+#include <expected>
+#include <filesystem>
+#include <string>
+
+namespace sortimetra {
+
+/// The list of the "cinquine dei 90" as its file holds it: a first line with the count, then 436 different
+/// cinquine that together hold each of the 4,005 ambi at least once, numbers ascending.
+///
+/// Numbers are taken as residues mod 90, 0 standing for 90, so that an ambo is a difference 1 to 45 and a
+/// place.
+/// - Four base cinquine, each moved by 0 to 89: their 40 differences are all different and are none of 9, 18,
+///   27, 36, 45, so that each ambo with another difference is met exactly once. 360 cinquine.
+/// - What is left are the ambi inside the nine classes r, r + 9, ..., r + 81 of ten numbers. Six cinquine
+///   cover the 45 ambi of ten numbers. 54 cinquine.
+/// - 22 more fill the list up to the length that the search expects: the 18 of numbers 18 apart, so that all
+///   numbers stay equally frequent, and four runs of five.
+[[nodiscard]] std::string testo_cinquine_dei_90();
+
+/// Puts the list into the program's folder if that has none; one that is there stays, whatever it holds.
+[[nodiscard]] std::expected<void, ErroreArchivio> prepara_cinquine_dei_90(
+    const std::filesystem::path& cartella);
+
+}  // namespace sortimetra
