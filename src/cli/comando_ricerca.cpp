@@ -1,12 +1,18 @@
 #include "archive/file_sicuro.h"
+#include "archive/sessione.h"
 #include "cli/comandi.h"
 #include "cli/fai_ricerca.h"
 #include "cli/richiesta.h"
 #include "results/scrittori.h"
+#include "systems/ric_stat.h"
 
 #include <fmt/core.h>
 
+#include <chrono>
+#include <ctime>
 #include <fstream>
+#include <optional>
+#include <utility>
 
 namespace sortimetra {
 
@@ -26,19 +32,47 @@ std::expected<void, ErroreArchivio> scrivi_uscita(const std::filesystem::path& f
     return scrivi_file(file, testo);
 }
 
+/// Today where the user is.
+Data oggi() {
+    const std::time_t adesso = std::time(nullptr);
+    std::tm qui{};
+    localtime_r(&adesso, &qui);
+    return std::chrono::year{qui.tm_year + 1900} / (qui.tm_mon + 1) / qui.tm_mday;
+}
+
+/// Hands the grid to the slip program: writes its system and adds the label `file`. Returns the exit code of
+/// what went wrong.
+std::optional<int> consegna_schedina(const Richiesta& richiesta, Risultato& risultato, const Canali& canali) {
+    const auto errato = [&](const std::string& perche) {
+        return uso_errato(canali, fmt::format("--schedina: {}", perche),
+                          fmt::format("ricerca '{}'", risultato.chiave));
+    };
+    const Tabella& griglia = risultato.tabelle.front();
+    if (richiesta.domanda.parametri.tutte_le_ruote || !ammette_schedina(risultato.chiave, griglia))
+        return errato("questa griglia non ha schedine.");
+    if (static_cast<std::size_t>(*richiesta.domanda.parametri.schedina) > griglia.righe())
+        return errato(fmt::format("trovato \"{}\", attesa una riga da 1 a {}.",
+                                  *richiesta.domanda.parametri.schedina, griglia.righe()));
+    auto scritta = scrivi_schedina(cartella_programma(richiesta.cartella), risultato.chiave, griglia, oggi());
+    if (!scritta) {
+        lamenta(canali, scritta.error().testo());
+        return kSenzaDati;
+    }
+    risultato.etichette.push_back({"file", std::move(scritta->file)});
+    return std::nullopt;
+}
+
 }  // namespace
 
 int comando_ricerca(Richiesta& richiesta, const Canali& canali) {
-    if (richiesta.domanda.parametri.schedina) {
-        lamenta(canali, "--schedina non è ancora disponibile.");
-        return kSenzaDati;
-    }
-    const auto eseguita = fai_ricerca(richiesta, canali);
+    auto eseguita = fai_ricerca(richiesta, canali);
     if (!eseguita) return eseguita.error();
-    const Risultato& risultato = eseguita->risultato;
+    Risultato& risultato = eseguita->risultato;
 
     const auto ordine = ordine_richiesto(richiesta, risultato, canali);
     if (!ordine) return ordine.error();
+    if (richiesta.domanda.parametri.schedina && risultato.prodotto)
+        if (const auto codice = consegna_schedina(richiesta, risultato, canali)) return *codice;
     RigheScelte scelte{.ordine = *ordine};
     if (richiesta.prime) scelte.massimo = *richiesta.prime;
 

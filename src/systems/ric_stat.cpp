@@ -145,7 +145,7 @@ std::optional<Sistema> sistema_da_griglia(std::string_view chiave, const Tabella
     if (const auto* gruppi = std::get_if<ColonnaGruppi>(&griglia.colonne.front());
         s.k == 0 && gruppi != nullptr)
         s.k = gruppi->quanti;
-    s.k = std::min(s.k, Combinazione{}.size());
+    s.k = std::min(s.k, CombinazioneSistema{}.size());
     const Genere g = genere(s.k);
     s.nome_file_sistema = fmt::format("{}/{}", g.cartella, kNome);
     s.lettera_sistema = g.lettera;
@@ -161,7 +161,7 @@ EsitoSistema azzera_files_sistema(const fs::path& cartella, const Sistema& s) {
 
 EsitoSistema scrivi_numeri_sistema(const fs::path& cartella, const Sistema& s) {
     std::set<int> usati;
-    for (const Combinazione& c : s.combinazioni) usati.insert(c.begin(), c.end());
+    for (const CombinazioneSistema& c : s.combinazioni) usati.insert(c.begin(), c.end());
     usati.erase(0);
     std::string testo;
     aggiungi_intero(testo, static_cast<std::int64_t>(usati.size()));
@@ -201,7 +201,7 @@ std::expected<std::optional<std::string>, ErroreArchivio> scrivi_conteggio_siste
 EsitoSistema scrivi_sistema(const fs::path& cartella, const Sistema& s) {
     std::string testo;
     testo.reserve(s.combinazioni.size() * (s.k * 3 + 2));
-    for (const Combinazione& c : s.combinazioni) {
+    for (const CombinazioneSistema& c : s.combinazioni) {
         for (std::size_t i = 0; i < s.k; ++i) {
             if (i > 0) testo += ',';
             aggiungi_intero(testo, c[i]);

@@ -20,7 +20,7 @@ namespace sortimetra {
 // #yyyy-mm-dd#, lines ended by CR LF.
 
 /// Numbers of one combination in order of first appearance; slots that were not filled hold 0.
-using Combinazione = std::array<int, 10>;
+using CombinazioneSistema = std::array<int, 10>;
 
 /// A system on its way to disk. All its files share the base `cartella` / `nome_file_sistema`, where
 /// `cartella` is the program's folder.
@@ -28,7 +28,7 @@ struct Sistema {
     std::string nome_file_sistema;  ///< "ambo/ric_stat"
     std::string lettera_sistema;    ///< "a" to "d", or "f" for six and more numbers
     std::size_t k = 0;              ///< numbers per line, 2 to 10; that of the first combination
-    std::vector<Combinazione> combinazioni;
+    std::vector<CombinazioneSistema> combinazioni;
 };
 
 /// The system of a grid: every data row is a combination, its numbers read from the text of the first column
@@ -38,7 +38,7 @@ struct Sistema {
 /// The numbers of a cell such as "01-12-90", "01.12.90" or, for the families that have one, a short label.
 /// `quanti` counts the numbers as written; equal ones take one slot, and an eleventh none.
 struct Cella {
-    Combinazione numeri{};
+    CombinazioneSistema numeri{};
     std::size_t quanti = 0;
 };
 [[nodiscard]] Cella leggi_cella(std::string_view chiave, std::string_view testo);
