@@ -67,8 +67,7 @@ std::optional<int> posto(std::string_view parola, std::span<const std::string_vi
     return std::nullopt;
 }
 
-template <class T>
-bool metti(T& dove, std::optional<std::int32_t> valore) {
+bool metti(std::int32_t& dove, std::optional<std::int32_t> valore) {
     if (valore) dove = *valore;
     return valore.has_value();
 }
@@ -280,7 +279,8 @@ bool leggi_tutte_le_ruote(std::string_view, Richiesta& r) {
     return r.domanda.parametri.tutte_le_ruote = true;
 }
 bool leggi_concorso(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.parametri.concorso, intero(valore));
+    r.domanda.parametri.concorso = intero(valore);
+    return r.domanda.parametri.concorso.has_value();
 }
 bool leggi_pagina(std::string_view valore, Richiesta& r) {
     return metti(r.domanda.parametri.pagina, intero_fra(valore, 1, 2));
@@ -289,8 +289,8 @@ bool leggi_indice_combo(std::string_view valore, Richiesta& r) {
     return metti(r.domanda.parametri.indice_combo, intero_fra(valore, -1, 2));
 }
 bool leggi_schedina(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.parametri.schedina,
-                 intero_fra(valore, 1, std::numeric_limits<std::int32_t>::max()));
+    r.domanda.parametri.schedina = intero_fra(valore, 1, std::numeric_limits<std::int32_t>::max());
+    return r.domanda.parametri.schedina.has_value();
 }
 
 // ---- the table ----

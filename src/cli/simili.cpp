@@ -7,9 +7,9 @@
 
 namespace sortimetra {
 
-std::size_t distanza(std::string_view primo, std::string_view secondo) {
-    const std::string a = minuscolo(primo);
-    const std::string b = minuscolo(secondo);
+std::size_t distanza(std::string_view uno, std::string_view altro) {
+    const std::string a = minuscolo(uno);
+    const std::string b = minuscolo(altro);
     // Three rows of the table are all that a swap of neighbours looks back to.
     std::vector<std::size_t> due(b.size() + 1);
     std::vector<std::size_t> una(b.size() + 1);

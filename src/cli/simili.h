@@ -10,7 +10,7 @@ namespace sortimetra {
 
 /// How many letters must be typed anew, dropped, added or swapped with their neighbour to make one text of
 /// the other, without regard to case.
-[[nodiscard]] std::size_t distanza(std::string_view a, std::string_view b);
+[[nodiscard]] std::size_t distanza(std::string_view uno, std::string_view altro);
 
 /// What the user may have meant, best first, at most `massimo`: the candidates that contain the text (from
 /// three letters on), else those that are a few letters away. Empty when nothing is near.

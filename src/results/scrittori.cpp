@@ -53,8 +53,7 @@ class Penna {
 
     void aggiungi(std::string_view t) {
         assicura(t.size());
-        std::memcpy(punta(), t.data(), t.size());
-        usati_ += t.size();
+        fino_a(std::copy(t.begin(), t.end(), punta()));
     }
     void ripeti(char c, std::size_t n) {
         assicura(n);
@@ -193,11 +192,11 @@ void metti_righe(Penna& penna, const Tabella& tabella, const Righe& righe) {
 }
 
 struct Csv {
-    static constexpr std::string_view kRiga = "";
-    static constexpr std::string_view kApice = "";
+    static constexpr std::string_view kRiga{};
+    static constexpr std::string_view kApice{};
     static constexpr std::string_view kTraCelle = ";";
     static constexpr std::string_view kFineRiga = "\n";
-    static constexpr std::string_view kTraRighe = "";
+    static constexpr std::string_view kTraRighe{};
 
     static void testo(Penna& penna, std::string_view t) {
         if (t.find_first_of(";\"\r\n") == std::string_view::npos) {
@@ -205,9 +204,10 @@ struct Csv {
             return;
         }
         penna.aggiungi("\"");
-        for (std::size_t fine; (fine = t.find('"')) != std::string_view::npos; t.remove_prefix(fine + 1)) {
+        for (std::size_t fine = t.find('"'); fine != std::string_view::npos; fine = t.find('"')) {
             penna.aggiungi(t.substr(0, fine));
             penna.aggiungi("\"\"");
+            t.remove_prefix(fine + 1);
         }
         penna.aggiungi(t);
         penna.aggiungi("\"");
@@ -343,6 +343,7 @@ class Impaginatore {
           colonne_{lettori(tabella)},
           larghe_(colonne_.size()),
           a_destra_(colonne_.size()) {
+        for (const Lettore& l : colonne_) posto_ = std::max(posto_, l.posto());
         for (std::size_t c = 0; c < colonne_.size(); ++c) misura_colonna(c);
         for (const auto& titoli : tabella.titoli)
             per_ogni_titolo(titoli, [&](std::string_view testo, std::size_t da, std::size_t a) {
@@ -370,23 +371,7 @@ class Impaginatore {
             }
             penna.aggiungi("\n");
         }
-        std::string numero(512, ' ');
-        for (std::size_t i = 0; i < righe_.quante(); ++i) {
-            Linea linea{penna};
-            for (std::size_t c = 0; c < colonne_.size(); ++c) {
-                const Lettore& l = colonne_[c];
-                if (l.tipo == Lettore::Tipo::Testi) {
-                    const std::string t = su_una_linea(l.testi[righe_[i]]);
-                    linea.cella(t, larghezza_terminale(t), larghe_[c], a_destra_[c]);
-                } else {
-                    if (numero.size() < l.posto()) numero.resize(l.posto());
-                    const auto n =
-                        static_cast<std::size_t>(l.metti(numero.data(), righe_[i]) - numero.data());
-                    linea.cella({numero.data(), n}, n, larghe_[c], a_destra_[c]);
-                }
-            }
-            linea.fine();
-        }
+        for (std::size_t i = 0; i < righe_.quante(); ++i) scrivi_riga(penna, righe_[i]);
     }
 
   private:
@@ -414,16 +399,71 @@ class Impaginatore {
         bool prima_ = true;
     };
 
+    /// A line of blanks in which each cell is put at its place. Letters of several bytes push what follows to
+    /// the right.
+    void scrivi_riga(Penna& penna, std::size_t riga) const {
+        std::size_t larga = larghezza_tratto(0, colonne_.size());
+        // Numbers are written in one piece, which may spill past the line's end.
+        penna.assicura(larga + posto_ + 1);
+        char* p = penna.punta();
+        std::memset(p, ' ', larga);
+        std::size_t qui = 0;
+        for (std::size_t c = 0; c < colonne_.size(); ++c) {
+            const Lettore& l = colonne_[c];
+            std::size_t prende = larghe_[c];
+            if (l.tipo == Lettore::Tipo::Testi) {
+                const std::string t = su_una_linea(l.testi[riga]);
+                const std::size_t sue = larghezza_terminale(t);
+                const std::size_t oltre = t.size() - sue;
+                penna.assicura(larga + oltre + posto_ + 1);
+                p = penna.punta();
+                std::memset(p + larga, ' ', oltre);
+                larga += oltre;
+                std::copy(t.begin(), t.end(), p + qui + (a_destra_[c] ? prende - sue : 0));
+                prende += oltre;
+            } else {
+                if (l.tipo == Lettore::Tipo::Interi) {
+                    std::array<char, kPostoIntero> cifre{};
+                    const auto n = static_cast<std::size_t>(l.metti(cifre.data(), riga) - cifre.data());
+                    std::copy_n(cifre.data(), n, p + qui + prende - n);
+                } else {
+                    char* fine = l.metti(p + qui, riga);
+                    // The separator behind the last number is no part of the cell.
+                    *fine = ' ';
+                    fine[1] = ' ';
+                }
+            }
+            qui += prende + 2;
+        }
+        char* fine = p + larga;
+        while (fine > p && fine[-1] == ' ') --fine;
+        *fine++ = '\n';
+        penna.fino_a(fine);
+    }
+
     void misura_colonna(std::size_t c) {
         const Lettore& l = colonne_[c];
         std::size_t massima = 0;
         if (l.tipo == Lettore::Tipo::Gruppi) {
             massima = righe_.quante() == 0 || l.quanti == 0 ? 0 : l.quanti * 3 - 1;
         } else if (l.tipo == Lettore::Tipo::Interi) {
+            // The longest text is that of the least or of the greatest value, or the three points.
+            std::int32_t minimo = 0;
+            std::int32_t massimo = 0;
+            bool vuota = true;
+            for (std::size_t i = 0; i < righe_.quante(); ++i) {
+                const std::int32_t v = l.interi[righe_[i]];
+                if (v == kCellaPuntini) massima = 3;
+                if (v <= kCellaPuntini) continue;
+                minimo = std::min(minimo, v);
+                massimo = std::max(massimo, v);
+                vuota = false;
+            }
             std::array<char, kPostoIntero> cifre{};
-            for (std::size_t i = 0; i < righe_.quante(); ++i)
-                massima = std::max(massima,
-                                   static_cast<std::size_t>(l.metti(cifre.data(), righe_[i]) - cifre.data()));
+            if (!vuota)
+                for (const std::int32_t v : {minimo, massimo})
+                    massima = std::max(
+                        massima, static_cast<std::size_t>(metti_intero(cifre.data(), v) - cifre.data()));
             a_destra_[c] = true;
         } else {
             bool numeri = true;
@@ -464,6 +504,7 @@ class Impaginatore {
     std::vector<Lettore> colonne_;
     std::vector<std::size_t> larghe_;
     std::vector<bool> a_destra_;
+    std::size_t posto_ = 0;  ///< room for the longest cell of numbers
 };
 
 }  // namespace

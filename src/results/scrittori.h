@@ -10,6 +10,7 @@
 #include <limits>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace sortimetra {
 
@@ -26,7 +27,7 @@ struct RigheScelte {
 
 /// Appends a table as CSV: UTF-8, ";" between fields, a field quoted where it holds ";", a quote or a line
 /// end, LF after each record. Title rows first.
-void scrivi_csv(std::string& testo, const Tabella& tabella, RigheScelte righe = {});
+void scrivi_csv(std::string& testo, const Tabella& tabella, RigheScelte scelte = {});
 
 /// Appends the whole result as one JSON object and a line end, keys in the order "chiave", "titolo",
 /// "tabelle", "etichette", "messaggi"; every cell is a string. `prima` chooses the rows of the first table.
@@ -38,7 +39,7 @@ void scrivi_stringa_json(std::string& testo, std::string_view stringa);
 
 /// Appends a table aligned for a terminal: columns two blanks apart, numbers to the right, texts to the left,
 /// a line under the titles, a merged title over the columns that it spans.
-void scrivi_tabella(std::string& testo, const Tabella& tabella, RigheScelte righe = {});
+void scrivi_tabella(std::string& testo, const Tabella& tabella, RigheScelte scelte = {});
 
 /// Appends the whole result for a terminal: title, tables (each under its name where there are several),
 /// labels. Messages are not part of it.
