@@ -1,6 +1,7 @@
 #include "archive/apertura.h"
 #include "archive/sessione.h"
 #include "catalogue/form_ricerche.h"
+#include "screens/lingua.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -99,6 +100,7 @@ int main(int argc, char** argv) {
         return 2;
     }
 
+    sortimetra::parla_italiano(applicazione);
     sortimetra::Sessione sessione;
     sessione.percorso_programma = cartella_di_lavoro(opzioni.cartella);
     sortimetra::form_ricerche catalogo{sessione};
