@@ -125,7 +125,8 @@ FormAnteprima::FormAnteprima(Rapporto rapporto, std::shared_ptr<const void> tenu
       avanti_{new QPushButton{corpo_}},
       txt_pagina_{new CasellaCifre{corpo_}},
       grandezza_{new QComboBox{corpo_}},
-      txtpag_{new CasellaCifre{corpo_}, new CasellaCifre{corpo_}},
+      txtpag_0_{new CasellaCifre{corpo_}},
+      txtpag_1_{new CasellaCifre{corpo_}},
       esito_{new QLabel{corpo_}},
       pannello_{new PannelloAvanzamento{this}} {
     setObjectName(QStringLiteral("form_anteprima"));
@@ -228,13 +229,14 @@ QFrame* FormAnteprima::componi_opzioni() {
     griglia->setHorizontalSpacing(2 * kPasso);
     griglia->setVerticalSpacing(2 * kPasso);
     const QString scritte[] = {tr("Stampa &da Pagina"), tr("&a Pagina")};
+    CasellaCifre* const caselle[] = {txtpag_0_, txtpag_1_};
     for (int i = 0; i < 2; ++i) {
-        txtpag_[i]->setObjectName(QStringLiteral("txtpag_%1").arg(i));
-        txtpag_[i]->setText(QString::number(i == 0 ? 1 : rapporto_.pagine));
-        txtpag_[i]->installEventFilter(this);
-        connect(txtpag_[i], &QLineEdit::textChanged, this, [this] { esito_->clear(); });
-        griglia->addWidget(etichetta(scritte[i], txtpag_[i]), i, 0);
-        griglia->addWidget(txtpag_[i], i, 1);
+        caselle[i]->setObjectName(QStringLiteral("txtpag_%1").arg(i));
+        caselle[i]->setText(QString::number(i == 0 ? 1 : rapporto_.pagine));
+        caselle[i]->installEventFilter(this);
+        connect(caselle[i], &QLineEdit::textChanged, this, [this] { esito_->clear(); });
+        griglia->addWidget(etichetta(scritte[i], caselle[i]), i, 0);
+        griglia->addWidget(caselle[i], i, 1);
     }
     auto* totale = new QLabel{QStringLiteral("Totale Pagine: %1").arg(rapporto_.pagine), quadro};
     totale->setObjectName(QStringLiteral("lbltotale"));
@@ -267,7 +269,7 @@ void FormAnteprima::vai(int pagina) {
 }
 
 PagineScelte FormAnteprima::pagine() const {
-    return {txtpag_[0]->numero(), txtpag_[1]->numero()};
+    return {txtpag_0_->numero(), txtpag_1_->numero()};
 }
 
 void FormAnteprima::adatta() {
@@ -288,16 +290,16 @@ void FormAnteprima::adatta() {
     foglio_->imposta_scala(std::max(scala, 0.5));
 }
 
-void FormAnteprima::riporta(CasellaCifre* casella) {
+void FormAnteprima::riporta(CasellaCifre* casella) const {
     const int n = std::clamp(casella->numero(), 1, std::max(rapporto_.pagine, 1));
     if (casella->text() != QString::number(n)) casella->setText(QString::number(n));
 }
 
 bool FormAnteprima::pagine_valide() {
-    for (CasellaCifre* casella : txtpag_) riporta(casella);
+    for (CasellaCifre* casella : {txtpag_0_, txtpag_1_}) riporta(casella);
     if (pagine().da <= pagine().a) return true;
     esito_->setText(tr("La prima pagina viene dopo l'ultima."));
-    txtpag_[0]->setFocus();
+    txtpag_0_->setFocus();
     return false;
 }
 
@@ -368,15 +370,14 @@ void FormAnteprima::salva_pdf() {
 
 bool FormAnteprima::eventFilter(QObject* oggetto, QEvent* evento) {
     if (evento->type() == QEvent::FocusOut)
-        for (CasellaCifre* casella : txtpag_)
+        for (CasellaCifre* casella : {txtpag_0_, txtpag_1_})
             if (oggetto == casella) riporta(casella);
-    if (oggetto == scorri_->viewport() && evento->type() == QEvent::Wheel) {
-        // A sheet that is wholly in sight has nothing to scroll: the wheel turns pages.
-        auto* ruota = static_cast<QWheelEvent*>(evento);
-        if (scorri_->verticalScrollBar()->maximum() == 0 && ruota->angleDelta().y() != 0) {
-            vai(pagina_ + (ruota->angleDelta().y() < 0 ? 1 : -1));
-            return true;
-        }
+    // A sheet that is wholly in sight has nothing to scroll: the wheel turns pages.
+    if (const auto* ruota = dynamic_cast<QWheelEvent*>(evento);
+        ruota != nullptr && oggetto == scorri_->viewport() && scorri_->verticalScrollBar()->maximum() == 0 &&
+        ruota->angleDelta().y() != 0) {
+        vai(pagina_ + (ruota->angleDelta().y() < 0 ? 1 : -1));
+        return true;
     }
     return QDialog::eventFilter(oggetto, evento);
 }

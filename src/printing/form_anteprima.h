@@ -73,7 +73,7 @@ class FormAnteprima final : public QDialog {
     void componi();
     QFrame* componi_opzioni();
     void adatta();
-    void riporta(CasellaCifre* casella);
+    void riporta(CasellaCifre* casella) const;
     /// Whether the pages make sense; says so under the boxes if not.
     bool pagine_valide();
     template <class Lavoro>
@@ -91,7 +91,8 @@ class FormAnteprima final : public QDialog {
     QPushButton* avanti_;
     CasellaCifre* txt_pagina_;
     QComboBox* grandezza_;
-    CasellaCifre* txtpag_[2];
+    CasellaCifre* txtpag_0_;
+    CasellaCifre* txtpag_1_;
     QLabel* esito_;
     PannelloAvanzamento* pannello_;
 };

@@ -138,25 +138,24 @@ void PicPreview::keyPressEvent(QKeyEvent* evento) {
 }
 
 bool PicPreview::eventFilter(QObject* oggetto, QEvent* evento) {
-    switch (evento->type()) {
+    const auto* mouse = dynamic_cast<QMouseEvent*>(evento);
+    if (mouse == nullptr) return QWidget::eventFilter(oggetto, evento);
+    switch (mouse->type()) {
         case QEvent::MouseButtonPress:
-            presa_ = static_cast<QMouseEvent*>(evento)->globalPosition();
+            presa_ = mouse->globalPosition();
             setFocus();
-            return true;
+            break;
         case QEvent::MouseMove:
             if (presa_) {
-                const QPointF qui = static_cast<QMouseEvent*>(evento)->globalPosition();
-                const QPointF passo = (qui - *presa_) / scala();
-                presa_ = qui;
+                const QPointF passo = (mouse->globalPosition() - *presa_) / scala();
+                presa_ = mouse->globalPosition();
                 emit spostata(passo.x(), passo.y());
             }
-            return true;
-        case QEvent::MouseButtonRelease:
-            presa_.reset();
-            return true;
+            break;
         default:
-            return QWidget::eventFilter(oggetto, evento);
+            presa_.reset();
     }
+    return true;
 }
 
 // ---- the screen ----

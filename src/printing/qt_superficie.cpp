@@ -246,8 +246,8 @@ Esito SuperficieQt::prepara_tratto() {
     const Qt::PenStyle tratto = stato.stile >= 0 && static_cast<std::size_t>(stato.stile) < kStili.size()
                                     ? kStili[static_cast<std::size_t>(stato.stile)]
                                     : Qt::SolidLine;
-    QPen penna{colore_qt(stato.colore), std::max(stato.spessore, 1) * kPunto * kUnita, tratto, Qt::FlatCap,
-               Qt::MiterJoin};
+    const QPen penna{colore_qt(stato.colore), std::max(stato.spessore, 1) * kPunto * kUnita, tratto,
+                     Qt::FlatCap, Qt::MiterJoin};
     pittore_->setPen(penna);
     return {};
 }
@@ -277,7 +277,7 @@ Esito SuperficieQt::arco(double centro_x, double centro_y, double raggio, double
 
 // ---- pictures ----
 
-const SuperficieQt::Disegno& SuperficieQt::immagine(const Immagine& immagine) {
+const SuperficieQt::Disegno& SuperficieQt::carica(const Immagine& immagine) {
     const auto [posto, nuovo] = immagini_.try_emplace(immagine.dati.data());
     Disegno& disegno = posto->second;
     if (!nuovo) return disegno;
@@ -290,8 +290,8 @@ const SuperficieQt::Disegno& SuperficieQt::immagine(const Immagine& immagine) {
     return disegno;
 }
 
-std::expected<Dimensioni, ErroreDisegno> SuperficieQt::dimensioni(const Immagine& immagine_) {
-    const Disegno& disegno = immagine(immagine_);
+std::expected<Dimensioni, ErroreDisegno> SuperficieQt::dimensioni(const Immagine& immagine) {
+    const Disegno& disegno = carica(immagine);
     if (!disegno.valido()) return std::unexpected(ErroreDisegno{kErroreImmagine, "Immagine non valida"});
     if (disegno.svg) {
         const QSize punti = disegno.svg->defaultSize();  // at 90 or 96 dots per inch, as the file tells
@@ -305,8 +305,8 @@ std::expected<Dimensioni, ErroreDisegno> SuperficieQt::dimensioni(const Immagine
                       misura(punti.height(), punti.dotsPerMeterY())};
 }
 
-Esito SuperficieQt::disegna(const Immagine& immagine_, double x, double y, Dimensioni misure) {
-    const Disegno& disegno = immagine(immagine_);
+Esito SuperficieQt::disegna(const Immagine& immagine, double x, double y, Dimensioni misure) {
+    const Disegno& disegno = carica(immagine);
     if (!disegno.valido()) return errore(kErroreImmagine, "Immagine non valida");
     if (const auto inizio = comincia(); !inizio) return inizio;
     versa();

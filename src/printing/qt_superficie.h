@@ -46,7 +46,7 @@ class SuperficieQt : public Superficie {
     Esito linea(double x1, double y1, double x2, double y2) override;
     Esito rettangolo(double x1, double y1, double x2, double y2) override;
     Esito arco(double centro_x, double centro_y, double raggio, double da, double a) override;
-    Esito disegna(const Immagine& immagine, double x, double y, Dimensioni dimensioni) override;
+    Esito disegna(const Immagine& immagine, double x, double y, Dimensioni misure) override;
     [[nodiscard]] int pagina() const override { return pagina_; }
     Esito nuova_pagina() override;
     Esito fine() override;
@@ -83,7 +83,7 @@ class SuperficieQt : public Superficie {
     static const Glifo& glifo(Stile& stile, char32_t carattere);
     /// Whether `testo` can be set glyph by glyph; fills its width.
     static bool a_glifi(Stile& stile, std::string_view testo, double& larghezza);
-    const Disegno& immagine(const Immagine& immagine);
+    const Disegno& carica(const Immagine& immagine);
     Esito comincia();
     /// Hands the gathered texts to the painter.
     void versa();

@@ -111,7 +111,7 @@ class Superficie {
     virtual Esito rettangolo(double x1, double y1, double x2, double y2) = 0;
     /// Part of a circle, counterclockwise from `da` to `a` in radians, 0 pointing right.
     virtual Esito arco(double centro_x, double centro_y, double raggio, double da, double a) = 0;
-    virtual Esito disegna(const Immagine& immagine, double x, double y, Dimensioni dimensioni) = 0;
+    virtual Esito disegna(const Immagine& immagine, double x, double y, Dimensioni misure) = 0;
 
     /// Number of the current page, from 1.
     [[nodiscard]] virtual int pagina() const = 0;

@@ -54,7 +54,7 @@ class SuperficieRegistrata final : public Superficie {
     Esito linea(double x1, double y1, double x2, double y2) override;
     Esito rettangolo(double x1, double y1, double x2, double y2) override;
     Esito arco(double centro_x, double centro_y, double raggio, double da, double a) override;
-    Esito disegna(const Immagine& immagine, double x, double y, Dimensioni dimensioni) override;
+    Esito disegna(const Immagine& immagine, double x, double y, Dimensioni misure) override;
     [[nodiscard]] int pagina() const override { return pagina_; }
     Esito nuova_pagina() override;
     Esito fine() override;
@@ -77,7 +77,7 @@ class SuperficieRegistrata final : public Superficie {
     [[nodiscard]] std::string pagina_come_testo(int pagina) const;
 
   private:
-    Esito esito() const;
+    [[nodiscard]] Esito esito() const;
     double scostamento_x_;
     double scostamento_y_;
     std::optional<ErroreDisegno> guasto_;

@@ -62,7 +62,7 @@ class MessaggiDiProva final : public Messaggi {
     void ferma(QWidget* padre, const QString& titolo, const QString& testo) override;
     bool chiede(QWidget* padre, const QString& titolo, const QString& testo) override;
     Risposta chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) override;
-    std::optional<QString> file_da_scrivere(QWidget* padre, const QString& titolo, const QString& proposto,
+    std::optional<QString> file_da_scrivere(QWidget* padre, const QString& titolo, const QString& offerto,
                                             const QString& filtri, QString* filtro) override;
     std::optional<QString> file_da_leggere(QWidget* padre, const QString& titolo, const QString& cartella,
                                            const QString& filtri) override;

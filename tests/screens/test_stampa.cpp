@@ -1,3 +1,4 @@
+#include "catalogue/form_ricerche_schermi.h"
 #include "catalogue/ricerche.h"
 #include "printing/form_anteprima.h"
 #include "printing/frm_stampa_fcpb.h"
@@ -254,6 +255,25 @@ class TestStampa : public QObject {
         premi(form, "cmdopzioni_1");
         QCOMPARE(pagine_pdf(prova.documenti.value(0)), 1);
         QTRY_VERIFY(form.isNull());
+    }
+
+    void la_stampa_di_uno_schermo() {
+        const auto archivio = prove::da_testo("1 BA 1 2 3 4 5\n2 BA 6 7 8 9 90\n");
+        Sessione sessione;
+        sessione.percorso_programma = cartella_.path().toStdString();
+        for (const RigaSchermo& riga : schermi_del_programma()) {
+            if (riga.schermo != Schermo::stat) continue;
+            const std::unique_ptr<QWidget> schermo{riga.crea(sessione)};
+            riga.attiva(*schermo, *trova_ricerca("ritardo e frequenza dei 90 numeri"), archivio);
+            schermo->show();
+            premi(schermo.get(), "Command1");
+            premi(schermo.get(), "cmdStampa");
+            auto* anteprima = trova<FormAnteprima>(schermo.get(), "form_anteprima");
+            QVERIFY(anteprima->isVisible());
+            QCOMPARE(trova<QLabel>(anteprima, "lbltotale")->text(), "Totale Pagine: 1");
+            return;
+        }
+        QFAIL("manca lo schermo della statistica");
     }
 
     // ---- frmStampaFCPB ----
