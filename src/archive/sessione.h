@@ -9,7 +9,8 @@ namespace sortimetra {
 struct Sessione {
     std::filesystem::path
         percorso_programma;   ///< holds `archivio`, `ric.ini`, the small files of each search
-    int scheda_corrente = 1;  ///< catalogue tab to come back to, from 1
+    int scheda_corrente = 1;    ///< catalogue tab to come back to, from 1
+    int indice_combo_rit = -1;  ///< entry of `ComboRit` as the statistics screen was left, -1 for none
 
     [[nodiscard]] std::filesystem::path percorso_archivio() const { return percorso_programma / "archivio"; }
     [[nodiscard]] std::filesystem::path percorso_ridotti() const { return percorso_programma / "ridotti"; }

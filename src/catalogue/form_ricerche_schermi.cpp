@@ -1,20 +1,38 @@
 #include "catalogue/form_ricerche_schermi.h"
 
+#include "positional/form_posizione.h"
+#include "positional/form_tab_pos.h"
+#include "positional/form_tab_pos2.h"
+#include "positional/form_tab_pos_wfl.h"
 #include "printing/form_anteprima.h"
+#include "printing/frm_stampa_fcpb.h"
 #include "statistics/form_stat.h"
+
+#include <QImage>
 
 namespace sortimetra {
 
 namespace {
 
+/// A page of the screen as a picture, as large as an upright sheet lets it be between margins of 10 mm.
+void stampa_immagine(QWidget* finestra, const QImage& immagine) {
+    if (immagine.isNull()) return;
+    constexpr QSizeF kSpazio{190, 277};
+    const QSizeF misura = QSizeF{immagine.size()}.scaled(kSpazio, Qt::KeepAspectRatio);
+    frmStampaFCPB stampa{finestra};
+    stampa.StampaFCPB(immagine, 10, 10, misura.width(), misura.height());
+}
+
 /// The row of a screen that is made from the session and has `apri(ricerca, archivio)`, as all that stand on
-/// `SchermoRicerca` have.
+/// `SchermoRicerca` or `SchermoConcorso` have.
 template <class Form>
 constexpr RigaSchermo riga(Schermo schermo) {
     return {schermo,
             [](Sessione& sessione) -> QWidget* {
                 auto* form = new Form{sessione};
                 form->imposta_stampa(stampa_lavoro);
+                if constexpr (requires { form->imposta_stampa_immagine(stampa_immagine); })
+                    form->imposta_stampa_immagine(stampa_immagine);
                 return form;
             },
             [](QWidget& finestra, const Ricerca& ricerca, const ArchivioEstrazioni& archivio) {
@@ -23,7 +41,9 @@ constexpr RigaSchermo riga(Schermo schermo) {
 }
 
 constexpr RigaSchermo kSchermi[] = {
-    riga<Form_stat>(Schermo::stat),
+    riga<Form_stat>(Schermo::stat),         riga<Form_posizione>(Schermo::posizione),
+    riga<form_tab_pos>(Schermo::tab_pos),   riga<form_tab_posWFL>(Schermo::tab_pos_wfl),
+    riga<form_tab_pos2>(Schermo::tab_pos2),
 };
 
 }  // namespace

@@ -86,13 +86,16 @@ Intestazione intestazione(const Risultato& risultato, const Domanda& domanda,
 
     if (wfl) {
         const std::string_view ora = kOre[domanda.ambito.ora];
-        testa.periodo = domanda.ambito.ora == 0 ? std::string{ora} : "ore " + std::string{ora};
+        testa.intervallo = domanda.ambito.ora == 0 ? std::string{ora} : "ore " + std::string{ora};
     } else {
-        testa.periodo = kIntervalli[domanda.ambito.intervallo].testo;
+        testa.intervallo = kIntervalli[domanda.ambito.intervallo].testo;
     }
+    testa.periodo = testa.intervallo;
     const auto data = [&](Concorso c) { return wfl ? archivio.data_winforlife(c) : archivio.data_bari(c); };
-    if (const auto da = data(tratto.da), a = data(tratto.a); da && a)
+    if (const auto da = data(tratto.da), a = data(tratto.a); da && a) {
         testa.periodo += ": " + testo_data(*da) + " - " + testo_data(*a);
+        testa.date = testo_data(*da) + "-" + testo_data(*a);
+    }
     return testa;
 }
 

@@ -6,6 +6,8 @@
 #include "statistics/famiglie.h"
 #include "statistics/misura_serie.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -93,6 +95,10 @@ std::span<const FamigliaMigliori> famiglie_migliori(int pagina) {
     return pagina == 2 ? std::span{kPagina2} : std::span{kPagina1};
 }
 
+std::string titolo_migliori(Concorso concorso, std::string_view data) {
+    return fmt::format("I migliori ritardi statistici all'estrazione n°{} del {}", concorso, data);
+}
+
 Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                            Avanzamento& avanzamento) {
     Risultato r;
@@ -102,6 +108,8 @@ Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& do
     const VistaEstrazioni vista{archivio, ambito};
     if (ambito.tratto.a < 1 || vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
     const std::int32_t n = vista.t();
+    r.titolo =
+        titolo_migliori(ambito.tratto.a, data_tabellone(archivio, TipoTabellone::lotto, ambito.tratto.a));
 
     ColonnaTesti titoli;
     ColonnaTesti gruppi;

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace sortimetra {
@@ -32,6 +33,9 @@ struct FamigliaMigliori {
 
 /// The 16 families of page 1, and those of page 2.
 [[nodiscard]] std::span<const FamigliaMigliori> famiglie_migliori(int pagina);
+
+/// The line over a printed page: "I migliori ritardi statistici all'estrazione n°4655 del 10/10/2020".
+[[nodiscard]] std::string titolo_migliori(Concorso concorso, std::string_view data);
 
 /// "tabellone migliori ritardi": the groups of each family with the greatest delays over the chosen wheels,
 /// up to the chosen concorso. Calendar and range do not apply. `pagina` 1 or 2.

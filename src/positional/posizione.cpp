@@ -33,17 +33,11 @@ class Posizioni {
 
     [[nodiscard]] Risultato risultato(bool jolly = false) const {
         Tabella t;
-        t.titoli.assign(3, std::vector<std::string>(1 + posti_ * 3));
-        t.titoli[0][0] = "Num.";
-        t.titoli[0][1] = "Posizione";
+        t.titoli = titoli(posti_, jolly);
         ColonnaInteri numeri;
         for (std::size_t n = 1; n <= numeri_; ++n) numeri.valori.push_back(static_cast<std::int32_t>(n));
         t.colonne.emplace_back(std::move(numeri));
         for (std::size_t p = 0; p < posti_; ++p) {
-            t.titoli[1][1 + p * 3] = jolly && p + 1 == posti_ ? "Jolly" : std::to_string(p + 1);
-            t.titoli[2][1 + p * 3] = "F";
-            t.titoli[2][2 + p * 3] = "R";
-            t.titoli[2][3 + p * 3] = "RS";
             ColonnaInteri f;
             ColonnaInteri r;
             ColonnaInteri rs;
@@ -78,6 +72,19 @@ void escono(Posizioni& posizioni, const Combinazione& combinazione, std::size_t 
 }
 
 }  // namespace
+
+std::vector<std::vector<std::string>> titoli(std::size_t posti, bool jolly) {
+    std::vector<std::vector<std::string>> t(3, std::vector<std::string>(1 + posti * 3));
+    t[0][0] = "Num.";
+    t[0][1] = "Posizione";
+    for (std::size_t p = 0; p < posti; ++p) {
+        t[1][1 + p * 3] = jolly && p + 1 == posti ? "Jolly" : std::to_string(p + 1);
+        t[2][1 + p * 3] = "F";
+        t[2][2 + p * 3] = "R";
+        t[2][3 + p * 3] = "RS";
+    }
+    return t;
+}
 
 Risultato estratto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};

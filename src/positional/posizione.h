@@ -5,12 +5,19 @@
 #include "results/domanda.h"
 #include "results/risultato.h"
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 /// Frequency and delay of each number in each place of the draw.
 ///
 /// One table with three title rows: "Num.", then per place its frequency, delay and longest closed delay. A
 /// place that a number never held shows "...", N, "...". For the Lotto a place is the order of drawing, for
 /// the other games the rank in the sorted combination.
 namespace sortimetra::posizione {
+
+/// The three title rows of a table with that many places, the last of them the Jolly where told.
+[[nodiscard]] std::vector<std::vector<std::string>> titoli(std::size_t posti, bool jolly = false);
 
 /// Lotto: 90 numbers, 5 places. N is rows over wheels, as T everywhere.
 [[nodiscard]] Risultato estratto(const ArchivioEstrazioni& archivio, const Domanda& domanda,

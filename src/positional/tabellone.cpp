@@ -92,25 +92,33 @@ Tabellone tabellone_ruote(const ArchivioEstrazioni& archivio, Concorso concorso)
     return t;
 }
 
-/// A board with one group. `righe` are the indexes of its draws in ascending concorso, `combinazione(i)` the
-/// numbers of one.
-template <class Combina>
-Tabellone tabellone_unico(TipoTabellone tipo, Concorso concorso, const std::vector<Concorso>& colonna,
-                          const std::vector<std::size_t>& righe, Combina&& combinazione) {
-    Tabellone t = vuoto(tipo);
-    const auto prima = [&](std::size_t riga, Concorso c) { return colonna[riga] < c; };
+/// Calls `riga(d, i)` for each delay d of a board with one group and the row i of its table that stands
+/// there. `righe` are the indexes of its draws in ascending concorso.
+template <class Riga>
+void percorri_indietro(TipoTabellone tipo, Concorso concorso, const std::vector<Concorso>& colonna,
+                       const std::vector<std::size_t>& righe, Riga&& riga) {
+    const auto prima = [&](std::size_t i, Concorso c) { return colonna[i] < c; };
     const auto it = std::lower_bound(righe.begin(), righe.end(), concorso, prima);
     const bool trovato = it != righe.end() && colonna[*it] == concorso;
     // A draw that is not there leaves its own row empty, and the walk starts behind the last one.
     auto passo = trovato ? it - righe.begin() : static_cast<std::ptrdiff_t>(righe.size());
-    Visti visti;
-    for (std::size_t d = 0; d < t.ritardi && passo >= 0; ++d, --passo) {
+    for (std::size_t d = 0; d < forma(tipo).ritardi && passo >= 0; ++d, --passo) {
         if (passo == static_cast<std::ptrdiff_t>(righe.size())) continue;
-        const std::size_t riga = righe[static_cast<std::size_t>(passo)];
-        if (colonna[riga] < kPrimoSulTabellone) continue;
-        const Combinazione c = combinazione(riga);
-        colloca(t, d, 0, std::span{c}.subspan(1, t.colonne), visti);
+        const std::size_t i = righe[static_cast<std::size_t>(passo)];
+        if (colonna[i] >= kPrimoSulTabellone) riga(d, i);
     }
+}
+
+/// A board with one group; `combinazione(i)` gives the numbers of row i.
+template <class Combina>
+Tabellone tabellone_unico(TipoTabellone tipo, Concorso concorso, const std::vector<Concorso>& colonna,
+                          const std::vector<std::size_t>& righe, Combina&& combinazione) {
+    Tabellone t = vuoto(tipo);
+    Visti visti;
+    percorri_indietro(tipo, concorso, colonna, righe, [&](std::size_t d, std::size_t i) {
+        const Combinazione c = combinazione(i);
+        colloca(t, d, 0, std::span{c}.subspan(1, t.colonne), visti);
+    });
     return t;
 }
 
@@ -126,6 +134,16 @@ std::vector<std::size_t> righe_oltre_401(const std::vector<Concorso>& colonna, P
 
 bool ha_bari(const TabellaLotto& t, std::size_t i) {
     return (t.presenti[i] & 1U) != 0;
+}
+
+/// Indexes of the rows that a board with one group is built from.
+std::vector<std::size_t> righe_unico(const ArchivioEstrazioni& archivio, TipoTabellone tipo) {
+    const auto ogni = [](std::size_t) { return true; };
+    const TabellaLotto& lotto = archivio.lotto();
+    if (tipo == TipoTabellone::sestina) return righe_oltre_401(archivio.superenalotto().concorso, ogni);
+    if (tipo == TipoTabellone::win_for_life) return righe_oltre_401(archivio.winforlife().concorso, ogni);
+    if (tipo == TipoTabellone::dieci_e_lotto) return righe_oltre_401(lotto.concorso, ogni);
+    return righe_oltre_401(lotto.concorso, [&](std::size_t i) { return ha_bari(lotto, i); });
 }
 
 std::vector<std::vector<std::string>> titoli_tabellone(TipoTabellone tipo) {
@@ -186,6 +204,7 @@ Risultato cerca_tabellone(const ArchivioEstrazioni& archivio, const Domanda& dom
     Risultato r;
     const Concorso concorso = concorso_scelto(archivio, tipo, domanda.parametri.concorso, r.note);
     if (concorso < 1) return non_avviata(std::string{kNessunaEstrazione});
+    r.titolo = titolo_tabellone(tipo, data_tabellone(archivio, tipo, concorso));
     r.tabelle.push_back(tabella_di(iniz_tabellone(archivio, tipo, concorso), tipo));
     avanzamento.procedi(1, 1);
     return r;
@@ -290,38 +309,94 @@ Concorso concorso_scelto(const ArchivioEstrazioni& archivio, TipoTabellone tipo,
 }
 
 Tabellone iniz_tabellone(const ArchivioEstrazioni& archivio, TipoTabellone tipo, Concorso concorso) {
+    if (tipo == TipoTabellone::lotto) return tabellone_ruote(archivio, concorso);
     const TabellaLotto& lotto = archivio.lotto();
-    const auto ogni = [](std::size_t) { return true; };
+    const TabellaSuperEnalotto& superenalotto = archivio.superenalotto();
+    const TabellaWinForLife& wfl = archivio.winforlife();
+    const auto righe = righe_unico(archivio, tipo);
     switch (tipo) {
-        case TipoTabellone::primi_estratti:
-            return tabellone_unico(
-                tipo, concorso, lotto.concorso,
-                righe_oltre_401(lotto.concorso, [&](std::size_t i) { return ha_bari(lotto, i); }),
-                [&](std::size_t i) {
-                    // Five numbers for six columns: the missing one sorts to the front.
-                    Combinazione c{};
-                    std::copy_n(lotto.numeri[i].begin(), kEstratti, c.begin() + 2);
-                    std::sort(c.begin() + 1, c.begin() + 7);
-                    return c;
-                });
         case TipoTabellone::sestina:
-            return tabellone_unico(
-                tipo, concorso, archivio.superenalotto().concorso,
-                righe_oltre_401(archivio.superenalotto().concorso, ogni),
-                [&](std::size_t i) { return calc_combinazione_superenalotto(archivio.superenalotto(), i); });
+            return tabellone_unico(tipo, concorso, superenalotto.concorso, righe, [&](std::size_t i) {
+                return calc_combinazione_superenalotto(superenalotto, i);
+            });
         case TipoTabellone::dieci_e_lotto:
-            return tabellone_unico(tipo, concorso, lotto.concorso, righe_oltre_401(lotto.concorso, ogni),
+            return tabellone_unico(tipo, concorso, lotto.concorso, righe,
                                    [&](std::size_t i) { return calc_combinazione_10elotto(lotto, i); });
-        case TipoTabellone::win_for_life: {
-            const TabellaWinForLife& wfl = archivio.winforlife();
-            return tabellone_unico(
-                tipo, concorso, wfl.concorso, righe_oltre_401(wfl.concorso, ogni),
-                [&](std::size_t i) { return calc_combinazione_WinForLife(wfl, wfl.concorso[i]); });
-        }
+        case TipoTabellone::win_for_life:
+            return tabellone_unico(tipo, concorso, wfl.concorso, righe, [&](std::size_t i) {
+                return calc_combinazione_WinForLife(wfl, wfl.concorso[i]);
+            });
+        case TipoTabellone::primi_estratti:
         case TipoTabellone::lotto:
             break;
     }
-    return tabellone_ruote(archivio, concorso);
+    return tabellone_unico(tipo, concorso, lotto.concorso, righe, [&](std::size_t i) {
+        // Five numbers for six columns: the missing one sorts to the front.
+        Combinazione c{};
+        std::copy_n(lotto.numeri[i].begin(), kEstratti, c.begin() + 2);
+        std::sort(c.begin() + 1, c.begin() + 7);
+        return c;
+    });
+}
+
+std::vector<std::optional<EstrazioneTabellone>> estrazioni_tabellone(const ArchivioEstrazioni& archivio,
+                                                                     TipoTabellone tipo, Concorso concorso,
+                                                                     bool nazionale) {
+    std::vector<std::optional<EstrazioneTabellone>> estrazioni;
+    const auto metti = [&](const auto& tabella, std::size_t d, std::size_t i) {
+        estrazioni.resize(d + 1);
+        estrazioni[d] = {tabella.concorso[i], tabella.data[i]};
+    };
+    const auto indietro = [&](const auto& tabella) {
+        if (const auto inizio = cerca_concorso(tabella.concorso, concorso))
+            for (std::size_t d = 0; d < forma(tipo).ritardi && d <= *inizio; ++d)
+                metti(tabella, d, *inizio - d);
+    };
+    const auto unico = [&](const auto& tabella) {
+        percorri_indietro(tipo, concorso, tabella.concorso, righe_unico(archivio, tipo),
+                          [&](std::size_t d, std::size_t i) { metti(tabella, d, i); });
+    };
+    switch (tipo) {
+        case TipoTabellone::lotto:
+            nazionale ? indietro(archivio.nazionale()) : indietro(archivio.lotto());
+            break;
+        case TipoTabellone::sestina:
+            unico(archivio.superenalotto());
+            break;
+        case TipoTabellone::win_for_life:
+            unico(archivio.winforlife());
+            break;
+        case TipoTabellone::primi_estratti:
+        case TipoTabellone::dieci_e_lotto:
+            unico(archivio.lotto());
+            break;
+    }
+    return estrazioni;
+}
+
+std::string titolo_tabellone(TipoTabellone tipo, std::string_view data) {
+    switch (tipo) {
+        case TipoTabellone::primi_estratti:
+        case TipoTabellone::sestina:
+            return fmt::format("Tabellone Posizionale ({}) - SuperEnalotto", data);
+        case TipoTabellone::dieci_e_lotto:
+            return fmt::format("Tabellone Posizionale ({}) - 10 e lotto", data);
+        case TipoTabellone::win_for_life:
+            return fmt::format("Tabellone Posizionale ({}) - Win for Life", data);
+        case TipoTabellone::lotto:
+            break;
+    }
+    return fmt::format("La Posizione dei 90 numeri dopo l'estrazione del {} - Lotto", data);
+}
+
+std::string titolo_dieci(std::string_view data) {
+    return fmt::format("I 10 Numeri più in ritardo per ogni Ruota ({})", data);
+}
+
+std::string data_tabellone(const ArchivioEstrazioni& archivio, TipoTabellone tipo, Concorso concorso) {
+    const auto data = tipo == TipoTabellone::win_for_life ? archivio.data_winforlife(concorso)
+                                                          : archivio.data_bari(concorso);
+    return data ? testo_data(*data) : std::string{};
 }
 
 Risultato tabellone_lotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
@@ -351,6 +426,7 @@ Risultato dieci_piu_in_ritardo(const ArchivioEstrazioni& archivio, const Domanda
     const Concorso concorso =
         concorso_scelto(archivio, TipoTabellone::lotto, domanda.parametri.concorso, r.note);
     if (concorso < 1) return non_avviata(std::string{kNessunaEstrazione});
+    r.titolo = titolo_dieci(data_tabellone(archivio, TipoTabellone::lotto, concorso));
     const Tabellone tabellone = iniz_tabellone(archivio, TipoTabellone::lotto, concorso);
     const auto& nazionale = archivio.nazionale().concorso;
     const auto fino_a =
@@ -395,6 +471,38 @@ Risultato dieci_piu_in_ritardo(const ArchivioEstrazioni& archivio, const Domanda
         }
     r.tabelle.push_back(std::move(t));
     return r;
+}
+
+Tabella griglia_dieci(const Tabella& dieci) {
+    constexpr std::size_t kPosti = std::tuple_size_v<DieciPosti>;
+    // Groups of the answer in the order of the two bands: Bari to Milano and Tutte, Napoli to Nazionale.
+    constexpr std::array<std::size_t, 2 * kGruppiBanda> kOrdine{0, 1, 2, 3, 4, 11, 5, 6, 7, 8, 9, 10};
+    constexpr std::size_t kRighe = 2 * kRigheBanda + 1;
+    std::vector<ColonnaTesti> colonne(kColonneDieci);
+    for (ColonnaTesti& c : colonne) c.valori.resize(kRighe);
+    Tabella t;
+    t.sfondi.assign(kRighe * kColonneDieci, kNessunColore);
+    t.primi_piani.assign(kRighe * kColonneDieci, kNessunColore);
+    for (std::size_t g = 0; g < kOrdine.size(); ++g) {
+        const std::size_t cima = g / kGruppiBanda * (kRigheBanda + 1);
+        const std::size_t colonna = 3 * (g % kGruppiBanda) + 1;
+        const std::size_t prima = kOrdine[g] * kPosti;
+        if (prima + kPosti > dieci.righe()) continue;
+        colonne[colonna].valori[cima] = dieci.testo(prima, 0);
+        for (std::size_t c = 0; c < 2; ++c) {
+            colonne[colonna + c].valori[cima + 1] = dieci.titoli.back()[2 + c];
+            for (std::size_t p = 0; p < kPosti; ++p) {
+                const std::size_t riga = cima + 2 + p;
+                colonne[colonna + c].valori[riga] = dieci.testo(prima + p, 2 + c);
+                t.sfondi[riga * kColonneDieci + colonna + c] = dieci.sfondo(prima + p, 2 + c);
+                t.primi_piani[riga * kColonneDieci + colonna + c] = dieci.primo_piano(prima + p, 2 + c);
+            }
+        }
+        for (std::size_t p = 0; p < kPosti; ++p)
+            colonne[0].valori[cima + 2 + p] = std::to_string(p + 1) + "°";
+    }
+    for (ColonnaTesti& c : colonne) t.colonne.emplace_back(std::move(c));
+    return t;
 }
 
 }  // namespace sortimetra

@@ -9,6 +9,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace sortimetra {
@@ -22,6 +24,16 @@ enum class TipoTabellone : std::uint8_t {
     dieci_e_lotto,   ///< the twenty of 10eLotto
     win_for_life,    ///< the ten of Win for Life
 };
+
+/// What a board is called once it stands, `data` being the chosen draw's day as shown ("" without one).
+[[nodiscard]] std::string titolo_tabellone(TipoTabellone tipo, std::string_view data);
+/// The same for the list of the ten most delayed numbers.
+[[nodiscard]] std::string titolo_dieci(std::string_view data);
+
+/// The day of a concorso as the boards show it, "" where there is none: that of its Bari row, or Win for
+/// Life's own.
+[[nodiscard]] std::string data_tabellone(const ArchivioEstrazioni& archivio, TipoTabellone tipo,
+                                         Concorso concorso);
 
 /// The range of a board's concorso box.
 struct LimitiConcorso {
@@ -62,6 +74,17 @@ struct Tabellone {
 [[nodiscard]] Tabellone iniz_tabellone(const ArchivioEstrazioni& archivio, TipoTabellone tipo,
                                        Concorso concorso);
 
+/// A draw that a row of a board stands for.
+struct EstrazioneTabellone {
+    Concorso concorso = 0;
+    Data data{};
+};
+
+/// The draws of a board by their delay, as many as the walk back from `concorso` meets; nothing at a delay
+/// whose row stays empty. With `nazionale` those of the Lotto board's last five columns.
+[[nodiscard]] std::vector<std::optional<EstrazioneTabellone>> estrazioni_tabellone(
+    const ArchivioEstrazioni& archivio, TipoTabellone tipo, Concorso concorso, bool nazionale = false);
+
 // The searches: the delay first, then the columns, from the greatest delay down; delays at which no number
 // stands are left out. The Lotto board colours its cells by wheel.
 [[nodiscard]] Risultato tabellone_lotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
@@ -83,5 +106,16 @@ struct Tabellone {
 /// from the last 510 rows of the archive and does not stop at the chosen concorso.
 [[nodiscard]] Risultato dieci_piu_in_ritardo(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                              Avanzamento& avanzamento);
+
+/// Groups of one band of `griglia_dieci`, and its columns: the place, then number, delay and a blank a group.
+inline constexpr std::size_t kGruppiBanda = 6;
+inline constexpr std::size_t kColonneDieci = 1 + 3 * kGruppiBanda;
+/// Rows of one band: names, titles, ten places; a blank row parts the two bands.
+inline constexpr std::size_t kRigheBanda = 12;
+
+/// The answer of `dieci_piu_in_ritardo` laid out in two bands of six groups, 25 rows and 19 columns of text:
+/// group g has its numbers in column 3g + 1 and its delays in column 3g + 2. The first band is Bari to Milano
+/// and Tutte, the second Napoli to Nazionale.
+[[nodiscard]] Tabella griglia_dieci(const Tabella& dieci);
 
 }  // namespace sortimetra

@@ -198,7 +198,6 @@ void SuperficieQt::versa() {
     if (glifi_.isEmpty()) return;
     QGlyphRun gruppo;
     gruppo.setRawFont(stile_raccolto_->grezzo);
-    gruppo.setUnderline(stile_raccolto_->font.underline());
     gruppo.setGlyphIndexes(glifi_);
     gruppo.setPositions(posti_);
     pittore_->setPen(colore_qt(colore_raccolto_));
@@ -214,7 +213,9 @@ Esito SuperficieQt::scrivi(std::string_view testo) {
     double x = std::round(stato.x * kUnita);
     const double y = std::round(stato.y * kUnita + s.ascendente);
     double larga = 0;
-    const bool glifi = a_glifi(s, testo, larga);
+    // The line under a run of glyphs would start at the sheet's corner: such texts are few and go their own
+    // way.
+    const bool glifi = !s.font.underline() && a_glifi(s, testo, larga);
     if (!glifi || stile_raccolto_ != &s || colore_raccolto_ != stato.colore) versa();
     if (glifi) {
         stile_raccolto_ = &s;
@@ -225,7 +226,6 @@ Esito SuperficieQt::scrivi(std::string_view testo) {
             posti_.append(QPointF{std::round(x), y});
             x += g.avanzamento;
         }
-        if (s.font.underline()) versa();  // the line under a text is drawn once per run
     } else {
         const QString riga = testo_qt(testo);
         larga = QFontMetricsF{s.font}.horizontalAdvance(riga);

@@ -13,11 +13,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr Colore kNero = 0;
-constexpr Colore kRosso = 255;
-constexpr Colore kBlu = 16711680;
-constexpr Colore kBluScuro = 8388608;
-
 constexpr float kRiga = 4.25F;             ///< height of a row
 constexpr float kPrimaRiga = 69;           ///< top of the frame round the rows
 constexpr float kTitoli = 64.5F;           ///< top of the titles' text
@@ -25,11 +20,6 @@ constexpr float kTraBlocchi = 100;         ///< from one block to the next
 constexpr float kMargineTabella = 10;      ///< from a block's edge to its table
 constexpr std::size_t kBlocchiPagina = 2;  ///< side by side
 constexpr std::size_t kSottileDa = 47;     ///< rows, title included, from which columns are narrow
-
-std::size_t righe_in_griglia(const Tabella& tabella, std::size_t riga,
-                             std::span<const std::uint32_t> ordine) {
-    return riga < ordine.size() ? std::min<std::size_t>(ordine[riga], tabella.righe() - 1) : riga;
-}
 
 /// A column of a block: where its texts are centred and where it ends, both from the block's edge (the
 /// centre) and from the table's (the end).
@@ -136,6 +126,10 @@ bool stampa(EasyPrint& stampante, const Rapporto& rapporto, PagineScelte pagine,
 
 // ---- what reports share ----
 
+std::size_t riga_in_griglia(const Tabella& tabella, std::size_t riga, std::span<const std::uint32_t> ordine) {
+    return riga < ordine.size() ? std::min<std::size_t>(ordine[riga], tabella.righe() - 1) : riga;
+}
+
 float inizio_banda(const EasyPrint& stampante) {
     return stampante.orientamento() == Orientamento::verticale ? 10 : stampante.PageWidth() / 2 - kBanda / 2;
 }
@@ -218,7 +212,7 @@ void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<cons
         stampa_blocco(stampante, kTraBlocchi * static_cast<float>(b - primo), colonne,
                       std::min(kRigheBlocco, righe - prima_riga),
                       [&](std::string& testo, std::size_t r, std::size_t c) {
-                          tabella.aggiungi_testo(testo, righe_in_griglia(tabella, prima_riga + r, ordine), c);
+                          tabella.aggiungi_testo(testo, riga_in_griglia(tabella, prima_riga + r, ordine), c);
                       });
     }
 }
@@ -438,7 +432,7 @@ void stampa_foglio(EasyPrint& stampante, const FoglioTabella& foglio, const std:
         const std::size_t c = foglio.colonne[i];
         stampante.FontBold(i == 0);
         for (std::size_t r = 0; r < foglio.righe; ++r) {
-            const std::size_t riga = righe_in_griglia(tabella, foglio.prima_riga + r, ordine);
+            const std::size_t riga = riga_in_griglia(tabella, foglio.prima_riga + r, ordine);
             const float y = kPrimaRiga + kRiga * static_cast<float>(r);
             testo.clear();
             tabella.aggiungi_testo(testo, riga, c);

@@ -23,6 +23,10 @@ struct Intestazione {
     std::string periodo{};
     /// A line under the head of some searches, "" for none: which kind of hit was counted.
     std::string nota{};
+    /// The two halves of `periodo`, for a head that tells them apart: the entry of `ComboIntervallo` and
+    /// "22/12/1990-21/08/2026".
+    std::string intervallo{};
+    std::string date{};
 
     friend bool operator==(const Intestazione&, const Intestazione&) = default;
 };
@@ -71,6 +75,16 @@ bool stampa(EasyPrint& stampante, const Rapporto& rapporto, PagineScelte pagine,
                                                              PagineScelte pagine = {});
 
 // ---- what reports share ----
+
+/// What stands out on paper.
+inline constexpr Colore kNero = 0;
+inline constexpr Colore kRosso = 255;
+inline constexpr Colore kBlu = 16711680;
+inline constexpr Colore kBluScuro = 8388608;
+
+/// Row of a table that stands in row `riga` of its grid, by the grid's order (empty: that of writing).
+[[nodiscard]] std::size_t riga_in_griglia(const Tabella& tabella, std::size_t riga,
+                                          std::span<const std::uint32_t> ordine);
 
 /// Left edge and width of the band that every report keeps to, in mm.
 inline constexpr float kBanda = 190;

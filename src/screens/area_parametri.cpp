@@ -20,15 +20,20 @@ QString q(std::string_view testo) {
     return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
 }
 
-bool ammesso(QChar c) {
-    return c.unicode() >= 48 && c.unicode() <= 58;
-}
-
 QLabel* titolo_sezione(const QString& testo, QWidget* padre) {
     auto* l = new QLabel{testo, padre};
     assegna_ruolo(l, "sezione");
     return l;
 }
+
+/// A chip takes the mouse all over, not on its mark and its text alone.
+class Chip final : public QCheckBox {
+  public:
+    using QCheckBox::QCheckBox;
+
+  protected:
+    [[nodiscard]] bool hitButton(const QPoint& dove) const override { return rect().contains(dove); }
+};
 
 }  // namespace
 
@@ -55,6 +60,10 @@ Concorso CasellaConcorso::concorso() const {
     return static_cast<Concorso>(std::min<std::int64_t>(v, std::numeric_limits<Concorso>::max()));
 }
 
+bool CasellaConcorso::ammette(QChar c) const {
+    return c.unicode() >= 48 && c.unicode() <= 58;
+}
+
 void CasellaConcorso::riporta() {
     const Concorso c = concorso();
     if (c > maximum())
@@ -68,7 +77,8 @@ void CasellaConcorso::riporta() {
 }
 
 QValidator::State CasellaConcorso::validate(QString& testo, int&) const {
-    if (!std::all_of(testo.begin(), testo.end(), ammesso)) return QValidator::Invalid;
+    if (!std::all_of(testo.begin(), testo.end(), [this](QChar c) { return ammette(c); }))
+        return QValidator::Invalid;
     const std::int64_t v = valore_iniziale(testo.toStdString());
     return v >= minimum() && v <= maximum() ? QValidator::Acceptable : QValidator::Intermediate;
 }
@@ -97,7 +107,7 @@ bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
     if (oggetto == lineEdit() && evento->type() == QEvent::KeyPress) {
         const auto* tasto = static_cast<QKeyEvent*>(evento);
         const QString t = tasto->text();
-        if (t.size() == 1 && t[0].isPrint() && !ammesso(t[0]) &&
+        if (t.size() == 1 && t[0].isPrint() && !ammette(t[0]) &&
             (tasto->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0)
             return true;
     }
@@ -107,6 +117,7 @@ bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
 AreaParametri::AreaParametri(QWidget* padre)
     : QFrame{padre},
       riquadro_ruote_{new QWidget{this}},
+      riquadro_concorsi_{new QWidget{this}},
       titolo_intervallo_{titolo_sezione({}, this)},
       intervallo_{new QComboBox{this}} {
     setObjectName(QStringLiteral("FrameParametri"));
@@ -120,7 +131,7 @@ AreaParametri::AreaParametri(QWidget* padre)
     ruote->addWidget(titolo_sezione(tr("Ruote"), riquadro_ruote_), 0, 0, 1, 2);
     for (int i = 0; i < static_cast<int>(caselle_.size()); ++i) {
         const NomeRuota& nome = kNomiRuote[static_cast<std::size_t>(i)];
-        auto* c = new QCheckBox{q(nome.schermo), riquadro_ruote_};
+        auto* c = new Chip{q(nome.schermo), riquadro_ruote_};
         c->setObjectName(QStringLiteral("CheckRuota_%1").arg(i));
         c->setProperty("tag", q(nome.codice));
         c->setAccessibleName(i == kTutte ? tr("Tutte le ruote") : tr("Ruota %1").arg(q(nome.esteso)));
@@ -147,7 +158,7 @@ AreaParametri::AreaParametri(QWidget* padre)
         if (!fermo_) emit cambiato();
     });
 
-    auto* concorsi = new QGridLayout;
+    auto* concorsi = new QGridLayout{riquadro_concorsi_};
     concorsi->setContentsMargins(0, 2 * kPasso, 0, 0);
     concorsi->setHorizontalSpacing(2 * kPasso);
     concorsi->setVerticalSpacing(kPasso);
@@ -185,7 +196,7 @@ AreaParametri::AreaParametri(QWidget* padre)
     // A blank row parts the two boxes.
     concorsi->setRowMinimumHeight(2, kPasso);
     concorsi->setColumnStretch(0, 1);
-    colonna->addLayout(concorsi);
+    colonna->addWidget(riquadro_concorsi_);
     configura(Genere::lotto);
     mostra_ruote();
 }
@@ -193,7 +204,11 @@ AreaParametri::AreaParametri(QWidget* padre)
 void AreaParametri::configura(Genere genere) {
     genere_ = genere;
     const bool ore = genere == Genere::win_for_life;
-    riquadro_ruote_->setVisible(genere == Genere::lotto);
+    const bool soltanto_ruote = genere == Genere::solo_ruote;
+    riquadro_ruote_->setVisible(genere == Genere::lotto || soltanto_ruote);
+    for (QWidget* w :
+         {static_cast<QWidget*>(titolo_intervallo_), static_cast<QWidget*>(intervallo_), riquadro_concorsi_})
+        w->setVisible(!soltanto_ruote);
     titolo_intervallo_->setText(ore ? tr("Ora") : tr("Intervallo"));
     intervallo_->setAccessibleName(titolo_intervallo_->text());
     fermo_ = true;

@@ -17,7 +17,7 @@ namespace sortimetra {
 /// A concorso box and its stepper in one: the text field is `txtda` or `txta`, the spin box `UpDown1_0` or
 /// `UpDown1_1`. Only the backspace and the characters of codes 48 to 58 (the digits and the colon) get into
 /// it; a number out of the range may be typed and is brought back on leaving.
-class CasellaConcorso final : public QSpinBox {
+class CasellaConcorso : public QSpinBox {
     Q_OBJECT
   public:
     explicit CasellaConcorso(QWidget* padre = nullptr);
@@ -25,7 +25,7 @@ class CasellaConcorso final : public QSpinBox {
     /// The text as a number: digits up to the first other character, 0 without any.
     [[nodiscard]] Concorso concorso() const;
     /// What leaving the box does: above the maximum the maximum, below 1 the minimum.
-    void riporta();
+    virtual void riporta();
     [[nodiscard]] QLineEdit* testo() const { return lineEdit(); }
 
     QValidator::State validate(QString& testo, int& posto) const override;
@@ -37,6 +37,8 @@ class CasellaConcorso final : public QSpinBox {
     void testo_cambiato();
 
   protected:
+    /// Whether a character may be typed.
+    [[nodiscard]] virtual bool ammette(QChar c) const;
     void focusOutEvent(QFocusEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
@@ -51,8 +53,9 @@ class CasellaConcorso final : public QSpinBox {
 class AreaParametri final : public QFrame {
     Q_OBJECT
   public:
-    /// What a game asks: wheels and calendar, calendar alone (SuperEnalotto), or the hour (Win for Life).
-    enum class Genere { lotto, senza_ruote, win_for_life };
+    /// What a screen asks: wheels and calendar, calendar alone (SuperEnalotto), the hour (Win for Life), or
+    /// nothing but the wheels.
+    enum class Genere { lotto, senza_ruote, win_for_life, solo_ruote };
 
     explicit AreaParametri(QWidget* padre = nullptr);
 
@@ -86,6 +89,7 @@ class AreaParametri final : public QFrame {
 
     std::array<QCheckBox*, 12> caselle_{};
     QWidget* riquadro_ruote_;
+    QWidget* riquadro_concorsi_;
     QLabel* titolo_intervallo_;
     QComboBox* intervallo_;
     std::array<CasellaConcorso*, 2> tratto_{};

@@ -31,6 +31,12 @@ constexpr int kMargineCella = 2 * kPasso;
 /// A column narrower than this looks cramped; one that is given spare room stops at the other.
 constexpr int kColonnaMinima = 14 * kPasso;
 constexpr int kColonnaAgiata = 40 * kPasso;
+/// Under painted titles there are many columns of short numbers.
+constexpr int kColonnaMinimaDipinta = 10 * kPasso;
+/// The same three measures on a board.
+constexpr int kMargineTabellone = kPasso;
+constexpr int kColonnaMinimaTabellone = 7 * kPasso;
+constexpr int kColonnaAgiataTabellone = 16 * kPasso;
 /// A text column of whole sentences is cut here; the cell shows the rest as its tooltip.
 constexpr int kColonnaMassima = 120 * kPasso;
 /// Side of the arrow in a sort button.
@@ -47,6 +53,8 @@ QRgb mezzo(QRgb a, QRgb b) {
 class PittoreCelle final : public QStyledItemDelegate {
   public:
     explicit PittoreCelle(QTableView* vista) : QStyledItemDelegate{vista}, vista_{vista} {}
+
+    void imposta_tabellone(bool si) { tabellone_ = si; }
 
     void paint(QPainter* pittore, const QStyleOptionViewItem& opzione, const QModelIndex& i) const override {
         const Skin& s = skin_in_uso();
@@ -68,10 +76,13 @@ class PittoreCelle final : public QStyledItemDelegate {
         QFont carattere = opzione.font;
         carattere.setBold(i.column() == 0);
         pittore->setFont(carattere);
-        const QRect dove = opzione.rect.adjusted(kMargineCella, 0, -kMargineCella, 0);
+        const int margine = tabellone_ ? kMargineTabellone : kMargineCella;
+        const QRect dove = opzione.rect.adjusted(margine, 0, -margine, 0);
         const QString scritto = i.data(Qt::DisplayRole).toString();
         const QFontMetrics misure{carattere};
-        pittore->drawText(dove, static_cast<int>(i.data(Qt::TextAlignmentRole).value<Qt::Alignment>()),
+        const Qt::Alignment lato =
+            tabellone_ ? Qt::AlignCenter : i.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+        pittore->drawText(dove, static_cast<int>(lato),
                           misure.elidedText(scritto, Qt::ElideRight, dove.width()));
         if (corrente == i && vista_->hasFocus()) {
             pittore->setPen(QColor::fromRgb(s.accento));
@@ -81,6 +92,7 @@ class PittoreCelle final : public QStyledItemDelegate {
 
   private:
     QTableView* vista_;
+    bool tabellone_ = false;
 };
 
 }  // namespace
@@ -120,7 +132,7 @@ class GrigliaRisultati::Testata final : public QWidget {
 
     [[nodiscard]] std::size_t righe_dipinte() const {
         const auto& t = griglia_->modello_->tabella();
-        return t && t->titoli.size() > 1 ? t->titoli.size() : 0;
+        return t && (griglia_->tabellone_ || t->titoli.size() > 1) ? t->titoli.size() : 0;
     }
     [[nodiscard]] int altezza_titolo() const { return fontMetrics().height() + 2 * kPasso; }
 
@@ -136,16 +148,17 @@ class GrigliaRisultati::Testata final : public QWidget {
         const int fermo = blocca ? griglia_->bloccata_->columnWidth(0) + 1 : 0;
         p.save();
         p.setClipRect(fermo, 0, width() - fermo, height());
-        dipingi_titoli(p, base, 0);
+        dipingi_titoli(p, base, 0, fermo);
         p.restore();
         if (blocca) {
             p.setClipRect(0, 0, fermo, height());
             p.fillRect(0, base, fermo, height() - base - 1, QColor::fromRgb(s.rilievo));
-            dipingi_titoli(p, base, griglia_->vista_->horizontalScrollBar()->value());
+            dipingi_titoli(p, base, griglia_->vista_->horizontalScrollBar()->value(), 0);
         }
     }
     void mousePressEvent(QMouseEvent* e) override {
-        if (righe_dipinte() == 0 || e->position().y() < height() - altezza_titolo()) return;
+        if (griglia_->tabellone_ || righe_dipinte() == 0 || e->position().y() < height() - altezza_titolo())
+            return;
         const int x = static_cast<int>(e->position().x()) - 1;
         const bool ferma = griglia_->bloccata_->isVisible() && x < griglia_->bloccata_->columnWidth(0);
         const int colonna = ferma ? 0 : griglia_->vista_->columnAt(x);
@@ -153,7 +166,8 @@ class GrigliaRisultati::Testata final : public QWidget {
     }
 
   private:
-    void dipingi_titoli(QPainter& p, int base, int scarto) const {
+    /// `fermo` is what the frozen column covers: a wide title stays in the part of its span that is in sight.
+    void dipingi_titoli(QPainter& p, int base, int scarto, int fermo) const {
         const Skin& s = skin_in_uso();
         const auto& titoli = griglia_->modello_->tabella()->titoli;
         const int n = griglia_->modello_->columnCount();
@@ -162,7 +176,7 @@ class GrigliaRisultati::Testata final : public QWidget {
         p.setFont(carattere);
         for (std::size_t r = 0; r < titoli.size(); ++r) {
             const int y = base + static_cast<int>(r) * altezza_titolo();
-            const bool ultima = r + 1 == titoli.size();
+            const bool ultima = r + 1 == titoli.size() && !griglia_->tabellone_;
             for (int c = 0; c < n;) {
                 int fine = c + 1;
                 const auto titolo = [&](int i) -> const std::string& {
@@ -173,16 +187,31 @@ class GrigliaRisultati::Testata final : public QWidget {
                 const int sinistra = griglia_->vista_->columnViewportPosition(c) + 1 + scarto;
                 const int destra = griglia_->vista_->columnViewportPosition(fine - 1) +
                                    griglia_->vista_->columnWidth(fine - 1) + 1 + scarto;
-                const QRect dove{sinistra, y, destra - sinistra, altezza_titolo()};
+                QRect dove{sinistra, y, destra - sinistra, altezza_titolo()};
+                // A title has the empty rows under it, too.
+                const auto vuota = [&](std::size_t sotto) {
+                    const auto* prima = titoli[sotto].data();
+                    return std::all_of(prima + c, prima + fine, [](const auto& t) { return t.empty(); });
+                };
+                for (std::size_t sotto = r + 1; sotto < titoli.size() && vuota(sotto); ++sotto)
+                    dove.setHeight(dove.height() + altezza_titolo());
+                if (r > 0 && vuota(r)) {
+                    c = fine;
+                    continue;
+                }
                 p.setPen(QColor::fromRgb(s.linea));
                 p.drawLine(dove.topRight(), dove.bottomRight());
                 p.setPen(QColor::fromRgb(s.testo));
-                const auto lato = fine - c > 1                      ? Qt::AlignHCenter
-                                  : griglia_->modello_->numerica(c) ? Qt::AlignRight
-                                                                    : Qt::AlignLeft;
-                p.drawText(dove.adjusted(kMargineCella, 0, -kMargineCella, 0),
-                           static_cast<int>(lato | Qt::AlignVCenter),
-                           QString::fromStdString(titolo(c)).trimmed());
+                const auto lato = fine - c > 1 || griglia_->tabellone_ ? Qt::AlignHCenter
+                                  : griglia_->modello_->numerica(c)    ? Qt::AlignRight
+                                                                       : Qt::AlignLeft;
+                const QString scritto = QString::fromStdString(titolo(c)).trimmed();
+                const QRect in_vista = dove.intersected({fermo, y, width() - fermo, dove.height()});
+                if (fine - c > 1 && p.fontMetrics().horizontalAdvance(scritto) < in_vista.width())
+                    dove = in_vista;
+                const int margine = griglia_->tabellone_ ? 1 : kMargineCella;
+                p.drawText(dove.adjusted(margine, 0, -margine, 0), static_cast<int>(lato | Qt::AlignVCenter),
+                           scritto);
                 c = fine;
             }
         }
@@ -206,6 +235,8 @@ GrigliaRisultati::GrigliaRisultati(QWidget* padre)
     bloccata_->setObjectName(QStringLiteral("MSHFlexGrid1_prima_colonna"));
     bloccata_->setFocusPolicy(Qt::NoFocus);
     bloccata_->setFrameShape(QFrame::NoFrame);
+    // The skin frames every table: here that would push the rows a pixel off their neighbours.
+    bloccata_->setStyleSheet(QStringLiteral("QTableView { border: none; }"));
     bloccata_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     bloccata_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     bloccata_->hide();
@@ -335,8 +366,16 @@ void GrigliaRisultati::blocca_prima_colonna(bool si) {
     disponi();
 }
 
+void GrigliaRisultati::imposta_tabellone(bool si) {
+    tabellone_ = si;
+    for (VistaGriglia* v : {vista_, bloccata_})
+        static_cast<PittoreCelle*>(v->itemDelegate())->imposta_tabellone(si);
+    crea_pulsanti();
+    adatta_colonne();
+}
+
 void GrigliaRisultati::crea_pulsanti() {
-    const auto n = static_cast<std::size_t>(modello_->columnCount());
+    const auto n = tabellone_ ? 0 : static_cast<std::size_t>(modello_->columnCount());
     while (pulsanti_.size() > n) {
         delete pulsanti_.back();
         pulsanti_.pop_back();
@@ -381,8 +420,8 @@ QString GrigliaRisultati::titolo_piu_largo(int colonna) const {
     const auto& titoli = modello_->tabella()->titoli;
     for (std::size_t r = 0; r < titoli.size(); ++r) {
         // A title with empty ones after it has their room too.
-        const bool si_allarga =
-            r + 1 < titoli.size() && c > 0 && c + 1 < titoli[r].size() && titoli[r][c + 1].empty();
+        const bool si_allarga = (tabellone_ || r + 1 < titoli.size()) && c > 0 && c + 1 < titoli[r].size() &&
+                                titoli[r][c + 1].empty();
         const QString titolo = QString::fromStdString(titoli[r][c]).trimmed();
         if (!si_allarga && titolo.size() > largo.size()) largo = titolo;
     }
@@ -399,14 +438,19 @@ void GrigliaRisultati::adatta_colonne() {
     QFont font_titoli = testata_->font();
     font_titoli.setBold(true);
     const QFontMetrics titoli{font_titoli};
+    const bool dipinti = testata_->righe_dipinte() > 0;
     std::vector<int> larghezze;
     int somma = 0;
     for (int c = 0; c < n; ++c) {
         const QString titolo = titolo_piu_largo(c);
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
-        const int testata = titoli.horizontalAdvance(titolo) + kFreccia + kPasso;
-        const int l = std::clamp(std::max(testo, testata) + 2 * kMargineCella + kPasso, kColonnaMinima,
-                                 kColonnaMassima);
+        // Painted titles have no arrow beside them: it stands in the strip of buttons above.
+        const int testata = titoli.horizontalAdvance(titolo) + (dipinti ? 0 : kFreccia + kPasso);
+        const int margine = tabellone_ ? kMargineTabellone : kMargineCella;
+        const int minima = tabellone_ ? kColonnaMinimaTabellone
+                           : dipinti  ? kColonnaMinimaDipinta
+                                      : kColonnaMinima;
+        const int l = std::clamp(std::max(testo, testata) + 2 * margine + kPasso, minima, kColonnaMassima);
         larghezze.push_back(l);
         somma += l;
     }
@@ -420,7 +464,8 @@ void GrigliaRisultati::adatta_colonne() {
     const int aggiunta = libero > 0 ? libero / n : 0;
     for (int c = 0; c < n; ++c) {
         int& l = larghezze[static_cast<std::size_t>(c)];
-        if (l < kColonnaAgiata) l = std::min(kColonnaAgiata, l + aggiunta);
+        const int agiata = tabellone_ ? kColonnaAgiataTabellone : kColonnaAgiata;
+        if (l < agiata) l = std::min(agiata, l + aggiunta);
         vista_->setColumnWidth(c, l);
         bloccata_->setColumnHidden(c, c > 0);
     }
@@ -431,7 +476,7 @@ void GrigliaRisultati::adatta_colonne() {
 void GrigliaRisultati::disponi() {
     const int riga = testata_->fontMetrics().height() + 3 * kPasso;
     const auto dipinte = testata_->righe_dipinte();
-    const int striscia = dipinte > 0 ? 6 * kPasso : riga;
+    const int striscia = tabellone_ ? 0 : dipinte > 0 ? 6 * kPasso : riga;
     testata_->setFixedHeight(
         modello_->columnCount() == 0 ? 0 : striscia + static_cast<int>(dipinte) * testata_->altezza_titolo());
 
@@ -559,13 +604,16 @@ void GrigliaRisultati::mostra_menu(const QPoint& dove) {
     a->setShortcut(QKeySequence::Find);
     a->setEnabled(qualcosa);
     menu.addSeparator();
-    a = menu.addAction(icona(QStringLiteral("giu")), tr("&Ordina per questa colonna"), this, [this, colonna] {
-        const bool girare =
-            ordinamento_ && ordinamento_->first == colonna && ordinamento_->second == Verso::decrescente;
-        ordina_colonna(colonna, girare ? Verso::crescente : Verso::decrescente);
-    });
-    a->setEnabled(qualcosa && colonna >= 0);
-    menu.addSeparator();
+    if (!tabellone_) {
+        a = menu.addAction(icona(QStringLiteral("giu")), tr("&Ordina per questa colonna"), this,
+                           [this, colonna] {
+                               const bool girare = ordinamento_ && ordinamento_->first == colonna &&
+                                                   ordinamento_->second == Verso::decrescente;
+                               ordina_colonna(colonna, girare ? Verso::crescente : Verso::decrescente);
+                           });
+        a->setEnabled(qualcosa && colonna >= 0);
+        menu.addSeparator();
+    }
     a = menu.addAction(icona(QStringLiteral("esporta")), tr("&Esporta…"), this,
                        &GrigliaRisultati::esporta_richiesta);
     a->setEnabled(qualcosa);
@@ -603,7 +651,8 @@ void GrigliaRisultati::cerca_corrispondenze() {
             const bool testo =
                 std::holds_alternative<ColonnaTesti>(tabella->colonne[static_cast<std::size_t>(c)]);
             if (testo) cella = QString::fromStdString(cella).toLower().toStdString();
-            if (cella.find(cercato) != std::string::npos) corrispondenze_.emplace_back(r, c);
+            if (tabellone_ ? cella == cercato : cella.find(cercato) != std::string::npos)
+                corrispondenze_.emplace_back(r, c);
         }
     }
     esito_trova_->setText(corrispondenze_.empty() ? tr("Nessuna corrispondenza") : QString{});

@@ -58,6 +58,10 @@ class GrigliaRisultati final : public QWidget {
     void imposta_frase_vuota(const QString& frase);
     /// Keeps the first column in sight when the table is wider than the window.
     void blocca_prima_colonna(bool si);
+    /// A board in place of a list: nothing is sorted, so there are no buttons and every title row is painted
+    /// (a title spans the empty ones after it); columns are as narrow as their numbers, which stand in the
+    /// middle; finding means the whole cell.
+    void imposta_tabellone(bool si);
     /// Shows "Stampa" in the context menu as working.
     void imposta_stampabile(bool si) { stampabile_ = si; }
 
@@ -123,6 +127,7 @@ class GrigliaRisultati final : public QWidget {
     std::optional<std::pair<int, Verso>> ordinamento_;
     std::optional<std::pair<int, Verso>> ultimo_titolo_;
     bool blocca_ = false;
+    bool tabellone_ = false;
     bool stampabile_ = false;
 };
 

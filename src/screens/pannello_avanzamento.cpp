@@ -48,6 +48,10 @@ PannelloAvanzamento::PannelloAvanzamento(QWidget* padre)
     hide();
 }
 
+void PannelloAvanzamento::imposta_scritta(const QString& testo) {
+    scritta_->setText(testo);
+}
+
 void PannelloAvanzamento::imposta(double parte) {
     parte_ = std::clamp(parte, 0.0, 1.0);
     interna_->setGeometry(0, 0, static_cast<int>(std::lround(esterna_->width() * parte_)),

@@ -18,6 +18,8 @@ class PannelloAvanzamento final : public QFrame {
   public:
     explicit PannelloAvanzamento(QWidget* padre);
 
+    /// What it says over the bar; at first "Analisi archivio in corso".
+    void imposta_scritta(const QString& testo);
     /// Part done, 0 to 1.
     void imposta(double parte);
     [[nodiscard]] double parte() const { return parte_; }

@@ -358,6 +358,7 @@ std::size_t SchermoRicerca::concorsi_in_ambito() const {
         case AreaParametri::Genere::senza_ruote:
             return vista_superenalotto(*archivio_, ambito).size();
         case AreaParametri::Genere::lotto:
+        case AreaParametri::Genere::solo_ruote:
             break;
     }
     if (ricerca_->gioco == Gioco::superenalotto) return vista_superenalotto(*archivio_, ambito).size();

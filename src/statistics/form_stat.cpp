@@ -100,7 +100,7 @@ void Form_stat::componi_riquadri() {
     // A choice made by hand asks the question again at once; one made by the program does not.
     connect(combo_rit_, &QComboBox::activated, this, [this] { avvia(); });
     connect(combo_rit_, &QComboBox::currentIndexChanged, this, [this](int i) {
-        if (!frame_rit_->isHidden()) indice_combo_ = i;
+        if (!frame_rit_->isHidden()) sessione().indice_combo_rit = i;
     });
     // A result of another capo or another estratto must not stay beside the new one.
     for (QLineEdit* casella : {capogioco_, ambo_capo_[0], ambo_capo_[1]})
@@ -181,7 +181,7 @@ void Form_stat::riempi_combo_rit() {
     else
         combo_rit_->addItems({tr("all'Ambata"), tr("all'Ambo")});
     combo_rit_->setCurrentIndex(0);
-    if (ricerca()->ammette(kOpzTipo)) indice_combo_ = 0;
+    if (ricerca()->ammette(kOpzTipo)) sessione().indice_combo_rit = 0;
 }
 
 Parametri Form_stat::parametri() const {

@@ -35,7 +35,7 @@ class Form_stat final : public SchermoRicerca {
 
     /// Index of `ComboRit` as it was left, -1 if no search of this run has offered it: another screen reads
     /// it.
-    [[nodiscard]] int indice_combo() const { return indice_combo_; }
+    [[nodiscard]] int indice_combo() const { return sessione().indice_combo_rit; }
     void inizializza_griglia() override;
     [[nodiscard]] Form_spec* tabella_ruote() const { return spec_; }
 
@@ -69,7 +69,6 @@ class Form_stat final : public SchermoRicerca {
     std::array<QPushButton*, 3> analisi_{};
     Form_spec* spec_ = nullptr;
 
-    int indice_combo_ = -1;
     std::vector<int> numeri_;
     int sorte_ = 2;
     std::function<void(const LavoroStampa&, int)> esegui_analisi_;

@@ -1,0 +1,167 @@
+#include "positional/form_tab_pos.h"
+
+#include "positional/form_tab_pos_dieci.h"
+#include "screens/esporta.h"
+#include "screens/griglia_risultati.h"
+#include "screens/tema.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <string>
+#include <vector>
+
+namespace sortimetra {
+
+namespace {
+
+/// Keys of the two searches of the Lotto that this screen runs one after the other.
+constexpr std::string_view kChiaveTabellone = "tabellone posizionale";
+constexpr std::string_view kChiaveDieci = "i 10 numeri più in ritardo su ogni ruota";
+constexpr const char* kTagDieci = "10num";
+
+}  // namespace
+
+form_tab_pos::form_tab_pos(Sessione& sessione, QWidget* padre)
+    : SchermoTabellone{sessione, QStringLiteral("form_tab_pos"), padre},
+      pagina_lotto_{new PaginaTabellone{QStringLiteral("FrameTabellone"), QStringLiteral("MSFlexGrid1"),
+                                        QStringLiteral("Command1"), QStringLiteral("Command2")}} {
+    collega(pagina_lotto_);
+    auto* dieci = pagina_lotto_->aggiungi_comando(
+        QStringLiteral("Command7"), tr("&Visualizzazione dei 10 numeri più in ritardo per ogni ruota"),
+        QStringLiteral("tabella"));
+    connect(dieci, &QPushButton::clicked, this, &form_tab_pos::mostra_dieci);
+    pagina_dieci_ = componi_pagina_dieci();
+    aggiungi_pagina(pagina_dieci_);
+}
+
+QWidget* form_tab_pos::componi_pagina_dieci() {
+    auto* pagina = new QWidget;
+    pagina->setObjectName(QStringLiteral("FrameDieci"));
+    titolo_dieci_ = new QLabel{pagina};
+    titolo_dieci_->setObjectName(QStringLiteral("lbltitolo10"));
+    assegna_ruolo(titolo_dieci_, "titolo");
+    auto* frase = new QLabel{
+        tr("«Tutte» guarda tutte le ruote insieme, fino all'ultima estrazione dell'archivio."), pagina};
+    frase->setWordWrap(true);
+    assegna_ruolo(frase, "quieto");
+    griglia_dieci_ = new GrigliaDieci{pagina};
+
+    auto* tabellone = new QPushButton{icona(QStringLiteral("tabella")), tr("&Tabellone Posizionale"), pagina};
+    tabellone->setObjectName(QStringLiteral("Command9"));
+    stampa_dieci_ = new QPushButton{icona(QStringLiteral("stampa")), tr("&Stampa"), pagina};
+    stampa_dieci_->setObjectName(QStringLiteral("Command10"));
+    auto* esporta_bottone = new QPushButton{icona(QStringLiteral("esporta")), tr("Es&porta…"), pagina};
+    esporta_bottone->setEnabled(esportazione_possibile());
+    auto* esci = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), pagina};
+    esci->setObjectName(QStringLiteral("Command8"));
+    esci->setToolTip(tr("Torna al catalogo (Esc)"));
+    connect(tabellone, &QPushButton::clicked, this, &form_tab_pos::mostra_tabellone);
+    connect(stampa_dieci_, &QPushButton::clicked, this, [this] { stampa(); });
+    connect(esporta_bottone, &QPushButton::clicked, this, [this] { esporta(); });
+    connect(esci, &QPushButton::clicked, this, &QWidget::close);
+
+    auto* piede = new QHBoxLayout;
+    piede->setSpacing(2 * kPasso);
+    piede->addStretch(1);
+    piede->addWidget(tabellone);
+    piede->addWidget(stampa_dieci_);
+    piede->addWidget(esporta_bottone);
+    piede->addWidget(esci);
+    auto* testata = new QVBoxLayout;
+    testata->setSpacing(0);
+    testata->addWidget(titolo_dieci_);
+    testata->addWidget(frase);
+    auto* colonna = new QVBoxLayout{pagina};
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(2 * kPasso);
+    colonna->addLayout(testata);
+    colonna->addWidget(griglia_dieci_, 1);
+    colonna->addLayout(piede);
+    return pagina;
+}
+
+TipoTabellone form_tab_pos::tipo() const {
+    const QString tag = property("Tag").toString();
+    if (tag == QLatin1String("tabpos_s")) return TipoTabellone::primi_estratti;
+    if (tag == QLatin1String("tabpos_s6")) return TipoTabellone::sestina;
+    if (tag == QLatin1String("tabpos_10")) return TipoTabellone::dieci_e_lotto;
+    return TipoTabellone::lotto;
+}
+
+QString form_tab_pos::etichetta() const {
+    switch (tipo()) {
+        case TipoTabellone::dieci_e_lotto:
+            return tr("Tabellone posizionale rispetto alla combinazione 10 e lotto");
+        case TipoTabellone::sestina:
+            return tr("Tabellone posizionale rispetto alla sestina SuperEnalotto");
+        case TipoTabellone::primi_estratti:
+            return tr("Tabellone posizionale rispetto ai primi estratti");
+        default:
+            return {};
+    }
+}
+
+void form_tab_pos::costruisci(const Domanda& domanda) {
+    if (tipo() != TipoTabellone::lotto) {
+        SchermoTabellone::costruisci(domanda);
+        return;
+    }
+    const auto risultato = corri(*trova_ricerca(kChiaveTabellone), domanda);
+    if (!risultato) return;
+    ricorda(domanda);
+    dieci_ = nullptr;
+    mostra_pagina(pagina_lotto_, QString::fromStdString(risultato->titolo));
+    std::vector<std::string> note;
+    pagina_lotto_->mostra(*archivio(), tipo(),
+                          concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso, note), risultato,
+                          {});
+    if (property("Tag").toString() == QLatin1String(kTagDieci))
+        mostra_dieci();
+    else
+        mostra_tabellone();
+}
+
+void form_tab_pos::mostra_tabellone() {
+    if (!pagina_lotto_->risultato()) return;
+    mostra_pagina(pagina_lotto_, QString::fromStdString(pagina_lotto_->risultato()->titolo));
+    pagina_lotto_->griglia()->setFocus();
+}
+
+void form_tab_pos::mostra_dieci() {
+    if (!dieci_) {
+        dieci_ = corri(*trova_ricerca(kChiaveDieci), chiesta());
+        if (!dieci_) return;
+        griglia_dieci_->mostra(*dieci_);
+        titolo_dieci_->setText(QString::fromStdString(dieci_->titolo));
+    }
+    mostra_pagina(pagina_dieci_, QString::fromStdString(dieci_->titolo));
+    griglia_dieci_->setFocus();
+}
+
+void form_tab_pos::stampa() {
+    if (pagina() == pagina_lotto_)
+        stampa_risultato(*trova_ricerca(kChiaveTabellone), pagina_lotto_->risultato(), chiesta());
+    else if (pagina() == pagina_dieci_)
+        stampa_risultato(*trova_ricerca(kChiaveDieci), dieci_, chiesta());
+    else
+        SchermoTabellone::stampa();
+}
+
+void form_tab_pos::esporta() {
+    if (pagina() == pagina_dieci_ && dieci_ && !in_corsa())
+        esporta_risultato(this, *dieci_, {});
+    else
+        SchermoTabellone::esporta();
+}
+
+void form_tab_pos::aggiorna_comandi() {
+    SchermoTabellone::aggiorna_comandi();
+    pagina_lotto_->imposta_stampabile(stampabile());
+    stampa_dieci_->setEnabled(stampabile());
+    stampa_dieci_->setToolTip(stampabile() ? tr("Stampa l'elenco (Ctrl+P)")
+                                           : tr("La stampa non è ancora disponibile."));
+}
+
+}  // namespace sortimetra

@@ -1,0 +1,438 @@
+#include "positional/form_tab_pos2.h"
+
+#include "positional/form_tab_pos_dieci.h"
+#include "positional/form_tab_pos_scelta.h"
+#include "positional/migliori_ritardi.h"
+#include "screens/area_parametri.h"
+#include "screens/esporta.h"
+#include "screens/pannello_avanzamento.h"
+#include "screens/tema.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+constexpr int kLarghezzaColonna = 70 * kPasso;
+constexpr int kMargineScheda = 3 * kPasso;
+constexpr std::string_view kChiaveDieci = "i 10 numeri più in ritardo su ogni ruota";
+/// Caption once the screen runs.
+constexpr const char* kTitoloInCorsa = "Migliori Ritardi Statistici - Lotto";
+
+constexpr std::array<PaginaMigliori::Nomi, 2> kNomiPagine{{
+    {1, "Frame10rit", "Command6", "Command5", "Image1", "lblStampaIntestazione"},
+    {2, "Frame11rit", "Command10", "Command11", "Image2", "lblStampaIntestazione2"},
+}};
+constexpr std::array kNomiAvvia{"Command8", "Command9"};
+constexpr std::array kNomiPannelli{"Frame3", "Frame6"};
+
+QString q(std::string_view testo) {
+    return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
+}
+
+/// The numbers of a list such as "36 38 58".
+std::vector<std::size_t> indici(std::string_view testo) {
+    std::vector<std::size_t> v;
+    while (!testo.empty()) {
+        std::size_t n = 0;
+        const auto [fine, errore] = std::from_chars(testo.data(), testo.data() + testo.size(), n);
+        if (errore != std::errc{}) break;
+        v.push_back(n);
+        testo.remove_prefix(static_cast<std::size_t>(fine - testo.data()));
+        if (!testo.empty()) testo.remove_prefix(1);
+    }
+    return v;
+}
+
+}  // namespace
+
+// ---- PaginaMigliori ----
+
+PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etichette)
+    : nomi_{nomi},
+      ambito_{new QLabel},
+      intestazione_{new QLabel},
+      stampa_{new QPushButton{tr("&Stampa"), this}},
+      esporta_{new QPushButton{tr("Es&porta…"), this}},
+      scorri_{new QScrollArea{this}},
+      contenuto_{new QWidget},
+      campo_{new QWidget} {
+    setObjectName(QString::fromLatin1(nomi.cornice));
+    auto* titolo = new QLabel{tr("I Migliori Ritardi Statistici"), this};
+    assegna_ruolo(titolo, "titolo");
+    auto* quale = new QLabel{tr("pagina %1 di 2").arg(nomi.pagina), this};
+    assegna_ruolo(quale, "quieto");
+    ambito_->setObjectName(QStringLiteral("lblambito_%1").arg(nomi.pagina));
+    ambito_->setWordWrap(true);
+    assegna_ruolo(ambito_, "quieto");
+
+    auto* freccia = new QPushButton{nomi.pagina == 1 ? tr("Pagina &avanti") : tr("Pagina &indietro"), this};
+    freccia->setObjectName(QString::fromLatin1(nomi.freccia));
+    freccia->setIcon(icona(nomi.pagina == 1 ? QStringLiteral("destra") : QStringLiteral("sinistra")));
+    if (nomi.pagina == 1) freccia->setLayoutDirection(Qt::RightToLeft);
+    assegna_ruolo(freccia, "piatto");
+
+    stampa_->setObjectName(QString::fromLatin1(nomi.stampa));
+    stampa_->setIcon(icona(QStringLiteral("stampa")));
+    esporta_->setIcon(icona(QStringLiteral("esporta")));
+    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
+    esci_bottone->setObjectName(QString::fromLatin1(nomi.esci));
+    esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
+
+    intestazione_->setObjectName(QString::fromLatin1(nomi.intestazione));
+    assegna_ruolo(intestazione_, "titolo");
+    intestazione_->hide();
+
+    // Families that follow one another under the same caption share a card.
+    const auto famiglie = famiglie_migliori(nomi.pagina);
+    for (std::size_t i = 0; i < famiglie.size();) {
+        std::size_t dopo = i + 1;
+        while (dopo < famiglie.size() && famiglie[dopo].titolo == famiglie[i].titolo) ++dopo;
+        schede_.push_back(componi_scheda(i, dopo, etichette));
+        i = dopo;
+    }
+    auto* griglia = new QGridLayout{campo_};
+    griglia->setContentsMargins(0, 0, 0, 0);
+    griglia->setSpacing(2 * kPasso);
+
+    auto* colonna = new QVBoxLayout{contenuto_};
+    colonna->setContentsMargins(0, 0, kPasso, 0);
+    colonna->setSpacing(3 * kPasso);
+    colonna->addWidget(intestazione_);
+    colonna->addWidget(ambito_);
+    colonna->addWidget(campo_);
+    colonna->addStretch(1);
+    scorri_->setWidget(contenuto_);
+    scorri_->setWidgetResizable(true);
+    scorri_->setFrameShape(QFrame::NoFrame);
+    scorri_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scorri_->viewport()->setAutoFillBackground(false);
+    contenuto_->setAutoFillBackground(false);
+    scorri_->viewport()->installEventFilter(this);
+
+    auto* testata = new QHBoxLayout;
+    testata->setSpacing(2 * kPasso);
+    testata->addWidget(titolo);
+    testata->addWidget(quale);
+    testata->addStretch(1);
+    testata->addWidget(freccia);
+    auto* piede = new QHBoxLayout;
+    piede->setSpacing(2 * kPasso);
+    piede->addStretch(1);
+    piede->addWidget(stampa_);
+    piede->addWidget(esporta_);
+    piede->addWidget(esci_bottone);
+    auto* tutto = new QVBoxLayout{this};
+    tutto->setContentsMargins(0, 0, 0, 0);
+    tutto->setSpacing(2 * kPasso);
+    tutto->addLayout(testata);
+    tutto->addWidget(scorri_, 1);
+    tutto->addLayout(piede);
+
+    connect(freccia, &QPushButton::clicked, this, &PaginaMigliori::volta);
+    connect(stampa_, &QPushButton::clicked, this, &PaginaMigliori::stampa);
+    connect(esporta_, &QPushButton::clicked, this, &PaginaMigliori::esporta);
+    connect(esci_bottone, &QPushButton::clicked, this, &PaginaMigliori::esci);
+    svuota();
+}
+
+QWidget* PaginaMigliori::componi_scheda(std::size_t prima, std::size_t dopo,
+                                        std::span<QLabel* const> etichette) {
+    const auto famiglie = famiglie_migliori(nomi_.pagina);
+    auto* scheda = new QFrame{campo_};
+    assegna_ruolo(scheda, "scheda");
+    auto* griglia = new QGridLayout{scheda};
+    griglia->setContentsMargins(kMargineScheda, 2 * kPasso, kMargineScheda, 2 * kPasso);
+    griglia->setHorizontalSpacing(2 * kPasso);
+    griglia->setVerticalSpacing(kPasso / 2);
+    auto* titolo = new QLabel{q(famiglie[prima].titolo).simplified(), scheda};
+    assegna_ruolo(titolo, "sezione");
+    griglia->addWidget(titolo, 0, 0, 1, 2);
+    int riga = 1;
+    for (std::size_t f = prima; f < dopo; ++f) {
+        const auto gruppi = indici(famiglie[f].gruppi);
+        const auto ritardi = indici(famiglie[f].ritardi);
+        for (std::size_t i = 0; i < gruppi.size() && i < ritardi.size(); ++i, ++riga) {
+            QLabel* gruppo = etichette[gruppi[i]];
+            QLabel* ritardo = etichette[ritardi[i]];
+            ritardo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            QFont grassetto = ritardo->font();
+            grassetto.setBold(true);
+            ritardo->setFont(grassetto);
+            gruppo->setAccessibleName(tr("%1, gruppo %2").arg(titolo->text()).arg(i + 1));
+            ritardo->setAccessibleName(tr("%1, ritardo %2").arg(titolo->text()).arg(i + 1));
+            griglia->addWidget(gruppo, riga, 0);
+            griglia->addWidget(ritardo, riga, 1);
+            gruppi_.push_back(gruppo);
+            ritardi_.push_back(ritardo);
+        }
+    }
+    griglia->setColumnStretch(0, 1);
+    griglia->setRowStretch(riga, 1);
+    return scheda;
+}
+
+void PaginaMigliori::aggiungi_sotto(QWidget* widget, const QString& titolo) {
+    auto* colonna = static_cast<QVBoxLayout*>(contenuto_->layout());
+    auto* scritta = new QLabel{titolo, contenuto_};
+    scritta->setWordWrap(true);
+    assegna_ruolo(scritta, "sezione");
+    const int dove = colonna->count() - 1;
+    colonna->insertWidget(dove, scritta);
+    colonna->insertWidget(dove + 1, widget);
+}
+
+void PaginaMigliori::disponi_schede() {
+    // As many cards side by side as the longest group of the page leaves room for.
+    const QFontMetrics misure{gruppi_.front()->font()};
+    const QString lungo = QStringLiteral("00-").repeated(nomi_.pagina == 1 ? 6 : 10);
+    const int minima =
+        misure.horizontalAdvance(lungo + QStringLiteral("R. 0000")) + 2 * kMargineScheda + 3 * kPasso;
+    const int spazio = 2 * kPasso;
+    const int larghezza = scorri_->viewport()->width();
+    const int colonne = std::clamp((larghezza + spazio) / (minima + spazio), 1, 5);
+    if (colonne == colonne_) return;
+    colonne_ = colonne;
+    auto* griglia = static_cast<QGridLayout*>(campo_->layout());
+    for (QWidget* s : schede_) griglia->removeWidget(s);
+    for (std::size_t i = 0; i < schede_.size(); ++i) {
+        const int n = static_cast<int>(i);
+        griglia->addWidget(schede_[i], n / colonne, n % colonne);
+    }
+    for (int c = 0; c < 5; ++c) griglia->setColumnStretch(c, c < colonne ? 1 : 0);
+}
+
+bool PaginaMigliori::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == scorri_->viewport() && evento->type() == QEvent::Resize) disponi_schede();
+    return QWidget::eventFilter(oggetto, evento);
+}
+
+void PaginaMigliori::mostra(const std::shared_ptr<const Risultato>& risultato, const Domanda& domanda,
+                            const QString& ambito) {
+    risultato_ = risultato;
+    domanda_ = domanda;
+    const Tabella& t = risultato->tabelle.front();
+    for (std::size_t i = 0; i < gruppi_.size() && i < t.righe(); ++i) {
+        gruppi_[i]->setText(q(t.testo(i, 1)));
+        ritardi_[i]->setText(q(t.testo(i, 2)));
+    }
+    ambito_->setText(ambito);
+    intestazione_->setText(q(risultato->titolo));
+    aggiorna_comandi();
+}
+
+void PaginaMigliori::svuota() {
+    risultato_.reset();
+    for (std::size_t i = 0; i < gruppi_.size(); ++i) {
+        gruppi_[i]->clear();
+        ritardi_[i]->clear();
+    }
+    ambito_->setText(tr("Scegli le ruote a sinistra, poi premi «Avvia Ricerca» (oppure F5)."));
+    aggiorna_comandi();
+}
+
+void PaginaMigliori::imposta_stampabile(bool si) {
+    stampabile_ = si;
+    aggiorna_comandi();
+}
+
+void PaginaMigliori::aggiorna_comandi() {
+    const bool qualcosa = risultato_ != nullptr;
+    const QString niente = tr("Non c'è ancora un risultato: avvia la ricerca.");
+    stampa_->setEnabled(qualcosa && stampabile_);
+    stampa_->setToolTip(!stampabile_ ? tr("La stampa non è ancora disponibile.")
+                        : qualcosa   ? tr("Stampa la pagina (Ctrl+P)")
+                                     : niente);
+    esporta_->setEnabled(qualcosa && esportazione_possibile());
+    esporta_->setToolTip(qualcosa ? tr("Scrive la pagina in un file CSV, XLSX o JSON (Ctrl+E)") : niente);
+}
+
+QImage PaginaMigliori::immagine() {
+    // The commands and the arrow stand outside of what is drawn; the heading comes for the picture alone.
+    intestazione_->show();
+    contenuto_->layout()->activate();
+    const QSize prima = contenuto_->size();
+    contenuto_->resize(prima.width(), std::max(prima.height(), contenuto_->sizeHint().height()));
+    const QImage disegno = contenuto_->grab().toImage();
+    intestazione_->hide();
+    contenuto_->resize(prima);
+    contenuto_->layout()->activate();
+    return disegno;
+}
+
+// ---- form_tab_pos2 ----
+
+form_tab_pos2::form_tab_pos2(Sessione& sessione, QWidget* padre)
+    : SchermoConcorso{sessione, QStringLiteral("form_tab_pos2"), padre},
+      cornice_{new QWidget},
+      pila_{new QStackedWidget{cornice_}},
+      area_{new AreaParametri},
+      concorso_{new QLabel{cornice_}},
+      dieci_{new GrigliaDieci} {
+    const QFont cifre = carattere_tabellare(font());
+    for (std::size_t i = 0; i < lblDatiTab_.size(); ++i) {
+        // Each goes into the card of its family; the two that no family writes stay unseen.
+        auto* l = new QLabel{pila_};
+        l->setObjectName(QStringLiteral("lblDatiTab_%1").arg(i));
+        l->setFont(cifre);
+        lblDatiTab_[i] = l;
+    }
+    for (std::size_t p = 0; p < pagine_.size(); ++p) {
+        pagine_[p] = new PaginaMigliori{kNomiPagine[p], lblDatiTab_};
+        pila_->addWidget(pagine_[p]);
+        pannelli_[p] = new PannelloAvanzamento{this};
+        pannelli_[p]->setObjectName(QString::fromLatin1(kNomiPannelli[p]));
+        pannelli_[p]->imposta_scritta(tr("Elaborazione in corso..."));
+        connect(pagine_[p], &PaginaMigliori::volta, this, [this, p] { volta(p == 0 ? 2 : 1); });
+        connect(pagine_[p], &PaginaMigliori::stampa, this, [this] { stampa(); });
+        connect(pagine_[p], &PaginaMigliori::esporta, this, [this] { esporta(); });
+        connect(pagine_[p], &PaginaMigliori::esci, this, &QWidget::close);
+    }
+    for (std::size_t i = 0; i < lblDatiTab_.size(); ++i) {
+        if (lblDatiTab_[i]->parent() != pila_) continue;
+        lblDatiTab_[i]->setParent(pagine_[i < kPrimaEtichettaPagina2 ? 0 : 1]);
+        lblDatiTab_[i]->hide();
+    }
+    // The list stands on the page whole: the page scrolls, not the list.
+    dieci_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    dieci_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    dieci_->setFrameShape(QFrame::NoFrame);
+    pagine_[0]->aggiungi_sotto(dieci_, tr("I 10 numeri più in ritardo su ogni ruota («Tutte» all'ultima "
+                                          "estrazione dell'archivio)"));
+
+    auto* riga = new QHBoxLayout{cornice_};
+    riga->setContentsMargins(0, 0, 0, 0);
+    riga->setSpacing(4 * kPasso);
+    riga->addWidget(componi_colonna());
+    riga->addWidget(pila_, 1);
+    aggiungi_pagina(cornice_);
+}
+
+QWidget* form_tab_pos2::componi_colonna() {
+    auto* colonna = new QWidget{cornice_};
+    colonna->setFixedWidth(kLarghezzaColonna);
+    area_->configura(AreaParametri::Genere::solo_ruote);
+    auto* scritta = new QLabel{tr("Al concorso"), colonna};
+    assegna_ruolo(scritta, "sezione");
+    concorso_->setObjectName(QStringLiteral("lblconcorso"));
+    concorso_->setFont(carattere_tabellare(font()));
+    auto* altro = new QLabel{tr("I ritardi sono contati fino a questo concorso. Per un altro, esci e "
+                                "riapri la ricerca dal catalogo."),
+                             colonna};
+    altro->setWordWrap(true);
+    assegna_ruolo(altro, "quieto");
+    auto* v = new QVBoxLayout{colonna};
+    v->setContentsMargins(0, 0, 0, 0);
+    v->setSpacing(kPasso);
+    v->addWidget(area_);
+    v->addWidget(scritta);
+    v->addWidget(concorso_);
+    v->addWidget(altro);
+    v->addStretch(1);
+    for (std::size_t p = 0; p < avvia_.size(); ++p) {
+        avvia_[p] = new QPushButton{tr("Avvia &Ricerca"), colonna};
+        avvia_[p]->setObjectName(QString::fromLatin1(kNomiAvvia[p]));
+        avvia_[p]->setIcon(icona(QStringLiteral("avvia"), TintaIcona::su_accento));
+        avvia_[p]->setToolTip(tr("Calcola la pagina %1 (F5)").arg(p + 1));
+        assegna_ruolo(avvia_[p], "primario");
+        v->addWidget(avvia_[p]);
+    }
+    connect(avvia_[0], &QPushButton::clicked, this, &form_tab_pos2::CalcolaTabellone);
+    connect(avvia_[1], &QPushButton::clicked, this, &form_tab_pos2::CalcolaTabellone2);
+    return colonna;
+}
+
+void form_tab_pos2::iniz() {
+    area_->apri(*archivio(), ricerca()->ruote);
+    for (PaginaMigliori* p : pagine_) p->svuota();
+    dieci_->svuota();
+    SchermoConcorso::iniz();
+}
+
+void form_tab_pos2::costruisci(const Domanda& domanda) {
+    const auto dieci = corri(*trova_ricerca(kChiaveDieci), domanda);
+    if (!dieci) return;
+    chiesta_ = domanda;
+    dieci_->mostra(*dieci);
+    std::vector<std::string> note;
+    const Concorso c = concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso, note);
+    const std::string giorno = data_tabellone(*archivio(), tipo(), c);
+    concorso_->setText(giorno.empty() ? QString::number(c) : tr("%1 del %2").arg(c).arg(q(giorno)));
+    mostra_pagina(cornice_, QString::fromLatin1(kTitoloInCorsa));
+    volta(1);
+}
+
+PaginaMigliori* form_tab_pos2::in_vista() const {
+    return pagina() == cornice_ ? static_cast<PaginaMigliori*>(pila_->currentWidget()) : nullptr;
+}
+
+void form_tab_pos2::volta(int pagina) {
+    pila_->setCurrentWidget(pagine_[static_cast<std::size_t>(pagina - 1)]);
+    for (std::size_t p = 0; p < avvia_.size(); ++p) avvia_[p]->setVisible(static_cast<int>(p) + 1 == pagina);
+    avvia_[static_cast<std::size_t>(pagina - 1)]->setFocus();
+}
+
+void form_tab_pos2::CalcolaTabellone() {
+    calcola(pagine_[0]);
+}
+
+void form_tab_pos2::CalcolaTabellone2() {
+    calcola(pagine_[1]);
+}
+
+void form_tab_pos2::calcola(PaginaMigliori* pagina) {
+    if (in_corsa() || archivio() == nullptr) return;
+    Domanda d = chiesta_;
+    d.chiave = ricerca()->chiave;
+    d.ambito.ruote = area_->ruote();
+    d.parametri.pagina = pagina->numero();
+    d.parametri.indice_combo = sessione().indice_combo_rit;
+    const auto risultato = corri(*ricerca(), d, pannelli_[static_cast<std::size_t>(pagina->numero() - 1)]);
+    if (!risultato) return;
+    const std::string ruote = d.ambito.ruote.nomi();
+    pagina->mostra(
+        risultato, d,
+        tr("Ruote: %1  ·  al concorso %2").arg(ruote.empty() ? tr("Bari") : q(ruote), concorso_->text()));
+}
+
+void form_tab_pos2::ripeti() {
+    if (PaginaMigliori* p = in_vista()) calcola(p);
+}
+
+void form_tab_pos2::imposta_stampa_immagine(std::function<void(QWidget*, const QImage&)> stampa) {
+    stampa_immagine_ = std::move(stampa);
+    aggiorna_comandi();
+}
+
+void form_tab_pos2::stampa() {
+    PaginaMigliori* p = in_vista();
+    if (p == nullptr || !p->risultato() || in_corsa()) return;
+    if (stampa_immagine_)
+        stampa_immagine_(this, p->immagine());
+    else
+        stampa_risultato(*ricerca(), p->risultato(), p->domanda());
+}
+
+void form_tab_pos2::esporta() {
+    if (const PaginaMigliori* p = in_vista(); p != nullptr && p->risultato() && !in_corsa())
+        esporta_risultato(this, *p->risultato(), {});
+}
+
+void form_tab_pos2::aggiorna_comandi() {
+    for (PaginaMigliori* p : pagine_) p->imposta_stampabile(stampabile() || stampa_immagine_ != nullptr);
+}
+
+}  // namespace sortimetra

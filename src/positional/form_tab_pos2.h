@@ -1,0 +1,129 @@
+#pragma once
+
+#include "positional/form_tab_pos_schermo.h"
+
+#include <QImage>
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+class QScrollArea;
+
+namespace sortimetra {
+
+class AreaParametri;
+class GrigliaDieci;
+
+/// Labels `lblDatiTab` of both pages, 0 to 167, and the first of them on the second page.
+inline constexpr std::size_t kEtichetteMigliori = 168;
+inline constexpr std::size_t kPrimaEtichettaPagina2 = 94;
+
+/// One page of the best delays: a card per family, its groups and their delays in the labels `lblDatiTab`.
+class PaginaMigliori final : public QWidget {
+    Q_OBJECT
+  public:
+    /// Which page, and how its commands are named.
+    struct Nomi {
+        int pagina;
+        const char* cornice;
+        const char* stampa;
+        const char* esci;
+        const char* freccia;
+        const char* intestazione;
+    };
+
+    PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etichette);
+
+    [[nodiscard]] int numero() const { return nomi_.pagina; }
+    [[nodiscard]] const std::shared_ptr<const Risultato>& risultato() const { return risultato_; }
+    [[nodiscard]] const Domanda& domanda() const { return domanda_; }
+    /// Puts a widget under the cards, with a heading.
+    void aggiungi_sotto(QWidget* widget, const QString& titolo);
+    /// Fills the labels; `ambito` says what the figures are about.
+    void mostra(const std::shared_ptr<const Risultato>& risultato, const Domanda& domanda,
+                const QString& ambito);
+    void svuota();
+    void imposta_stampabile(bool si);
+    /// The cards as they stand, under the line that a printed page begins with.
+    [[nodiscard]] QImage immagine();
+
+  signals:
+    void stampa();
+    void esporta();
+    void esci();
+    void volta();
+
+  protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+  private:
+    QWidget* componi_scheda(std::size_t prima, std::size_t dopo, std::span<QLabel* const> etichette);
+    void disponi_schede();
+    void aggiorna_comandi();
+
+    Nomi nomi_;
+    QLabel* ambito_;
+    QLabel* intestazione_;
+    QPushButton* stampa_;
+    QPushButton* esporta_;
+    QScrollArea* scorri_;
+    QWidget* contenuto_;
+    QWidget* campo_;
+    std::vector<QWidget*> schede_;
+    std::vector<QLabel*> gruppi_;   ///< in the order of the search's rows
+    std::vector<QLabel*> ritardi_;  ///< the same
+    int colonne_ = 0;
+    bool stampabile_ = false;
+    std::shared_ptr<const Risultato> risultato_;
+    Domanda domanda_;
+};
+
+/// "I Migliori Ritardi Statistici": the survey of 31 families of groups, those with the greatest delays of
+/// each, on two pages. The first also has the list of the ten most delayed numbers.
+///
+/// The figures of a page stay until its next run; a line over them says which wheels and which concorso they
+/// belong to.
+class form_tab_pos2 final : public SchermoConcorso {
+    Q_OBJECT
+  public:
+    explicit form_tab_pos2(Sessione& sessione, QWidget* padre = nullptr);
+
+    void iniz() override;
+    /// Runs the first page, and the second.
+    void CalcolaTabellone();
+    void CalcolaTabellone2();
+
+    /// Prints a picture; without it a page is printed as a report.
+    void imposta_stampa_immagine(std::function<void(QWidget* finestra, const QImage&)> stampa);
+    void stampa() override;
+    void esporta() override;
+
+  protected:
+    [[nodiscard]] TipoTabellone tipo() const override { return TipoTabellone::lotto; }
+    void costruisci(const Domanda& domanda) override;
+    void aggiorna_comandi() override;
+    void ripeti() override;
+
+  private:
+    QWidget* componi_colonna();
+    [[nodiscard]] PaginaMigliori* in_vista() const;
+    void volta(int pagina);
+    void calcola(PaginaMigliori* pagina);
+
+    std::array<QLabel*, kEtichetteMigliori> lblDatiTab_{};
+    std::array<PaginaMigliori*, 2> pagine_{};
+    std::array<QPushButton*, 2> avvia_{};
+    std::array<PannelloAvanzamento*, 2> pannelli_{};
+    QWidget* cornice_;
+    QStackedWidget* pila_;
+    AreaParametri* area_;
+    QLabel* concorso_;
+    GrigliaDieci* dieci_;
+    std::function<void(QWidget*, const QImage&)> stampa_immagine_;
+    Domanda chiesta_;
+};
+
+}  // namespace sortimetra

@@ -1,0 +1,367 @@
+#include "catalogue/rapporti.h"
+#include "catalogue/ricerche.h"
+#include "positional/stampa_posizione.h"
+#include "positional/stampa_tabellone.h"
+#include "positional/tabellone.h"
+#include "printing/rapporto.h"
+#include "printing/superficie_registrata.h"
+#include "support/archivi.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace sortimetra {
+namespace {
+
+using namespace prove;
+
+constexpr double kDecimo = 0.05;
+
+/// Draws of all wheels, Nazionale, SuperEnalotto and Win for Life, 1 to `concorsi`, without pattern.
+const ArchivioEstrazioni& archivio_lungo() {
+    static const ArchivioEstrazioni archivio = [] {
+        std::mt19937 caso{20};
+        const auto diversi = [&](int quanti, int massimo) {
+            std::vector<int> urna(static_cast<std::size_t>(massimo));
+            for (int n = 0; n < massimo; ++n) urna[static_cast<std::size_t>(n)] = n + 1;
+            std::string testo;
+            for (int i = 0; i < quanti; ++i) {
+                const auto j = i + static_cast<int>(caso() % static_cast<unsigned>(massimo - i));
+                std::swap(urna[static_cast<std::size_t>(i)], urna[static_cast<std::size_t>(j)]);
+                testo += " " + std::to_string(urna[static_cast<std::size_t>(i)]);
+            }
+            return testo;
+        };
+        std::string lotto;
+        std::string superenalotto;
+        std::string wfl;
+        for (int c = 1; c <= 700; ++c) {
+            for (int w = 0; w < kRuote; ++w)
+                lotto += std::to_string(c) + " " +
+                         std::string{kNomiRuote[static_cast<std::size_t>(w)].codice} + diversi(5, 90) + "\n";
+            if (c > 300) lotto += std::to_string(c) + " NZ" + diversi(5, 90) + "\n";
+            if (c > 402) superenalotto += std::to_string(c) + diversi(6, 90) + " 0 0\n";
+            wfl += std::to_string(c) + " 9:00" + diversi(10, 20) + "\n";
+        }
+        return da_testi(lotto, superenalotto, wfl);
+    }();
+    return archivio;
+}
+
+/// A search's report on the recording surface, by the row of the dispatch table, as every program prints it.
+struct Stampato {
+    Risultato risultato;
+    Rapporto rapporto;
+    SuperficieRegistrata foglio;
+    std::vector<std::string> avvisi;
+
+    explicit Stampato(std::string_view chiave, Domanda d = {}, std::vector<std::uint32_t> ordine = {}) {
+        d.chiave = chiave;
+        SenzaAvanzamento nessuno;
+        risultato = esegui(*trova_ricerca(chiave), archivio_lungo(), d, nessuno);
+        rapporto = prepara_rapporto(risultato, d, archivio_lungo(), ordine);
+        EasyPrint stampante{foglio,
+                            [this](const std::string&, const std::string& t) { avvisi.push_back(t); }};
+        EXPECT_TRUE(stampa(stampante, rapporto, {}, nessuno));
+        EXPECT_TRUE(avvisi.empty());
+        sul_foglio();
+    }
+
+    [[nodiscard]] std::size_t quante(std::string_view testo, int pagina = 0) const {
+        std::size_t n = 0;
+        for (const auto& t : foglio.testi())
+            n += t.testo == testo && (pagina == 0 || t.pagina == pagina) ? 1 : 0;
+        return n;
+    }
+    /// Texts of a page on one line of writing, left to right.
+    [[nodiscard]] std::string riga(double y, int pagina) const {
+        std::map<double, std::string> per_x;
+        for (const auto& t : foglio.testi())
+            if (t.pagina == pagina && std::abs(t.y - y) < kDecimo) per_x[t.x] = t.testo;
+        std::string testo;
+        for (const auto& [x, parola] : per_x) testo += (testo.empty() ? "" : " ") + parola;
+        return testo;
+    }
+
+  private:
+    /// Nothing leaves the sheet, whichever way it lies.
+    void sul_foglio() const {
+        const Foglio f = foglio.foglio();
+        for (const auto& t : foglio.testi()) {
+            SCOPED_TRACE(t.testo + ", pagina " + std::to_string(t.pagina));
+            EXPECT_GE(t.x, 4.5);
+            EXPECT_LE(t.x + t.larghezza, f.larghezza - 4.5);
+            EXPECT_GE(t.y, 4.5);
+            EXPECT_LE(t.y + t.carattere.corpo * 0.3528 * 1.2, f.altezza - 4.5);
+        }
+    }
+};
+
+// ---- by position ----
+
+TEST(StampaPosizione, LottoInDuePagineOrizzontali) {
+    const Stampato s{"ritardi e frequenze per posizione dei 90 numeri"};
+    EXPECT_EQ(s.rapporto.orientamento, Orientamento::orizzontale);
+    EXPECT_EQ(s.rapporto.pagine, 2);
+    EXPECT_EQ(s.foglio.pagina(), 2);
+    for (int p = 1; p <= 2; ++p) {
+        SCOPED_TRACE(p);
+        EXPECT_EQ(s.quante("Frequenza e Ritardo dei 90 numeri per posizione", p), 1U);
+        EXPECT_EQ(s.quante("Bari", p), 1U);
+        EXPECT_EQ(s.quante("Tutti i Concorsi", p), 1U);
+        EXPECT_EQ(s.quante("01/01/2000-30/11/2001", p), 1U);
+        EXPECT_EQ(s.quante("Num.", p), 1U);
+        EXPECT_EQ(s.quante("Posizione", p), 1U);
+        EXPECT_EQ(s.quante("RS", p), 5U);
+        EXPECT_EQ(s.quante("Pagina " + std::to_string(p) + " di 2", p), 1U);
+    }
+    // Row r of page p is row 45(p - 1) + r of the grid, its number and its 15 cells.
+    const Tabella& t = s.risultato.tabelle[0];
+    for (std::size_t r = 0; r < 90; ++r) {
+        std::string attesa;
+        for (std::size_t c = 0; c < 16; ++c) attesa += (c == 0 ? "" : " ") + t.testo(r, c);
+        EXPECT_EQ(s.riga(61 + 2.95 * static_cast<double>(r % 45), r < 45 ? 1 : 2), attesa);
+    }
+    // The legend stands on the last page alone.
+    for (const char* voce : {"F = Frequenza", "R = Ritardo", "RS = Ritardo Storico"}) {
+        EXPECT_EQ(s.quante(voce, 1), 0U);
+        EXPECT_EQ(s.quante(voce, 2), 1U);
+    }
+    const auto* posto = s.foglio.trova("3", 1);
+    ASSERT_NE(posto, nullptr);
+}
+
+TEST(StampaPosizione, IlNumeroDelPostoESottolineato) {
+    const Stampato s{"ritardi e frequenze per posizione dei 90 numeri"};
+    std::string sottolineati;
+    for (const auto& t : s.foglio.testi())
+        if (t.carattere.sottolineato && t.pagina == 1) sottolineati += t.testo;
+    EXPECT_EQ(sottolineati, "12345");
+}
+
+TEST(StampaPosizione, LeRigheNellOrdineDellaGriglia) {
+    std::vector<std::uint32_t> ordine(90);
+    for (std::uint32_t i = 0; i < 90; ++i) ordine[i] = 89 - i;
+    const Stampato s{"ritardi e frequenze per posizione dei 90 numeri", {}, ordine};
+    EXPECT_EQ(s.riga(61, 1).substr(0, 3), "90 ");
+    EXPECT_EQ(s.riga(61 + 44 * 2.95, 2).substr(0, 2), "1 ");
+}
+
+TEST(StampaPosizione, GliAltriGiochi) {
+    const Stampato superenalotto{"frequenza e ritardo dei 90 numeri per posizione (superenalotto)"};
+    EXPECT_EQ(superenalotto.rapporto.pagine, 2);
+    EXPECT_EQ(superenalotto.quante("Frequenza e Ritardo dei 90 numeri per posizione (Superenalotto)"), 2U);
+    EXPECT_EQ(superenalotto.quante("Jolly", 1), 1U);
+    EXPECT_EQ(superenalotto.quante("RS", 1), 7U);
+
+    // Twenty places: three sheets for each half of the numbers, every place on one of them.
+    const Stampato dieci{"frequenza e ritardo dei 90 numeri per posizione (10 e lotto)"};
+    EXPECT_EQ(dieci.rapporto.pagine, 6);
+    std::string posti;
+    for (const auto& t : dieci.foglio.testi())
+        if (t.carattere.sottolineato && t.pagina <= 3) posti += t.testo + " ";
+    EXPECT_EQ(posti, "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 ");
+    EXPECT_EQ(dieci.quante("RS = Ritardo Storico", 6), 1U);
+
+    const Stampato wfl{"frequenza e ritardo dei 20 numeri per posizione (win for life)"};
+    EXPECT_EQ(wfl.rapporto.pagine, 2);
+    EXPECT_EQ(wfl.quante("RS", 1), 5U);
+    EXPECT_EQ(wfl.quante("RS", 2), 5U);
+    EXPECT_EQ(wfl.quante("Win for Life", 1), 1U);
+}
+
+// ---- the boards ----
+
+/// Cells of a board that hold a number, the delays among them.
+std::size_t piene(const Tabella& t) {
+    std::size_t n = 0;
+    for (std::size_t r = 0; r < t.righe(); ++r)
+        for (std::size_t c = 0; c < t.n_colonne(); ++c) n += t.testo(r, c).empty() ? 0 : 1;
+    return n;
+}
+
+TEST(StampaTabellone, LottoQuarantaRighePerPagina) {
+    const Stampato s{"tabellone posizionale"};
+    const Tabella& t = s.risultato.tabelle[0];
+    ASSERT_GT(t.righe(), 40U);
+    const int pagine = static_cast<int>((t.righe() + 39) / 40);
+    EXPECT_EQ(s.rapporto.pagine, pagine);
+    EXPECT_EQ(s.rapporto.orientamento, Orientamento::orizzontale);
+    const std::string titolo = "La Posizione dei 90 numeri dopo l'estrazione del 30/11/2001 - Lotto";
+    EXPECT_EQ(s.risultato.titolo, titolo);
+    for (int p = 1; p <= pagine; ++p) {
+        EXPECT_EQ(
+            s.quante(titolo + "  (pag. " + std::to_string(p) + " di " + std::to_string(pagine) + ")", p), 1U);
+        EXPECT_EQ(s.quante("Rit.", p), 1U);
+        for (const std::size_t w : {0U, 9U, 11U}) EXPECT_EQ(s.quante(kNomiRuote[w].esteso, p), 1U);
+        // The head has no fields here.
+        EXPECT_EQ(s.quante("Ricerca:", p), 0U);
+    }
+    // Each cell once, the row of a delay on one line.
+    EXPECT_EQ(s.foglio.testi().size(), piene(t) + static_cast<std::size_t>(pagine) * 13);
+    for (const std::size_t r : {std::size_t{0}, std::size_t{39}, std::size_t{40}}) {
+        std::string attesa;
+        for (std::size_t c = 0; c < t.n_colonne(); ++c)
+            if (!t.testo(r, c).empty()) attesa += (c == 0 ? "" : " ") + t.testo(r, c);
+        EXPECT_EQ(s.riga(40.25 + 3.9 * static_cast<double>(r % 40), r < 40 ? 1 : 2), attesa);
+    }
+}
+
+TEST(StampaTabellone, GliAltriAdueBlocchi) {
+    const Stampato s{"tabellone posizionale primi estratti"};
+    for (const char* nome : {"BA", "FI", "MI", "NA", "PA", "RO"}) EXPECT_EQ(s.quante(nome, 1), 1U);
+    EXPECT_EQ(s.quante("Firenze"), 0U);
+    EXPECT_EQ(s.rapporto.orientamento, Orientamento::verticale);
+    EXPECT_TRUE(s.riga(40.25, 1).starts_with(s.risultato.tabelle[0].testo(0, 0) + " "));
+
+    const Stampato sestina{"tabellone posizionale sestina superenalotto"};
+    EXPECT_GE(sestina.quante("Sestina SuperEnalotto", 1), 1U);
+    const Stampato dieci{"tabellone posizionale combinazione 10 e lotto"};
+    EXPECT_GE(dieci.quante("Combinazione 10 e lotto", 1), 1U);
+    const Stampato wfl{"tabellone posizionale combinazione win for life"};
+    EXPECT_GE(wfl.quante("Combinazione win for life", 1), 1U);
+    EXPECT_EQ(wfl.quante("Tabellone Posizionale (30/11/2001) - Win for Life  (pag. 1 di 1)"), 1U);
+    EXPECT_EQ(wfl.foglio.testi().size(), piene(wfl.risultato.tabelle[0]) + 3);
+}
+
+TEST(StampaTabellone, CentoquattordiciRighePerPagina) {
+    // A board of 115 delays, one number each.
+    Risultato r;
+    r.titolo = "Tabellone";
+    ColonnaInteri ritardi;
+    ColonnaInteri numeri;
+    for (int i = 0; i < 115; ++i) {
+        ritardi.valori.push_back(200 - i);
+        numeri.valori.push_back(1 + i % 90);
+    }
+    Tabella t;
+    t.titoli = {{"Rit.", "Combinazione win for life"}, {"", ""}};
+    t.colonne = {ritardi, numeri};
+    r.tabelle.push_back(t);
+    const Rapporto rapporto = stampa_tab_pos_10({r, {}, {}});
+    EXPECT_EQ(rapporto.pagine, 2);
+    SuperficieRegistrata foglio;
+    EasyPrint stampante{foglio, {}};
+    SenzaAvanzamento nessuno;
+    EXPECT_TRUE(stampa(stampante, rapporto, {}, nessuno));
+    // The second block goes on where the first ends, the second page where the second block does.
+    const auto* prima = foglio.trova("200", 1);
+    const auto* seconda = foglio.trova("143", 1);
+    const auto* ultima = foglio.trova("86", 2);
+    ASSERT_TRUE(prima != nullptr && seconda != nullptr && ultima != nullptr);
+    EXPECT_NEAR(seconda->y, prima->y, kDecimo);
+    EXPECT_NEAR(seconda->x, prima->x + 97.5, kDecimo);
+    EXPECT_NEAR(ultima->y, prima->y, kDecimo);
+    EXPECT_NEAR(foglio.trova("144", 1)->y, prima->y + 56 * 4.25, kDecimo);
+    for (auto& c : r.tabelle[0].colonne) std::get<ColonnaInteri>(c).valori.pop_back();
+    EXPECT_EQ(stampa_tab_pos_10({r, {}, {}}).pagine, 1);
+}
+
+TEST(StampaTabellone, IDieciPiuInRitardo) {
+    const Stampato s{"i 10 numeri più in ritardo su ogni ruota"};
+    EXPECT_EQ(s.rapporto.pagine, 1);
+    EXPECT_EQ(s.rapporto.orientamento, Orientamento::orizzontale);
+    EXPECT_EQ(s.riga(42, 1), "Bari Cagliari Firenze Genova Milano Napoli");
+    EXPECT_EQ(s.riga(117, 1), "Palermo Roma Torino Venezia Nazionale Tutte");
+    EXPECT_EQ(s.quante("Num."), 12U);
+    const Tabella& t = s.risultato.tabelle[0];
+    std::string attesa;
+    for (const std::size_t g : {6U, 7U, 8U, 9U, 10U, 11U})
+        attesa += (g == 6 ? "" : " ") + t.testo(g * 10, 2) + " " + t.testo(g * 10, 3);
+    EXPECT_EQ(s.riga(127, 1), attesa);
+    EXPECT_EQ(s.quante("I 10 Numeri più in ritardo per ogni Ruota (30/11/2001)"), 1U);
+}
+
+TEST(StampaMigliori, OgniFamigliaNellaSuaScheda) {
+    for (const int pagina : {1, 2}) {
+        Domanda d;
+        d.parametri.pagina = pagina;
+        d.ambito.ruote = SelezioneRuote::tutte();
+        d.cartella = std::string{SORTIMETRA_RADICE} + "/data";
+        const Stampato s{"tabellone migliori ritardi", d};
+        EXPECT_EQ(s.quante("I migliori ritardi statistici all'estrazione n°700 del 30/11/2001"), 1U);
+        EXPECT_EQ(s.quante("Ruote: Tutte"), 1U);
+        EXPECT_EQ(s.quante(pagina == 1 ? "Radicali" : "Cinquine pari/dispari"), 1U);
+        const Tabella& t = s.risultato.tabelle[0];
+        std::map<std::string, std::size_t> gruppi;
+        for (std::size_t r = 0; r < t.righe(); ++r)
+            if (!t.testo(r, 1).empty()) ++gruppi[t.testo(r, 1)];
+        for (const auto& [gruppo, volte] : gruppi) EXPECT_EQ(s.quante(gruppo), volte) << gruppo;
+    }
+}
+
+// ---- what the screens read off a board ----
+
+TEST(EstrazioniTabellone, UnRitardoUnEstrazione) {
+    const ArchivioEstrazioni& a = archivio_lungo();
+    const auto lotto = estrazioni_tabellone(a, TipoTabellone::lotto, 650);
+    ASSERT_EQ(lotto.size(), 301U);
+    EXPECT_EQ(lotto[0]->concorso, 650);
+    EXPECT_EQ(lotto[300]->concorso, 350);
+    const auto nazionale = estrazioni_tabellone(a, TipoTabellone::lotto, 650, true);
+    EXPECT_EQ(nazionale.size(), 301U);
+    EXPECT_EQ(nazionale[300]->concorso, 350);
+    EXPECT_EQ(estrazioni_tabellone(a, TipoTabellone::lotto, 310, true).size(), 10U);
+    // The boards that begin at 406 stop there.
+    const auto dieci = estrazioni_tabellone(a, TipoTabellone::dieci_e_lotto, 500);
+    ASSERT_EQ(dieci.size(), 95U);
+    EXPECT_EQ(dieci.back()->concorso, 406);
+    const auto sestina = estrazioni_tabellone(a, TipoTabellone::sestina, 9999);
+    EXPECT_FALSE(sestina[0].has_value());
+    EXPECT_EQ(sestina[1]->concorso, 700);
+}
+
+TEST(EstrazioniTabellone, IlNumeroStaNellEstrazioneDelSuoRitardo) {
+    const ArchivioEstrazioni& a = archivio_lungo();
+    for (const TipoTabellone tipo : {TipoTabellone::lotto, TipoTabellone::win_for_life}) {
+        const Tabellone t = iniz_tabellone(a, tipo, 640);
+        const auto estrazioni = estrazioni_tabellone(a, tipo, 640);
+        for (std::size_t d = 0; d < t.ritardi; ++d) {
+            if (t.riga_vuota(d)) continue;
+            if (tipo == TipoTabellone::lotto) {
+                const Numero n = t.cella(d, 0);
+                if (n == 0) continue;
+                const auto i = cerca_concorso(a.lotto().concorso, estrazioni.at(d)->concorso);
+                EXPECT_EQ(a.lotto().numeri[*i][0], n);
+            } else {
+                ASSERT_LT(d, estrazioni.size());
+                EXPECT_TRUE(estrazioni[d].has_value());
+            }
+        }
+    }
+}
+
+TEST(GrigliaDieci, DueFasceDiSeiGruppi) {
+    SenzaAvanzamento nessuno;
+    const Risultato r = dieci_piu_in_ritardo(archivio_lungo(), domanda(""), nessuno);
+    const Tabella& lista = r.tabelle[0];
+    const Tabella g = griglia_dieci(lista);
+    ASSERT_EQ(g.righe(), 25U);
+    ASSERT_EQ(g.n_colonne(), 19U);
+    const char* prima[]{"Bari", "Cagliari", "Firenze", "Genova", "Milano", "Tutte"};
+    const char* seconda[]{"Napoli", "Palermo", "Roma", "Torino", "Venezia", "Nazionale"};
+    for (std::size_t i = 0; i < 6; ++i) {
+        EXPECT_EQ(g.testo(0, 3 * i + 1), prima[i]);
+        EXPECT_EQ(g.testo(13, 3 * i + 1), seconda[i]);
+        EXPECT_EQ(g.testo(1, 3 * i + 1), "Num.");
+        EXPECT_EQ(g.testo(14, 3 * i + 2), "Rit.");
+        EXPECT_EQ(g.testo(5, 3 * i + 3), "");
+    }
+    // Fourth place of Cagliari; first of Nazionale; the coloured ones of Tutte.
+    EXPECT_EQ(g.testo(5, 4), lista.testo(13, 2));
+    EXPECT_EQ(g.testo(5, 5), lista.testo(13, 3));
+    EXPECT_EQ(g.testo(15, 16), lista.testo(100, 2));
+    EXPECT_EQ(g.testo(2, 16), lista.testo(110, 2));
+    EXPECT_EQ(g.sfondo(2, 16), 0xDDFFDF);
+    EXPECT_EQ(g.primo_piano(11, 17), 255);
+    EXPECT_EQ(g.sfondo(2, 1), kNessunColore);
+    EXPECT_EQ(g.sfondo(2, 18), kNessunColore);
+}
+
+}  // namespace
+}  // namespace sortimetra

@@ -1,0 +1,594 @@
+#include "positional/form_tab_pos.h"
+#include "positional/form_tab_pos2.h"
+#include "positional/form_tab_pos_dieci.h"
+#include "positional/form_tab_pos_scelta.h"
+#include "positional/form_tab_pos_wfl.h"
+#include "positional/migliori_ritardi.h"
+#include "screens/area_parametri.h"
+#include "screens/griglia_risultati.h"
+#include "screens/messaggi.h"
+#include "screens/tema.h"
+#include "support/archivi.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTableView>
+#include <QtTest>
+#include <filesystem>
+#include <memory>
+#include <set>
+
+using namespace sortimetra;
+
+namespace {
+
+constexpr const char* kTabellone = "tabellone posizionale";
+constexpr const char* kDieciNumeri = "i 10 numeri più in ritardo su ogni ruota";
+constexpr const char* kPrimi = "tabellone posizionale primi estratti";
+constexpr const char* kSestina = "tabellone posizionale sestina superenalotto";
+constexpr const char* kDieciELotto = "tabellone posizionale combinazione 10 e lotto";
+constexpr const char* kWfl = "tabellone posizionale combinazione win for life";
+constexpr const char* kMigliori = "tabellone migliori ritardi";
+
+/// 1000 draws: wheel w has five numbers that move on by one a draw, so that every number of 1 to 90 is on
+/// every wheel within 90 draws. SuperEnalotto from 402 on, Nazionale from 600 on.
+ArchivioEstrazioni archivio_di_prova() {
+    std::string lotto;
+    std::string superenalotto;
+    std::string wfl;
+    const auto numeri = [](int da, int quanti, int passo, int massimo) {
+        std::string t;
+        for (int i = 0; i < quanti; ++i) t += " " + std::to_string((da + i * passo) % massimo + 1);
+        return t;
+    };
+    for (int c = 1; c <= 1000; ++c) {
+        for (int w = 0; w < kRuote; ++w)
+            lotto += std::to_string(c) + " " + std::string{kNomiRuote[static_cast<std::size_t>(w)].codice} +
+                     numeri(c + 7 * w, 5, 18, 90) + "\n";
+        if (c >= 600) lotto += std::to_string(c) + " NZ" + numeri(c, 5, 11, 90) + "\n";
+        if (c >= 402) superenalotto += std::to_string(c) + numeri(c, 6, 15, 90) + " 0 0\n";
+        wfl += std::to_string(c) + " 9:00" + numeri(c, 10, 2, 20) + "\n";
+    }
+    return prove::da_testi(lotto, superenalotto, wfl);
+}
+
+}  // namespace
+
+class TestTabelloni final : public QObject {
+    Q_OBJECT
+
+    prove::CartellaProva cartella_;
+    Sessione sessione_{.percorso_programma = cartella_.percorso()};
+    ArchivioEstrazioni archivio_ = archivio_di_prova();
+    std::unique_ptr<SchermoConcorso> form_;
+
+    template <class Form>
+    Form& apri(const char* chiave) {
+        form_ = std::make_unique<Form>(sessione_);
+        form_->apri(*trova_ricerca(chiave), archivio_);
+        form_->show();
+        QApplication::setActiveWindow(form_.get());
+        return static_cast<Form&>(*form_);
+    }
+    template <class Controllo>
+    [[nodiscard]] Controllo* controllo(const char* nome) const {
+        return form_->findChild<Controllo*>(QString::fromLatin1(nome));
+    }
+    [[nodiscard]] QString testo(const char* etichetta) const { return controllo<QLabel>(etichetta)->text(); }
+    void clic(const char* nome) const {
+        auto* b = controllo<QPushButton>(nome);
+        QVERIFY2(b != nullptr && b->isVisible(), nome);
+        QTest::mouseClick(b, Qt::LeftButton);
+    }
+    [[nodiscard]] QLineEdit* txtconc() const { return controllo<QLineEdit>("txtconc"); }
+    [[nodiscard]] CasellaTabellone* updown() const { return form_->scelta()->casella(); }
+    void scrivi(const QString& t) const {
+        txtconc()->setFocus();
+        txtconc()->selectAll();
+        QTest::keyClicks(txtconc(), t);
+    }
+    [[nodiscard]] bool visibile(const char* nome) const { return controllo<QWidget>(nome)->isVisible(); }
+
+  private slots:
+    void initTestCase() {
+        applica_tema(*qApp, 1);
+        std::filesystem::copy_file(std::filesystem::path{SORTIMETRA_RADICE} / "data" / "n90ridd.rid",
+                                   cartella_.percorso() / "n90ridd.rid");
+    }
+    void init() { sessione_.indice_combo_rit = -1; }
+
+    // ---- the chooser ----
+
+    void la_scelta_comincia_dall_ultimo_concorso_data() {
+        QTest::addColumn<QString>("chiave");
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<int>("passo");
+        QTest::addColumn<int>("massimo");
+        QTest::newRow("lotto") << kTabellone << "tabpos" << 1000 << 1000;
+        QTest::newRow("dieci") << kDieciNumeri << "10num" << 1000 << 1000;
+        QTest::newRow("primi estratti") << kPrimi << "tabpos_s" << 599 << 1000;
+        QTest::newRow("sestina") << kSestina << "tabpos_s6" << 599 << 599;
+        QTest::newRow("10 e lotto") << kDieciELotto << "tabpos_10" << 599 << 599;
+    }
+    void la_scelta_comincia_dall_ultimo_concorso() {
+        QFETCH(QString, chiave);
+        QFETCH(QString, tag);
+        QFETCH(int, passo);
+        QFETCH(int, massimo);
+        apri<form_tab_pos>(chiave.toUtf8().constData());
+        QVERIFY(visibile("Frame1"));
+        QCOMPARE(form_->property("Tag").toString(), tag);
+        // The text shows the last concorso, whatever the stepper stands at.
+        QCOMPARE(txtconc()->text(), QStringLiteral("1000"));
+        QCOMPARE(testo("lbldata"), QStringLiteral("26/09/2002"));
+        QCOMPARE(updown()->passo(), passo);
+        QVERIFY(!updown()->scritto().has_value());
+        QVERIFY(!visibile("lblmessaggio"));
+        QTest::keyClick(updown(), Qt::Key_Down);
+        QCOMPARE(txtconc()->text(), QString::number(passo - 1));
+        for (int i = 0; i < 3; ++i) QTest::keyClick(updown(), Qt::Key_Up);
+        QCOMPARE(txtconc()->text(), QString::number(std::min(passo + 2, massimo)));
+    }
+
+    void la_casella_prende_le_sole_cifre() {
+        apri<form_tab_pos>(kTabellone);
+        scrivi(QStringLiteral("7a:5 -0"));
+        QCOMPARE(txtconc()->text(), QStringLiteral("750"));
+        QCOMPARE(testo("lbldata"), QStringLiteral("19/01/2002"));
+        QCOMPARE(updown()->passo(), 750);
+        QCOMPARE(updown()->scritto().value(), 750);
+    }
+
+    void lasciandola_torna_nei_limiti_data() {
+        QTest::addColumn<QString>("chiave");
+        QTest::addColumn<QString>("scritto");
+        QTest::addColumn<QString>("riportato");
+        QTest::newRow("sotto") << kTabellone << "12" << "500";
+        QTest::newRow("sopra") << kTabellone << "99999" << "1000";
+        QTest::newRow("dentro") << kTabellone << "777" << "777";
+        QTest::newRow("10 e lotto, sopra") << kDieciELotto << "1000" << "599";
+    }
+    void lasciandola_torna_nei_limiti() {
+        QFETCH(QString, chiave);
+        QFETCH(QString, scritto);
+        QFETCH(QString, riportato);
+        apri<form_tab_pos>(chiave.toUtf8().constData());
+        const QString prima = testo("lbllimiti");
+        scrivi(scritto);
+        QTest::keyClick(txtconc(), Qt::Key_Tab);
+        QCOMPARE(txtconc()->text(), riportato);
+        // The screen says so where it happened.
+        QCOMPARE(testo("lbllimiti") != prima, scritto != riportato);
+    }
+
+    void vuota_diventa_il_limite_inferiore() {
+        apri<form_tab_pos>(kTabellone);
+        txtconc()->setFocus();
+        txtconc()->selectAll();
+        QTest::keyClick(txtconc(), Qt::Key_Delete);
+        QTest::keyClick(txtconc(), Qt::Key_Tab);
+        QCOMPARE(txtconc()->text(), QStringLiteral("500"));
+    }
+
+    void senza_scrivere_nulla_vale_l_ultimo_non_riportato() {
+        apri<form_tab_pos>(kDieciELotto);
+        // Passing through the box is not typing.
+        txtconc()->setFocus();
+        QTest::keyClick(txtconc(), Qt::Key_Tab);
+        QCOMPARE(txtconc()->text(), QStringLiteral("1000"));
+        clic("cmdopzioni_1");
+        QCOMPARE(form_->windowTitle(), QStringLiteral("Tabellone Posizionale (26/09/2002) - 10 e lotto"));
+    }
+
+    void esci_chiude() {
+        apri<form_tab_pos>(kTabellone);
+        QSignalSpy chiuso{form_.get(), &SchermoConcorso::chiuso};
+        clic("cmdopzioni_0");
+        QCOMPARE(chiuso.size(), 1);
+        QVERIFY(!form_->isVisible());
+    }
+
+    // ---- the boards ----
+
+    void il_tabellone_del_lotto() {
+        auto& form = apri<form_tab_pos>(kTabellone);
+        scrivi(QStringLiteral("800"));
+        clic("cmdopzioni_1");
+        QVERIFY(!visibile("Frame1"));
+        QCOMPARE(form.windowTitle(),
+                 QStringLiteral("La Posizione dei 90 numeri dopo l'estrazione del 10/03/2002 - Lotto"));
+        auto* griglia = controllo<QTableView>("MSFlexGrid1");
+        QVERIFY(griglia->isVisible());
+        QVERIFY(!controllo<QTableView>("MSFlexGrid2")->isVisible());
+        QCOMPARE(griglia->model()->columnCount(), 56);
+        // From the greatest delay down to the draw itself.
+        const int righe = griglia->model()->rowCount();
+        QCOMPARE(griglia->model()->index(righe - 1, 0).data().toString(), QStringLiteral("0"));
+        QCOMPARE(griglia->model()->index(righe - 1, 1).data().toString(),
+                 QString::number(archivio_.lotto().numeri[799][0]));
+        // The wheels' tints as they are told, a readable text on them.
+        const auto fondo = [&](int c) {
+            return griglia->model()->index(0, c).data(Qt::BackgroundRole).value<QBrush>().color().rgb();
+        };
+        QCOMPARE(fondo(1), qRgb(0xFF, 0xFF, 0xC0));
+        QCOMPARE(fondo(6), qRgb(0xD2, 0xD7, 0xF2));
+        QCOMPARE(fondo(55), fondo(1));
+        // No sorting on a board.
+        QVERIFY(form.findChild<QPushButton*>(QStringLiteral("cmdcol_0")) == nullptr);
+    }
+
+    void si_legge_con_ogni_skin() {
+        apri<form_tab_pos>(kTabellone);
+        clic("cmdopzioni_1");
+        auto* modello = controllo<QTableView>("MSFlexGrid1")->model();
+        auto* dieci = controllo<QTableView>("MSFlexGrid4")->model();
+        clic("Command7");
+        for (int s = 1; s <= kNumeroSkin; ++s) {
+            applica_tema(*qApp, s);
+            for (const auto& [m, r, c] : {std::tuple{modello, 0, 1}, std::tuple{modello, 0, 6},
+                                          std::tuple{dieci, 2, 16}, std::tuple{dieci, 2, 1}}) {
+                const QModelIndex i = m->index(r, c);
+                const auto colore = [&](int ruolo) { return i.data(ruolo).value<QBrush>().color().rgb(); };
+                QVERIFY(contrasto(colore(Qt::ForegroundRole), colore(Qt::BackgroundRole)) >= 4.5);
+            }
+        }
+        applica_tema(*qApp, 1);
+    }
+
+    void il_numero_sotto_il_puntatore() {
+        auto& form = apri<form_tab_pos>(kTabellone);
+        clic("cmdopzioni_1");
+        auto* griglia = controllo<QTableView>("MSFlexGrid1");
+        auto* pagina = controllo<PaginaTabellone>("FrameTabellone");
+        auto* stato = pagina->findChild<QLabel*>(QStringLiteral("lblstato"));
+        const QString riposo = stato->text();
+        const int ultima = griglia->model()->rowCount() - 1;
+        // Cagliari's second number of the last draw.
+        const QModelIndex cella = griglia->model()->index(ultima, 7);
+        griglia->scrollTo(cella);
+        const QPointF dove = griglia->visualRect(cella).center();
+        QMouseEvent passa{QEvent::MouseMove, dove,         griglia->viewport()->mapToGlobal(dove),
+                          Qt::NoButton,      Qt::NoButton, Qt::NoModifier};
+        QApplication::sendEvent(griglia->viewport(), &passa);
+        const QString attesa =
+            QStringLiteral(
+                "Numero %1  ·  Cagliari, 2° estratto  ·  ritardo 0  ·  concorso 1000 del 26/09/2002")
+                .arg(archivio_.lotto().numeri[999][6]);
+        QCOMPARE(stato->text(), attesa);
+        QCOMPARE(pagina->spiegazione(ultima, 7), attesa);
+        QVERIFY(stato->text() != riposo);
+        // The delay's own column tells its draw; Nazionale counts its own.
+        QCOMPARE(pagina->spiegazione(ultima, 0),
+                 QStringLiteral("ritardo 0  ·  concorso 1000 del 26/09/2002"));
+        QVERIFY(pagina->spiegazione(ultima, 53).contains(QStringLiteral("Nazionale, 3° estratto")));
+        QCOMPARE(pagina->spiegazione(-1, 3), QString{});
+        // The arrows tell the same without a mouse.
+        griglia->setFocus();
+        griglia->setCurrentIndex(cella);
+        QTest::keyClick(griglia, Qt::Key_Left);
+        QVERIFY(stato->text().contains(QStringLiteral("Cagliari, 1° estratto")));
+        Q_UNUSED(form);
+    }
+
+    void ctrl_f_trova_il_numero_intero() {
+        auto& form = apri<form_tab_pos>(kTabellone);
+        clic("cmdopzioni_1");
+        QTest::keyClick(&form, Qt::Key_F, Qt::ControlModifier);
+        auto* trova = controllo<QWidget>("FrameTabellone")->findChild<QLineEdit*>(QStringLiteral("txttrova"));
+        QVERIFY(trova->isVisible());
+        QTest::keyClicks(trova, QStringLiteral("7"));
+        const QModelIndex cella = controllo<QTableView>("MSFlexGrid1")->currentIndex();
+        QCOMPARE(cella.data().toString(), QStringLiteral("7"));
+    }
+
+    void gli_altri_tabelloni_data() {
+        QTest::addColumn<QString>("chiave");
+        QTest::addColumn<QString>("titolo");
+        QTest::addColumn<QString>("etichetta");
+        QTest::addColumn<int>("colonne");
+        QTest::addColumn<int>("righe_titoli");
+        QTest::newRow("primi") << kPrimi << "SuperEnalotto"
+                               << "Tabellone posizionale rispetto ai primi estratti" << 7 << 1;
+        QTest::newRow("sestina") << kSestina << "SuperEnalotto"
+                                 << "Tabellone posizionale rispetto alla sestina SuperEnalotto" << 7 << 1;
+        QTest::newRow("10 e lotto") << kDieciELotto << "10 e lotto"
+                                    << "Tabellone posizionale rispetto alla combinazione 10 e lotto" << 21
+                                    << 2;
+    }
+    void gli_altri_tabelloni() {
+        QFETCH(QString, chiave);
+        QFETCH(QString, titolo);
+        QFETCH(QString, etichetta);
+        QFETCH(int, colonne);
+        QFETCH(int, righe_titoli);
+        apri<form_tab_pos>(chiave.toUtf8().constData());
+        QTest::keyClick(form_.get(), Qt::Key_F5);
+        QVERIFY(visibile("MSFlexGrid2"));
+        QCOMPARE(form_->windowTitle(), QStringLiteral("Tabellone Posizionale (26/09/2002) - ") + titolo);
+        QCOMPARE(testo("Label5"), etichetta);
+        auto* pagina = controllo<PaginaTabellone>("FrameTabellone2");
+        QCOMPARE(pagina->griglia()->modello()->columnCount(), colonne);
+        QCOMPARE(static_cast<int>(pagina->griglia()->modello()->tabella()->titoli.size()), righe_titoli);
+        QVERIFY(pagina->griglia()->modello()->rowCount() > 0);
+    }
+
+    void win_for_life() {
+        apri<form_tab_posWFL>(kWfl);
+        QCOMPARE(form_->property("Tag").toString(), QStringLiteral("tabpos_10"));
+        QCOMPARE(txtconc()->text(), QStringLiteral("1000"));
+        QCOMPARE(updown()->passo(), 599);
+        scrivi(QStringLiteral("500"));
+        QTest::keyClick(txtconc(), Qt::Key_Return);
+        QCOMPARE(form_->windowTitle(), QStringLiteral("Tabellone Posizionale (14/05/2001) - Win for Life"));
+        QCOMPARE(testo("Label5"),
+                 QStringLiteral("Tabellone posizionale rispetto alla combinazione win for life"));
+        const auto* modello = controllo<QTableView>("MSFlexGrid2")->model();
+        QCOMPARE(modello->columnCount(), 11);
+        std::set<QString> numeri;
+        for (int r = 0; r < modello->rowCount(); ++r)
+            for (int c = 1; c < 11; ++c) numeri.insert(modello->index(r, c).data().toString());
+        numeri.erase(QString{});
+        QCOMPARE(numeri.size(), std::size_t{20});
+        QVERIFY(form_->findChild<QPushButton*>(QStringLiteral("Command7")) == nullptr);
+    }
+
+    void esci_e_esc_chiudono() {
+        apri<form_tab_pos>(kTabellone);
+        clic("cmdopzioni_1");
+        clic("Command1");
+        QVERIFY(!form_->isVisible());
+        apri<form_tab_pos>(kPrimi);
+        clic("cmdopzioni_1");
+        clic("Command4");
+        QVERIFY(!form_->isVisible());
+        apri<form_tab_pos>(kTabellone);
+        clic("cmdopzioni_1");
+        QTest::keyClick(controllo<QTableView>("MSFlexGrid1"), Qt::Key_Escape);
+        QVERIFY(!form_->isVisible());
+    }
+
+    void riaperto_torna_alla_scelta() {
+        auto& form = apri<form_tab_pos>(kTabellone);
+        scrivi(QStringLiteral("800"));
+        clic("cmdopzioni_1");
+        form.close();
+        form.apri(*trova_ricerca(kPrimi), archivio_);
+        form.show();
+        QVERIFY(visibile("Frame1"));
+        QCOMPARE(txtconc()->text(), QStringLiteral("1000"));
+        QCOMPARE(form.windowTitle(), QStringLiteral("Tabellone Posizionale primi estratti"));
+        clic("cmdopzioni_1");
+        QVERIFY(visibile("MSFlexGrid2"));
+    }
+
+    void un_archivio_senza_estrazioni_lo_dice() {
+        MessaggiDiProva detti;
+        const ArchivioEstrazioni nessuna;
+        form_ = std::make_unique<form_tab_pos>(sessione_);
+        form_->apri(*trova_ricerca(kTabellone), nessuna);
+        form_->show();
+        clic("cmdopzioni_1");
+        QCOMPARE(detti.detti.size(), 1);
+        QCOMPARE(detti.detti[0].testo, QStringLiteral("Non ci sono estrazioni per l'intervallo selezionato"));
+        QVERIFY(visibile("Frame1"));
+    }
+
+    // ---- the ten most delayed ----
+
+    void i_dieci_dal_tabellone_e_ritorno() {
+        auto& form = apri<form_tab_pos>(kTabellone);
+        scrivi(QStringLiteral("800"));
+        clic("cmdopzioni_1");
+        QCOMPARE(controllo<QPushButton>("Command7")->text().remove('&'),
+                 QStringLiteral("Visualizzazione dei 10 numeri più in ritardo per ogni ruota"));
+        clic("Command7");
+        auto* griglia = controllo<QTableView>("MSFlexGrid4");
+        QVERIFY(griglia->isVisible());
+        QCOMPARE(form.windowTitle(),
+                 QStringLiteral("I 10 Numeri più in ritardo per ogni Ruota (10/03/2002)"));
+        QCOMPARE(griglia->model()->rowCount(), 25);
+        QCOMPARE(griglia->model()->columnCount(), 19);
+        QCOMPARE(griglia->columnSpan(0, 1), 2);
+        SenzaAvanzamento nessuno;
+        Domanda d = prove::domanda(kDieciNumeri);
+        d.parametri.concorso = 800;
+        const Risultato dieci = dieci_piu_in_ritardo(archivio_, d, nessuno);
+        for (int p = 0; p < 10; ++p) {
+            const auto r = static_cast<std::size_t>(p);
+            QCOMPARE(griglia->model()->index(2 + p, 1).data().toString().toStdString(),
+                     dieci.tabelle[0].testo(r, 2));
+            QCOMPARE(griglia->model()->index(2 + p, 2).data().toString().toStdString(),
+                     dieci.tabelle[0].testo(r, 3));
+        }
+        clic("Command9");
+        QVERIFY(controllo<QTableView>("MSFlexGrid1")->isVisible());
+        QVERIFY(form.windowTitle().startsWith(QStringLiteral("La Posizione")));
+    }
+
+    void dal_catalogo_i_dieci_vengono_subito() {
+        apri<form_tab_pos>(kDieciNumeri);
+        clic("cmdopzioni_1");
+        QVERIFY(visibile("MSFlexGrid4"));
+        clic("Command9");
+        QVERIFY(visibile("MSFlexGrid1"));
+        clic("Command7");
+        clic("Command8");
+        QVERIFY(!form_->isVisible());
+    }
+
+    void ogni_pagina_stampa_il_suo() {
+        auto& form = apri<form_tab_pos>(kTabellone);
+        clic("cmdopzioni_1");
+        QVERIFY(!controllo<QPushButton>("Command2")->isEnabled());
+        QStringList chiavi;
+        form.imposta_stampa([&](const LavoroStampa& l) {
+            QVERIFY(l.archivio == &archivio_);
+            QVERIFY(l.risultato->chiave == l.ricerca->chiave);
+            chiavi << QString::fromUtf8(l.ricerca->chiave.data(),
+                                        static_cast<qsizetype>(l.ricerca->chiave.size()));
+        });
+        clic("Command2");
+        clic("Command7");
+        clic("Command10");
+        QTest::keyClick(&form, Qt::Key_P, Qt::ControlModifier);
+        QCOMPARE(chiavi, (QStringList{kTabellone, kDieciNumeri, kDieciNumeri}));
+        auto& altro = apri<form_tab_pos>(kSestina);
+        altro.imposta_stampa([&](const LavoroStampa& l) {
+            chiavi << QString::fromUtf8(l.ricerca->chiave.data(),
+                                        static_cast<qsizetype>(l.ricerca->chiave.size()));
+        });
+        clic("cmdopzioni_1");
+        clic("Command3");
+        QCOMPARE(chiavi.last(), QString::fromUtf8(kSestina));
+    }
+
+    // ---- the best delays ----
+
+    void le_168_etichette_nelle_loro_pagine() {
+        apri<form_tab_pos2>(kMigliori);
+        auto* prima = controllo<QWidget>("Frame10rit");
+        auto* seconda = controllo<QWidget>("Frame11rit");
+        for (int i = 0; i < 168; ++i) {
+            auto* l = controllo<QLabel>(qPrintable(QStringLiteral("lblDatiTab_%1").arg(i)));
+            QVERIFY2(l != nullptr, qPrintable(QString::number(i)));
+            QCOMPARE(prima->isAncestorOf(l), i < 94);
+            QCOMPARE(seconda->isAncestorOf(l), i >= 94);
+        }
+    }
+
+    void le_due_pagine_dei_migliori_ritardi() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        QCOMPARE(form.windowTitle(), QStringLiteral("I Migliori Ritardi Statistici"));
+        QCOMPARE(form.property("Tag").toString(), QStringLiteral("10num"));
+        scrivi(QStringLiteral("900"));
+        clic("cmdopzioni_1");
+        QCOMPARE(form.windowTitle(), QStringLiteral("Migliori Ritardi Statistici - Lotto"));
+        QVERIFY(visibile("Frame10rit"));
+        // The list of the ten stands on the first page from the beginning.
+        QCOMPARE(controllo<QTableView>("MSFlexGrid4")->model()->rowCount(), 25);
+        QCOMPARE(testo("lblDatiTab_0"), QString{});
+        QTest::mouseClick(controllo<QCheckBox>("CheckRuota_2"), Qt::LeftButton);
+        clic("Command8");
+        confronta(1, 900, -1);
+        QVERIFY(testo("lblambito_1").contains(QStringLiteral("900 del")));
+        QVERIFY(testo("lblambito_1").contains(QStringLiteral("Bari, Firenze")));
+        QCOMPARE(testo("lblDatiTab_94"), QString{});
+        QVERIFY(!controllo<QWidget>("Command9")->isVisible());
+        clic("Image1");
+        QVERIFY(visibile("Frame11rit") && !visibile("Frame10rit"));
+        clic("Command9");
+        confronta(2, 900, -1);
+        // Two labels exist that no family writes.
+        for (const char* nome : {"lblDatiTab_112", "lblDatiTab_115"}) {
+            QCOMPARE(testo(nome), QString{});
+            QVERIFY(!visibile(nome));
+        }
+        clic("Image2");
+        QVERIFY(visibile("Frame10rit"));
+        // A page keeps its figures until its next run, under the wheels that they are about.
+        const QString tenuto = testo("lblDatiTab_0");
+        QTest::mouseClick(controllo<QCheckBox>("CheckRuota_11"), Qt::LeftButton);
+        QCOMPARE(testo("lblDatiTab_0"), tenuto);
+        QVERIFY(testo("lblambito_1").contains(QStringLiteral("Bari, Firenze")));
+    }
+
+    void la_soglia_viene_dalla_schermata_delle_statistiche() {
+        apri<form_tab_pos2>(kMigliori);
+        clic("cmdopzioni_1");
+        clic("Image1");
+        QTest::keyClick(form_.get(), Qt::Key_F5);
+        const QString senza = testo("lblDatiTab_103");
+        confronta(2, {}, -1);
+        sessione_.indice_combo_rit = 1;
+        QTest::keyClick(form_.get(), Qt::Key_F5);
+        confronta(2, {}, 1);
+        QVERIFY(testo("lblDatiTab_103") != senza);
+    }
+
+    void senza_il_file_delle_cinquine() {
+        MessaggiDiProva detti;
+        prove::CartellaProva altra;
+        Sessione sessione{.percorso_programma = altra.percorso()};
+        form_ = std::make_unique<form_tab_pos2>(sessione);
+        form_->apri(*trova_ricerca(kMigliori), archivio_);
+        form_->show();
+        clic("cmdopzioni_1");
+        clic("Image1");
+        clic("Command9");
+        QCOMPARE(detti.detti.size(), 1);
+        QCOMPARE(detti.detti[0].testo,
+                 QStringLiteral("File danneggiato! Impossibile effettuare Ricerca Statistica!"));
+        QCOMPARE(testo("lblDatiTab_138"), QString{});
+        QVERIFY(!testo("lblDatiTab_144").isEmpty());
+    }
+
+    void la_pagina_si_stampa_come_immagine() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        QImage immagine;
+        form.imposta_stampa_immagine([&](QWidget*, const QImage& i) { immagine = i; });
+        clic("cmdopzioni_1");
+        QVERIFY(!controllo<QPushButton>("Command6")->isEnabled());
+        clic("Command8");
+        const QSize prima = controllo<QWidget>("Frame10rit")->size();
+        clic("Command6");
+        QVERIFY(!immagine.isNull());
+        // The whole page, the list under the cards too, though the window is lower than that.
+        QVERIFY(immagine.height() > prima.height());
+        QCOMPARE(testo("lblStampaIntestazione"),
+                 QStringLiteral("I migliori ritardi statistici all'estrazione n°1000 del 26/09/2002"));
+        QVERIFY(!visibile("lblStampaIntestazione"));
+        QVERIFY(visibile("Command5") && visibile("Command6") && visibile("Image1"));
+        QCOMPARE(controllo<QWidget>("Frame10rit")->size(), prima);
+        clic("Command5");
+        QVERIFY(!form.isVisible());
+    }
+
+    void le_schede_stanno_anche_in_una_finestra_stretta() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        clic("cmdopzioni_1");
+        clic("Command8");
+        for (const int larghezza : {1024, 1600, 1180}) {
+            form.resize(larghezza, 640);
+            QCoreApplication::processEvents();
+            for (const int i : {36, 37, 90, 91}) {
+                auto* l = controllo<QLabel>(qPrintable(QStringLiteral("lblDatiTab_%1").arg(i)));
+                QVERIFY2(l->width() >= l->fontMetrics().horizontalAdvance(l->text()),
+                         qPrintable(QString::number(larghezza)));
+            }
+        }
+    }
+
+  private:
+    /// The labels of a page against the search's own rows.
+    void confronta(int pagina, std::optional<Concorso> concorso, int indice_combo) {
+        Domanda d = prove::domanda(kMigliori);
+        d.cartella = cartella_.percorso();
+        d.parametri.pagina = pagina;
+        d.parametri.concorso = concorso;
+        d.parametri.indice_combo = indice_combo;
+        d.ambito.ruote = form_->findChild<AreaParametri*>()->ruote();
+        SenzaAvanzamento nessuno;
+        const Tabella t = migliori_ritardi(archivio_, d, nessuno).tabelle[0];
+        std::size_t riga = 0;
+        for (const FamigliaMigliori& f : famiglie_migliori(pagina)) {
+            const auto gruppi =
+                QString::fromUtf8(f.gruppi.data(), static_cast<qsizetype>(f.gruppi.size())).split(' ');
+            const auto ritardi =
+                QString::fromUtf8(f.ritardi.data(), static_cast<qsizetype>(f.ritardi.size())).split(' ');
+            for (qsizetype i = 0; i < gruppi.size(); ++i, ++riga) {
+                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_") + gruppi[i])).toStdString(),
+                         t.testo(riga, 1));
+                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_") + ritardi[i])).toStdString(),
+                         t.testo(riga, 2));
+            }
+        }
+        QCOMPARE(riga, t.righe());
+    }
+};
+
+QTEST_MAIN(TestTabelloni)
+#include "test_form_tab_pos.moc"
