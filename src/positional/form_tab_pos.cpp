@@ -53,7 +53,6 @@ QWidget* form_tab_pos::componi_pagina_dieci() {
     stampa_dieci_ = new QPushButton{icona(QStringLiteral("stampa")), tr("&Stampa"), pagina};
     stampa_dieci_->setObjectName(QStringLiteral("Command10"));
     auto* esporta_bottone = new QPushButton{icona(QStringLiteral("esporta")), tr("Es&porta…"), pagina};
-    esporta_bottone->setEnabled(esportazione_possibile());
     auto* esci = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), pagina};
     esci->setObjectName(QStringLiteral("Command8"));
     esci->setToolTip(tr("Torna al catalogo (Esc)"));

@@ -256,7 +256,7 @@ void PaginaMigliori::aggiorna_comandi() {
     stampa_->setToolTip(!stampabile_ ? tr("La stampa non è ancora disponibile.")
                         : qualcosa   ? tr("Stampa la pagina (Ctrl+P)")
                                      : niente);
-    esporta_->setEnabled(qualcosa && esportazione_possibile());
+    esporta_->setEnabled(qualcosa);
     esporta_->setToolTip(qualcosa ? tr("Scrive la pagina in un file CSV, XLSX o JSON (Ctrl+E)") : niente);
 }
 

@@ -220,7 +220,6 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     stampa_->setObjectName(stampa);
     stampa_->setIcon(icona(QStringLiteral("stampa")));
     auto* esporta_bottone = new QPushButton{icona(QStringLiteral("esporta")), tr("Es&porta…"), this};
-    esporta_bottone->setEnabled(esportazione_possibile());
     esporta_bottone->setToolTip(tr("Scrive il tabellone in un file CSV, XLSX o JSON (Ctrl+E)"));
     auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
     esci_bottone->setObjectName(esci);
