@@ -306,6 +306,7 @@ bool TabellaTemp::riempi_temp(std::span<const int> valori) {
 std::vector<std::span<const int>> TabellaTemp::leggi_temp(std::string_view ordine) const {
     std::vector<std::span<const int>> righe;
     const std::size_t larga = colonne_.size();
+    righe.reserve(conteggio());
     for (std::size_t i = 0; i < conteggio(); ++i)
         righe.push_back(std::span{valori_}.subspan(i * larga, larga));
     const std::string cercata = minuscolo(ordine);

@@ -30,7 +30,7 @@ constexpr std::size_t kLunghezzaValore = 249;
 constexpr std::size_t kDimensioneMassima = 1U << 20U;
 
 /// How long an instance waits for another one that is writing, before it lets the change go.
-constexpr std::chrono::milliseconds kAttesa{500};
+constexpr std::chrono::milliseconds kAttesa{3000};
 
 struct Predefinito {
     std::string_view sezione, chiave, valore;

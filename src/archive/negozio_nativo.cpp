@@ -368,7 +368,10 @@ struct Conto {
     Avanzamento& avanzamento;
     std::size_t totale;
     std::size_t fatte = 0;
-    bool una() { return ++fatte % kRighePerPasso != 0 || avanzamento.procedi(fatte, totale); }
+    bool una() {
+        ++fatte;
+        return fatte % kRighePerPasso != 0 || avanzamento.procedi(fatte, totale);
+    }
 };
 
 template <class Riga, class Una>

@@ -31,6 +31,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace sortimetra {
@@ -839,7 +840,7 @@ void form_ricerche::carica_archivio() {
     } else if (auto aperto = apri_archivio(dove)) {
         archivio_ = std::move(*aperto);
         // Without the list its one search says that the file is missing; there is nothing to add to that.
-        (void)prepara_cinquine_dei_90(sessione_.percorso_programma);
+        std::ignore = prepara_cinquine_dei_90(sessione_.percorso_programma);
     } else {
         lbl_archivio_titolo_->setText(tr("L'archivio non si apre"));
         errore_archivio_ = QString::fromStdString(aperto.error().testo());

@@ -85,8 +85,7 @@ char* metti_intero(char* p, std::int32_t valore) {
     }
     if (valore == kCellaVuota) return p;
     if (valore == kCellaPuntini) {
-        std::memcpy(p, "...", 3);
-        return p + 3;
+        return std::fill_n(p, 3, '.');
     }
     return std::to_chars(p, p + kPostoIntero, valore).ptr;
 }

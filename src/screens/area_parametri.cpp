@@ -105,7 +105,7 @@ bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
     // A key whose character is not let in is swallowed here, so that no shortcut of the screen sees it
     // either; Return and the keys without a character go on.
     if (oggetto == lineEdit() && evento->type() == QEvent::KeyPress) {
-        const auto* tasto = static_cast<QKeyEvent*>(evento);
+        const auto* tasto = dynamic_cast<const QKeyEvent*>(evento);
         const QString t = tasto->text();
         if (t.size() == 1 && t[0].isPrint() && !ammette(t[0]) &&
             (tasto->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0)
@@ -117,9 +117,9 @@ bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
 AreaParametri::AreaParametri(QWidget* padre)
     : QFrame{padre},
       riquadro_ruote_{new QWidget{this}},
-      riquadro_concorsi_{new QWidget{this}},
       titolo_intervallo_{titolo_sezione({}, this)},
-      intervallo_{new QComboBox{this}} {
+      intervallo_{new QComboBox{this}},
+      riquadro_concorsi_{new QWidget{this}} {
     setObjectName(QStringLiteral("FrameParametri"));
     auto* colonna = new QVBoxLayout{this};
     colonna->setContentsMargins(0, 0, 0, 0);

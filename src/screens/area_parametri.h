@@ -89,9 +89,9 @@ class AreaParametri final : public QFrame {
 
     std::array<QCheckBox*, 12> caselle_{};
     QWidget* riquadro_ruote_;
-    QWidget* riquadro_concorsi_;
     QLabel* titolo_intervallo_;
     QComboBox* intervallo_;
+    QWidget* riquadro_concorsi_;
     std::array<CasellaConcorso*, 2> tratto_{};
     std::array<QLabel*, 2> date_{};
     const ArchivioEstrazioni* archivio_ = nullptr;

@@ -348,7 +348,9 @@ TEST(TestiTesta, NovantaNumeri) {
               (Intestazione{.ricerca = "Ritardo e Frequenza dei 90 numeri",
                             .ruote = "Bari, Cagliari",
                             .concorsi = "1 - 3",
-                            .periodo = "Tutti i Concorsi: 01/01/2000 - 03/01/2000"}));
+                            .periodo = "Tutti i Concorsi: 01/01/2000 - 03/01/2000",
+                            .intervallo = "Tutti i Concorsi",
+                            .date = "01/01/2000-03/01/2000"}));
     ambito.ruote = SelezioneRuote::nessuna();
     EXPECT_EQ(testa_di("ritardo e frequenza dei 90 numeri", ambito).ruote, "Bari");
     ambito.ruote = SelezioneRuote::nazionale();
