@@ -105,8 +105,8 @@ bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
     // A key whose character is not let in is swallowed here, so that no shortcut of the screen sees it
     // either; Return and the keys without a character go on.
     if (oggetto == lineEdit() && evento->type() == QEvent::KeyPress) {
-        const auto* tasto = dynamic_cast<const QKeyEvent*>(evento);
-        const QString t = tasto->text();
+        const auto* tasto = dynamic_cast<QKeyEvent*>(evento);
+        const QString t = tasto == nullptr ? QString{} : tasto->text();
         if (t.size() == 1 && t[0].isPrint() && !ammette(t[0]) &&
             (tasto->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0)
             return true;

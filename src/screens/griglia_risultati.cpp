@@ -674,7 +674,8 @@ void GrigliaRisultati::trova(int passo) {
 
 bool GrigliaRisultati::eventFilter(QObject* oggetto, QEvent* evento) {
     if (oggetto == testo_trova_ && evento->type() == QEvent::KeyPress) {
-        const auto* tasto = static_cast<QKeyEvent*>(evento);
+        const auto* tasto = dynamic_cast<QKeyEvent*>(evento);
+        if (tasto == nullptr) return false;
         if (tasto->key() == Qt::Key_Escape) {
             barra_trova_->hide();
             vista_->setFocus();
