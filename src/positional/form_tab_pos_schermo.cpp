@@ -227,7 +227,7 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     comandi_->setSpacing(2 * kPasso);
     auto* piede = new QHBoxLayout;
     piede->setSpacing(2 * kPasso);
-    piede->addWidget(stato_, 1);
+    piede->addStretch(1);
     piede->addLayout(comandi_);
     piede->addWidget(stampa_);
     piede->addWidget(esporta_bottone);
@@ -242,6 +242,8 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     colonna->setSpacing(2 * kPasso);
     colonna->addLayout(testata);
     colonna->addWidget(griglia_, 1);
+    // A line of its own: beside long captions there would be no room for it in a narrow window.
+    colonna->addWidget(stato_);
     colonna->addLayout(piede);
 
     for (QTableView* v : griglia_->findChildren<QTableView*>()) {

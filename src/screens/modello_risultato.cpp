@@ -161,8 +161,12 @@ QVariant ModelloRisultato::data(const QModelIndex& indice, int ruolo) const {
             const auto riga = riga_originale(indice.row());
             const auto colonna = static_cast<std::size_t>(indice.column());
             const Colore dato = tabella_->primo_piano(riga, colonna);
-            const QRgb testo = dato == kNessunColore ? skin_in_uso().testo : colore_schermo(dato);
-            return QBrush{QColor::fromRgb(leggibile(testo, fondo(indice.row(), indice.column())))};
+            const QRgb sotto = fondo(indice.row(), indice.column());
+            if (dato != kNessunColore) return QBrush{QColor::fromRgb(leggibile(colore_schermo(dato), sotto))};
+            // On a ground that the search chose, the skin's own colour or, where it would be weak, the
+            // strongest.
+            const QRgb proprio = skin_in_uso().testo;
+            return QBrush{QColor::fromRgb(contrasto(proprio, sotto) >= 4.5 ? proprio : testo_su(sotto))};
         }
         case Qt::ToolTipRole: {
             // A text too long for any column.
