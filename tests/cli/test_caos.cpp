@@ -97,7 +97,8 @@ TEST(OgniRicerca, DaLeStesseCelleInOgniFormato) {
         const json j = json::parse(in_json.uscita);
         EXPECT_EQ(j["chiave"], r.chiave);
         // A board's title names its draw.
-        if (r.schermo == Schermo::tab_pos || r.schermo == Schermo::tab_pos_wfl)
+        if (r.schermo == Schermo::tab_pos || r.schermo == Schermo::tab_pos_wfl ||
+            r.schermo == Schermo::tab_pos2)
             EXPECT_NE(j["titolo"].get<std::string>().find('/'), std::string::npos);
         else
             EXPECT_EQ(j["titolo"], r.titolo);
