@@ -8,7 +8,7 @@ namespace sortimetra {
 /// The folders of one run, and the few things that outlive a screen. `main` makes one and hands it down.
 struct Sessione {
     std::filesystem::path
-        percorso_programma;   ///< holds `archivio`, `ric.ini`, the small files of each search
+        percorso_programma;     ///< holds `archivio`, `ric.ini`, the small files of each search
     int scheda_corrente = 1;    ///< catalogue tab to come back to, from 1
     int indice_combo_rit = -1;  ///< entry of `ComboRit` as the statistics screen was left, -1 for none
 

@@ -1,6 +1,7 @@
 #include "positional/stampa_tabellone.h"
 
 #include "archive/ruote.h"
+
 #include <algorithm>
 #include <string>
 #include <string_view>
