@@ -32,7 +32,8 @@ form_tab_pos::form_tab_pos(Sessione& sessione, QWidget* padre)
         QStringLiteral("Command7"), tr("&Visualizzazione dei 10 numeri più in ritardo per ogni ruota"),
         QStringLiteral("tabella"));
     connect(dieci, &QPushButton::clicked, this, &form_tab_pos::mostra_dieci);
-    pagina_dieci_ = componi_pagina_dieci();
+    // It fills members that are declared after it.
+    pagina_dieci_ = componi_pagina_dieci();  // NOLINT(cppcoreguidelines-prefer-member-initializer)
     aggiungi_pagina(pagina_dieci_);
 }
 

@@ -186,7 +186,7 @@ QWidget* PaginaMigliori::componi_scheda(std::size_t prima, std::size_t dopo,
 }
 
 void PaginaMigliori::aggiungi_sotto(QWidget* widget, const QString& titolo) {
-    auto* colonna = static_cast<QVBoxLayout*>(contenuto_->layout());
+    auto* colonna = qobject_cast<QVBoxLayout*>(contenuto_->layout());
     auto* scritta = new QLabel{titolo, contenuto_};
     scritta->setWordWrap(true);
     assegna_ruolo(scritta, "sezione");
@@ -206,7 +206,7 @@ void PaginaMigliori::disponi_schede() {
     const int colonne = std::clamp((larghezza + spazio) / (minima + spazio), 1, 5);
     if (colonne == colonne_) return;
     colonne_ = colonne;
-    auto* griglia = static_cast<QGridLayout*>(campo_->layout());
+    auto* griglia = qobject_cast<QGridLayout*>(campo_->layout());
     for (QWidget* s : schede_) griglia->removeWidget(s);
     for (std::size_t i = 0; i < schede_.size(); ++i) {
         const int n = static_cast<int>(i);
@@ -376,7 +376,7 @@ void form_tab_pos2::costruisci(const Domanda& domanda) {
 }
 
 PaginaMigliori* form_tab_pos2::in_vista() const {
-    return pagina() == cornice_ ? static_cast<PaginaMigliori*>(pila_->currentWidget()) : nullptr;
+    return pagina() == cornice_ ? dynamic_cast<PaginaMigliori*>(pila_->currentWidget()) : nullptr;
 }
 
 void form_tab_pos2::volta(int pagina) {

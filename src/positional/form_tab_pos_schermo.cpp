@@ -334,12 +334,13 @@ void PaginaTabellone::racconta(const QModelIndex& cella) {
 bool PaginaTabellone::eventFilter(QObject* oggetto, QEvent* evento) {
     auto* vista = qobject_cast<QTableView*>(oggetto->parent());
     if (vista != nullptr) {
-        if (evento->type() == QEvent::MouseMove) {
-            racconta(vista->indexAt(static_cast<QMouseEvent*>(evento)->position().toPoint()));
+        if (const auto* mosso = dynamic_cast<QMouseEvent*>(evento);
+            mosso != nullptr && evento->type() == QEvent::MouseMove) {
+            racconta(vista->indexAt(mosso->position().toPoint()));
         } else if (evento->type() == QEvent::Leave) {
             racconta(griglia_->vista()->currentIndex());
-        } else if (evento->type() == QEvent::ToolTip) {
-            const auto* aiuto = static_cast<QHelpEvent*>(evento);
+        } else if (const auto* aiuto = dynamic_cast<QHelpEvent*>(evento);
+                   aiuto != nullptr && evento->type() == QEvent::ToolTip) {
             const QModelIndex cella = vista->indexAt(aiuto->pos());
             if (!cella.isValid() || cella.data().toString().isEmpty())
                 QToolTip::hideText();

@@ -38,7 +38,8 @@ Rapporto stampa_migliori(const MaterialeRapporto& materiale) {
                 for (std::size_t r = 0; r < tabella.righe(); ++scheda) {
                     const std::string famiglia = tabella.testo(r, 0);
                     const float x = inizio_banda(stampante) + kTraColonne * static_cast<float>(scheda % 2);
-                    const float cima = kPrimaScheda + kTraSchede * static_cast<float>(scheda / 2);
+                    const std::size_t fila = scheda / 2;
+                    const float cima = kPrimaScheda + kTraSchede * static_cast<float>(fila);
                     stampante.PrintShape(x, cima, kLarghezzaScheda, kAltezzaScheda, 2);
                     stampante.FontBold(true);
                     stampante.ForeColor(kBluScuro);
