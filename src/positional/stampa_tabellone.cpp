@@ -195,7 +195,8 @@ Rapporto stampa_10_num(const MaterialeRapporto& materiale) {
                 const float inizio = inizio_banda(stampante);
                 for (std::size_t g = 0; g < kGruppi; ++g) {
                     const float x = inizio + kGruppo * static_cast<float>(g % kGruppiFila);
-                    const float y = kPrimaFila + kTraFile * static_cast<float>(g / kGruppiFila);
+                    const std::size_t fila = g / kGruppiFila;
+                    const float y = kPrimaFila + kTraFile * static_cast<float>(fila);
                     const float larga = kGruppo - kSpazio;
                     const auto centro = [&](std::size_t c) { return x + larga * (c == 0 ? 0.28F : 0.72F); };
                     stampante.FontBold(true);

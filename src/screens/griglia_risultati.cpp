@@ -369,7 +369,7 @@ void GrigliaRisultati::blocca_prima_colonna(bool si) {
 void GrigliaRisultati::imposta_tabellone(bool si) {
     tabellone_ = si;
     for (VistaGriglia* v : {vista_, bloccata_})
-        static_cast<PittoreCelle*>(v->itemDelegate())->imposta_tabellone(si);
+        if (auto* pittore = dynamic_cast<PittoreCelle*>(v->itemDelegate())) pittore->imposta_tabellone(si);
     crea_pulsanti();
     adatta_colonne();
 }

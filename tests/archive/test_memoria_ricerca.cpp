@@ -278,7 +278,7 @@ TEST(MemoriaRicerca, ByteACaso) {
 TEST(MemoriaRicerca, DueIstanzeScrivonoInsieme) {
     const CartellaProva cartella;
     constexpr int kProcessi = 4;
-    constexpr int kGiri = 200;
+    constexpr int kGiri = 50;
     MemoriaRicerca{cartella.percorso()}.crea_memoria();
     std::vector<pid_t> figli;
     for (int p = 0; p < kProcessi; ++p) {
