@@ -158,10 +158,7 @@ void metti_righe(Penna& penna, const Tabella& tabella, const Righe& righe) {
     const std::vector<Lettore> colonne = lettori(tabella);
     std::size_t fisso = Forma::kRiga.size() + Forma::kTraRighe.size() + Forma::kFineRiga.size();
     for (const Lettore& c : colonne) fisso += c.posto() + Forma::kTraCelle.size() + 2 * Forma::kApice.size();
-    const auto metti = [](char* p, std::string_view t) {
-        std::memcpy(p, t.data(), t.size());
-        return p + t.size();
-    };
+    const auto metti = [](char* p, std::string_view t) { return std::copy(t.begin(), t.end(), p); };
     // One piece of memory for the whole table; pages that stay untouched cost nothing.
     penna.assicura(std::min(fisso * righe.quante(), kBloccoMassimo));
     for (std::size_t i = 0; i < righe.quante(); ++i) {
