@@ -69,7 +69,7 @@ template <class Quali>
 void gruppo(std::string& testo, std::string_view titolo, Quali&& quali) {
     std::vector<std::string_view> mostrate;
     for (const VoceOpzione& o : opzioni()) {
-        if (!o.pronta || !quali(o)) continue;
+        if (!quali(o)) continue;
         if (std::find(mostrate.begin(), mostrate.end(), o.nome) != mostrate.end()) continue;
         if (mostrate.empty()) {
             testo += '\n';

@@ -385,8 +385,7 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .frase = "Prepara il sistema da giocare a partire da questa riga della tabella, contata da 1.",
      .comandi = kComRicerca,
      .opzione = kOpzSchedina,
-     .leggi = leggi_schedina,
-     .pronta = false},
+     .leggi = leggi_schedina},
     // The scope.
     {.nome = "--ruote",
      .meta = "ELENCO",

@@ -66,8 +66,6 @@ struct VoceOpzione {
     std::span<const std::string_view> parole{};  ///< the words that it takes, for near misses
     /// Puts the value (empty for a switch) in its place; false if it is none.
     bool (*leggi)(std::string_view valore, Richiesta& richiesta) = nullptr;
-    /// False until what it asks for is built: the help does not show it.
-    bool pronta = true;
     /// Says in place of `atteso` what a value that is none should have been: a whole sentence.
     std::string (*spiega)(std::string_view valore, const Richiesta& richiesta) = nullptr;
 };
