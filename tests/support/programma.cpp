@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <stdexcept>
 
 namespace sortimetra::prove {
@@ -60,6 +61,9 @@ Esito esegui_programma(const std::string& programma, const std::vector<std::stri
     parole.insert(parole.end(), argomenti.begin(), argomenti.end());
     std::vector<std::string> ambiente{"LC_ALL=C", "PATH=/usr/bin:/bin", "HOME=" + avvio.cartella.string(),
                                       "QT_QPA_PLATFORM=offscreen"};
+    // Under the sanitizers a program started here obeys the same settings as the one that starts it.
+    for (const char* nome : {"ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"})
+        if (const char* valore = std::getenv(nome)) ambiente.push_back(std::string{nome} + "=" + valore);
     const auto puntatori = [](std::vector<std::string>& testi) {
         std::vector<char*> p;
         for (std::string& t : testi) p.push_back(t.data());
