@@ -211,6 +211,7 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     griglia_->imposta_tabellone(true);
     griglia_->blocca_prima_colonna(true);
     griglia_->vista()->setObjectName(griglia);
+    griglia_->vista()->setAccessibleName(tr("Tabellone"));
     griglia_->imposta_frase_vuota(tr("A questo concorso non c'è nessun numero sul tabellone."));
     stato_->setObjectName(QStringLiteral("lblstato"));
     stato_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

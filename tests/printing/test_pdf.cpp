@@ -10,6 +10,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <QImage>
+#include <QPainter>
 #include <QPdfWriter>
 #include <array>
 #include <csignal>
@@ -229,6 +231,44 @@ TEST(Pdf, LeMisureSonoQuelleDellaCarta) {
     EXPECT_NEAR(superficie.foglio().larghezza, 297, 0.1);
     superficie.imposta({.foglio = 1, .orientamento = Orientamento::verticale});
     EXPECT_NEAR(superficie.foglio().altezza, 279.4, 0.2);
+}
+
+TEST(Pdf, LaLineaSottoUnTestoStaSottoDiEsso) {
+    const prove::CartellaProva cartella;
+    SenzaAvanzamento nessuno;
+    // Makes the application that fonts need, if no test before has.
+    ASSERT_TRUE(scrivi_pdf(un_foglio([](EasyPrint&) {}), cartella.percorso() / "a.pdf", nessuno));
+    constexpr int kPunti = 5;  // a millimetre
+    QImage immagine{210 * kPunti, 297 * kPunti, QImage::Format_Grayscale8};
+    immagine.fill(Qt::white);
+    QPainter pittore{&immagine};
+    pittore.scale(kPunti, kPunti);
+    double larga = 0;
+    {
+        SuperficieQt superficie{pittore, {210, 297}, Orientamento::verticale};
+        superficie.stato.carattere = {.corpo = 20, .sottolineato = true};
+        larga = superficie.larghezza("H H");
+        if (larga == 0) GTEST_SKIP() << "nessun carattere installato";
+        superficie.stato.x = 100;
+        superficie.stato.y = 100;
+        EXPECT_TRUE(superficie.scrivi("H H"));
+        EXPECT_TRUE(superficie.fine());
+    }
+    pittore.end();
+    // Some line of dots is dark from the text's first letter to its last, and nothing is dark beside it.
+    bool linea = false;
+    for (int y = 0; y < immagine.height(); ++y) {
+        int scuri = 0;
+        for (int x = 0; x < immagine.width(); ++x) {
+            if (qGray(immagine.pixel(x, y)) > 128) continue;
+            ++scuri;
+            EXPECT_GE(x, 99 * kPunti);
+            EXPECT_LE(x, (101 + larga) * kPunti);
+            EXPECT_GE(y, 99 * kPunti);
+        }
+        linea = linea || scuri > 0.95 * larga * kPunti;
+    }
+    EXPECT_TRUE(linea);
 }
 
 TEST(Pdf, ScostamentoDellAreaStampabile) {

@@ -240,7 +240,7 @@ class TestTabelloni final : public QObject {
     }
 
     void il_numero_sotto_il_puntatore() {
-        auto& form = apri<form_tab_pos>(kTabellone);
+        apri<form_tab_pos>(kTabellone);
         clic("cmdopzioni_1");
         auto* griglia = controllo<QTableView>("MSFlexGrid1");
         auto* pagina = controllo<PaginaTabellone>("FrameTabellone");
@@ -271,7 +271,6 @@ class TestTabelloni final : public QObject {
         griglia->setCurrentIndex(cella);
         QTest::keyClick(griglia, Qt::Key_Left);
         QVERIFY(stato->text().contains(QStringLiteral("Cagliari, 1° estratto")));
-        Q_UNUSED(form);
     }
 
     void ctrl_f_trova_il_numero_intero() {
