@@ -1,26 +1,16 @@
 # `cmake --install build/release --prefix DIR`, and `cpack` in build/release for a Debian package.
 
-install(TARGETS sortimetra-cli)
-if(TARGET sortimetra)
-    install(TARGETS sortimetra)
-endif()
-# No program for people: out of the command path, found by its place relative to the others.
-if(TARGET sortimetra-lettore-jet)
-    install(TARGETS sortimetra-lettore-jet DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/sortimetra)
-endif()
+install(TARGETS sortimetra sortimetra-cli)
+# What follows is found by its place relative to the programs, so these two folders are fixed.
+# No program for people: out of the command path.
+install(TARGETS sortimetra-lettore-jet DESTINATION libexec/sortimetra)
+
+# The module that sortimetra-cli loads when it writes a PDF.
+install(TARGETS sortimetra-pdf LIBRARY DESTINATION lib/sortimetra)
 
 install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-if(EXISTS ${PROJECT_SOURCE_DIR}/data)
-    install(DIRECTORY data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/sortimetra
-            PATTERN "*.desktop" EXCLUDE PATTERN "*.qrc" EXCLUDE
-            PATTERN "*.cpp" EXCLUDE PATTERN "CMakeLists.txt" EXCLUDE)
-    file(GLOB voci_menu data/*.desktop)
-    install(FILES ${voci_menu} DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-    if(EXISTS ${PROJECT_SOURCE_DIR}/data/sortimetra.svg)
-        install(FILES data/sortimetra.svg
-                DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-    endif()
-endif()
+install(FILES data/sortimetra.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES data/sortimetra.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME sortimetra)
