@@ -11,7 +11,6 @@
 #include <chrono>
 #include <cstdint>
 #include <cstring>
-#include <limits>
 #include <optional>
 #include <set>
 #include <utility>
@@ -201,32 +200,27 @@ class LettoreVeloce {
 /// Which wheels each day has, and from it the place of every row in the order of date and wheel.
 class Giorni {
   public:
-    Giorni() : ruote_(static_cast<std::size_t>((kUltimaData - kPrimaData).count()) + 1) {}
-
     /// Returns false if the wheel is there already.
     bool aggiungi(const RigaLotto& r) {
-        const std::size_t g = giorno(r.data);
+        std::uint16_t& ruote = del_giorno(giorno(r.data));
         const auto bit = static_cast<std::uint16_t>(1U << static_cast<unsigned>(r.ruota));
-        if ((ruote_[g] & bit) != 0) return false;
-        ruote_[g] = static_cast<std::uint16_t>(ruote_[g] | bit);
-        primo_ = std::min(primo_, g);
-        ultimo_ = std::max(ultimo_, g);
+        if ((ruote & bit) != 0) return false;
+        ruote = static_cast<std::uint16_t>(ruote | bit);
         return true;
     }
 
     [[nodiscard]] std::vector<RigaLotto> ordina(const std::vector<RigaLotto>& righe) const {
-        if (righe.empty()) return {};
-        std::vector<std::uint32_t> prima(ultimo_ - primo_ + 1);
+        std::vector<std::uint32_t> prima(ruote_.size());
         std::uint32_t somma = 0;
-        for (std::size_t g = primo_; g <= ultimo_; ++g) {
-            prima[g - primo_] = somma;
+        for (std::size_t g = 0; g < ruote_.size(); ++g) {
+            prima[g] = somma;
             somma += static_cast<std::uint32_t>(std::popcount(ruote_[g]));
         }
         std::vector<RigaLotto> ordinate(righe.size());
         for (const RigaLotto& r : righe) {
-            const std::size_t g = giorno(r.data);
+            const std::size_t g = giorno(r.data) - primo_;
             const unsigned minori = ruote_[g] & ((1U << static_cast<unsigned>(r.ruota)) - 1);
-            ordinate[prima[g - primo_] + static_cast<std::uint32_t>(std::popcount(minori))] = r;
+            ordinate[prima[g] + static_cast<std::uint32_t>(std::popcount(minori))] = r;
         }
         return ordinate;
     }
@@ -234,9 +228,20 @@ class Giorni {
   private:
     static std::size_t giorno(Data data) { return static_cast<std::size_t>((data - kPrimaData).count()); }
 
-    std::vector<std::uint16_t> ruote_;
-    std::size_t primo_ = std::numeric_limits<std::size_t>::max();
-    std::size_t ultimo_ = 0;
+    std::uint16_t& del_giorno(std::size_t g) {
+        if (ruote_.empty()) primo_ = g;
+        if (g < primo_) {
+            // As much again towards the past, so that a file in descending order moves the rest but seldom.
+            const std::size_t nuovo = std::min(g, primo_ - std::min(primo_, ruote_.size()));
+            ruote_.insert(ruote_.begin(), primo_ - nuovo, 0);
+            primo_ = nuovo;
+        }
+        if (g - primo_ >= ruote_.size()) ruote_.resize(g - primo_ + 1);
+        return ruote_[g - primo_];
+    }
+
+    std::size_t primo_ = 0;             ///< day of the first entry, counted from `kPrimaData`
+    std::vector<std::uint16_t> ruote_;  ///< bit w is set where wheel w has a row
 };
 
 // ---- the texts with a title line ----
