@@ -96,6 +96,10 @@ std::string aiuto_generale() {
     for (const Comando& c : comandi())
         if (c.esegui != nullptr) voce(t, c.nome, c.frase);
     gruppo(t, "Opzioni di ogni comando:", di_ogni_comando);
+    t += '\n';
+    paragrafo(t,
+              "Le opzioni stanno dove si vuole, ciascuna una volta sola; il valore segue uno spazio o \"=\": "
+              "--da 100, --da=100. Gli elenchi sono uniti da virgole.");
     t += "\nPer cominciare:\n"
          "  sortimetra-cli dimostrazione\n"
          "  sortimetra-cli elenco\n"
