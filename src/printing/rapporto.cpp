@@ -7,6 +7,7 @@
 #include <cmath>
 #include <memory>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace sortimetra {
@@ -92,12 +93,14 @@ std::size_t blocchi(std::size_t righe) {
     return (righe + kRigheBlocco - 1) / kRigheBlocco;
 }
 
-/// Whether a result is the usual grid: number or combination and the three measures.
+/// Whether a result is the usual grid: number or combination and the three measures, under whatever titles the
+/// screen has room for.
 bool e_griglia(const Risultato& risultato) {
-    return risultato.tabelle.size() == 1 && risultato.tabelle[0].n_colonne() == kLarghe.size() &&
-           risultato.tabelle[0].titoli.size() == 1 &&
-           risultato.tabelle[0].titoli[0].size() == kLarghe.size() &&
-           risultato.tabelle[0].titoli[0][1] == kLarghe[1].titolo;
+    if (risultato.tabelle.size() != 1) return false;
+    const Tabella& t = risultato.tabelle[0];
+    return t.n_colonne() == kLarghe.size() && t.titoli.size() == 1 && t.titoli[0].size() == kLarghe.size() &&
+           std::all_of(t.colonne.begin() + 1, t.colonne.end(),
+                       [](const Colonna& c) { return std::holds_alternative<ColonnaInteri>(c); });
 }
 
 }  // namespace

@@ -264,6 +264,16 @@ TEST(Griglia, LeCombinazioniLungheSiStringono) {
     EXPECT_EQ(s.foglio.trova("120")->carattere.corpo, 10);
 }
 
+TEST(Griglia, ITitoliCortiDelloSchermoSulFoglioSonoInteri) {
+    Risultato r = griglia(3);
+    r.tabelle[0].titoli = {{"Numeri", "Freq.", "Rit.", "R. S."}};
+    const Stampato s{rapporto_griglia({r, kTesta, {}})};
+    EXPECT_EQ(s.in(87.5, 64.5), "Frequenza");
+    EXPECT_EQ(s.in(177.5, 64.5), "Ritardo Storico");
+    EXPECT_EQ(s.in(177.5, y_riga(3)), "12");
+    EXPECT_EQ(s.foglio.trova("R. S."), nullptr);
+}
+
 TEST(Griglia, NellOrdineDelloSchermo) {
     const Risultato r = griglia(3);
     const std::vector<std::uint32_t> ordine{2, 0, 1};

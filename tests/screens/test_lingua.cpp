@@ -1,12 +1,16 @@
 #include "screens/lingua.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QtTest>
 
@@ -49,6 +53,20 @@ class TestLingua : public QObject {
         scritte.replaceInStrings(QStringLiteral("&"), QString{});
         QVERIFY2(scritte.contains(QStringLiteral("Salva")), qPrintable(scritte.join(QLatin1Char('|'))));
         for (const char* inglese : {"Look in:", "Files of type:", "File name:", "Save", "Cancel"})
+            QVERIFY2(!scritte.contains(QLatin1String(inglese)), inglese);
+    }
+
+    void la_finestra_della_stampante() {
+        QPrinter stampante;
+        QPrintDialog d{&stampante};
+        QStringList scritte;
+        for (const QLabel* l : d.findChildren<QLabel*>()) scritte << l->text();
+        for (const QAbstractButton* b : d.findChildren<QAbstractButton*>()) scritte << b->text();
+        for (const QGroupBox* q : d.findChildren<QGroupBox*>()) scritte << q->title();
+        scritte.replaceInStrings(QStringLiteral("&"), QString{});
+        scritte << d.windowTitle();
+        QVERIFY2(scritte.contains(QStringLiteral("Stampa")), qPrintable(scritte.join(QLatin1Char('|'))));
+        for (const char* inglese : {"Print", "Printer", "Copies", "Options", "Properties", "Cancel"})
             QVERIFY2(!scritte.contains(QLatin1String(inglese)), inglese);
     }
 
