@@ -6,6 +6,7 @@
 #include "positional/form_tab_pos_wfl.h"
 #include "printing/form_anteprima.h"
 #include "printing/frm_stampa_fcpb.h"
+#include "screens/stampanti.h"
 #include "statistics/form_stat.h"
 
 #include <QImage>
@@ -14,13 +15,15 @@ namespace sortimetra {
 
 namespace {
 
-/// A page of the screen as a picture, as large as an upright sheet lets it be between margins of 10 mm.
-void stampa_immagine(QWidget* finestra, const QImage& immagine) {
-    if (immagine.isNull()) return;
+/// A page of the screen as a picture, as large as an upright sheet lets it be between margins of 10 mm. False
+/// where there is no printer to measure the sheet by: then the report is what can be kept.
+bool stampa_immagine(QWidget* finestra, const QImage& immagine) {
+    if (immagine.isNull() || stampanti().predefinita().isEmpty()) return false;
     constexpr QSizeF kSpazio{190, 277};
     const QSizeF misura = QSizeF{immagine.size()}.scaled(kSpazio, Qt::KeepAspectRatio);
     frmStampaFCPB stampa{finestra};
-    stampa.StampaFCPB(immagine, 10, 10, misura.width(), misura.height());
+    stampa.StampaFCPB(immagine, 10, 10, misura.width(), misura.height(), finestra->windowTitle());
+    return true;
 }
 
 /// The row of a screen that is made from the session and has `apri(ricerca, archivio)`, as all that stand on

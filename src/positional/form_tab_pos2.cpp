@@ -412,7 +412,7 @@ void form_tab_pos2::ripeti() {
     if (PaginaMigliori* p = in_vista()) calcola(p);
 }
 
-void form_tab_pos2::imposta_stampa_immagine(std::function<void(QWidget*, const QImage&)> stampa) {
+void form_tab_pos2::imposta_stampa_immagine(std::function<bool(QWidget*, const QImage&)> stampa) {
     stampa_immagine_ = std::move(stampa);
     aggiorna_comandi();
 }
@@ -420,9 +420,7 @@ void form_tab_pos2::imposta_stampa_immagine(std::function<void(QWidget*, const Q
 void form_tab_pos2::stampa() {
     PaginaMigliori* p = in_vista();
     if (p == nullptr || !p->risultato() || in_corsa()) return;
-    if (stampa_immagine_)
-        stampa_immagine_(this, p->immagine());
-    else
+    if (!stampa_immagine_ || !stampa_immagine_(this, p->immagine()))
         stampa_risultato(*ricerca(), p->risultato(), p->domanda());
 }
 

@@ -97,7 +97,7 @@ class form_tab_pos2 final : public SchermoConcorso {
     void CalcolaTabellone2();
 
     /// Prints a picture; without it a page is printed as a report.
-    void imposta_stampa_immagine(std::function<void(QWidget* finestra, const QImage&)> stampa);
+    void imposta_stampa_immagine(std::function<bool(QWidget* finestra, const QImage&)> stampa);
     void stampa() override;
     void esporta() override;
 
@@ -122,7 +122,7 @@ class form_tab_pos2 final : public SchermoConcorso {
     AreaParametri* area_;
     QLabel* concorso_;
     GrigliaDieci* dieci_;
-    std::function<void(QWidget*, const QImage&)> stampa_immagine_;
+    std::function<bool(QWidget*, const QImage&)> stampa_immagine_;
     Domanda chiesta_;
 };
 

@@ -4,6 +4,7 @@
 #include "printing/qt_pdf.h"
 #include "printing/qt_superficie.h"
 #include "screens/casella_cifre.h"
+#include "screens/esporta.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/schermo_ricerca.h"
@@ -26,6 +27,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -48,14 +50,6 @@ QLabel* etichetta(const QString& testo, QWidget* compagno, const char* ruolo = n
     l->setBuddy(compagno);
     if (ruolo != nullptr) assegna_ruolo(l, ruolo);
     return l;
-}
-
-/// A file name that any disk takes.
-QString nome_file(const std::string& titolo) {
-    QString nome = QString::fromStdString(titolo).simplified();
-    for (QChar& c : nome)
-        if (QStringLiteral("/\\:*?\"<>|").contains(c)) c = QLatin1Char{'-'};
-    return nome.isEmpty() ? QStringLiteral("rapporto") : nome;
 }
 
 }  // namespace
@@ -147,6 +141,7 @@ void FormAnteprima::componi() {
     riga->setSpacing(4 * kPasso);
 
     scorri_->setObjectName(QStringLiteral("scorriAnteprima"));
+    scorri_->setAccessibleName(tr("Anteprima della pagina"));
     scorri_->setWidget(foglio_);
     scorri_->setAlignment(Qt::AlignCenter);
     scorri_->setMinimumSize(240, 240);
@@ -212,6 +207,18 @@ void FormAnteprima::componi() {
     destra->setContentsMargins(0, 0, 0, 0);
     colonna->setMinimumWidth(kLarghezzaColonna);
     riga->addWidget(colonna);
+    // As the eye goes, whatever was made first.
+    QWidget* const giro[] = {indietro_,
+                             avanti_,
+                             txt_pagina_,
+                             grandezza_,
+                             txtpag_0_,
+                             txtpag_1_,
+                             findChild<QPushButton*>(QStringLiteral("cmdopzioni_0")),
+                             findChild<QPushButton*>(QStringLiteral("cmdopzioni_1")),
+                             pdf,
+                             scorri_};
+    for (std::size_t i = 1; i < std::size(giro); ++i) setTabOrder(giro[i - 1], giro[i]);
 
     auto* stampa_subito = new QShortcut{Qt::CTRL | Qt::Key_P, this};
     connect(stampa_subito, &QShortcut::activated, this, &FormAnteprima::stampa);
@@ -349,11 +356,8 @@ void FormAnteprima::stampa() {
 
 void FormAnteprima::salva_pdf() {
     if (in_corsa_ || !pagine_valide()) return;
-    auto scelto =
-        messaggi().file_da_scrivere(this, tr("Salva come PDF"), nome_file(rapporto_.titolo) + ".pdf",
-                                    tr("Documento PDF (*.pdf)"), nullptr);
+    const auto scelto = chiedi_pdf(this, QString::fromStdString(rapporto_.titolo));
     if (!scelto) return;
-    if (!scelto->endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) *scelto += QStringLiteral(".pdf");
     std::expected<void, ErroreArchivio> esito;
     bool annullata = false;
     con_avanzamento([&](CorsaRicerca& corsa) {

@@ -1,16 +1,20 @@
 #include "printing/frm_stampa_fcpb.h"
 
 #include "printing/fogli.h"
+#include "printing/qt_pdf.h"
 #include "printing/qt_superficie.h"
 #include "screens/casella_cifre.h"
+#include "screens/esporta.h"
 #include "screens/messaggi.h"
 #include "screens/stampanti.h"
 #include "screens/tema.h"
 
 #include <QBuffer>
 #include <QCheckBox>
+#include <QFile>
 #include <QFormLayout>
 #include <QFrame>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -24,6 +28,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace sortimetra {
@@ -39,6 +44,17 @@ constexpr double kFinezza = 3;
 
 QString righe(std::initializer_list<QString> testi) {
     return QStringList{testi}.join(QLatin1Char{'\n'});
+}
+
+/// The picture as a surface takes it: the bytes of a file.
+QByteArray byte_immagine(const QImage& immagine) {
+    QByteArray byte;
+    QBuffer memoria{&byte};
+    immagine.save(&memoria, "BMP");
+    return byte;
+}
+Immagine come_immagine(const QByteArray& byte) {
+    return {"oggetto", {byte.constData(), static_cast<std::size_t>(byte.size())}};
 }
 
 }  // namespace
@@ -207,9 +223,16 @@ void frmStampaFCPB::componi() {
 
     auto* colonna = new QVBoxLayout;
     colonna->setSpacing(2 * kPasso);
-    auto* moduli = new QFormLayout;
+    auto* moduli = new QGridLayout;
     moduli->setHorizontalSpacing(2 * kPasso);
     moduli->setVerticalSpacing(2 * kPasso);
+    moduli->setColumnStretch(1, 1);
+    const auto scritta = [&](int riga_modulo, const QString& testo, QWidget* casella) {
+        auto* l = new QLabel{testo, this};
+        l->setBuddy(casella);
+        moduli->addWidget(l, riga_modulo, 0);
+        moduli->addWidget(casella, riga_modulo, 1);
+    };
     struct Casella {
         QLineEdit* casella;
         const char* nome;
@@ -219,11 +242,15 @@ void frmStampaFCPB::componi() {
                                {txt_y_, "txtPrY", tr("S&uperiore:")},
                                {txt_w_, "txtPrW", tr("Largh&ezza:")},
                                {txt_h_, "txtPrH", tr("Al&tezza:")}};
+    int n = 0;
     for (const Casella& c : caselle) {
         c.casella->setObjectName(QLatin1String{c.nome});
         c.casella->setAlignment(Qt::AlignRight);
         c.casella->setToolTip(tr("In millimetri"));
-        moduli->addRow(c.scritta, c.casella);
+        scritta(n, c.scritta, c.casella);
+        auto* mm = new QLabel{QStringLiteral("mm"), this};
+        assegna_ruolo(mm, "quieto");
+        moduli->addWidget(mm, n++, 2);
     }
     txt_scala_->setObjectName(QStringLiteral("txtScala"));
     txt_scala_->setAlignment(Qt::AlignRight);
@@ -231,17 +258,12 @@ void frmStampaFCPB::componi() {
     auto* ok = new QPushButton{tr("OK"), this};
     ok->setObjectName(QStringLiteral("cmdScala"));
     ok->setAutoDefault(false);
-    auto* riga_scala = new QHBoxLayout;
-    riga_scala->setSpacing(2 * kPasso);
-    riga_scala->addWidget(txt_scala_, 1);
-    riga_scala->addWidget(ok);
-    auto* scritta_scala = new QLabel{tr("Sca&la:"), this};
-    scritta_scala->setBuddy(txt_scala_);
-    moduli->addRow(scritta_scala, riga_scala);
+    scritta(n, tr("Sca&la:"), txt_scala_);
+    moduli->addWidget(ok, n++, 2);
     txt_copie_->setObjectName(QStringLiteral("txtNCopies"));
     txt_copie_->setText(QStringLiteral("1"));
     txt_copie_->setMaxLength(3);
-    moduli->addRow(tr("C&opie:"), txt_copie_);
+    scritta(n, tr("C&opie:"), txt_copie_);
     colonna->addLayout(moduli);
 
     proporzioni_->setObjectName(QStringLiteral("chkProporzioni"));
@@ -287,12 +309,21 @@ void frmStampaFCPB::componi() {
     auto* chiudi = new QPushButton{tr("Chiudi "), this};
     chiudi->setObjectName(QStringLiteral("cmdChiudi"));
     chiudi->setAutoDefault(false);
+    auto* pdf = new QPushButton{tr("Salva come &PDF…"), this};
+    pdf->setObjectName(QStringLiteral("cmdPdf"));
+    pdf->setIcon(icona(QStringLiteral("esporta")));
+    pdf->setAutoDefault(false);
+    colonna->addWidget(pdf);
     auto* bottoni = new QHBoxLayout;
     bottoni->setSpacing(2 * kPasso);
     bottoni->addWidget(cmd_stampa_, 1);
     bottoni->addWidget(chiudi);
     colonna->addLayout(bottoni);
     riga->addLayout(colonna);
+    // As the eye goes, whatever was made first.
+    QWidget* const giro[] = {preview_,     txt_x_,  txt_y_,  txt_w_,  txt_h_, txt_scala_,  ok,    txt_copie_,
+                             proporzioni_, centro_, origine, massimo, pdf,    cmd_stampa_, chiudi};
+    for (std::size_t i = 1; i < std::size(giro); ++i) setTabOrder(giro[i - 1], giro[i]);
 
     timer_->setObjectName(QStringLiteral("Timer1"));
     timer_->setSingleShot(true);
@@ -324,6 +355,7 @@ void frmStampaFCPB::componi() {
         mostra_valori();
     });
     connect(cmd_stampa_, &QPushButton::clicked, this, &frmStampaFCPB::stampa);
+    connect(pdf, &QPushButton::clicked, this, &frmStampaFCPB::salva_pdf);
     connect(chiudi, &QPushButton::clicked, this, &QDialog::reject);
     // The label "in corso" must be on the screen before the printer keeps the thread busy.
     connect(timer_, &QTimer::timeout, this, [this] {
@@ -374,6 +406,7 @@ bool frmStampaFCPB::StampaFCPB(const OggettoStampa& oggetto, double x, double y,
     immagine_ = Copia_Oggetto(oggetto);
     if (immagine_.isNull() || !Legge_PictureBox()) return false;
 
+    nome_ = chiamato;
     setWindowTitle(QStringLiteral("Anteprima di stampa ") + chiamato);
     preview_->imposta_immagine(immagine_);
     mostra_zoom();
@@ -402,17 +435,18 @@ bool frmStampaFCPB::OpenDocPrinter(const QString& nome) {
 
 bool frmStampaFCPB::FoglioStampa() {
     const QPageLayout layout = stampante_->pageLayout();
-    const bool verticale = layout.orientation() == QPageLayout::Portrait;
-    if (!verticale && layout.orientation() != QPageLayout::Landscape) {
+    verticale_ = layout.orientation() == QPageLayout::Portrait;
+    if (!verticale_ && layout.orientation() != QPageLayout::Landscape) {
         errore("FoglioStampa", QStringLiteral("Orientamento errato"));
         return false;
     }
     foglio_ = layout.fullRect(QPageLayout::Millimeter).size();
     const QSizeF dritto = layout.pageSize().size(QPageSize::Millimeter);
-    const auto nome = nome_foglio(codice_foglio({dritto.width(), dritto.height()}));
+    codice_foglio_ = codice_foglio({dritto.width(), dritto.height()});
+    const auto nome = nome_foglio(codice_foglio_);
     testo_foglio_ = QStringLiteral(" Foglio: ") +
                     QString::fromUtf8(nome.data(), static_cast<qsizetype>(nome.size())) +
-                    (verticale ? QStringLiteral(",  Portrait") : QStringLiteral(",  Landscape"));
+                    (verticale_ ? QStringLiteral(",  Portrait") : QStringLiteral(",  Landscape"));
     fra_foglio_->setTitle(testo_foglio_);
     lbl_fg_w_->setText(testo_misura(foglio_.width()));
     lbl_fg_h_->setText(testo_misura(foglio_.height()));
@@ -573,11 +607,29 @@ void frmStampaFCPB::stampa() {
     timer_->start();
 }
 
+void frmStampaFCPB::salva_pdf() {
+    const auto scelto = chiedi_pdf(this, nome_);
+    if (!scelto) return;
+    const QByteArray byte = byte_immagine(immagine_);
+    const auto misura = [](double mm) { return static_cast<float>(mm); };
+    const Rapporto rapporto{.titolo = nome_.toStdString(),
+                            .orientamento = verticale_ ? Orientamento::verticale : Orientamento::orizzontale,
+                            .disegna = [&](EasyPrint& stampante, int) {
+                                stampante.PaperSize(static_cast<std::int16_t>(codice_foglio_));
+                                stampante.PrintPicture(come_immagine(byte), misura(cornice_.x()),
+                                                       misura(cornice_.y()), misura(cornice_.width()),
+                                                       misura(cornice_.height()));
+                            }};
+    SenzaAvanzamento nessuno;
+    if (const auto esito = scrivi_pdf(rapporto, QFile::encodeName(*scelto).toStdString(), nessuno); !esito)
+        messaggi().avvisa(this, kTitoloMessaggi, QString::fromStdString(esito.error().testo()));
+    else
+        messaggi().informa(this, kTitoloMessaggi, tr("Scritto in %1").arg(*scelto));
+}
+
 void frmStampaFCPB::Print_FCPB(double x, double y, double larghezza, double altezza) {
-    QByteArray byte;
-    QBuffer memoria{&byte};
-    immagine_.save(&memoria, "BMP");
-    const Immagine immagine{"oggetto", {byte.constData(), static_cast<std::size_t>(byte.size())}};
+    const QByteArray byte = byte_immagine(immagine_);
+    const Immagine immagine = come_immagine(byte);
     const int copie = txt_copie_->text().toInt();
     for (int copia = 0; copia < copie; ++copia) {
         stampanti().nuovo_documento(*stampante_);

@@ -102,6 +102,8 @@ class frmStampaFCPB final : public QDialog {
     void centra();
     void usa_tutto();
     void stampa();
+    /// The sheet as a file: paper, place and size as they are shown.
+    void salva_pdf();
     void errore(const char* routine, const QString& testo);
 
     std::unique_ptr<QPrinter> stampante_;
@@ -109,6 +111,9 @@ class frmStampaFCPB final : public QDialog {
     QSizeF naturale_;  ///< of the picture
     QSizeF foglio_{210, 297};
     QString testo_foglio_;
+    int codice_foglio_ = 9;  ///< paper code, see fogli.h
+    bool verticale_ = true;
+    QString nome_;  ///< of the object, as messages call it
     QRectF cornice_;
 
     QLabel* pic_copia_;

@@ -16,20 +16,45 @@ namespace sortimetra {
 
 namespace {
 
-/// The folder of the last export of this run: the next one starts there.
+/// The folder of the last document of this run: the next one is offered there.
 QString ultima_cartella;
 
-QString nome_proposto(const Risultato& risultato) {
-    QString nome = QString::fromStdString(risultato.titolo).simplified();
+/// A path in a name that any disk takes.
+QString percorso_proposto(const QString& documento, const QString& fine) {
+    QString nome = documento.simplified();
     nome.replace(QRegularExpression{QStringLiteral("[\\\\/:*?\"<>|]+")}, QStringLiteral("-"));
     if (nome.isEmpty()) nome = QStringLiteral("risultato");
     const QString cartella = ultima_cartella.isEmpty()
                                  ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
                                  : ultima_cartella;
-    return QDir{cartella}.filePath(nome + QStringLiteral(".csv"));
+    return QDir{cartella}.filePath(nome + fine);
 }
 
 }  // namespace
+
+std::optional<QString> chiedi_file(QWidget* finestra, const QString& titolo, const QString& documento,
+                                   const QString& filtri, QString* filtro,
+                                   const std::function<QString(QString scelto)>& finale) {
+    const auto scelto = messaggi().file_da_scrivere(
+        finestra, titolo, percorso_proposto(documento, finale(QString{})), filtri, filtro);
+    if (!scelto) return std::nullopt;
+    const QString file = finale(*scelto);
+    // The dialog asked about the name that it saw.
+    if (file != *scelto && QFileInfo::exists(file) &&
+        !messaggi().chiede(finestra, kTitoloMessaggi,
+                           QWidget::tr("%1 esiste già.\nVuoi sostituirlo?").arg(QFileInfo{file}.fileName())))
+        return std::nullopt;
+    ultima_cartella = QFileInfo{file}.absolutePath();
+    return file;
+}
+
+std::optional<QString> chiedi_pdf(QWidget* finestra, const QString& documento) {
+    const QString pdf = QStringLiteral(".pdf");
+    return chiedi_file(finestra, QWidget::tr("Salva come PDF"), documento,
+                       QWidget::tr("Documento PDF (*.pdf)"), nullptr, [&](const QString& scelto) {
+                           return scelto.endsWith(pdf, Qt::CaseInsensitive) ? scelto : scelto + pdf;
+                       });
+}
 
 std::optional<QString> esporta_risultato(QWidget* finestra, const Risultato& risultato,
                                          std::span<const std::uint32_t> ordine) {
@@ -38,25 +63,27 @@ std::optional<QString> esporta_risultato(QWidget* finestra, const Risultato& ris
     const QString xlsx = QWidget::tr("Cartella di lavoro (*.xlsx)");
     const QString json = QWidget::tr("JSON (*.json)");
     QString filtro = csv;
-    std::optional<QString> scelto =
-        messaggi().file_da_scrivere(finestra, QWidget::tr("Esporta il risultato"), nome_proposto(risultato),
-                                    csv + QStringLiteral(";;") + xlsx + QStringLiteral(";;") + json, &filtro);
+    const auto finale = [&](QString nome) {
+        // The kind chosen in the dialog holds where the name has no ending, or still the one that was
+        // offered.
+        const QString fine = QFileInfo{nome}.suffix().toLower();
+        const QString voluta = filtro == xlsx   ? QStringLiteral("xlsx")
+                               : filtro == json ? QStringLiteral("json")
+                                                : QStringLiteral("csv");
+        if (fine != QLatin1String("csv") && fine != QLatin1String("xlsx") && fine != QLatin1String("json")) {
+            nome += QLatin1Char{'.'} + voluta;
+        } else if (fine == QLatin1String("csv") && voluta != fine) {
+            nome.chop(3);
+            nome += voluta;
+        }
+        return nome;
+    };
+    const auto scelto =
+        chiedi_file(finestra, QWidget::tr("Esporta il risultato"), QString::fromStdString(risultato.titolo),
+                    csv + QStringLiteral(";;") + xlsx + QStringLiteral(";;") + json, &filtro, finale);
     if (!scelto) return std::nullopt;
-    // The kind chosen in the dialog holds where the name has no ending, or still the one that was offered.
-    QString fine = QFileInfo{*scelto}.suffix().toLower();
-    const QString voluta = filtro == xlsx   ? QStringLiteral("xlsx")
-                           : filtro == json ? QStringLiteral("json")
-                                            : QStringLiteral("csv");
-    if (fine != QLatin1String("csv") && fine != QLatin1String("xlsx") && fine != QLatin1String("json")) {
-        *scelto += QLatin1Char{'.'} + voluta;
-        fine = voluta;
-    } else if (fine == QLatin1String("csv") && voluta != fine) {
-        scelto->chop(3);
-        *scelto += voluta;
-        fine = voluta;
-    }
-    ultima_cartella = QFileInfo{*scelto}.absolutePath();
 
+    const QString fine = QFileInfo{*scelto}.suffix().toLower();
     const std::filesystem::path file{scelto->toStdU16String()};
     const RigheScelte righe{.ordine = ordine};
     std::expected<void, ErroreArchivio> esito;

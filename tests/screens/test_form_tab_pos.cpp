@@ -528,7 +528,10 @@ class TestTabelloni final : public QObject {
     void la_pagina_si_stampa_come_immagine() {
         auto& form = apri<form_tab_pos2>(kMigliori);
         QImage immagine;
-        form.imposta_stampa_immagine([&](QWidget*, const QImage& i) { immagine = i; });
+        form.imposta_stampa_immagine([&](QWidget*, const QImage& i) {
+            immagine = i;
+            return true;
+        });
         clic("cmdopzioni_1");
         QVERIFY(!controllo<QPushButton>("Command6")->isEnabled());
         clic("Command8");

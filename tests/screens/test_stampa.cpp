@@ -1,3 +1,4 @@
+#include "archive/dimostrazione.h"
 #include "catalogue/form_ricerche_schermi.h"
 #include "catalogue/ricerche.h"
 #include "printing/form_anteprima.h"
@@ -7,6 +8,8 @@
 #include "screens/stampanti.h"
 #include "support/archivi.h"
 
+#include <QAccessible>
+#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QFrame>
@@ -18,8 +21,10 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <set>
 
 using namespace sortimetra;
 
@@ -54,6 +59,21 @@ void scrivi(QLineEdit* casella, const QString& testo) {
     casella->selectAll();
     QTest::keyClick(casella, Qt::Key_Delete);
     QTest::keyClicks(casella, testo);
+}
+
+/// The names of the controls that Tab reaches one after the other, from `primo` on until it comes round. Each
+/// must have a name for who does not see it.
+QStringList giro_di_tab(QWidget* in, const char* primo) {
+    auto* inizio = trova<QWidget>(in, primo);
+    inizio->setFocus();
+    QStringList nomi;
+    do {
+        QWidget* w = QApplication::focusWidget();
+        nomi << w->objectName();
+        if (QAccessible::queryAccessibleInterface(w)->text(QAccessible::Name).isEmpty()) nomi.last() += "?";
+        QTest::keyClick(w, Qt::Key_Tab);
+    } while (QApplication::focusWidget() != inizio && nomi.size() < 50);
+    return nomi;
 }
 
 void premi(QWidget* in, const char* nome) {
@@ -199,10 +219,20 @@ class TestStampa : public QObject {
         form.show();
         scrivi(trova<QLineEdit>(&form, "txtpag_0"), "3");
         premi(&form, "cmdPdf");
-        QCOMPARE(detti.proposto, "Frequenza-Ritardo- 90.pdf");
+        QVERIFY2(detti.proposto.endsWith("/Frequenza-Ritardo- 90.pdf"), qPrintable(detti.proposto));
         QCOMPARE(pagine_pdf(cartella_.filePath("scelto.pdf")), 3);
         QVERIFY(trova<QLabel>(&form, "lblesito")->text().contains("scelto.pdf"));
         QVERIFY(detti.detti.isEmpty());
+        // The dialog asked about "scelto"; the file that is there already is another.
+        scrivi(trova<QLineEdit>(&form, "txtpag_0"), "5");
+        premi(&form, "cmdPdf");
+        QCOMPARE(detti.detti.size(), 1);
+        QVERIFY(detti.detti[0].testo.contains("scelto.pdf esiste già."));
+        QCOMPARE(pagine_pdf(cartella_.filePath("scelto.pdf")), 3);
+        detti.risposta = true;
+        premi(&form, "cmdPdf");
+        QCOMPARE(pagine_pdf(cartella_.filePath("scelto.pdf")), 1);
+        detti.detti.clear();
         detti.file = cartella_.filePath("manca/x.pdf");
         premi(&form, "cmdPdf");
         QCOMPARE(detti.detti.size(), 1);
@@ -239,6 +269,16 @@ class TestStampa : public QObject {
         QCOMPARE(casella->text(), "5");
     }
 
+    void tab_gira_come_l_occhio() {
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        form.vai(3);
+        QCOMPARE(giro_di_tab(&form, "cmdIndietro"),
+                 (QStringList{"cmdIndietro", "cmdAvanti", "txtPagina", "cmbGrandezza", "txtpag_0", "txtpag_1",
+                              "cmdopzioni_0", "cmdopzioni_1", "cmdPdf", "scorriAnteprima"}));
+    }
+
     void il_rapporto_di_una_ricerca() {
         const auto archivio = prove::da_testo("1 BA 1 2 3 4 5\n2 BA 6 7 8 9 90\n");
         const Ricerca* ricerca = trova_ricerca("ritardo e frequenza dei 90 numeri");
@@ -257,23 +297,67 @@ class TestStampa : public QObject {
         QTRY_VERIFY(form.isNull());
     }
 
-    void la_stampa_di_uno_schermo() {
-        const auto archivio = prove::da_testo("1 BA 1 2 3 4 5\n2 BA 6 7 8 9 90\n");
+    /// Every search of the catalogue, from its screen: open, start, print.
+    void ogni_schermo_stampa_data() {
+        QTest::addColumn<QByteArray>("chiave");
+        std::set<std::string_view> viste;
+        for (const Ricerca& r : ricerche())
+            if (r.pronta() && r.tabelle != 0 && r.schermo != Schermo::segnalimite && !r.ammette(kOpzNumeri) &&
+                viste.insert(r.chiave).second) {
+                const QByteArray chiave{r.chiave.data(), static_cast<qsizetype>(r.chiave.size())};
+                QTest::newRow(chiave.constData()) << chiave;
+            }
+    }
+    void ogni_schermo_stampa() {
+        QFETCH(QByteArray, chiave);
+        static const ArchivioEstrazioni archivio =
+            ArchivioEstrazioni::componi(archivio_dimostrativo()).value();
+        const Ricerca& ricerca = *trova_ricerca(chiave.toStdString());
+        QFile::copy(QStringLiteral(SORTIMETRA_RADICE "/data/n90ridd.rid"), cartella_.filePath("n90ridd.rid"));
         Sessione sessione;
         sessione.percorso_programma = cartella_.path().toStdString();
-        for (const RigaSchermo& riga : schermi_del_programma()) {
-            if (riga.schermo != Schermo::stat) continue;
-            const std::unique_ptr<QWidget> schermo{riga.crea(sessione)};
-            riga.attiva(*schermo, *trova_ricerca("ritardo e frequenza dei 90 numeri"), archivio);
-            schermo->show();
-            premi(schermo.get(), "Command1");
-            premi(schermo.get(), "cmdStampa");
+        StampantiDiProva prova{cartella_.path()};
+        MessaggiDiProva detti;
+        const auto riga = std::find_if(schermi_del_programma().begin(), schermi_del_programma().end(),
+                                       [&](const RigaSchermo& s) { return s.schermo == ricerca.schermo; });
+        QVERIFY(riga != schermi_del_programma().end());
+        const std::unique_ptr<QWidget> schermo{riga->crea(sessione)};
+        riga->attiva(*schermo, ricerca, archivio);
+        schermo->show();
+        QVERIFY(QTest::qWaitForWindowActive(schermo.get()));
+        // A capo for the searches that want one, two for those that want two.
+        int capo = 12;
+        for (const char* nome : {"txtcapogioco", "txtAmboCapo_0", "txtAmboCapo_1"})
+            if (auto* casella = schermo->findChild<QLineEdit*>(QLatin1String{nome});
+                casella != nullptr && casella->isVisible())
+                scrivi(casella, QString::number(capo++));
+        // The boards ask for the concorso first; the best delays have their start on the page that follows.
+        premi(schermo.get(), schermo->findChild<QPushButton*>("cmdopzioni_1") ? "cmdopzioni_1" : "Command1");
+        if (ricerca.schermo == Schermo::tab_pos2) premi(schermo.get(), "Command8");
+        QVERIFY2(detti.detti.isEmpty(), qPrintable(detti.detti.value(0).testo));
+        // The best delays are printed as they stand, as a picture, in a window that waits to be closed.
+        bool immagine = false;
+        QTimer spia;
+        connect(&spia, &QTimer::timeout, &spia, [&] {
+            auto* form = schermo->findChild<frmStampaFCPB*>();
+            if (form == nullptr || !form->isVisible()) return;
+            spia.stop();
+            immagine = true;
+            premi(form, "cmdStampa");
+            QTRY_COMPARE(prova.documenti.size(), 1);
+            form->reject();
+        });
+        spia.start(10);
+        QTest::keyClick(schermo.get(), Qt::Key_P, Qt::ControlModifier);
+        QCOMPARE(immagine, ricerca.schermo == Schermo::tab_pos2);
+        if (!immagine) {
             auto* anteprima = trova<FormAnteprima>(schermo.get(), "form_anteprima");
             QVERIFY(anteprima->isVisible());
-            QCOMPARE(trova<QLabel>(anteprima, "lbltotale")->text(), "Totale Pagine: 1");
-            return;
+            premi(anteprima, "cmdopzioni_1");
         }
-        QFAIL("manca lo schermo della statistica");
+        QCOMPARE(prova.documenti.size(), 1);
+        QVERIFY(pagine_pdf(prova.documenti[0]) >= 1);
+        QVERIFY(detti.detti.isEmpty());
     }
 
     // ---- frmStampaFCPB ----
@@ -444,6 +528,18 @@ class TestStampa : public QObject {
         QVERIFY(prova.documenti.isEmpty());
     }
 
+    void tab_gira_fra_i_valori() {
+        StampantiDiProva prova{cartella_.path()};
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, quadro(), {0, 0, 100, 50}, [&] {
+            QVERIFY(QTest::qWaitForWindowActive(&form));
+            QCOMPARE(giro_di_tab(&form, "picPreview"),
+                     (QStringList{"picPreview", "txtPrX", "txtPrY", "txtPrW", "txtPrH", "txtScala",
+                                  "cmdScala", "txtNCopies", "chkProporzioni", "chkCentro", "cmdOrigine",
+                                  "cmdMax", "cmdPdf", "cmdStampa", "cmdChiudi"}));
+        }));
+    }
+
     void la_scala_prende_la_virgola() {
         StampantiDiProva prova{cartella_.path()};
         MessaggiDiProva detti;
@@ -485,6 +581,54 @@ class TestStampa : public QObject {
             QVERIFY(form.cornice().y() > 30);
             QVERIFY((bordo->pos() - prima - QPoint(20, 40)).manhattanLength() <= 2);
         }));
+    }
+
+    void l_immagine_si_salva_come_pdf() {
+        StampantiDiProva prova{cartella_.path()};
+        prova.orientamento = QPageLayout::Landscape;
+        MessaggiDiProva detti;
+        frmStampaFCPB form;
+        QVERIFY(in_anteprima(form, quadro(), {10, 10, 100, 50}, [&] {
+            premi(&form, "cmdPdf");
+            QVERIFY(detti.detti.isEmpty());  // no file chosen, nothing said
+            detti.file = cartella_.filePath("immagine");
+            premi(&form, "cmdPdf");
+            QCOMPARE(pagine_pdf(cartella_.filePath("immagine.pdf")), 1);
+            QVERIFY(detti.detti.value(0).testo.contains("immagine.pdf"));
+            // The sheet lies, as in the preview: 842 by 595 points.
+            QFile f{cartella_.filePath("immagine.pdf")};
+            QVERIFY(f.open(QIODevice::ReadOnly));
+            QVERIFY(f.readAll().contains("/MediaBox [0 0 842.0"));
+            detti.file = cartella_.filePath("manca/x.pdf");
+            premi(&form, "cmdPdf");
+            QCOMPARE(detti.detti.size(), 2);
+        }));
+        QVERIFY(prova.documenti.isEmpty());
+    }
+
+    /// Without a printer a page that is printed as a picture still comes to paper: as a report.
+    void senza_stampante_i_migliori_ritardi_sono_un_rapporto() {
+        StampantiDiProva prova{cartella_.path()};
+        prova.nome.clear();
+        MessaggiDiProva detti;
+        const auto archivio = ArchivioEstrazioni::componi(archivio_dimostrativo()).value();
+        QFile::copy(QStringLiteral(SORTIMETRA_RADICE "/data/n90ridd.rid"), cartella_.filePath("n90ridd.rid"));
+        Sessione sessione;
+        sessione.percorso_programma = cartella_.path().toStdString();
+        for (const RigaSchermo& riga : schermi_del_programma()) {
+            if (riga.schermo != Schermo::tab_pos2) continue;
+            const std::unique_ptr<QWidget> schermo{riga.crea(sessione)};
+            riga.attiva(*schermo, *trova_ricerca(kChiaveTabellaRitardi), archivio);
+            schermo->show();
+            QVERIFY(QTest::qWaitForWindowActive(schermo.get()));
+            premi(schermo.get(), "cmdopzioni_1");
+            premi(schermo.get(), "Command8");
+            QTest::keyClick(schermo.get(), Qt::Key_P, Qt::ControlModifier);
+            QVERIFY(trova<FormAnteprima>(schermo.get(), "form_anteprima")->isVisible());
+            QVERIFY(detti.detti.isEmpty());
+            return;
+        }
+        QFAIL("manca lo schermo dei migliori ritardi");
     }
 
     void ogni_copia_e_un_documento() {
