@@ -1,0 +1,155 @@
+#include "archive/dimostrazione.h"
+#include "catalogue/rapporti.h"
+#include "catalogue/ricerche.h"
+#include "printing/metriche.h"
+#include "printing/superficie_registrata.h"
+#include "support/archivi.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+// What holds for the report of every search, present and to come: whoever adds one is tested here at once.
+
+namespace sortimetra {
+namespace {
+
+/// The simulated archive, and the real one where it stands beside the project.
+std::vector<const ArchivioEstrazioni*> archivi() {
+    static const ArchivioEstrazioni simulato = ArchivioEstrazioni::componi(archivio_dimostrativo()).value();
+    std::vector<const ArchivioEstrazioni*> tutti{&simulato};
+    if (const ArchivioEstrazioni* vero = prove::archivio_vero()) tutti.push_back(vero);
+    return tutti;
+}
+
+/// The search as a player might ask it, on one wheel and on all.
+Domanda domanda_di(const Ricerca& ricerca, const SelezioneRuote& ruote) {
+    Domanda d = prove::domanda(ricerca.chiave);
+    d.ambito.ruote = ruote;
+    d.cartella = std::filesystem::path{SORTIMETRA_RADICE} / "data";
+    if (ricerca.ammette(kOpzAmboCapo))
+        d.parametri.capogioco = {12, 34};
+    else if (ricerca.ammette(kOpzCapogioco))
+        d.parametri.capogioco = {12};
+    if (ricerca.ammette(kOpzNumeri)) d.parametri.numeri = {5, 12, 40, 41, 77};
+    return d;
+}
+
+struct Stampato {
+    std::string chiave;
+    Risultato risultato;
+    SuperficieRegistrata foglio;
+    int pagine = 0;
+    bool intero = false;
+};
+
+std::deque<Stampato> stampa_tutti() {
+    std::deque<Stampato> stampati;
+    std::set<std::string_view> viste;
+    SenzaAvanzamento nessuno;
+    for (const Ricerca& ricerca : ricerche()) {
+        if (!ricerca.pronta() || !viste.insert(ricerca.chiave).second) continue;
+        for (const ArchivioEstrazioni* archivio : archivi()) {
+            for (const SelezioneRuote& ruote : {SelezioneRuote::tutte(), ricerca.ruote}) {
+                const Domanda domanda = domanda_di(ricerca, ruote);
+                Stampato& s = stampati.emplace_back();
+                s.chiave = ricerca.chiave;
+                s.risultato = esegui(ricerca, *archivio, domanda, nessuno);
+                EXPECT_FALSE(s.risultato.tabelle.empty()) << s.chiave;
+                const Rapporto rapporto = prepara_rapporto(s.risultato, domanda, *archivio);
+                EasyPrint stampante{s.foglio, [](const std::string&, const std::string& t) { FAIL() << t; }};
+                // The first pages: the many behind them are alike.
+                s.pagine = std::min(rapporto.pagine, 6);
+                EXPECT_TRUE(stampa(stampante, rapporto, {1, s.pagine}, nessuno)) << s.chiave;
+                s.intero = rapporto.pagine == s.pagine;
+            }
+        }
+    }
+    return stampati;
+}
+
+/// Nothing is cut by the sheet's edge: 5 mm is what most printers cannot reach.
+TEST(OgniRapporto, StaNelFoglio) {
+    constexpr double kBordo = 4.9;
+    for (const Stampato& s : stampa_tutti()) {
+        SCOPED_TRACE(s.chiave);
+        const Foglio carta = s.foglio.foglio();
+        for (const auto& t : s.foglio.testi()) {
+            EXPECT_GE(t.x, kBordo) << t.testo;
+            EXPECT_LE(t.x + t.larghezza, carta.larghezza - kBordo) << t.testo;
+            EXPECT_GE(t.y, kBordo) << t.testo;
+            EXPECT_LE(t.y + altezza_testo(t.carattere), carta.altezza - kBordo) << t.testo;
+        }
+        for (const auto& r : s.foglio.riquadri()) {
+            EXPECT_GE(std::min(r.x1, r.x2), kBordo);
+            EXPECT_LE(std::max(r.x1, r.x2), carta.larghezza - kBordo);
+            EXPECT_LE(std::max(r.y1, r.y2), carta.altezza - kBordo);
+        }
+    }
+}
+
+/// No text runs into the next one of its line.
+TEST(OgniRapporto, NessunTestoSopraUnAltro) {
+    for (const Stampato& s : stampa_tutti()) {
+        SCOPED_TRACE(s.chiave);
+        auto testi = s.foglio.testi();
+        std::erase_if(testi, [](const auto& t) { return t.testo.empty(); });
+        std::stable_sort(testi.begin(), testi.end(),
+                         [](const auto& a, const auto& b) { return a.pagina < b.pagina; });
+        for (std::size_t i = 0; i < testi.size(); ++i) {
+            const auto& a = testi[i];
+            for (std::size_t j = i + 1; j < testi.size() && testi[j].pagina == a.pagina; ++j) {
+                const auto& b = testi[j];
+                if (std::abs(a.y - b.y) > 1.5) continue;
+                const double comune = std::min(a.x + a.larghezza, b.x + b.larghezza) - std::max(a.x, b.x);
+                EXPECT_LT(comune, 0.3)
+                    << "\"" << a.testo << "\" e \"" << b.testo << "\" a pagina " << a.pagina << ", y " << a.y;
+            }
+        }
+    }
+}
+
+/// What the table says stands on the paper, each cell as often as the table has it.
+TEST(OgniRapporto, DiceOgniCella) {
+    for (const Stampato& s : stampa_tutti()) {
+        SCOPED_TRACE(s.chiave);
+        if (!s.intero) continue;
+        std::map<std::string, int, std::less<>> scritti;
+        for (const auto& t : s.foglio.testi()) ++scritti[t.testo];
+        std::map<std::string, int> celle;
+        const auto conta = [&](const Tabella& tabella) {
+            // Where rows are printed in groups, what they share stands once over the group.
+            const std::string& primo = tabella.titoli[0][0];
+            const std::size_t in_comune = primo == "Ruota" ? 2 : primo == "Serie" ? 1 : 0;
+            for (std::size_t r = 0; r < tabella.righe(); ++r)
+                for (std::size_t c = in_comune; c < tabella.n_colonne(); ++c)
+                    if (const std::string testo = tabella.testo(r, c); !testo.empty()) ++celle[testo];
+        };
+        for (const Tabella& tabella : s.risultato.tabelle) conta(tabella);
+        for (const auto& [testo, volte] : celle) EXPECT_GE(scritti[testo], volte) << testo;
+    }
+}
+
+/// Head and foot stand on every page.
+TEST(OgniRapporto, OgniPaginaHaLaTesta) {
+    for (const Stampato& s : stampa_tutti()) {
+        SCOPED_TRACE(s.chiave);
+        std::set<int> con_logo;
+        for (const auto& f : s.foglio.figure()) {
+            con_logo.insert(f.pagina);
+            EXPECT_NEAR(f.dimensioni.larghezza, 190, 0.01);
+            EXPECT_NEAR(f.dimensioni.altezza, 20, 0.01);
+            EXPECT_NEAR(f.y, 5, 0.01);
+        }
+        EXPECT_EQ(con_logo.size(), static_cast<std::size_t>(s.pagine));
+    }
+}
+
+}  // namespace
+}  // namespace sortimetra
