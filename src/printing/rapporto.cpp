@@ -93,8 +93,8 @@ std::size_t blocchi(std::size_t righe) {
     return (righe + kRigheBlocco - 1) / kRigheBlocco;
 }
 
-/// Whether a result is the usual grid: number or combination and the three measures, under whatever titles the
-/// screen has room for.
+/// Whether a result is the usual grid: number or combination and the three measures, under whatever titles
+/// the screen has room for.
 bool e_griglia(const Risultato& risultato) {
     if (risultato.tabelle.size() != 1) return false;
     const Tabella& t = risultato.tabelle[0];

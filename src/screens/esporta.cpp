@@ -38,7 +38,7 @@ std::optional<QString> chiedi_file(QWidget* finestra, const QString& titolo, con
     const auto scelto = messaggi().file_da_scrivere(
         finestra, titolo, percorso_proposto(documento, finale(QString{})), filtri, filtro);
     if (!scelto) return std::nullopt;
-    const QString file = finale(*scelto);
+    QString file = finale(*scelto);
     // The dialog asked about the name that it saw.
     if (file != *scelto && QFileInfo::exists(file) &&
         !messaggi().chiede(finestra, kTitoloMessaggi,
@@ -78,7 +78,7 @@ std::optional<QString> esporta_risultato(QWidget* finestra, const Risultato& ris
         }
         return nome;
     };
-    const auto scelto =
+    auto scelto =
         chiedi_file(finestra, QWidget::tr("Esporta il risultato"), QString::fromStdString(risultato.titolo),
                     csv + QStringLiteral(";;") + xlsx + QStringLiteral(";;") + json, &filtro, finale);
     if (!scelto) return std::nullopt;
