@@ -1,15 +1,11 @@
+#include "cartella.h"
 #include "statistics/famiglie.h"
-
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 namespace {
@@ -17,32 +13,6 @@ namespace {
 using namespace sortimetra;
 
 constexpr std::size_t kNumeriAttesi = std::size_t{436} * 5;
-
-/// A program's folder whose list of cinquine is a file without a disk.
-class Cartella {
-  public:
-    Cartella() {
-        std::string nome = std::filesystem::temp_directory_path() / "sortimetra-fuzz-XXXXXX";
-        if (file_ < 0 || mkdtemp(nome.data()) == nullptr) std::abort();
-        percorso_ = nome;
-        std::filesystem::create_symlink("/proc/self/fd/" + std::to_string(file_), percorso_ / kFileCinquine);
-    }
-    Cartella(const Cartella&) = delete;
-    Cartella& operator=(const Cartella&) = delete;
-    ~Cartella() {
-        std::error_code errore;
-        std::filesystem::remove_all(percorso_, errore);
-    }
-    [[nodiscard]] const std::filesystem::path& percorso() const { return percorso_; }
-    [[nodiscard]] bool scrivi(std::string_view testo) const {
-        return ftruncate(file_, 0) == 0 &&
-               pwrite(file_, testo.data(), testo.size(), 0) == static_cast<ssize_t>(testo.size());
-    }
-
-  private:
-    int file_ = memfd_create("n90ridd.rid", MFD_CLOEXEC);
-    std::filesystem::path percorso_;
-};
 
 /// The list read again, one character after the other; empty where it is refused.
 std::vector<Numero> riletta(std::string_view testo) {
@@ -74,7 +44,7 @@ std::vector<Numero> riletta(std::string_view testo) {
 /// Any bytes as `n90ridd.rid`, and as the end of a list that is sound as far as it goes: the first two bytes
 /// say how many numbers stand before. A list is refused with its message or holds what a plain reader finds.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
-    static const Cartella cartella;
+    static const fuzz::Cartella cartella;
     static const Famiglia& famiglia = *trova_famiglia("cinquine dei 90");
     if (n < 2) return 0;
     const std::size_t davanti = (dati[0] + std::size_t{dati[1]} * 256) % (kNumeriAttesi + 2);
@@ -82,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
     if (davanti != 0) testo = "436\n";
     for (std::size_t i = 1; i < davanti; ++i) testo += std::to_string(i % 90 + 1) + (i % 5 == 0 ? '\n' : ',');
     testo.append(reinterpret_cast<const char*>(dati) + 2, n - 2);
-    if (!cartella.scrivi(testo)) return 0;
+    cartella.scrivi(kFileCinquine, testo);
 
     const auto serie = carica_serie(famiglia, cartella.percorso());
     if (serie ? serie->colonne != 5 || serie->numeri.empty() : serie.error() != kFileDanneggiato)

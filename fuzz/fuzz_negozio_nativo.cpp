@@ -1,25 +1,79 @@
 #include "archive/apertura.h"
+#include "archive/file_sicuro.h"
 #include "archive/negozio_nativo.h"
+#include "cartella.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
+#include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <utility>
 
-/// Any bytes as `drawit.db` and as `drawit2.db`: opening may refuse but may not fall or hang.
+namespace {
+
+using namespace sortimetra;
+
+constexpr std::size_t kMassimo = 1U << 20;
+
+/// A few draws of every game; enough that a table takes more than one page.
+RigheArchivio poche_righe() {
+    RigheArchivio righe;
+    for (int c = 1; c <= 16; ++c) {
+        const Data data{std::chrono::days{10000 + c}};
+        for (int w = 0; w < kRuote; ++w)
+            righe.lotto.push_back({.concorso = c, .data = data, .ruota = w, .numeri = {1, 2, 3, 44, 90}});
+        righe.nazionale.push_back(
+            {.concorso = c, .data = data, .ruota = kNazionale, .numeri = {5, 0, 7, 8, 9}});
+        righe.superenalotto.push_back(
+            {.concorso = c, .data = data, .numeri = {1, 2, 3, 4, 5, 6}, .jolly = 7, .superstar = 8});
+        righe.winforlife.push_back(
+            {.concorso = c, .data = data, .ora = "8:00", .numeri = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10}});
+    }
+    return righe;
+}
+
+/// `drawit.db` and `drawit2.db` as our own writer writes them.
+std::array<std::string, 2> sani(const std::filesystem::path& cartella) {
+    const RigheArchivio righe = poche_righe();
+    if (!scrivi_drawit(cartella / "drawit.db", righe, false)) std::abort();
+    if (!scrivi_drawit2(cartella / "drawit2.db", righe, true)) std::abort();
+    auto primo = leggi_file(cartella / "drawit.db", kMassimo);
+    auto secondo = leggi_file(cartella / "drawit2.db", kMassimo);
+    if (!primo || !secondo) std::abort();
+    return {std::move(*primo), std::move(*secondo)};
+}
+
+/// A sound file with some of its bytes changed: two bytes of place, one of value, and so on. No input of a
+/// few bytes would ever become a database.
+std::string rovinato(std::string byte, const std::uint8_t* dati, std::size_t n) {
+    for (std::size_t i = 0; i + 2 < n; i += 3)
+        byte[(dati[i] + std::size_t{dati[i + 1]} * 256) % byte.size()] = static_cast<char>(dati[i + 2]);
+    return byte;
+}
+
+}  // namespace
+
+/// Any bytes, or a sound file that was damaged, as `drawit.db` and as `drawit2.db`: opening may refuse but
+/// may not fall or hang.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
-    using namespace sortimetra;
-    // A file without a disk.
-    static const int file = memfd_create("drawit.db", MFD_CLOEXEC);
-    static const std::string percorso = "/proc/self/fd/" + std::to_string(file);
-    if (file < 0 || ftruncate(file, 0) != 0 || pwrite(file, dati, n, 0) != static_cast<ssize_t>(n)) return 0;
+    static const fuzz::Cartella cartella;
+    static const std::array<std::string, 2> interi = sani(cartella.percorso());
+    static const std::filesystem::path file = cartella.percorso() / "prova.db";
+    if (n == 0) return 0;
+    const unsigned modo = dati[0] % 3U;
+    ++dati;
+    --n;
+    const std::string byte = modo == 2 ? std::string{dati, dati + n} : rovinato(interi.at(modo), dati, n);
+    cartella.scrivi("prova.db", byte);
     for (const unsigned tabelle :
          {kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto, 0U + kTabellaWinForLife}) {
-        auto letti = leggi_nativo(percorso, tabelle);
+        auto letti = leggi_nativo(file, tabelle);
         if (!letti && letti.error().motivo.empty()) std::abort();
+        // A reader that refuses everything would learn nothing here.
+        if (n == 0 && modo == (tabelle == kTabellaWinForLife ? 1 : 0) && !letti) std::abort();
         if (letti) (void)ArchivioEstrazioni::componi(std::move(letti->righe));
     }
     return 0;
