@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
@@ -20,6 +21,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <utility>
 
 namespace sortimetra {
@@ -36,16 +38,27 @@ constexpr int kColonnaMinimaDipinta = 10 * kPasso;
 /// The same three measures on a board.
 constexpr int kMargineTabellone = kPasso;
 constexpr int kColonnaMinimaTabellone = 7 * kPasso;
-constexpr int kColonnaAgiataTabellone = 16 * kPasso;
+constexpr int kColonnaAgiataTabellone = 24 * kPasso;
+/// Blanks that columns under painted titles and those of a board may shrink to where the whole table is in
+/// sight then.
+constexpr int kMargineStretto = kPasso;
+constexpr int kMargineStrettoTabellone = kPasso / 2;
 /// A text column of whole sentences is cut here; the cell shows the rest as its tooltip.
 constexpr int kColonnaMassima = 120 * kPasso;
+/// Eighths of a selection's colour in the row under the pointer.
+constexpr int kParteSotto = 3;
 /// Side of the arrow in a sort button.
 constexpr int kFreccia = 3 * kPasso;
 
 constexpr std::array kChiaviPulsanteUno{"ricerche su tutti gli ambi", "ambata capogioco", "ambo capogioco"};
 
+/// `a` with so many eighths of `b`.
+QRgb mescolato(QRgb a, QRgb b, int ottavi) {
+    const auto m = [ottavi](int x, int y) { return x + (y - x) * ottavi / 8; };
+    return qRgb(m(qRed(a), qRed(b)), m(qGreen(a), qGreen(b)), m(qBlue(a), qBlue(b)));
+}
 QRgb mezzo(QRgb a, QRgb b) {
-    return qRgb((qRed(a) + qRed(b)) / 2, (qGreen(a) + qGreen(b)) / 2, (qBlue(a) + qBlue(b)) / 2);
+    return mescolato(a, b, 4);
 }
 
 /// Paints a cell with as little as it takes: ground, text, and the row of the current cell half way to the
@@ -55,13 +68,18 @@ class PittoreCelle final : public QStyledItemDelegate {
     explicit PittoreCelle(QTableView* vista) : QStyledItemDelegate{vista}, vista_{vista} {}
 
     void imposta_tabellone(bool si) { tabellone_ = si; }
+    void imposta_margine(int margine) { margine_ = margine; }
+    /// The row under the pointer, -1 for none: on a board it is tinted, too, but less.
+    void imposta_riga_sotto(int riga) { riga_sotto_ = riga; }
+    [[nodiscard]] int riga_sotto() const { return riga_sotto_; }
 
     void paint(QPainter* pittore, const QStyleOptionViewItem& opzione, const QModelIndex& i) const override {
         const Skin& s = skin_in_uso();
         const auto colore = [&i](Qt::ItemDataRole ruolo) {
             return i.data(ruolo).value<QBrush>().color().rgb();
         };
-        QRgb fondo = colore(Qt::BackgroundRole);
+        const QRgb tinta = colore(Qt::BackgroundRole);
+        QRgb fondo = tinta;
         QRgb testo = colore(Qt::ForegroundRole);
         const QModelIndex corrente = vista_->currentIndex();
         if ((opzione.state & QStyle::State_Selected) != 0) {
@@ -70,13 +88,23 @@ class PittoreCelle final : public QStyledItemDelegate {
         } else if (corrente.isValid() && corrente.row() == i.row()) {
             fondo = mezzo(fondo, s.selezione);
             testo = leggibile(testo, fondo);
+        } else if (riga_sotto_ == i.row()) {
+            fondo = mescolato(fondo, s.selezione, kParteSotto);
+            testo = leggibile(testo, fondo);
         }
         pittore->fillRect(opzione.rect, QColor::fromRgb(fondo));
+        if (tinta != s.tinta_a && tinta != s.tinta_b && tabellone_) {
+            // Columns tinted from top to bottom have no bands: a fine rule under each row leads the eye from
+            // the delay to its numbers.
+            const QRect& r = opzione.rect;
+            pittore->fillRect(r.left(), r.bottom(), r.width(), 1,
+                              QColor::fromRgb(mescolato(fondo, testo, 1)));
+        }
         pittore->setPen(QColor::fromRgb(testo));
         QFont carattere = opzione.font;
         carattere.setBold(i.column() == 0);
         pittore->setFont(carattere);
-        const int margine = tabellone_ ? kMargineTabellone : kMargineCella;
+        const int margine = tabellone_ ? 0 : margine_;
         const QRect dove = opzione.rect.adjusted(margine, 0, -margine, 0);
         const QString scritto = i.data(Qt::DisplayRole).toString();
         const QFontMetrics misure{carattere};
@@ -93,7 +121,13 @@ class PittoreCelle final : public QStyledItemDelegate {
   private:
     QTableView* vista_;
     bool tabellone_ = false;
+    int margine_ = kMargineCella;
+    int riga_sotto_ = -1;
 };
+
+PittoreCelle* pittore_di(const QTableView* vista) {
+    return dynamic_cast<PittoreCelle*>(vista->itemDelegate());
+}
 
 }  // namespace
 
@@ -107,7 +141,10 @@ void VistaGriglia::paintEvent(QPaintEvent* evento) {
             const int y = rowViewportPosition(r);
             if (y >= viewport()->height()) break;
             QRgb fondo = r % 2 == 0 ? s.tinta_a : s.tinta_b;
-            if (currentIndex().isValid() && currentIndex().row() == r) fondo = mezzo(fondo, s.selezione);
+            if (currentIndex().isValid() && currentIndex().row() == r)
+                fondo = mezzo(fondo, s.selezione);
+            else if (pittore_di(this)->riga_sotto() == r)
+                fondo = mescolato(fondo, s.selezione, kParteSotto);
             pittore.fillRect(sinistra, y, viewport()->width() - sinistra, rowHeight(r),
                              QColor::fromRgb(fondo));
         }
@@ -209,7 +246,7 @@ class GrigliaRisultati::Testata final : public QWidget {
                 const QRect in_vista = dove.intersected({fermo, y, width() - fermo, dove.height()});
                 if (fine - c > 1 && p.fontMetrics().horizontalAdvance(scritto) < in_vista.width())
                     dove = in_vista;
-                const int margine = griglia_->tabellone_ ? 1 : kMargineCella;
+                const int margine = griglia_->tabellone_ ? 1 : griglia_->margine_;
                 p.drawText(dove.adjusted(margine, 0, -margine, 0), static_cast<int>(lato | Qt::AlignVCenter),
                            scritto);
                 c = fine;
@@ -330,12 +367,12 @@ void GrigliaRisultati::inizializza(const std::vector<std::vector<std::string>>& 
     vuota->titoli = titoli;
     vuota->colonne.resize(titoli.empty() ? 0 : titoli.back().size());
     mostra(std::move(vuota));
+    ultimo_titolo_.reset();
 }
 
 void GrigliaRisultati::mostra(std::shared_ptr<const Tabella> tabella) {
     modello_->mostra(std::move(tabella));
     ordinamento_.reset();
-    ultimo_titolo_.reset();
     crea_pulsanti();
     adatta_colonne();
     segna_ordinamento();
@@ -349,7 +386,6 @@ void GrigliaRisultati::mostra(std::shared_ptr<const Tabella> tabella) {
 void GrigliaRisultati::svuota() {
     modello_->svuota();
     ordinamento_.reset();
-    ultimo_titolo_.reset();
     segna_ordinamento();
     cerca_corrispondenze();
     aggiorna_frase();
@@ -368,8 +404,10 @@ void GrigliaRisultati::blocca_prima_colonna(bool si) {
 
 void GrigliaRisultati::imposta_tabellone(bool si) {
     tabellone_ = si;
-    for (VistaGriglia* v : {vista_, bloccata_})
-        if (auto* pittore = dynamic_cast<PittoreCelle*>(v->itemDelegate())) pittore->imposta_tabellone(si);
+    for (VistaGriglia* v : {vista_, bloccata_}) {
+        pittore_di(v)->imposta_tabellone(si);
+        v->setMouseTracking(si);
+    }
     crea_pulsanti();
     adatta_colonne();
 }
@@ -439,8 +477,10 @@ void GrigliaRisultati::adatta_colonne() {
     font_titoli.setBold(true);
     const QFontMetrics titoli{font_titoli};
     const bool dipinti = testata_->righe_dipinte() > 0;
+    margine_ = kMargineCella;
     std::vector<int> larghezze;
-    int somma = 0;
+    std::vector<int> strette;
+    const int blanco = tabellone_ ? kMargineStrettoTabellone : kMargineStretto;
     for (int c = 0; c < n; ++c) {
         const QString titolo = titolo_piu_largo(c);
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
@@ -450,25 +490,34 @@ void GrigliaRisultati::adatta_colonne() {
         const int minima = tabellone_ ? kColonnaMinimaTabellone
                            : dipinti  ? kColonnaMinimaDipinta
                                       : kColonnaMinima;
-        const int l = std::clamp(std::max(testo, testata) + 2 * margine + kPasso, minima, kColonnaMassima);
+        const int contenuto = std::max(testo, testata);
+        const int l = std::clamp(contenuto + 2 * margine + kPasso, minima, kColonnaMassima);
         larghezze.push_back(l);
-        somma += l;
+        strette.push_back(std::min(l, contenuto + 2 * (c == 0 ? std::max(blanco, kMargineStretto) : blanco)));
     }
-    // A narrow table takes some of the room that is left, up to a width at which a line is still one line.
     const bool scorre =
         modello_->rowCount() * vista_->verticalHeader()->defaultSectionSize() > vista_->viewport()->height();
     const int barra = scorre && !vista_->verticalScrollBar()->isVisible()
                           ? vista_->verticalScrollBar()->sizeHint().width()
                           : 0;
-    const int libero = vista_->viewport()->width() - barra - somma;
-    const int aggiunta = libero > 0 ? libero / n : 0;
+    const auto libero = [&](const std::vector<int>& l) {
+        return vista_->viewport()->width() - barra - std::accumulate(l.begin(), l.end(), 0);
+    };
+    // Many columns of short numbers give up their blanks where that brings the last of them into sight.
+    if (dipinti && libero(larghezze) < 0 && libero(strette) >= 0) {
+        larghezze = strette;
+        margine_ = blanco;
+    }
+    // A narrow table takes some of the room that is left, up to a width at which a line is still one line.
+    const int avanza = std::max(libero(larghezze), 0);
     for (int c = 0; c < n; ++c) {
         int& l = larghezze[static_cast<std::size_t>(c)];
         const int agiata = tabellone_ ? kColonnaAgiataTabellone : kColonnaAgiata;
-        if (l < agiata) l = std::min(agiata, l + aggiunta);
+        if (l < agiata) l = std::min(agiata, l + avanza / n + (c < avanza % n ? 1 : 0));
         vista_->setColumnWidth(c, l);
         bloccata_->setColumnHidden(c, c > 0);
     }
+    for (VistaGriglia* v : {vista_, bloccata_}) pittore_di(v)->imposta_margine(margine_);
     bloccata_->setColumnWidth(0, larghezze.front());
     disponi();
 }
@@ -672,6 +721,17 @@ void GrigliaRisultati::trova(int passo) {
     if (n > 0) vai_a((corrente_ + (passo > 0 ? 1 : n - 1)) % n);
 }
 
+void GrigliaRisultati::segna_riga_sotto(int riga) {
+    if (riga == riga_sotto_) return;
+    for (VistaGriglia* v : {vista_, bloccata_}) {
+        pittore_di(v)->imposta_riga_sotto(riga);
+        for (const int r : {riga_sotto_, riga})
+            if (r >= 0)
+                v->viewport()->update(0, v->rowViewportPosition(r), v->viewport()->width(), v->rowHeight(r));
+    }
+    riga_sotto_ = riga;
+}
+
 bool GrigliaRisultati::eventFilter(QObject* oggetto, QEvent* evento) {
     if (oggetto == testo_trova_ && evento->type() == QEvent::KeyPress) {
         const auto* tasto = dynamic_cast<QKeyEvent*>(evento);
@@ -687,13 +747,17 @@ bool GrigliaRisultati::eventFilter(QObject* oggetto, QEvent* evento) {
         }
     }
     if (oggetto == vista_->viewport() && evento->type() == QEvent::Resize) disponi();
+    if (tabellone_ && (evento->type() == QEvent::MouseMove || evento->type() == QEvent::Leave)) {
+        const auto* mosso = dynamic_cast<QMouseEvent*>(evento);
+        segna_riga_sotto(mosso == nullptr ? -1 : vista_->rowAt(static_cast<int>(mosso->position().y())));
+    }
     return QWidget::eventFilter(oggetto, evento);
 }
 
 void GrigliaRisultati::resizeEvent(QResizeEvent* evento) {
     QWidget::resizeEvent(evento);
-    // Widths stay put once there is a result in them.
-    if (vuota()) adatta_colonne();
+    // Widths stay put once there is a result in them; a board is read as a whole and fits its window.
+    if (vuota() || tabellone_) adatta_colonne();
     disponi();
 }
 

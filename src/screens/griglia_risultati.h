@@ -60,7 +60,8 @@ class GrigliaRisultati final : public QWidget {
     void blocca_prima_colonna(bool si);
     /// A board in place of a list: nothing is sorted, so there are no buttons and every title row is painted
     /// (a title spans the empty ones after it); columns are as narrow as their numbers, which stand in the
-    /// middle; finding means the whole cell.
+    /// middle, and follow the window's width; the row under the pointer is tinted; finding means the whole
+    /// cell.
     void imposta_tabellone(bool si);
     /// Shows "Stampa" in the context menu as working.
     void imposta_stampabile(bool si) { stampabile_ = si; }
@@ -107,6 +108,7 @@ class GrigliaRisultati final : public QWidget {
     void aggiorna_frase();
     void prendi_caratteri();
     void titolo_premuto(int colonna);
+    void segna_riga_sotto(int riga);
     void mostra_menu(const QPoint& dove);
     void trova(int passo);
     void cerca_corrispondenze();
@@ -125,7 +127,9 @@ class GrigliaRisultati final : public QWidget {
     std::size_t corrente_ = 0;
     QString chiave_;
     std::optional<std::pair<int, Verso>> ordinamento_;
-    std::optional<std::pair<int, Verso>> ultimo_titolo_;
+    std::optional<std::pair<int, Verso>> ultimo_titolo_;  ///< last click on a title, kept between searches
+    int margine_ = 0;                                     ///< blank on each side of a cell's text
+    int riga_sotto_ = -1;
     bool blocca_ = false;
     bool tabellone_ = false;
     bool stampabile_ = false;

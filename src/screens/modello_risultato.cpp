@@ -36,6 +36,19 @@ Aspetto aspetto(std::string_view cella) {
     return numero ? Aspetto::numero : Aspetto::testo;
 }
 
+/// A light ground of a search on a dark skin: its hue, as dark as the skin's own grounds. Others as they are.
+QRgb smorzato(QRgb fondo) {
+    constexpr float kChiaro = 0.75F;
+    float tinta = 0;
+    float saturazione = 0;
+    float luce = 0;
+    const Skin& s = skin_in_uso();
+    QColor::fromRgb(fondo).getHslF(&tinta, &saturazione, &luce);
+    if (!s.scura || luce < kChiaro || fondo == s.trovato) return fondo;
+    const float buio = QColor::fromRgb(s.rilievo).lightnessF();
+    return QColor::fromHslF(std::max(tinta, 0.0F), saturazione * 0.25F, buio).rgb();
+}
+
 bool e_numerica(const Colonna& colonna) {
     if (std::holds_alternative<ColonnaInteri>(colonna)) return true;
     const auto* testi = std::get_if<ColonnaTesti>(&colonna);
@@ -142,7 +155,7 @@ int ModelloRisultato::columnCount(const QModelIndex& padre) const {
 
 QRgb ModelloRisultato::fondo(int riga, int colonna) const {
     const Colore colore = tabella_->sfondo(riga_originale(riga), static_cast<std::size_t>(colonna));
-    if (colore != kNessunColore) return colore_schermo(colore);
+    if (colore != kNessunColore) return smorzato(colore_schermo(colore));
     return riga % 2 == 0 ? skin_in_uso().tinta_a : skin_in_uso().tinta_b;
 }
 

@@ -145,6 +145,55 @@ class TestFormPosizione final : public QObject {
         QCOMPARE(form_->griglia()->ordinamento().value(), (Ordine{2, Verso::crescente}));
     }
 
+    void l_ultimo_titolo_premuto_vale_anche_per_la_ricerca_dopo() {
+        apri(kLotto);
+        clic("Command1");
+        using Ordine = std::pair<int, Verso>;
+        clic_titolo(2);
+        QCOMPARE(form_->griglia()->ordinamento().value(), (Ordine{2, Verso::crescente}));
+        // A new run writes the rows in number order; the title remembers that it has sorted upwards.
+        clic("Command1");
+        QVERIFY(!form_->griglia()->ordinamento().has_value());
+        QCOMPARE(modello()->testo(0, 0), QStringLiteral("1"));
+        clic_titolo(2);
+        QCOMPARE(form_->griglia()->ordinamento().value(), (Ordine{2, Verso::decrescente}));
+        // A button keeps a direction of its own and does not touch the title's.
+        clic_titolo(2);
+        clic("cmdcol_2");
+        QCOMPARE(form_->griglia()->ordinamento().value(), (Ordine{2, Verso::decrescente}));
+        clic_titolo(2);
+        QCOMPARE(form_->griglia()->ordinamento().value(), (Ordine{2, Verso::decrescente}));
+        // Opened for another search the screen begins anew.
+        form_->apri(*trova_ricerca(kLotto), archivio_);
+        clic("Command1");
+        clic_titolo(2);
+        QCOMPARE(form_->griglia()->ordinamento().value(), (Ordine{2, Verso::crescente}));
+    }
+
+    void dopo_una_ruota_i_pulsanti_tengono_il_verso() {
+        apri(kLotto);
+        clic("Command1");
+        clic("cmdcol_1");
+        QTest::mouseClick(form_->findChild<QCheckBox*>(QStringLiteral("CheckRuota_1")), Qt::LeftButton);
+        QCOMPARE(modello()->rowCount(), 0);
+        QCOMPARE(bottone("cmdcol_1")->property("tag").toString(), QStringLiteral("0"));
+        clic("Command1");
+        clic("cmdcol_1");
+        using Ordine = std::pair<int, Verso>;
+        QCOMPARE(form_->griglia()->ordinamento().value(), (Ordine{1, Verso::crescente}));
+    }
+
+    void le_sedici_colonne_stanno_nella_finestra_piu_piccola() {
+        apri(kLotto);
+        form_->resize(1024, 640);
+        clic("Command1");
+        const QTableView* vista = form_->griglia()->vista();
+        QTRY_COMPARE(vista->horizontalScrollBar()->maximum(), 0);
+        const QFontMetrics misure{vista->font()};
+        for (int c = 1; c < 16; ++c)
+            QVERIFY(vista->columnWidth(c) > misure.horizontalAdvance(modello()->testo_piu_largo(c)));
+    }
+
     void il_pulsante_ordina_decrescente_poi_crescente() {
         apri(kLotto);
         clic("Command1");

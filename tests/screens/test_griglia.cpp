@@ -76,6 +76,7 @@ class TestGriglia : public QObject {
     void i_numeri_stanno_a_destra();
     void le_righe_si_alternano();
     void i_colori_della_ricerca();
+    void un_fondo_chiaro_si_smorza_su_una_skin_scura();
     void il_primo_clic_ordina_dal_piu_grande();
     void ogni_colonna_ha_il_proprio_verso();
     void i_versi_restano_quando_la_griglia_si_svuota();
@@ -193,6 +194,33 @@ void TestGriglia::i_colori_della_ricerca() {
             for (int c = 0; c < 3; ++c)
                 QVERIFY(contrasto(colore(r, c, Qt::ForegroundRole), colore(r, c, Qt::BackgroundRole)) >= 4.5);
     }
+    applica_tema(*qApp, 1);
+}
+
+void TestGriglia::un_fondo_chiaro_si_smorza_su_una_skin_scura() {
+    auto t = std::make_shared<Tabella>();
+    t->titoli = {{"A", "B", "C", "D"}};
+    for (int c = 0; c < 4; ++c) t->colonne.emplace_back(ColonnaInteri{{c}});
+    t->sfondi = {0xC0FFFF, 15914962, 0x0000FF, 65535};
+    ModelloRisultato m;
+    m.mostra(t);
+    const auto colore = [&](int c, Qt::ItemDataRole ruolo) {
+        return m.index(0, c).data(ruolo).value<QBrush>().color();
+    };
+    const QColor chiaro = colore(0, Qt::BackgroundRole);
+    QCOMPARE(chiaro.rgb(), qRgb(0xFF, 0xFF, 0xC0));
+    applica_tema(*qApp, 2);
+    QVERIFY(skin_in_uso().scura);
+    for (int c : {0, 1}) {
+        QVERIFY(colore(c, Qt::BackgroundRole).lightnessF() < 0.35F);
+        QVERIFY(contrasto(colore(c, Qt::ForegroundRole).rgb(), colore(c, Qt::BackgroundRole).rgb()) >= 4.5);
+    }
+    // The two tints stay two, the first of them as yellow as it was.
+    QVERIFY(colore(0, Qt::BackgroundRole) != colore(1, Qt::BackgroundRole));
+    QVERIFY(std::abs(colore(0, Qt::BackgroundRole).hslHue() - chiaro.hslHue()) <= 2);
+    // Strong colours and the hit's yellow are what they are.
+    QCOMPARE(colore(2, Qt::BackgroundRole).rgb(), qRgb(0xFF, 0, 0));
+    QCOMPARE(colore(3, Qt::BackgroundRole).rgb(), skin_in_uso().trovato);
     applica_tema(*qApp, 1);
 }
 
