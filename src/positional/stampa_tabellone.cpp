@@ -30,6 +30,8 @@ constexpr float kRigaBlocco = 4.25F;
 constexpr float kLarghezzaBlocco = 92.5F;
 constexpr float kTraBlocchi = 97.5F;
 constexpr float kColonnaMassima = 10;
+/// A board that one block holds has the band to itself.
+constexpr float kColonnaMassimaSola = 14;
 constexpr std::int16_t kCorpoBlocco = 8;
 
 /// A title over some columns, counted from 0 without the delay's.
@@ -113,11 +115,14 @@ bool e_tabellone(const Risultato& risultato) {
 Rapporto a_blocchi(const MaterialeRapporto& materiale, std::vector<TitoloColonne> titoli) {
     const Tabella& tabella = materiale.risultato.tabelle[0];
     const int pagine = pagine_di(tabella.righe(), kRighePaginaTabellone2);
-    const float larga = std::min(
-        (kLarghezzaBlocco - kColonnaRitardo) / static_cast<float>(tabella.n_colonne() - 1), kColonnaMassima);
+    const bool solo = tabella.righe() <= kRigheBloccoTabellone;
+    const auto colonne = static_cast<float>(tabella.n_colonne() - 1);
+    const float larga = std::min(((solo ? kBanda : kLarghezzaBlocco) - kColonnaRitardo) / colonne,
+                                 solo ? kColonnaMassimaSola : kColonnaMassima);
+    const float rientro = solo ? (kBanda - kColonnaRitardo - larga * colonne) / 2 : 0;
     return {.titolo = materiale.testa.ricerca,
             .pagine = pagine,
-            .disegna = [&tabella, pagine, larga, titolo = materiale.testa.ricerca,
+            .disegna = [&tabella, pagine, larga, rientro, titolo = materiale.testa.ricerca,
                         titoli = std::move(titoli)](EasyPrint& stampante, int pagina) {
                 didascalia(stampante, titolo, pagina, pagine);
                 stampante.FontSize(kCorpoBlocco);
@@ -127,8 +132,8 @@ Rapporto a_blocchi(const MaterialeRapporto& materiale, std::vector<TitoloColonne
                     if (b > 0 && prima >= tabella.righe()) break;
                     stampa_righe(stampante, tabella, prima,
                                  std::min(kRigheBloccoTabellone, tabella.righe() - prima), titoli,
-                                 inizio_banda(stampante) + kTraBlocchi * static_cast<float>(b), kTitoliBlocco,
-                                 larga, kRigaBlocco);
+                                 inizio_banda(stampante) + rientro + kTraBlocchi * static_cast<float>(b),
+                                 kTitoliBlocco, larga, kRigaBlocco);
                 }
                 stampante.FontSize(10);
             }};

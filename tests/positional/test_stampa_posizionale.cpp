@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <random>
@@ -227,6 +228,28 @@ TEST(StampaTabellone, GliAltriAdueBlocchi) {
     EXPECT_GE(wfl.quante("Combinazione win for life", 1), 1U);
     EXPECT_EQ(wfl.quante("Tabellone Posizionale (30/11/2001) - Win for Life  (pag. 1 di 1)"), 1U);
     EXPECT_EQ(wfl.foglio.testi().size(), piene(wfl.risultato.tabelle[0]) + 3);
+}
+
+TEST(StampaTabellone, UnBloccoSoloStaInMezzoAlFoglio) {
+    const Stampato s{"tabellone posizionale combinazione 10 e lotto"};
+    const Tabella& t = s.risultato.tabelle[0];
+    ASSERT_LE(t.righe(), 57U);
+    // The twenty columns of the last draw share the band of 190 mm, each as wide as the others.
+    const double y = 40.25 + 4.25 * static_cast<double>(t.righe() - 1);
+    std::vector<double> centri;
+    for (const auto& scritto : s.foglio.testi())
+        if (std::abs(scritto.y - y) < kDecimo) centri.push_back(scritto.x + scritto.larghezza / 2);
+    std::sort(centri.begin(), centri.end());
+    ASSERT_EQ(centri.size(), 21U);
+    const double passo = (190.0 - 12) / 20;
+    EXPECT_NEAR(centri[0], 10 + 6, kDecimo);
+    for (std::size_t c = 1; c <= 20; ++c)
+        EXPECT_NEAR(centri[c], 22 + passo * (static_cast<double>(c) - 0.5), kDecimo);
+    // Ten columns of 14 mm do not fill it: they stand in the middle of the sheet.
+    const Stampato wfl{"tabellone posizionale combinazione win for life"};
+    const auto* ritardo = wfl.foglio.trova("Rit.", 1);
+    ASSERT_NE(ritardo, nullptr);
+    EXPECT_NEAR(ritardo->x + ritardo->larghezza / 2, 105 - (12 + 140) / 2.0 + 6, kDecimo);
 }
 
 TEST(StampaTabellone, CentoquattordiciRighePerPagina) {
