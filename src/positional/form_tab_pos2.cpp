@@ -8,9 +8,11 @@
 #include "screens/pannello_avanzamento.h"
 #include "screens/tema.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -27,7 +29,7 @@ namespace sortimetra {
 namespace {
 
 constexpr int kLarghezzaColonna = 70 * kPasso;
-constexpr int kMargineScheda = 3 * kPasso;
+constexpr int kMargineScheda = 2 * kPasso;
 constexpr std::string_view kChiaveDieci = "i 10 numeri più in ritardo su ogni ruota";
 /// Caption once the screen runs.
 constexpr const char* kTitoloInCorsa = "Migliori Ritardi Statistici - Lotto";
@@ -65,6 +67,7 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
     : nomi_{nomi},
       ambito_{new QLabel},
       intestazione_{new QLabel},
+      freccia_{new QPushButton{nomi.pagina == 1 ? tr("Pagina &avanti") : tr("Pagina &indietro"), this}},
       stampa_{new QPushButton{tr("&Stampa"), this}},
       esporta_{new QPushButton{tr("Es&porta…"), this}},
       scorri_{new QScrollArea{this}},
@@ -79,11 +82,10 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
     ambito_->setWordWrap(true);
     assegna_ruolo(ambito_, "quieto");
 
-    auto* freccia = new QPushButton{nomi.pagina == 1 ? tr("Pagina &avanti") : tr("Pagina &indietro"), this};
-    freccia->setObjectName(QString::fromLatin1(nomi.freccia));
-    freccia->setIcon(icona(nomi.pagina == 1 ? QStringLiteral("destra") : QStringLiteral("sinistra")));
-    if (nomi.pagina == 1) freccia->setLayoutDirection(Qt::RightToLeft);
-    assegna_ruolo(freccia, "piatto");
+    freccia_->setObjectName(QString::fromLatin1(nomi.freccia));
+    freccia_->setIcon(icona(nomi.pagina == 1 ? QStringLiteral("destra") : QStringLiteral("sinistra")));
+    if (nomi.pagina == 1) freccia_->setLayoutDirection(Qt::RightToLeft);
+    assegna_ruolo(freccia_, "piatto");
 
     stampa_->setObjectName(QString::fromLatin1(nomi.stampa));
     stampa_->setIcon(icona(QStringLiteral("stampa")));
@@ -118,6 +120,8 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
     scorri_->setWidget(contenuto_);
     scorri_->setWidgetResizable(true);
     scorri_->setFrameShape(QFrame::NoFrame);
+    // Nothing to be seen would have the focus then: Page Up and Down come from the window.
+    scorri_->setFocusPolicy(Qt::NoFocus);
     scorri_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scorri_->viewport()->setAutoFillBackground(false);
     contenuto_->setAutoFillBackground(false);
@@ -128,7 +132,7 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
     testata->addWidget(titolo);
     testata->addWidget(quale);
     testata->addStretch(1);
-    testata->addWidget(freccia);
+    testata->addWidget(freccia_);
     auto* piede = new QHBoxLayout;
     piede->setSpacing(2 * kPasso);
     piede->addStretch(1);
@@ -142,7 +146,12 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
     tutto->addWidget(scorri_, 1);
     tutto->addLayout(piede);
 
-    connect(freccia, &QPushButton::clicked, this, &PaginaMigliori::volta);
+    // In the order of reading: the arrow at the top, then the commands.
+    setTabOrder(freccia_, stampa_);
+    setTabOrder(stampa_, esporta_);
+    setTabOrder(esporta_, esci_bottone);
+
+    connect(freccia_, &QPushButton::clicked, this, &PaginaMigliori::volta);
     connect(stampa_, &QPushButton::clicked, this, &PaginaMigliori::stampa);
     connect(esporta_, &QPushButton::clicked, this, &PaginaMigliori::esporta);
     connect(esci_bottone, &QPushButton::clicked, this, &PaginaMigliori::esci);
@@ -158,7 +167,7 @@ QWidget* PaginaMigliori::componi_scheda(std::size_t prima, std::size_t dopo,
     griglia->setContentsMargins(kMargineScheda, 2 * kPasso, kMargineScheda, 2 * kPasso);
     griglia->setHorizontalSpacing(2 * kPasso);
     griglia->setVerticalSpacing(kPasso / 2);
-    auto* titolo = new QLabel{q(famiglie[prima].titolo).simplified(), scheda};
+    auto* titolo = new QLabel{q(famiglie[prima].titolo), scheda};
     assegna_ruolo(titolo, "sezione");
     griglia->addWidget(titolo, 0, 0, 1, 2);
     int riga = 1;
@@ -172,8 +181,9 @@ QWidget* PaginaMigliori::componi_scheda(std::size_t prima, std::size_t dopo,
             QFont grassetto = ritardo->font();
             grassetto.setBold(true);
             ritardo->setFont(grassetto);
-            gruppo->setAccessibleName(tr("%1, gruppo %2").arg(titolo->text()).arg(i + 1));
-            ritardo->setAccessibleName(tr("%1, ritardo %2").arg(titolo->text()).arg(i + 1));
+            // A description: a name would be read in place of the figures.
+            gruppo->setAccessibleDescription(tr("%1, gruppo %2").arg(titolo->text()).arg(i + 1));
+            ritardo->setAccessibleDescription(tr("%1, ritardo %2").arg(titolo->text()).arg(i + 1));
             griglia->addWidget(gruppo, riga, 0);
             griglia->addWidget(ritardo, riga, 1);
             gruppi_.push_back(gruppo);
@@ -193,14 +203,18 @@ void PaginaMigliori::aggiungi_sotto(QWidget* widget, const QString& titolo) {
     const int dove = colonna->count() - 1;
     colonna->insertWidget(dove, scritta);
     colonna->insertWidget(dove + 1, widget);
+    setTabOrder(freccia_, widget);
+    setTabOrder(widget, stampa_);
 }
 
 void PaginaMigliori::disponi_schede() {
     // As many cards side by side as the longest group of the page leaves room for.
     const QFontMetrics misure{gruppi_.front()->font()};
-    const QString lungo = QStringLiteral("00-").repeated(nomi_.pagina == 1 ? 6 : 10);
-    const int minima =
-        misure.horizontalAdvance(lungo + QStringLiteral("R. 0000")) + 2 * kMargineScheda + 3 * kPasso;
+    const QFontMetrics grassetto{ritardi_.front()->font()};
+    const QString lungo = QStringLiteral("00-").repeated(nomi_.pagina == 1 ? 6 : 10).chopped(1);
+    const int minima = misure.horizontalAdvance(lungo) +
+                       grassetto.horizontalAdvance(QStringLiteral("R. 0000")) + 2 * kMargineScheda +
+                       3 * kPasso;
     const int spazio = 2 * kPasso;
     const int larghezza = scorri_->viewport()->width();
     const int colonne = std::clamp((larghezza + spazio) / (minima + spazio), 1, 5);
@@ -260,7 +274,17 @@ void PaginaMigliori::aggiorna_comandi() {
     esporta_->setToolTip(qualcosa ? tr("Scrive la pagina in un file CSV, XLSX o JSON (Ctrl+E)") : niente);
 }
 
+void PaginaMigliori::scorri(bool avanti) {
+    scorri_->verticalScrollBar()->triggerAction(avanti ? QAbstractSlider::SliderPageStepAdd
+                                                       : QAbstractSlider::SliderPageStepSub);
+}
+
 QImage PaginaMigliori::immagine() {
+    // Paper is light: on a dark skin the picture is drawn in the first one. The window keeps its own, since
+    // nothing is painted in between.
+    const int skin = indice_skin_in_uso();
+    const bool scura = skin_in_uso().scura;
+    if (scura) applica_tema(*qApp, 1);
     // The commands and the arrow stand outside of what is drawn; the heading comes for the picture alone.
     intestazione_->show();
     contenuto_->layout()->activate();
@@ -270,6 +294,7 @@ QImage PaginaMigliori::immagine() {
     intestazione_->hide();
     contenuto_->resize(prima);
     contenuto_->layout()->activate();
+    if (scura) applica_tema(*qApp, skin);
     return disegno;
 }
 
@@ -410,6 +435,14 @@ void form_tab_pos2::calcola(PaginaMigliori* pagina) {
 
 void form_tab_pos2::ripeti() {
     if (PaginaMigliori* p = in_vista()) calcola(p);
+}
+
+void form_tab_pos2::keyPressEvent(QKeyEvent* evento) {
+    PaginaMigliori* p = in_vista();
+    if (p != nullptr && (evento->key() == Qt::Key_PageUp || evento->key() == Qt::Key_PageDown))
+        p->scorri(evento->key() == Qt::Key_PageDown);
+    else
+        SchermoConcorso::keyPressEvent(evento);
 }
 
 void form_tab_pos2::imposta_stampa_immagine(std::function<bool(QWidget*, const QImage&)> stampa) {

@@ -47,7 +47,9 @@ class PaginaMigliori final : public QWidget {
                 const QString& ambito);
     void svuota();
     void imposta_stampabile(bool si);
-    /// The cards as they stand, under the line that a printed page begins with.
+    /// A page of the scroll bar down or up.
+    void scorri(bool avanti);
+    /// The cards as they stand, under the line that a printed page begins with; on a light ground always.
     [[nodiscard]] QImage immagine();
 
   signals:
@@ -67,6 +69,7 @@ class PaginaMigliori final : public QWidget {
     Nomi nomi_;
     QLabel* ambito_;
     QLabel* intestazione_;
+    QPushButton* freccia_;
     QPushButton* stampa_;
     QPushButton* esporta_;
     QScrollArea* scorri_;
@@ -106,6 +109,7 @@ class form_tab_pos2 final : public SchermoConcorso {
     void costruisci(const Domanda& domanda) override;
     void aggiorna_comandi() override;
     void ripeti() override;
+    void keyPressEvent(QKeyEvent* evento) override;
 
   private:
     QWidget* componi_colonna();

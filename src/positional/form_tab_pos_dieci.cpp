@@ -22,7 +22,9 @@ constexpr int kPassoBanda = static_cast<int>(kRigheBanda) + 1;
 
 constexpr int kLarghezzaPosto = 10 * kPasso;
 constexpr int kLarghezzaCella = 11 * kPasso;
-constexpr int kLarghezzaAgiata = 20 * kPasso;
+constexpr int kLarghezzaAgiata = 24 * kPasso;
+/// What a row may be higher than it must where the grid has a page of its own.
+constexpr int kAgioRiga = 2 * kPasso;
 constexpr int kLarghezzaSpazio = 4 * kPasso;
 
 enum class Parte { nome, titolo, posto, vuota };
@@ -124,7 +126,12 @@ QSize GrigliaDieci::sizeHint() const {
 
 void GrigliaDieci::disponi() {
     if (modello_->columnCount() == 0) return;
-    const int alta = fontMetrics().height() + kPasso;
+    constexpr int kRigheScritte = 2 * static_cast<int>(kRigheBanda);
+    const int bassa = fontMetrics().height() + kPasso;
+    // On a page of its own it fills the height; one that stands whole among other things is as high as it is.
+    const bool intera = sizePolicy().verticalPolicy() == QSizePolicy::Fixed;
+    const int libera_in_alto = viewport()->height() - 3 * kPasso - kRigheScritte * bassa;
+    const int alta = bassa + (intera ? 0 : std::clamp(libera_in_alto / kRigheScritte, 0, kAgioRiga));
     for (int r = 0; r < modello_->rowCount(); ++r)
         setRowHeight(r, parte(r) == Parte::vuota ? 3 * kPasso : alta);
     constexpr int kGruppi = static_cast<int>(kGruppiBanda);

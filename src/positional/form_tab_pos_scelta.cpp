@@ -99,7 +99,7 @@ SceltaConcorso::SceltaConcorso(QWidget* padre)
     assegna_ruolo(del, "quieto");
     data_->setObjectName(QStringLiteral("lbldata"));
     data_->setFont(carattere_tabellare(font()));
-    data_->setAccessibleName(tr("Data del concorso"));
+    data_->setAccessibleDescription(tr("Data del concorso"));
     limiti_->setObjectName(QStringLiteral("lbllimiti"));
     limiti_->setWordWrap(true);
     assegna_ruolo(limiti_, "quieto");

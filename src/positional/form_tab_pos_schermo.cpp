@@ -266,6 +266,9 @@ QPushButton* PaginaTabellone::aggiungi_comando(const QString& nome, const QStrin
     auto* b = new QPushButton{icona(figura), scritta, this};
     b->setObjectName(nome);
     comandi_->addWidget(b);
+    // It stands left of the usual commands.
+    setTabOrder(griglia_->vista(), b);
+    setTabOrder(b, stampa_);
     return b;
 }
 

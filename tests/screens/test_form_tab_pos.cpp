@@ -16,6 +16,8 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 #include <QtTest>
 #include <filesystem>
@@ -192,7 +194,91 @@ class TestTabelloni final : public QObject {
         QVERIFY(!form_->isVisible());
     }
 
+    void durante_il_lavoro_prega_di_attendere() {
+        apri<form_tab_pos>(kTabellone);
+        // The word is there when the work begins, and the chooser is left behind without it.
+        struct Spia final : QObject {
+            int viste = 0;
+            bool eventFilter(QObject*, QEvent* e) override {
+                if (e->type() == QEvent::Show) ++viste;
+                return false;
+            }
+        } spia;
+        auto* parola = controllo<QLabel>("lblmessaggio");
+        QCOMPARE(parola->text(), QStringLiteral("Attendere Prego"));
+        parola->installEventFilter(&spia);
+        clic("cmdopzioni_1");
+        QCOMPARE(spia.viste, 1);
+        QVERIFY(parola->isHidden());
+    }
+
+    void un_concorso_che_non_c_e_non_ha_data() {
+        apri<form_tab_pos>(kTabellone);
+        scrivi(QStringLiteral("5000"));
+        QCOMPARE(testo("lbldata"), QString{});
+        scrivi(QStringLiteral("501"));
+        QCOMPARE(testo("lbldata"), QStringLiteral("15/05/2001"));
+        // The name of a label would be read in place of its text.
+        QCOMPARE(controllo<QLabel>("lbldata")->accessibleName(), QString{});
+    }
+
     // ---- the boards ----
+
+    void il_tabellone_sta_tutto_nella_finestra() {
+        apri<form_tab_pos>(kTabellone);
+        form_->resize(1180, 720);
+        clic("cmdopzioni_1");
+        auto* griglia = controllo<QTableView>("MSFlexGrid1");
+        QTRY_COMPARE(griglia->horizontalScrollBar()->maximum(), 0);
+        const QFontMetrics misure{griglia->font()};
+        for (int c = 1; c < 56; ++c)
+            QVERIFY(griglia->columnWidth(c) >= misure.horizontalAdvance(QStringLiteral("88")) + 2);
+        // In a smaller one the delays stay in sight while the wheels move past.
+        form_->resize(1024, 640);
+        QTRY_VERIFY(griglia->horizontalScrollBar()->maximum() > 0);
+        griglia->horizontalScrollBar()->setValue(griglia->horizontalScrollBar()->maximum());
+        auto* ferma = griglia->findChild<QTableView*>(QStringLiteral("MSHFlexGrid1_prima_colonna"));
+        QVERIFY(ferma->isVisible());
+        QCOMPARE(ferma->columnAt(5), 0);
+    }
+
+    void la_riga_sotto_il_puntatore_si_segna() {
+        apri<form_tab_pos>(kTabellone);
+        form_->resize(1180, 720);
+        clic("cmdopzioni_1");
+        auto* griglia = controllo<QTableView>("MSFlexGrid1");
+        griglia->setCurrentIndex({});
+        const auto colore = [&](int riga, int colonna) {
+            const QRect cella = griglia->visualRect(griglia->model()->index(riga, colonna));
+            return griglia->viewport()->grab().toImage().pixel(cella.left() + 1, cella.top() + 1);
+        };
+        const QRgb prima = colore(3, 6);
+        QCOMPARE(prima, qRgb(0xD2, 0xD7, 0xF2));
+        const QPointF dove = griglia->visualRect(griglia->model()->index(3, 40)).center();
+        QMouseEvent passa{QEvent::MouseMove, dove,         griglia->viewport()->mapToGlobal(dove),
+                          Qt::NoButton,      Qt::NoButton, Qt::NoModifier};
+        QApplication::sendEvent(griglia->viewport(), &passa);
+        // The whole row, from one end to the other, and no other row.
+        QVERIFY(colore(3, 6) != prima);
+        QCOMPARE(colore(4, 6), prima);
+        QEvent via{QEvent::Leave};
+        QApplication::sendEvent(griglia->viewport(), &via);
+        QCOMPARE(colore(3, 6), prima);
+    }
+
+    void la_tabulazione_segue_la_lettura() {
+        auto& tabellone = apri<form_tab_pos>(kTabellone);
+        tabellone.imposta_stampa([](const LavoroStampa&) {});
+        clic("cmdopzioni_1");
+        QCOMPARE(giro("MSFlexGrid1", 5),
+                 (QStringList{"MSFlexGrid1", "Command7", "Command2", "Es&porta…", "Command1"}));
+        auto& migliori = apri<form_tab_pos2>(kMigliori);
+        clic("cmdopzioni_1");
+        migliori.imposta_stampa_immagine([](QWidget*, const QImage&) { return true; });
+        clic("Command8");
+        QCOMPARE(giro("Command8", 6),
+                 (QStringList{"Command8", "Image1", "MSFlexGrid4", "Command6", "Es&porta…", "Command5"}));
+    }
 
     void il_tabellone_del_lotto() {
         auto& form = apri<form_tab_pos>(kTabellone);
@@ -549,6 +635,72 @@ class TestTabelloni final : public QObject {
         QVERIFY(!form.isVisible());
     }
 
+    void su_una_skin_scura_la_carta_resta_chiara() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        QImage immagine;
+        form.imposta_stampa_immagine([&](QWidget*, const QImage& i) {
+            immagine = i;
+            return true;
+        });
+        clic("cmdopzioni_1");
+        clic("Command8");
+        applica_tema(*qApp, 2);
+        QVERIFY(skin_in_uso().scura);
+        clic("Command6");
+        QCOMPARE(indice_skin_in_uso(), 2);
+        QVERIFY(qGray(immagine.pixel(immagine.width() - 1, immagine.height() / 4)) > 200);
+        applica_tema(*qApp, 1);
+    }
+
+    void i_pannelli_e_i_titoli_delle_pagine() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        clic("cmdopzioni_1");
+        for (const char* nome : {"Frame3", "Frame6"}) {
+            auto* pannello = form.findChild<QWidget*>(QString::fromLatin1(nome));
+            QVERIFY(pannello != nullptr);
+            QCOMPARE(pannello->findChild<QLabel*>(QStringLiteral("lblprogress"))->text(),
+                     QStringLiteral("Elaborazione in corso..."));
+        }
+        // Captions as the families have them, one card for the two halves of pari/dispari.
+        for (const int pagina : {1, 2}) {
+            const auto* cornice = controllo<QWidget>(pagina == 1 ? "Frame10rit" : "Frame11rit");
+            QStringList scritte;
+            for (const QLabel* l : cornice->findChildren<QLabel*>()) scritte << l->text();
+            for (const FamigliaMigliori& f : famiglie_migliori(pagina))
+                QCOMPARE(scritte.count(
+                             QString::fromUtf8(f.titolo.data(), static_cast<qsizetype>(f.titolo.size()))),
+                         1);
+        }
+        QVERIFY(controllo<QLabel>("lblDatiTab_0")->accessibleName().isEmpty());
+        QCOMPARE(controllo<QLabel>("lblDatiTab_4")->accessibleDescription(),
+                 QStringLiteral("Ambi vertibili, ritardo 2"));
+        QCOMPARE(controllo<QPushButton>("Command8")->text(), QStringLiteral("Avvia &Ricerca"));
+        QCOMPARE(controllo<QPushButton>("Image1")->text().remove('&'), QStringLiteral("Pagina avanti"));
+        QCOMPARE(controllo<QPushButton>("Image2")->text().remove('&'), QStringLiteral("Pagina indietro"));
+    }
+
+    void pagina_giu_scorre_le_schede() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        form.resize(1024, 640);
+        clic("cmdopzioni_1");
+        auto* barra = controllo<QWidget>("Frame10rit")->findChild<QScrollArea*>()->verticalScrollBar();
+        QTRY_VERIFY(barra->maximum() > 0);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown);
+        QVERIFY(barra->value() > 0);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp);
+        QCOMPARE(barra->value(), 0);
+    }
+
+    void le_quindici_schede_della_seconda_pagina_in_vista() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        form.resize(1180, 720);
+        clic("cmdopzioni_1");
+        clic("Image1");
+        clic("Command9");
+        auto* scorri = controllo<QWidget>("Frame11rit")->findChild<QScrollArea*>();
+        QTRY_COMPARE(scorri->verticalScrollBar()->maximum(), 0);
+    }
+
     void le_schede_stanno_anche_in_una_finestra_stretta() {
         auto& form = apri<form_tab_pos2>(kMigliori);
         clic("cmdopzioni_1");
@@ -565,6 +717,21 @@ class TestTabelloni final : public QObject {
     }
 
   private:
+    /// The controls that the Tab key reaches from `primo` on, by name or, without one, by caption.
+    [[nodiscard]] QStringList giro(const char* primo, int quanti) const {
+        QWidget* w = controllo<QWidget>(primo);
+        w->setFocus();
+        QStringList nomi;
+        for (int i = 0; i < quanti; ++i) {
+            const auto* b = qobject_cast<QPushButton*>(w);
+            nomi << (b != nullptr && b->objectName().isEmpty() ? b->text() : w->objectName());
+            QTest::keyClick(w, Qt::Key_Tab);
+            w = QApplication::focusWidget();
+            if (w == nullptr) break;
+        }
+        return nomi;
+    }
+
     /// The labels of a page against the search's own rows.
     void confronta(int pagina, std::optional<Concorso> concorso, int indice_combo) {
         Domanda d = prove::domanda(kMigliori);
