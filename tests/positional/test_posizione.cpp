@@ -44,6 +44,68 @@ TEST(Posizione, DueRuoteContanoLaFrequenzaDiCiascuna) {
     EXPECT_EQ(riga(posizione::estratto(archivio, domanda("", ambito), nessuno), "5").substr(0, 7), "5 2 1 0");
 }
 
+TEST(Posizione, DueUsciteDiFilaNonLascianoRitardo) {
+    const auto archivio = da_testo("1 BA 1 2 3 4 5\n2 BA 9 2 3 4 5\n3 BA 9 2 3 4 5\n4 BA 1 2 3 4 5\n");
+    const Risultato r = posizione::estratto(archivio, domanda(""), nessuno);
+    EXPECT_EQ(riga(r, "9").substr(0, 8), "9 2 1 0 ");
+    // The wait before the first time and the one that still goes on are no closed delays.
+    EXPECT_EQ(riga(r, "1").substr(0, 8), "1 2 0 2 ");
+}
+
+TEST(Posizione, DoveUnaRuotaMancaIlRitardoNeRisente) {
+    // Five rows of two wheels: N is 2.5, to the even number 2, while three draws are walked.
+    const auto archivio = da_testo(
+        "1 BA 1 2 3 4 5\n1 CA 11 12 13 14 15\n"
+        "2 BA 6 7 8 9 10\n"
+        "3 BA 1 7 8 9 10\n3 CA 16 17 18 19 20\n");
+    AmbitoRicerca ambito;
+    ambito.ruote.clic(1, true);
+    const Risultato r = posizione::estratto(archivio, domanda("", ambito), nessuno);
+    EXPECT_EQ(riga(r, "6").substr(0, 8), "6 1 0 0 ");
+    EXPECT_EQ(riga(r, "1").substr(0, 9), "1 2 -1 1 ");
+    EXPECT_EQ(riga(r, "90").substr(0, 13), "90 ... 2 ... ");
+}
+
+TEST(Posizione, SenzaRuoteSiLeggeBariENVale0) {
+    AmbitoRicerca ambito;
+    ambito.ruote = SelezioneRuote::nessuna();
+    const auto archivio = da_testo("1 BA 1 2 3 4 5\n1 CA 6 7 8 9 10\n2 BA 1 7 8 9 10\n");
+    const Risultato r = posizione::estratto(archivio, domanda("", ambito), nessuno);
+    // Started at -1, `ultimo` makes the wait of the first time count: one draw.
+    EXPECT_EQ(riga(r, "1").substr(0, 9), "1 2 -2 1 ");
+    EXPECT_EQ(riga(r, "6").substr(0, 12), "6 ... 0 ... ");
+}
+
+TEST(Posizione, IlDieciELottoContaOgniRigaDelleRuoteScelte) {
+    // Two wheels give ten numbers, ranked behind ten empty places; both rows of the draw are counted.
+    const auto archivio = da_testo("1 BA 1 2 3 4 5\n1 CA 11 12 13 14 15\n");
+    AmbitoRicerca ambito;
+    ambito.ruote.clic(1, true);
+    const Tabella t = posizione::ambata10elotto(archivio, domanda("", ambito), nessuno).tabelle[0];
+    const auto posto = [&](std::size_t numero, std::size_t p) {
+        std::string testo;
+        for (std::size_t k = 0; k < 3; ++k) testo += t.testo(numero - 1, 1 + 3 * (p - 1) + k) + " ";
+        return testo;
+    };
+    EXPECT_EQ(posto(1, 11), "2 1 0 ");
+    EXPECT_EQ(posto(15, 20), "2 1 0 ");
+    EXPECT_EQ(posto(1, 1), "... 2 ... ");
+    // Of one wheel alone the draw has one row, and the same combination.
+    const Tabella una = posizione::ambata10elotto(archivio, domanda(""), nessuno).tabelle[0];
+    EXPECT_EQ(una.testo(0, 31) + " " + una.testo(0, 32), "1 0");
+}
+
+TEST(Posizione, WinForLifeAUnOra) {
+    const auto archivio = da_testi("", "",
+                                   "1 9:00 1 2 3 4 5 6 7 8 9 10\n2 10:00 1 2 3 4 5 6 7 8 9 10\n"
+                                   "3 09:00 2 3 4 5 6 7 8 9 10 11\n4 19:00 1 2 3 4 5 6 7 8 9 10\n");
+    AmbitoRicerca ambito;
+    ambito.ora = *trova_ora("9:00");
+    const Risultato r = posizione::ambataWinForLife(archivio, domanda("", ambito), nessuno);
+    EXPECT_EQ(riga(r, "1").substr(0, 8), "1 1 1 0 ");
+    EXPECT_EQ(riga(r, "2").substr(0, 14), "2 1 0 0 1 1 0 ");
+}
+
 TEST(Posizione, UnPostoVuotoSiSalta) {
     const Risultato r = posizione::estratto(da_testo("1 BA - 2 3 4 6\n"), domanda(""), nessuno);
     EXPECT_EQ(riga(r, "2"), "2 ... 1 ... 1 0 0 ... 1 ... ... 1 ... ... 1 ...");
@@ -70,8 +132,13 @@ TEST(Posizione, AmbitoVuoto) {
     AmbitoRicerca ambito;
     ambito.tratto = {2, 1};
     const auto archivio = da_testo("1 BA 1 2 3 4 5\n2 BA 1 2 3 4 5\n");
-    EXPECT_EQ(posizione::estratto(archivio, domanda("", ambito), nessuno).messaggi,
-              std::vector<std::string>{std::string{kNessunaEstrazione}});
+    for (const auto& cerca : {posizione::estratto, posizione::ambataSuperEnalotto, posizione::ambata10elotto,
+                              posizione::ambataWinForLife}) {
+        const Risultato r = cerca(archivio, domanda("", ambito), nessuno);
+        EXPECT_FALSE(r.prodotto);
+        EXPECT_TRUE(r.tabelle.empty());
+        EXPECT_EQ(r.messaggi, std::vector<std::string>{std::string{kNessunaEstrazione}});
+    }
 }
 
 TEST(Posizione, IPuntiniSiOrdinanoFraINumeri) {
