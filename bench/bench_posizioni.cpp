@@ -15,10 +15,20 @@ BENCHMARK_CAPTURE(ricerca, posizione_lotto, domanda("ritardi e frequenze per pos
 BENCHMARK_CAPTURE(ricerca, posizione_10elotto,
                   domanda("frequenza e ritardo dei 90 numeri per posizione (10 e lotto)"))
     ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, posizione_superenalotto,
+                  domanda("frequenza e ritardo dei 90 numeri per posizione (superenalotto)"))
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, posizione_wfl,
+                  domanda("frequenza e ritardo dei 20 numeri per posizione (win for life)"))
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(ricerca, tabellone_lotto, domanda("tabellone posizionale"))->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(ricerca, tabellone_10elotto, domanda("tabellone posizionale combinazione 10 e lotto"))
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(ricerca, tabellone_primi, domanda("tabellone posizionale primi estratti"))
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, tabellone_sestina, domanda("tabellone posizionale sestina superenalotto"))
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ricerca, tabellone_wfl, domanda("tabellone posizionale combinazione win for life"))
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(ricerca, dieci_in_ritardo, domanda("i 10 numeri più in ritardo su ogni ruota"))
     ->Unit(benchmark::kMillisecond);
