@@ -168,6 +168,49 @@ TEST(MiglioriRitardi, LaPrimaCadenzaSiChiamaComeLUltima) {
     EXPECT_EQ(della_serie(r, "Cifre"), (std::vector<std::string>{"4 R. 1", "5 R. 1", "6 R. 1"}));
 }
 
+TEST(MiglioriRitardi, IGruppiSiDiconoComeLeLoroFamiglie) {
+    // Nothing but 31 and 47 has come out: all groups wait equally long and keep the family's order.
+    const Risultato r = migliori_ritardi(da_testo("1 BA 31 47 - - -\n"), domanda_pagina(1), nessuno);
+    EXPECT_EQ(della_serie(r, "Figure"), (std::vector<std::string>{"1/82 R. 1", "2/83 R. 1", "3/84 R. 1"}));
+    EXPECT_EQ(della_serie(r, "Radicali"), (std::vector<std::string>{"01-10-11-19 R. 1", "02-20-22-29 R. 1"}));
+    EXPECT_EQ(della_serie(r, "Terzine a coesione")[0], "01-02-90 R. 1");
+    EXPECT_EQ(della_serie(r, "Ambi complementari")[0], "01 - 89 R. 1");
+    // Eight digits have come out later than the last one, told as two.
+    const auto cifre =
+        da_testo("1 BA 1 12 23 34 45\n2 BA 11 12 22 23 33\n3 BA 44 45 55 56 66\n4 BA 67 68 77 78 88\n");
+    EXPECT_EQ(della_serie(migliori_ritardi(cifre, domanda_pagina(1), nessuno), "Cifre")[0], "9/0 R. 4");
+}
+
+TEST(MiglioriRitardi, SediciPassiPerPagina) {
+    class Passi final : public Avanzamento {
+      public:
+        bool procedi(std::size_t fatto, std::size_t totale) override {
+            EXPECT_EQ(fatto, visti + 1);
+            EXPECT_EQ(totale, 16U);
+            visti = fatto;
+            return true;
+        }
+        std::size_t visti = 0;
+    };
+    for (const int pagina : {1, 2}) {
+        Passi passi;
+        EXPECT_TRUE(migliori_ritardi(da_testo("1 BA 1 2 3 4 5\n"), domanda_pagina(pagina), passi).prodotto);
+        EXPECT_EQ(passi.visti, 16U);
+    }
+}
+
+TEST(MiglioriRitardi, CalendarioETrattoNonContano) {
+    std::string testo;
+    for (int c = 1; c <= 520; ++c)
+        testo += std::to_string(c) + " BA 1 2 3 4 " + std::to_string(5 + c % 80) + "\n";
+    const auto archivio = da_testo(testo);
+    AmbitoRicerca stretto;
+    stretto.intervallo = *trova_intervallo("Marzo");
+    stretto.tratto = {500, 400};
+    EXPECT_EQ(righe(migliori_ritardi(archivio, domanda_pagina(1, stretto), nessuno).tabelle.at(0)),
+              righe(migliori_ritardi(archivio, domanda_pagina(1), nessuno).tabelle.at(0)));
+}
+
 TEST(MiglioriRitardi, FinoAlConcorsoScelto) {
     std::string testo;
     for (int c = 1; c <= 600; ++c)

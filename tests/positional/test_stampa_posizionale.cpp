@@ -145,6 +145,36 @@ TEST(StampaPosizione, IlNumeroDelPostoESottolineato) {
     EXPECT_EQ(sottolineati, "12345");
 }
 
+TEST(StampaPosizione, LaTestaDiceRuoteIntervalloEDate) {
+    Domanda d;
+    d.ambito.ruote.clic(2, true);
+    d.ambito.intervallo = *trova_intervallo("Anni Pari");
+    d.ambito.tratto = {10, 20};
+    const Stampato s{"ritardi e frequenze per posizione dei 90 numeri", d};
+    for (int p = 1; p <= 2; ++p) {
+        const auto* titolo = s.foglio.trova("Frequenza e Ritardo dei 90 numeri per posizione", p);
+        const auto* ruote = s.foglio.trova("Bari, Firenze", p);
+        const auto* intervallo = s.foglio.trova("Anni Pari", p);
+        const auto* date = s.foglio.trova("10/01/2000-20/01/2000", p);
+        ASSERT_TRUE(titolo != nullptr && ruote != nullptr && intervallo != nullptr && date != nullptr);
+        for (const auto* t : {titolo, ruote, intervallo, date}) EXPECT_NEAR(t->x, 47, kDecimo);
+        EXPECT_NEAR(titolo->y, 30, kDecimo);
+        EXPECT_NEAR(ruote->y, 34.5, kDecimo);
+        EXPECT_LT(ruote->y, intervallo->y);
+        EXPECT_LT(intervallo->y, date->y);
+    }
+    // The legend on lines of their own, left; the page at the right end of the band.
+    const auto* frequenza = s.foglio.trova("F = Frequenza", 2);
+    const auto* ritardo = s.foglio.trova("R = Ritardo", 2);
+    const auto* storico = s.foglio.trova("RS = Ritardo Storico", 2);
+    const auto* pagina = s.foglio.trova("Pagina 2 di 2", 2);
+    ASSERT_TRUE(frequenza != nullptr && ritardo != nullptr && storico != nullptr && pagina != nullptr);
+    EXPECT_NEAR(frequenza->x, 297 / 2.0 - 95, kDecimo);
+    EXPECT_NEAR(ritardo->y - frequenza->y, 3, kDecimo);
+    EXPECT_NEAR(storico->y - ritardo->y, 3, kDecimo);
+    EXPECT_NEAR(pagina->x + pagina->larghezza, 297 / 2.0 + 95, kDecimo);
+}
+
 TEST(StampaPosizione, LeRigheNellOrdineDellaGriglia) {
     std::vector<std::uint32_t> ordine(90);
     for (std::uint32_t i = 0; i < 90; ++i) ordine[i] = 89 - i;
@@ -211,6 +241,24 @@ TEST(StampaTabellone, LottoQuarantaRighePerPagina) {
             if (!t.testo(r, c).empty()) attesa += (c == 0 ? "" : " ") + t.testo(r, c);
         EXPECT_EQ(s.riga(40.25 + 3.9 * static_cast<double>(r % 40), r < 40 ? 1 : 2), attesa);
     }
+}
+
+TEST(StampaTabellone, UnRiquadroPerOgniRuota) {
+    const Stampato s{"tabellone posizionale"};
+    // Eleven wheels' frames beside the delays', from one edge of the sheet to the other.
+    std::vector<double> sinistre;
+    for (const auto& r : s.foglio.riquadri())
+        if (r.pagina == 1 && r.spessore == 3) sinistre.push_back(r.x1);
+    std::sort(sinistre.begin(), sinistre.end());
+    ASSERT_EQ(sinistre.size(), 12U);
+    const double ruota = (297.0 - 20 - 12) / 11;
+    EXPECT_NEAR(sinistre[0], 10, kDecimo);
+    for (std::size_t w = 0; w < 11; ++w)
+        EXPECT_NEAR(sinistre[w + 1], 22 + ruota * static_cast<double>(w), kDecimo);
+    // Each name stands in the middle of its wheel's frame.
+    const auto* venezia = s.foglio.trova("Venezia", 1);
+    ASSERT_NE(venezia, nullptr);
+    EXPECT_NEAR(venezia->x + venezia->larghezza / 2, 22 + ruota * 9.5, kDecimo);
 }
 
 TEST(StampaTabellone, GliAltriAdueBlocchi) {

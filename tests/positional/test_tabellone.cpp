@@ -106,6 +106,37 @@ TEST(Tabellone, IlConcorsoTornaNeiSuoiLimiti) {
     EXPECT_TRUE(al_concorso(tabellone_lotto, archivio).note.empty());
 }
 
+TEST(Tabellone, OgniTabelloneHaIProprioLimite) {
+    std::string lotto;
+    std::string sestine;
+    std::string wfl;
+    for (int c = 1; c <= 1000; ++c) {
+        // Bari misses every hundredth draw; from 402 on Cagliari is there, too.
+        if (c % 100 != 0) lotto += std::to_string(c) + " BA 1 2 3 4 5\n";
+        if (c % 100 == 0 || c > 401) lotto += std::to_string(c) + " CA 1 2 3 4 5\n";
+        if (c > 401) sestine += std::to_string(c) + " 1 2 3 4 5 6 7 8\n";
+    }
+    for (int c = 1; c <= 700; ++c) wfl += std::to_string(c) + " 9:00 1 2 3 4 5 6 7 8 9 10\n";
+    const auto archivio = da_testi(lotto, sestine, wfl);
+    const auto massimo = [&](TipoTabellone tipo) {
+        EXPECT_EQ(limiti_concorso(archivio, tipo).minimo, 500);
+        return limiti_concorso(archivio, tipo).massimo;
+    };
+    EXPECT_EQ(massimo(TipoTabellone::lotto), 990);            // Bari's rows
+    EXPECT_EQ(massimo(TipoTabellone::primi_estratti), 1000);  // the last concorso
+    EXPECT_EQ(massimo(TipoTabellone::sestina), 599);          // rows of its table
+    EXPECT_EQ(massimo(TipoTabellone::win_for_life), 700);     // its own last concorso
+    // 593 rows of Bari and 599 of Cagliari above 401: 1192 / 10.
+    EXPECT_EQ(massimo(TipoTabellone::dieci_e_lotto), 119);
+    // Nothing typed is the last one as it is, typed it is brought back.
+    std::vector<std::string> note;
+    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::sestina, {}, note), 1000);
+    EXPECT_TRUE(note.empty());
+    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::sestina, 1000, note), 599);
+    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::win_for_life, {}, note), 700);
+    EXPECT_EQ(note, std::vector<std::string>{"concorso 1000 riportato a 599"});
+}
+
 TEST(Tabellone, PrimiEstrattiSonoINumeriDiBariConUnaCasellaVuota) {
     std::string testo;
     for (int c = 404; c <= 407; ++c)

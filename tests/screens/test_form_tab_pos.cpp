@@ -130,6 +130,10 @@ class TestTabelloni final : public QObject {
         QCOMPARE(updown()->passo(), passo);
         QVERIFY(!updown()->scritto().has_value());
         QVERIFY(!visibile("lblmessaggio"));
+        QStringList scritte;
+        for (const QLabel* l : form_->scelta()->findChildren<QLabel*>()) scritte << l->text();
+        QVERIFY(scritte.contains(
+            QStringLiteral("Tabellone posizionale dei numeri ritardatari all'estrazione del ...")));
         QTest::keyClick(updown(), Qt::Key_Down);
         QCOMPARE(txtconc()->text(), QString::number(passo - 1));
         for (int i = 0; i < 3; ++i) QTest::keyClick(updown(), Qt::Key_Up);
