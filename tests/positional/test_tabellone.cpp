@@ -149,6 +149,38 @@ TEST(Tabellone, PrimiEstrattiSonoINumeriDiBariConUnaCasellaVuota) {
                                                                 "Napoli", "Palermo", "Roma"}));
 }
 
+TEST(Tabellone, IPrimiEstrattiGuardanoDuemilaEstrazioniIndietro) {
+    std::string testo;
+    for (int c = 402; c <= 2700; ++c)
+        testo += std::to_string(c) + (c == 700   ? " BA 90 2 3 4 5\n"
+                                      : c == 699 ? " BA 89 2 3 4 5\n"
+                                                 : " BA 1 2 3 4 5\n");
+    const Risultato r = al_concorso(tabellone_primi_estratti, da_testo(testo));
+    // 90 came out 2000 draws ago, 89 one earlier.
+    EXPECT_EQ(r.tabelle[0].testo(0, 0), "2000");
+    EXPECT_EQ(piene(r, "2000"), "6=90 ");
+    EXPECT_EQ(r.tabelle[0].righe(), 2U);
+}
+
+TEST(Tabellone, CinquecentoEstrazioniIndietroSugliAltri) {
+    std::string lotto;
+    std::string sestine;
+    std::string wfl;
+    for (int c = 402; c <= 1100; ++c) {
+        const int ultimo = c == 600 ? 20 : c == 599 ? 19 : 10;
+        lotto += std::to_string(c) + " BA 1 2 3 4 5\n";
+        sestine += std::to_string(c) + " 1 2 3 4 5 " + std::to_string(ultimo) + " 0 0\n";
+        wfl += std::to_string(c) + " 9:00 1 2 3 4 5 6 7 8 9 " + std::to_string(ultimo) + "\n";
+    }
+    const auto archivio = da_testi(lotto, sestine, wfl);
+    const Risultato sestina = al_concorso(tabellone_sestina, archivio);
+    EXPECT_EQ(sestina.tabelle[0].testo(0, 0), "500");
+    EXPECT_EQ(piene(sestina, "500"), "6=20 ");
+    const Risultato vita = al_concorso(tabellone_winforlife, archivio);
+    EXPECT_EQ(vita.tabelle[0].testo(0, 0), "500");
+    EXPECT_EQ(piene(vita, "500"), "10=20 ");
+}
+
 TEST(Tabellone, LaSestinaCheMancaLasciaVuotoIlRitardoZero) {
     std::string lotto;
     std::string sestine;
@@ -242,6 +274,22 @@ TEST(DieciInRitardo, TutteGuardaLeUltimeCinquecentodieciRigheDellArchivio) {
     EXPECT_EQ(t.testo(110, 2) + " " + t.testo(110, 3), "89 509");
     EXPECT_EQ(t.testo(111, 2) + " " + t.testo(111, 3), "1 0");
     EXPECT_EQ(t.testo(119, 2), "9");
+}
+
+TEST(DieciInRitardo, GliAssentiAspettanoLeEstrazioniDellaNazionaleFinoAlConcorso) {
+    std::string testo;
+    for (int c = 1; c <= 520; ++c) {
+        testo += std::to_string(c) + " BA 1 2 3 4 5\n";
+        if (c >= 505) testo += std::to_string(c) + " NZ 1 2 3 4 5\n";
+    }
+    const auto archivio = da_testo(testo);
+    // Six of Nazionale's draws up to 510, sixteen up to the end.
+    EXPECT_EQ(al_concorso(dieci_piu_in_ritardo, archivio, 510).tabelle[0].testo(0, 3), "6");
+    EXPECT_EQ(al_concorso(dieci_piu_in_ritardo, archivio).tabelle[0].testo(0, 3), "16");
+    // Before its first draw its group is empty, and absent numbers have delay 0.
+    const Tabella prima = al_concorso(dieci_piu_in_ritardo, archivio, 504).tabelle[0];
+    EXPECT_EQ(prima.testo(0, 2) + " " + prima.testo(0, 3), "90 0");
+    EXPECT_EQ(prima.testo(100, 2) + prima.testo(109, 3), "");
 }
 
 TEST(DieciInRitardo, LaNazionaleCheMancaAlConcorsoDaTuttiAssenti) {
@@ -376,7 +424,7 @@ TEST(Tabellone, UnGruppoSoloUgualeAlConfrontoCubico) {
         for (const Caso& caso :
              {Caso{TipoTabellone::primi_estratti, &primi, 6}, Caso{TipoTabellone::sestina, &sestine, 6},
               Caso{TipoTabellone::dieci_e_lotto, &dieci, 20}, Caso{TipoTabellone::win_for_life, &wfl, 10}})
-            for (const int concorso : {ultimo, ultimo - 1, ultimo - 7, 404, 401, ultimo + 5}) {
+            for (const int concorso : {ultimo, ultimo - 1, ultimo - 7, 404, 402, 401, ultimo + 5}) {
                 const Tabellone t = iniz_tabellone(archivio, caso.tipo, concorso);
                 ASSERT_EQ(t.colonne, caso.colonne);
                 const auto lento = tabellone_lento(dal_concorso(*caso.tabella, concorso, caso.colonne),
