@@ -427,8 +427,9 @@ TEST(Tabellone, UnGruppoSoloUgualeAlConfrontoCubico) {
             for (const int concorso : {ultimo, ultimo - 1, ultimo - 7, 404, 402, 401, ultimo + 5}) {
                 const Tabellone t = iniz_tabellone(archivio, caso.tipo, concorso);
                 ASSERT_EQ(t.colonne, caso.colonne);
-                const auto lento = tabellone_lento(dal_concorso(*caso.tabella, concorso, caso.colonne),
-                                                   caso.colonne, std::min<std::size_t>(t.ritardi, 230));
+                const auto draws = dal_concorso(*caso.tabella, concorso, caso.colonne);
+                const auto lento =
+                    tabellone_lento(draws, caso.colonne, std::min(t.ritardi, draws.size() + 2));
                 std::multiset<int> stanno;
                 for (std::size_t d = 0; d < t.ritardi; ++d)
                     for (std::size_t c = 0; c < t.colonne; ++c) {
