@@ -6,7 +6,8 @@
 
 namespace sortimetra {
 
-/// Rows of the Lotto board on one page, and of the other boards: there two blocks stand side by side.
+/// Rows of the Lotto board on one page, and of the other boards: there two blocks stand side by side, and a
+/// board that one block holds stands in the middle of the sheet in wider columns.
 inline constexpr std::size_t kRighePaginaTabellone = 40;
 inline constexpr std::size_t kRighePaginaTabellone2 = 114;
 
