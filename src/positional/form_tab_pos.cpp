@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QVBoxLayout>
 #include <string>
 #include <vector>
@@ -35,6 +36,32 @@ form_tab_pos::form_tab_pos(Sessione& sessione, QWidget* padre)
     // It fills members that are declared after it.
     pagina_dieci_ = componi_pagina_dieci();  // NOLINT(cppcoreguidelines-prefer-member-initializer)
     aggiungi_pagina(pagina_dieci_);
+    aggiungi_pagina(componi_terza());
+}
+
+/// The frame of a third grid, which no board fills and no road shows; its print does nothing.
+QWidget* form_tab_pos::componi_terza() {
+    auto* pagina = new QWidget;
+    pagina->setObjectName(QStringLiteral("FrameTerza"));
+    auto* griglia = new QTableWidget{pagina};
+    griglia->setObjectName(QStringLiteral("MSFlexGrid3"));
+    griglia->setAccessibleName(tr("Terza griglia"));
+    auto* stampa_bottone = new QPushButton{icona(QStringLiteral("stampa")), tr("&Stampa"), pagina};
+    stampa_bottone->setObjectName(QStringLiteral("Command6"));
+    auto* esci = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), pagina};
+    esci->setObjectName(QStringLiteral("Command5"));
+    connect(esci, &QPushButton::clicked, this, &QWidget::close);
+    auto* piede = new QHBoxLayout;
+    piede->setSpacing(2 * kPasso);
+    piede->addStretch(1);
+    piede->addWidget(stampa_bottone);
+    piede->addWidget(esci);
+    auto* colonna = new QVBoxLayout{pagina};
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(2 * kPasso);
+    colonna->addWidget(griglia, 1);
+    colonna->addLayout(piede);
+    return pagina;
 }
 
 QWidget* form_tab_pos::componi_pagina_dieci() {

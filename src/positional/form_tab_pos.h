@@ -27,6 +27,7 @@ class form_tab_pos final : public SchermoTabellone {
 
   private:
     QWidget* componi_pagina_dieci();
+    QWidget* componi_terza();
     /// The list of the ten most delayed, at the board's concorso.
     void mostra_dieci();
     void mostra_tabellone();

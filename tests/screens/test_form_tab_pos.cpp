@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -327,6 +328,20 @@ class TestTabelloni final : public QObject {
             }
         }
         applica_tema(*qApp, 1);
+    }
+
+    void la_terza_griglia_c_e_ma_nessuno_la_mostra() {
+        auto& form = apri<form_tab_pos>(kTabellone);
+        clic("cmdopzioni_1");
+        auto* stampa = controllo<QPushButton>("Command6");
+        auto* esci = controllo<QPushButton>("Command5");
+        QVERIFY(!stampa->isVisible() && !esci->isVisible());
+        const QString titolo = form.windowTitle();
+        stampa->click();
+        QCOMPARE(form.windowTitle(), titolo);
+        QVERIFY(form.findChild<QDialog*>() == nullptr);
+        esci->click();
+        QVERIFY(!form.isVisible());
     }
 
     void il_numero_sotto_il_puntatore() {
