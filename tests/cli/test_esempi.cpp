@@ -20,8 +20,6 @@ struct Esempio {
     int riga = 0;
     std::vector<std::string> argomenti;
     json atteso;
-
-    friend void PrintTo(const Esempio& e, std::ostream* dove) { *dove << e.file << ":" << e.riga; }
 };
 
 std::vector<Esempio> esempi() {
@@ -105,23 +103,41 @@ void confronta(const Esempio& e, int codice, const std::string& uscita, const st
     EXPECT_EQ(codice, atteso["tabelle"].empty() ? 1 : 0) << errori;
 }
 
-class EsempiTest : public ::testing::TestWithParam<Esempio> {};
+/// The examples of one file: the archive is read once for all of them.
+class EsempiTest : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(EsempiTest, Uguale) {
-    const Esempio& e = GetParam();
-    const Ricerca* r = trova_ricerca(e.argomenti.at(1));
-    ASSERT_NE(r, nullptr) << e.argomenti[1];
-    if (!r->pronta()) GTEST_SKIP() << "ricerca non ancora costruita: " << r->chiave;
-    std::ostringstream uscita;
-    std::ostringstream errori;
-    const int codice = esegui_comando(riga_di_comando(e), uscita, errori);
-    if (codice == 2 && errori.str().find("sconosciuta") != std::string::npos)
-        GTEST_SKIP() << "opzione non ancora costruita: " << errori.str();
-    confronta(e, codice, uscita.str(), errori.str());
+TEST_P(EsempiTest, Uguali) {
+    int fatti = 0;
+    std::string saltati;
+    for (const Esempio& e : esempi()) {
+        if (e.file != GetParam()) continue;
+        SCOPED_TRACE("riga " + std::to_string(e.riga));
+        const Ricerca* r = trova_ricerca(e.argomenti.at(1));
+        ASSERT_NE(r, nullptr) << e.argomenti[1];
+        std::ostringstream uscita;
+        std::ostringstream errori;
+        const int codice = r->pronta() ? esegui_comando(riga_di_comando(e), uscita, errori) : 2;
+        // A search, or an option of one, that is still to come.
+        if (!r->pronta() || (codice == 2 && errori.str().find("sconosciuta") != std::string::npos)) {
+            saltati += " " + std::to_string(e.riga);
+            continue;
+        }
+        ++fatti;
+        confronta(e, codice, uscita.str(), errori.str());
+    }
+    if (!saltati.empty())
+        GTEST_SKIP() << fatti << " uguali; non ancora costruite le ricerche delle righe" << saltati;
 }
 
-INSTANTIATE_TEST_SUITE_P(Condivisi, EsempiTest, ::testing::ValuesIn(esempi()),
-                         [](const auto& p) { return p.param.file + "_" + std::to_string(p.param.riga); });
+std::vector<std::string> file_degli_esempi() {
+    std::vector<std::string> nomi;
+    for (const Esempio& e : esempi())
+        if (nomi.empty() || nomi.back() != e.file) nomi.push_back(e.file);
+    return nomi;
+}
+
+INSTANTIATE_TEST_SUITE_P(Condivisi, EsempiTest, ::testing::ValuesIn(file_degli_esempi()),
+                         [](const auto& p) { return p.param; });
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(EsempiTest);
 
 /// A few through the program itself: what it prints is what the command wrote.
