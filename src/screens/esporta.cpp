@@ -24,9 +24,11 @@ QString percorso_proposto(const QString& documento, const QString& fine) {
     QString nome = documento.simplified();
     nome.replace(QRegularExpression{QStringLiteral("[\\\\/:*?\"<>|]+")}, QStringLiteral("-"));
     if (nome.isEmpty()) nome = QStringLiteral("risultato");
-    const QString cartella = ultima_cartella.isEmpty()
-                                 ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
-                                 : ultima_cartella;
+    QString cartella = ultima_cartella.isEmpty()
+                           ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                           : ultima_cartella;
+    // The dialog would offer wherever the program was started.
+    if (!QFileInfo{cartella}.isDir()) cartella = QDir::homePath();
     return QDir{cartella}.filePath(nome + fine);
 }
 

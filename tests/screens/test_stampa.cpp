@@ -11,6 +11,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QFile>
 #include <QFrame>
 #include <QGroupBox>
@@ -239,6 +240,22 @@ class TestStampa : public QObject {
         detti.file.reset();
         premi(&form, "cmdPdf");
         QCOMPARE(detti.detti.size(), 1);
+    }
+
+    void il_file_si_offre_nella_cartella_dell_ultimo() {
+        MessaggiDiProva detti;
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        QVERIFY(QDir{cartella_.path()}.mkdir("tolta"));
+        detti.file = cartella_.filePath("tolta/a.pdf");
+        premi(&form, "cmdPdf");
+        detti.file.reset();
+        premi(&form, "cmdPdf");
+        QCOMPARE(detti.proposto, cartella_.filePath("tolta/Rapporto di prova.pdf"));
+        // A folder that is no more gives way to the user's own.
+        QVERIFY(QDir{cartella_.filePath("tolta")}.removeRecursively());
+        premi(&form, "cmdPdf");
+        QCOMPARE(detti.proposto, QDir::home().filePath("Rapporto di prova.pdf"));
     }
 
     void le_pagine_si_sfogliano() {
