@@ -37,8 +37,10 @@ using namespace sortimetra;
 
 constexpr int kGiri = 20'000;
 constexpr std::size_t kPagina = 4096;
-/// A reader that takes longer is stopped. The largest of the files takes a tenth of it.
-constexpr suseconds_t kTempo = 400'000;
+/// A reader of a damaged file that takes longer is stopped. The largest of the files takes a tenth of it.
+constexpr itimerval kTempo{{0, 0}, {0, 400'000}};
+/// A sound file is read to its end, however slow the machine.
+constexpr itimerval kTempoSano{{0, 0}, {60, 0}};
 constexpr std::size_t kMemoria = std::size_t{1} << 30;
 
 /// A good file, what to read of it, and how many rows that gives (0: it is not good, and must not pass).
@@ -103,12 +105,11 @@ class Rovina {
     std::mt19937 caso_;
 };
 
-[[noreturn]] void leggi_nel_figlio(std::string& byte, unsigned tabelle, int uscita) {
+[[noreturn]] void leggi_nel_figlio(std::string& byte, unsigned tabelle, int uscita, const itimerval& tempo) {
     const int nulla = open("/dev/null", O_WRONLY);
     dup2(nulla, STDERR_FILENO);
-    jet::limita(kMemoria, 1);
-    const itimerval sveglia{{0, 0}, {0, kTempo}};
-    setitimer(ITIMER_REAL, &sveglia, nullptr);
+    jet::limita(kMemoria, static_cast<unsigned>(tempo.it_value.tv_sec) + 1);
+    setitimer(ITIMER_REAL, &tempo, nullptr);
     jet::leggi(byte.data(), byte.size(), tabelle, [uscita](std::string_view pezzo) {
         while (!pezzo.empty()) {
             const ssize_t n = write(uscita, pezzo.data(), pezzo.size());
@@ -124,12 +125,12 @@ struct Letto {
     int stato = 0;
 };
 
-Letto leggi(std::string& byte, unsigned tabelle) {
+Letto leggi(std::string& byte, unsigned tabelle, const itimerval& tempo) {
     std::array<int, 2> tubo{};
     if (pipe2(tubo.data(), O_CLOEXEC) != 0) std::abort();
     const pid_t pid = fork();
     if (pid < 0) std::abort();
-    if (pid == 0) leggi_nel_figlio(byte, tabelle, tubo[1]);
+    if (pid == 0) leggi_nel_figlio(byte, tabelle, tubo[1], tempo);
     close(tubo[1]);
     Letto letto;
     std::array<char, 1 << 16> pezzo;
@@ -152,7 +153,7 @@ std::vector<Campione> campioni() {
               std::pair{"drawit.mdb", unsigned{kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto}}}) {
             auto byte = leggi_file(*condivisa / "archivio" / nome);
             if (!byte) continue;
-            const Letto letto = leggi(*byte, tabelle);
+            const Letto letto = leggi(*byte, tabelle, kTempoSano);
             const auto righe = interpreta_lettura_jet(letto.byte, tabelle);
             if (!righe) {
                 fmt::print("{}: {}\n", nome, righe.error());
@@ -185,7 +186,7 @@ int main(int argc, char** argv) {
         Rovina rovina{seme * 1'000'003U + static_cast<std::uint32_t>(giro)};
         std::string byte = buono.byte;
         rovina.rovina(byte);
-        const Letto letto = leggi(byte, buono.tabelle);
+        const Letto letto = leggi(byte, buono.tabelle, kTempo);
         auto righe = interpreta_lettura_jet(letto.byte, buono.tabelle);
         if (WIFSIGNALED(letto.stato))
             ++esiti[WTERMSIG(letto.stato) == SIGALRM || WTERMSIG(letto.stato) == SIGXCPU ? "lettori fermati"
