@@ -30,32 +30,33 @@ std::shared_ptr<const Tabella> terni(const std::filesystem::path& cartella) {
     return tabella;
 }
 
-void mostra(benchmark::State& stato, const std::filesystem::path& cartella) {
+/// A grid on show with the table of all terni; null, with the reason said, if there is none.
+std::unique_ptr<GrigliaRisultati> in_mostra(benchmark::State& stato, const std::filesystem::path& cartella) {
     const auto tabella = terni(cartella);
     if (!tabella) {
         stato.SkipWithError("no archive");
-        return;
+        return nullptr;
     }
-    GrigliaRisultati g;
-    g.resize(900, 600);
-    g.show();
-    for (auto _ : stato) stato.SetIterationTime(fino_alla_pittura([&] { g.mostra(tabella); }));
-    stato.counters["righe"] = g.modello()->rowCount();
+    auto g = std::make_unique<GrigliaRisultati>();
+    g->resize(900, 600);
+    g->mostra(tabella);
+    g->show();
+    return g;
+}
+
+void mostra(benchmark::State& stato, const std::filesystem::path& cartella) {
+    const auto g = in_mostra(stato, cartella);
+    if (!g) return;
+    for (auto _ : stato) stato.SetIterationTime(fino_alla_pittura([&] { g->mostra(terni(cartella)); }));
+    stato.counters["righe"] = g->modello()->rowCount();
 }
 
 /// Descending and ascending by turns, as the button does.
 void ordina_colonna(benchmark::State& stato, const std::filesystem::path& cartella) {
-    const auto tabella = terni(cartella);
-    if (!tabella) {
-        stato.SkipWithError("no archive");
-        return;
-    }
-    GrigliaRisultati g;
-    g.resize(900, 600);
-    g.mostra(tabella);
-    g.show();
+    const auto g = in_mostra(stato, cartella);
+    if (!g) return;
     const auto colonna = static_cast<int>(stato.range(0));
-    for (auto _ : stato) stato.SetIterationTime(fino_alla_pittura([&] { g.premi(colonna); }));
+    for (auto _ : stato) stato.SetIterationTime(fino_alla_pittura([&] { g->premi(colonna); }));
 }
 
 }  // namespace

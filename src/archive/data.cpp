@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include <ctime>
+
 namespace sortimetra {
 
 namespace {
@@ -25,6 +27,13 @@ std::optional<Data> componi(std::optional<int> anno, std::optional<int> mese, st
 }
 
 }  // namespace
+
+Data oggi() {
+    const std::time_t adesso = std::time(nullptr);
+    std::tm qui{};
+    localtime_r(&adesso, &qui);
+    return std::chrono::year{qui.tm_year + 1900} / (qui.tm_mon + 1) / qui.tm_mday;
+}
 
 std::string testo_data(Data data) {
     const std::chrono::year_month_day g{data};

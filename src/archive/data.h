@@ -10,6 +10,9 @@ namespace sortimetra {
 /// A calendar day of the Gregorian calendar, without time or zone.
 using Data = std::chrono::sys_days;
 
+/// Today where the user is. Nothing that counts draws asks for it.
+[[nodiscard]] Data oggi();
+
 /// "dd/mm/yyyy", the way dates are shown everywhere.
 [[nodiscard]] std::string testo_data(Data data);
 /// "yyyy-mm-dd", the way dates are stored.

@@ -8,6 +8,8 @@
 #include "catalogue/form_ricerche_segnalimite.h"
 #include "catalogue/form_ricerche_ultima.h"
 #include "printing/form_anteprima.h"
+#include "printing/qt_testi.h"
+#include "screens/giro_di_tab.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
 #include "statistics/cinquine_dei_90.h"
@@ -50,10 +52,6 @@ constexpr int kIndiceSuperEnalotto = 6;
 constexpr int kIndiceAltreSchede = 7;
 constexpr int kGruppi = 6;
 constexpr std::string_view kChiaveSegnalimite = "tabella dei segnalimite cabalistici";
-
-QString testo(std::string_view t) {
-    return QString::fromUtf8(t.data(), static_cast<qsizetype>(t.size()));
-}
 
 QString percorso(const std::filesystem::path& p) {
     return QString::fromStdString(p.string());
@@ -163,7 +161,7 @@ form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> sc
     tab_strip_->setAccessibleName(tr("Giochi"));
     tab_strip_->setExpanding(false);
     tab_strip_->setDrawBase(false);
-    for (const Scheda& s : schede()) tab_strip_->addTab(testo(s.nome));
+    for (const Scheda& s : schede()) tab_strip_->addTab(testo_qt(s.nome));
     connect(tab_strip_, &QTabBar::currentChanged, this, &form_ricerche::TabStrip1_Click);
 
     cornici_ = new QStackedWidget;
@@ -204,18 +202,10 @@ form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> sc
     piano->addWidget(riga_piede);
     piano->addWidget(componi_piede());
 
-    // Reading order.
-    QWidget* prima = txt_cerca_;
-    const auto poi = [&prima](QWidget* w) {
-        setTabOrder(prima, w);
-        prima = w;
-    };
-    poi(cmd_skin_);
-    poi(tab_strip_);
-    for (auto* b : cmd_ricerche_) poi(b);
-    poi(griglia_);
-    poi(cmd_conferma_);
-    poi(command1_);
+    QList<QWidget*> giro{txt_cerca_, cmd_skin_, tab_strip_};
+    for (auto* b : cmd_ricerche_) giro << b;
+    giro << griglia_ << cmd_conferma_ << command1_;
+    giro_di_tab(giro);
 
     scorciatoie();
     qApp->installEventFilter(this);
@@ -308,7 +298,7 @@ QWidget* form_ricerche::componi_frame1() {
         const int indice = static_cast<int>(i);
         const bool diretto = i == kGruppoTabellaRitardi;
         auto* pulsante = new PulsanteGruppo{
-            testo(elenchi[i].nome),
+            testo_qt(elenchi[i].nome),
             diretto ? tr("I migliori ritardi") : quante_ricerche(static_cast<int>(elenchi[i].voci.size())),
             diretto ? QString{} : QString::number(i + 1)};
         pulsante->setObjectName(QStringLiteral("cmdRicerche_%1").arg(i));
@@ -326,7 +316,7 @@ QWidget* form_ricerche::componi_frame1() {
         ultimo->setEnabled(false);
         ultimo->setToolTip(tr("Non ancora disponibile in questa versione"));
     } else {
-        ultimo->setToolTip(testo(ritardi->frase));
+        ultimo->setToolTip(testo_qt(ritardi->frase));
     }
     return frame;
 }
@@ -683,7 +673,7 @@ void form_ricerche::carica_lista() {
     modello_->mostra(voci(elenco), false);
     griglia_->di_se_vuota({});
     griglia_->adatta_colonne();
-    lbl_elenco_->setText(testo(elenco.nome));
+    lbl_elenco_->setText(testo_qt(elenco.nome));
     lbl_quante_->setText(quante_ricerche(modello_->rowCount()));
     ripristina_riga();
     colora_gruppi();
@@ -751,10 +741,10 @@ void form_ricerche::aggiorna_dettaglio() {
     const bool in_gruppi = tab_strip_->currentIndex() == 0 && !cerca_attiva();
     const std::string_view gruppo =
         in_gruppi ? schede()[0].elenchi[static_cast<std::size_t>(gruppo_)].nome : voce->gruppo;
-    lbl_dove_->setText(gruppo.empty() ? testo(voce->gioco)
-                                      : testo(voce->gioco) + QStringLiteral(" · ") + testo(gruppo));
-    lbl_nome_->setText(testo(voce->nome));
-    lbl_frase_->setText(testo(voce->ricerca->frase));
+    lbl_dove_->setText(gruppo.empty() ? testo_qt(voce->gioco)
+                                      : testo_qt(voce->gioco) + QStringLiteral(" · ") + testo_qt(gruppo));
+    lbl_nome_->setText(testo_qt(voce->nome));
+    lbl_frase_->setText(testo_qt(voce->ricerca->frase));
     lbl_impedimento_->setText(impedisce);
     lbl_impedimento_->setVisible(!impedisce.isEmpty());
     ultima_->mostra(archivio_ ? &*archivio_ : nullptr, voce->ricerca->gioco);
@@ -764,13 +754,13 @@ void form_ricerche::aggiorna_dettaglio() {
 
 void form_ricerche::aggiorna_frame2() {
     const int scheda = tab_strip_->currentIndex();
-    lbl_frame2_->setText(testo(schede()[static_cast<std::size_t>(scheda)].nome));
+    lbl_frame2_->setText(testo_qt(schede()[static_cast<std::size_t>(scheda)].nome));
     QString gioco;
     if (archivio_) {
         const auto fatti = [](std::size_t quanti, Data prima, Data ultima) {
             return tr("%1 concorsi in archivio,\ndal %2\nal %3")
-                .arg(testo(migliaia(static_cast<std::int64_t>(quanti))), testo(testo_data(prima)),
-                     testo(testo_data(ultima)));
+                .arg(testo_qt(migliaia(static_cast<std::int64_t>(quanti))), testo_qt(testo_data(prima)),
+                     testo_qt(testo_data(ultima)));
         };
         const auto& lotto = archivio_->lotto();
         const auto& sestine = archivio_->superenalotto();
@@ -800,7 +790,7 @@ void form_ricerche::aggiorna_stato() {
                                          : tr("%1 · ultimo concorso %2 del %3")
                                                .arg(nome)
                                                .arg(ultimo)
-                                               .arg(testo(testo_data(date.back()))));
+                                               .arg(testo_qt(testo_data(date.back()))));
         QString dove = percorso(fonte.file);
         if (lotto && !archivio_->drawit2().file.empty())
             dove += QLatin1Char{'\n'} + percorso(archivio_->drawit2().file);

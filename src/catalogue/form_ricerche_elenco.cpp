@@ -1,5 +1,6 @@
 #include "catalogue/form_ricerche_elenco.h"
 
+#include "printing/qt_testi.h"
 #include "screens/tema.h"
 
 #include <QHeaderView>
@@ -17,10 +18,6 @@ namespace {
 constexpr int kMargine = 4 * kPasso;
 /// What a row has above and below its text, together.
 constexpr int kAriaRiga = 14;
-
-QString testo(std::string_view t) {
-    return QString::fromUtf8(t.data(), static_cast<qsizetype>(t.size()));
-}
 
 /// As `piega` does it, but letter by letter, so that a place in the folded text is one in the text itself.
 QString piega_lettere(const QString& t) {
@@ -74,19 +71,19 @@ QVariant ModelloElenco::data(const QModelIndex& indice, int ruolo) const {
     const bool disponibile = !disponibile_ || disponibile_(*v->ricerca);
     switch (ruolo) {
         case Qt::DisplayRole:
-            if (indice.column() == 0) return testo(v->nome);
+            if (indice.column() == 0) return testo_qt(v->nome);
             if (!con_luogo_) return QString{};
-            return v->gruppo.empty() ? testo(v->gioco)
-                                     : testo(v->gioco) + QStringLiteral(" · ") + testo(v->gruppo);
+            return v->gruppo.empty() ? testo_qt(v->gioco)
+                                     : testo_qt(v->gioco) + QStringLiteral(" · ") + testo_qt(v->gruppo);
         case Qt::ToolTipRole:
             return disponibile ? QVariant{} : tr("Non ancora disponibile in questa versione");
         case Qt::AccessibleTextRole:
             if (indice.column() != 0) return {};
-            return disponibile ? testo(v->nome) : tr("%1, non ancora disponibile").arg(testo(v->nome));
+            return disponibile ? testo_qt(v->nome) : tr("%1, non ancora disponibile").arg(testo_qt(v->nome));
         case Qt::AccessibleDescriptionRole:
-            return testo(v->ricerca->frase);
+            return testo_qt(v->ricerca->frase);
         case kChiave:
-            return testo(v->ricerca->chiave);
+            return testo_qt(v->ricerca->chiave);
         case kDisponibile:
             return disponibile;
         default:

@@ -1,6 +1,7 @@
 #include "catalogue/form_ricerche_ultima.h"
 
 #include "archive/testi.h"
+#include "printing/qt_testi.h"
 #include "screens/tema.h"
 
 #include <QEvent>
@@ -12,10 +13,6 @@
 namespace sortimetra {
 
 namespace {
-
-QString testo_di(std::string_view t) {
-    return QString::fromUtf8(t.data(), static_cast<qsizetype>(t.size()));
-}
 
 QStringList due_cifre(std::span<const Numero> numeri) {
     QStringList lista;
@@ -50,12 +47,12 @@ void UltimaEstrazione::mostra(const ArchivioEstrazioni* archivio, Gioco gioco) {
             for (std::size_t r = 0; r < kRuote; ++r)
                 if ((t.presenti.back() >> r & 1U) != 0)
                     righe_.emplace_back(
-                        testo_di(kNomiRuote[r].esteso),
+                        testo_qt(kNomiRuote[r].esteso),
                         due_cifre(std::span{t.numeri.back()}.subspan(r * kEstratti, kEstratti)));
             const TabellaNazionale& nazionale = archivio->nazionale();
             if (gioco == Gioco::lotto && !nazionale.concorso.empty() &&
                 nazionale.concorso.back() == t.concorso.back())
-                righe_.emplace_back(testo_di(kNomiRuote[kNazionale].esteso),
+                righe_.emplace_back(testo_qt(kNomiRuote[kNazionale].esteso),
                                     due_cifre(nazionale.numeri.back()));
         }
     } else if (archivio != nullptr && gioco == Gioco::superenalotto) {
@@ -70,7 +67,7 @@ void UltimaEstrazione::mostra(const ArchivioEstrazioni* archivio, Gioco gioco) {
         if (const TabellaWinForLife& t = archivio->winforlife(); !t.concorso.empty()) {
             data_ = concorso_del(t.concorso.back(), t.data.back());
             const std::span<const Numero> n{t.numeri.back()};
-            righe_.emplace_back(tr("Ore %1").arg(testo_di(rifila(t.ora.back()))), due_cifre(n.first(5)));
+            righe_.emplace_back(tr("Ore %1").arg(testo_qt(rifila(t.ora.back()))), due_cifre(n.first(5)));
             righe_.emplace_back(QString{}, due_cifre(n.last(5)));
         }
     }

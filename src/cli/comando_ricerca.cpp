@@ -1,3 +1,4 @@
+#include "archive/data.h"
 #include "archive/file_sicuro.h"
 #include "archive/sessione.h"
 #include "cli/comandi.h"
@@ -8,8 +9,6 @@
 
 #include <fmt/core.h>
 
-#include <chrono>
-#include <ctime>
 #include <fstream>
 #include <optional>
 #include <utility>
@@ -30,14 +29,6 @@ std::expected<void, ErroreArchivio> scrivi_uscita(const std::filesystem::path& f
         return {};
     }
     return scrivi_file(file, testo);
-}
-
-/// Today where the user is.
-Data oggi() {
-    const std::time_t adesso = std::time(nullptr);
-    std::tm qui{};
-    localtime_r(&adesso, &qui);
-    return std::chrono::year{qui.tm_year + 1900} / (qui.tm_mon + 1) / qui.tm_mday;
 }
 
 /// Hands the grid to the slip program: writes its system and adds the label `file`. Returns the exit code of

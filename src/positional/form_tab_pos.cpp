@@ -135,19 +135,9 @@ void form_tab_pos::costruisci(const Domanda& domanda) {
         SchermoTabellone::costruisci(domanda);
         return;
     }
-    const auto risultato = corri(*trova_ricerca(kChiaveTabellone), domanda);
-    if (!risultato) return;
-    ricorda(domanda);
+    if (!costruisci_su(pagina_lotto_, *trova_ricerca(kChiaveTabellone), domanda)) return;
     dieci_ = nullptr;
-    mostra_pagina(pagina_lotto_, QString::fromStdString(risultato->titolo));
-    std::vector<std::string> note;
-    pagina_lotto_->mostra(*archivio(), tipo(),
-                          concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso, note), risultato,
-                          {});
-    if (property("Tag").toString() == QLatin1String(kTagDieci))
-        mostra_dieci();
-    else
-        mostra_tabellone();
+    if (property("Tag").toString() == QLatin1String(kTagDieci)) mostra_dieci();
 }
 
 void form_tab_pos::mostra_tabellone() {

@@ -3,8 +3,10 @@
 #include "positional/form_tab_pos_dieci.h"
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/migliori_ritardi.h"
+#include "printing/qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/esporta.h"
+#include "screens/giro_di_tab.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/tema.h"
 
@@ -40,10 +42,6 @@ constexpr std::array<PaginaMigliori::Nomi, 2> kNomiPagine{{
 }};
 constexpr std::array kNomiAvvia{"Command8", "Command9"};
 constexpr std::array kNomiPannelli{"Frame3", "Frame6"};
-
-QString q(std::string_view testo) {
-    return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
-}
 
 /// The numbers of a list such as "36 38 58".
 std::vector<std::size_t> indici(std::string_view testo) {
@@ -147,9 +145,7 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
     tutto->addLayout(piede);
 
     // In the order of reading: the arrow at the top, then the commands.
-    setTabOrder(freccia_, stampa_);
-    setTabOrder(stampa_, esporta_);
-    setTabOrder(esporta_, esci_bottone);
+    giro_di_tab({freccia_, stampa_, esporta_, esci_bottone});
 
     connect(freccia_, &QPushButton::clicked, this, &PaginaMigliori::volta);
     connect(stampa_, &QPushButton::clicked, this, &PaginaMigliori::stampa);
@@ -167,7 +163,7 @@ QWidget* PaginaMigliori::componi_scheda(std::size_t prima, std::size_t dopo,
     griglia->setContentsMargins(kMargineScheda, 2 * kPasso, kMargineScheda, 2 * kPasso);
     griglia->setHorizontalSpacing(2 * kPasso);
     griglia->setVerticalSpacing(kPasso / 2);
-    auto* titolo = new QLabel{q(famiglie[prima].titolo), scheda};
+    auto* titolo = new QLabel{testo_qt(famiglie[prima].titolo), scheda};
     assegna_ruolo(titolo, "sezione");
     griglia->addWidget(titolo, 0, 0, 1, 2);
     int riga = 1;
@@ -203,8 +199,7 @@ void PaginaMigliori::aggiungi_sotto(QWidget* widget, const QString& titolo) {
     const int dove = colonna->count() - 1;
     colonna->insertWidget(dove, scritta);
     colonna->insertWidget(dove + 1, widget);
-    setTabOrder(freccia_, widget);
-    setTabOrder(widget, stampa_);
+    giro_di_tab({freccia_, widget, stampa_});
 }
 
 void PaginaMigliori::disponi_schede() {
@@ -240,11 +235,11 @@ void PaginaMigliori::mostra(const std::shared_ptr<const Risultato>& risultato, c
     domanda_ = domanda;
     const Tabella& t = risultato->tabelle.front();
     for (std::size_t i = 0; i < gruppi_.size() && i < t.righe(); ++i) {
-        gruppi_[i]->setText(q(t.testo(i, 1)));
-        ritardi_[i]->setText(q(t.testo(i, 2)));
+        gruppi_[i]->setText(testo_qt(t.testo(i, 1)));
+        ritardi_[i]->setText(testo_qt(t.testo(i, 2)));
     }
     ambito_->setText(ambito);
-    intestazione_->setText(q(risultato->titolo));
+    intestazione_->setText(testo_qt(risultato->titolo));
     aggiorna_comandi();
 }
 
@@ -392,10 +387,9 @@ void form_tab_pos2::costruisci(const Domanda& domanda) {
     if (!dieci) return;
     chiesta_ = domanda;
     dieci_->mostra(*dieci);
-    std::vector<std::string> note;
-    const Concorso c = concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso, note);
+    const Concorso c = concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso);
     const std::string giorno = data_tabellone(*archivio(), tipo(), c);
-    concorso_->setText(giorno.empty() ? QString::number(c) : tr("%1 del %2").arg(c).arg(q(giorno)));
+    concorso_->setText(giorno.empty() ? QString::number(c) : tr("%1 del %2").arg(c).arg(testo_qt(giorno)));
     mostra_pagina(cornice_, QString::fromLatin1(kTitoloInCorsa));
     volta(1);
 }
@@ -428,9 +422,9 @@ void form_tab_pos2::calcola(PaginaMigliori* pagina) {
     const auto risultato = corri(*ricerca(), d, pannelli_[static_cast<std::size_t>(pagina->numero() - 1)]);
     if (!risultato) return;
     const std::string ruote = d.ambito.ruote.nomi();
-    pagina->mostra(
-        risultato, d,
-        tr("Ruote: %1  ·  al concorso %2").arg(ruote.empty() ? tr("Bari") : q(ruote), concorso_->text()));
+    pagina->mostra(risultato, d,
+                   tr("Ruote: %1  ·  al concorso %2")
+                       .arg(ruote.empty() ? tr("Bari") : testo_qt(ruote), concorso_->text()));
 }
 
 void form_tab_pos2::ripeti() {

@@ -1,6 +1,7 @@
 #include "positional/form_tab_pos_scelta.h"
 
 #include "archive/testi.h"
+#include "screens/giro_di_tab.h"
 #include "screens/tema.h"
 
 #include <QHBoxLayout>
@@ -144,8 +145,7 @@ SceltaConcorso::SceltaConcorso(QWidget* padre)
     colonna->addLayout(comandi);
     setFixedWidth(130 * kPasso);
     // The primary button is reached first; the box only by whoever wants another draw.
-    setTabOrder(casella_, conferma_);
-    setTabOrder(conferma_, esci);
+    giro_di_tab({casella_, conferma_, esci});
 
     connect(casella_, &CasellaConcorso::testo_cambiato, this, &SceltaConcorso::aggiorna_data);
     connect(casella_, &CasellaTabellone::riportato, this, [this](int da, int a) {
@@ -162,8 +162,7 @@ void SceltaConcorso::apri(const ArchivioEstrazioni& archivio, TipoTabellone tipo
     archivio_ = &archivio;
     tipo_ = tipo;
     const LimitiConcorso limiti = limiti_concorso(archivio, tipo);
-    const Concorso ultimo = tipo == TipoTabellone::win_for_life ? archivio.ultimo_concorso_winforlife()
-                                                                : archivio.ultimo_concorso();
+    const Concorso ultimo = concorso_scelto(archivio, tipo, std::nullopt);
     casella_->apri(limiti, tipo == TipoTabellone::lotto ? ultimo : ultimo - kScartoPasso, ultimo);
     frase_->setText(frase);
     limiti_->setText(

@@ -2,13 +2,14 @@
 
 #include "archive/testi.h"
 #include "positional/form_tab_pos_scelta.h"
+#include "printing/qt_testi.h"
 #include "screens/esporta.h"
+#include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
-#include "statistics/famiglie.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -32,10 +33,6 @@ namespace {
 
 constexpr int kMargine = 4 * kPasso;
 constexpr QSize kAllApertura{1180, 720};
-
-QString q(std::string_view testo) {
-    return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
-}
 
 }  // namespace
 
@@ -86,13 +83,13 @@ SchermoConcorso::~SchermoConcorso() = default;
 void SchermoConcorso::apri(const Ricerca& ricerca, const ArchivioEstrazioni& archivio) {
     ricerca_ = &ricerca;
     archivio_ = &archivio;
-    setWindowTitle(q(ricerca.titolo));
-    setProperty("Tag", q(ricerca.tag));
+    setWindowTitle(testo_qt(ricerca.titolo));
+    setProperty("Tag", testo_qt(ricerca.tag));
     iniz();
 }
 
 void SchermoConcorso::iniz() {
-    QString frase = q(ricerca_->frase);
+    QString frase = testo_qt(ricerca_->frase);
     const bool wfl = tipo() == TipoTabellone::win_for_life;
     if (wfl ? archivio_->drawit2().simulato : archivio_->drawit().simulato)
         frase += tr(" Archivio simulato: non sono estrazioni vere.");
@@ -128,8 +125,7 @@ std::shared_ptr<const Risultato> SchermoConcorso::corri(const Ricerca& ricerca, 
         risultato = std::make_shared<const Risultato>(esegui(ricerca, *archivio_, std::move(domanda), corsa));
         corsa_ = nullptr;
     }
-    for (const std::string& m : risultato->messaggi)
-        messaggi().informa(this, m == kFileDanneggiato ? q(kTitoloFileDanneggiato) : kTitoloMessaggi, q(m));
+    for (const std::string& m : risultato->messaggi) mostra_messaggio(this, m);
     return risultato->prodotto ? risultato : nullptr;
 }
 
@@ -267,8 +263,7 @@ QPushButton* PaginaTabellone::aggiungi_comando(const QString& nome, const QStrin
     b->setObjectName(nome);
     comandi_->addWidget(b);
     // It stands left of the usual commands.
-    setTabOrder(griglia_->vista(), b);
-    setTabOrder(b, stampa_);
+    giro_di_tab({griglia_->vista(), b, stampa_});
     return b;
 }
 
@@ -286,7 +281,7 @@ void PaginaTabellone::mostra(const ArchivioEstrazioni& archivio, TipoTabellone t
     estrazioni_nazionale_.clear();
     if (tipo == TipoTabellone::lotto)
         estrazioni_nazionale_ = estrazioni_tabellone(archivio, tipo, concorso, true);
-    titolo_->setText(q(risultato->titolo));
+    titolo_->setText(testo_qt(risultato->titolo));
     etichetta_->setText(etichetta);
     etichetta_->setVisible(!etichetta.isEmpty());
     const Tabella& tabella = risultato->tabelle.front();
@@ -294,7 +289,7 @@ void PaginaTabellone::mostra(const ArchivioEstrazioni& archivio, TipoTabellone t
     const std::size_t righe = tabella.righe();
     riassunto_ =
         tr("Concorso %1  ·  %2 ritardi occupati").arg(QString::number(concorso), QString::number(righe));
-    if (righe > 0) riassunto_ += tr(", il più lungo %1").arg(q(tabella.testo(0, 0)));
+    if (righe > 0) riassunto_ += tr(", il più lungo %1").arg(testo_qt(tabella.testo(0, 0)));
     stato_->setText(riassunto_);
 }
 
@@ -303,10 +298,10 @@ QString PaginaTabellone::posto(int colonna) const {
     if (tipo_ == TipoTabellone::lotto) {
         const std::size_t w = c / kEstratti;
         const auto& nome = kNomiRuote[w == kRuote ? std::size_t{kNazionale} : w].esteso;
-        return tr("%1, %2° estratto").arg(q(nome)).arg(c % kEstratti + 1);
+        return tr("%1, %2° estratto").arg(testo_qt(nome)).arg(c % kEstratti + 1);
     }
     if (tipo_ == TipoTabellone::primi_estratti)
-        return tr("colonna %1").arg(q(risultato_->tabelle.front().titoli.front()[c + 1]));
+        return tr("colonna %1").arg(testo_qt(risultato_->tabelle.front().titoli.front()[c + 1]));
     return tr("%1° posto della combinazione").arg(c + 1);
 }
 
@@ -321,13 +316,14 @@ QString PaginaTabellone::spiegazione(int riga, int colonna) const {
     QStringList parti;
     if (colonna > 0) {
         const std::string numero = t.testo(r, static_cast<std::size_t>(colonna));
-        if (!numero.empty()) parti << tr("Numero %1").arg(q(numero));
+        if (!numero.empty()) parti << tr("Numero %1").arg(testo_qt(numero));
         parti << posto(colonna);
     }
     parti << tr("ritardo %1").arg(d);
     if (d < estrazioni.size() && estrazioni[d])
-        parti
-            << tr("concorso %1 del %2").arg(estrazioni[d]->concorso).arg(q(testo_data(estrazioni[d]->data)));
+        parti << tr("concorso %1 del %2")
+                     .arg(estrazioni[d]->concorso)
+                     .arg(testo_qt(testo_data(estrazioni[d]->data)));
     return parti.join(QStringLiteral("  ·  "));
 }
 
@@ -378,17 +374,21 @@ PaginaTabellone* SchermoTabellone::pagina_tabellone() const {
     return qobject_cast<PaginaTabellone*>(pagina());
 }
 
-void SchermoTabellone::costruisci(const Domanda& domanda) {
-    const auto risultato = corri(*ricerca(), domanda);
-    if (!risultato) return;
+bool SchermoTabellone::costruisci_su(PaginaTabellone* pagina, const Ricerca& ricerca,
+                                     const Domanda& domanda) {
+    const auto risultato = corri(ricerca, domanda);
+    if (!risultato) return false;
     chiesta_ = domanda;
     // The page first: columns are fitted to the room that they have.
-    mostra_pagina(pagina2_, q(risultato->titolo));
-    std::vector<std::string> note;
-    pagina2_->mostra(*archivio(), tipo(),
-                     concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso, note), risultato,
-                     etichetta());
-    pagina2_->griglia()->setFocus();
+    mostra_pagina(pagina, testo_qt(risultato->titolo));
+    pagina->mostra(*archivio(), tipo(), concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso),
+                   risultato, etichetta());
+    pagina->griglia()->setFocus();
+    return true;
+}
+
+void SchermoTabellone::costruisci(const Domanda& domanda) {
+    costruisci_su(pagina2_, *ricerca(), domanda);
 }
 
 void SchermoTabellone::stampa() {

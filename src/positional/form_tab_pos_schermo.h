@@ -160,8 +160,10 @@ class SchermoTabellone : public SchermoConcorso {
     [[nodiscard]] PaginaTabellone* pagina2() const { return pagina2_; }
     /// The page with a board that is on show; null on another page.
     [[nodiscard]] PaginaTabellone* pagina_tabellone() const;
+    /// Runs a board's search and shows the answer on a page. False if there is none.
+    bool costruisci_su(PaginaTabellone* pagina, const Ricerca& ricerca, const Domanda& domanda);
+    /// The question of the board on show.
     [[nodiscard]] const Domanda& chiesta() const { return chiesta_; }
-    void ricorda(const Domanda& domanda) { chiesta_ = domanda; }
 
   private:
     PaginaTabellone* pagina2_;

@@ -104,7 +104,7 @@ Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& do
     Risultato r;
     AmbitoRicerca ambito;
     ambito.ruote = domanda.ambito.ruote;
-    ambito.tratto.a = concorso_scelto(archivio, TipoTabellone::lotto, domanda.parametri.concorso, r.note);
+    ambito.tratto.a = concorso_scelto(archivio, TipoTabellone::lotto, domanda.parametri.concorso, &r.note);
     const VistaEstrazioni vista{archivio, ambito};
     if (ambito.tratto.a < 1 || vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
     const std::int32_t n = vista.t();

@@ -24,13 +24,7 @@ Rapporto stampa_migliori(const MaterialeRapporto& materiale) {
     return {.titolo = materiale.testa.ricerca,
             .disegna = [&tabella = materiale.risultato.tabelle[0], testa = materiale.testa](
                            EasyPrint& stampante, int) {
-                stampa_intestazione(stampante, "", "", "", "");
-                stampante.FontSize(13);
-                stampante.FontBold(true);
-                stampante.ForeColor(kRosso);
-                stampante.PrintCentre(stampante.PageWidth() / 2, kTitolo, testa.ricerca);
-                stampante.ForeColor(kNero);
-                stampante.FontBold(false);
+                stampa_testa_propria(stampante, testa.ricerca, kTitolo, 13);
                 stampante.FontSize(10);
                 stampante.PrintCentre(stampante.PageWidth() / 2, kRuote, "Ruote: " + testa.ruote, kBanda);
                 stampante.DrawWidth(2);

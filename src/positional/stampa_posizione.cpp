@@ -19,7 +19,6 @@ constexpr float kTitoloLettere = 57;
 constexpr float kPrimaRiga = 61;
 constexpr float kRiga = 2.95F;
 constexpr float kPiede = 195.5F;
-constexpr float kRigaLegenda = 3;
 constexpr float kColonnaNumero = 13;
 constexpr std::int16_t kCorpo = 7;
 
@@ -126,9 +125,7 @@ Rapporto rapporto_posizione(const MaterialeRapporto& materiale) {
                 const float x = inizio_banda(stampante);
                 stampante.PrintRight(x + kBanda, kPiede,
                                      "Pagina " + std::to_string(pagina) + " di " + std::to_string(pagine));
-                if (pagina == pagine)
-                    for (std::size_t i = 0; i < kLegenda.size(); ++i)
-                        stampante.PrintLeft(x, kPiede + kRigaLegenda * static_cast<float>(i), kLegenda[i]);
+                if (pagina == pagine) stampa_legenda(stampante, kPiede, kLegenda);
                 stampante.FontSize(10);
             }};
 }

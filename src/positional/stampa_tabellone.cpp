@@ -42,15 +42,9 @@ struct TitoloColonne {
 };
 
 void didascalia(EasyPrint& stampante, std::string_view titolo, int pagina, int pagine) {
-    stampa_intestazione(stampante, "", "", "", "");
-    stampante.FontSize(11);
-    stampante.FontBold(true);
-    stampante.ForeColor(kRosso);
     std::string testo{titolo};
     testo += "  (pag. " + std::to_string(pagina) + " di " + std::to_string(pagine) + ")";
-    stampante.PrintCentre(stampante.PageWidth() / 2, kDidascalia, testo);
-    stampante.ForeColor(kNero);
-    stampante.FontBold(false);
+    stampa_testa_propria(stampante, testo, kDidascalia, 11);
 }
 
 /// Rows of a board at (`x`, `y`): the delay, then the columns, each `larga` wide; titles over them, a frame
@@ -191,11 +185,7 @@ Rapporto stampa_10_num(const MaterialeRapporto& materiale) {
                 constexpr float kRiga = 5;
                 constexpr float kSpazio = 2;  // right of each group
                 constexpr float kGruppo = kBanda / kGruppiFila;
-                stampa_intestazione(stampante, "", "", "", "");
-                stampante.FontSize(12);
-                stampante.FontBold(true);
-                stampante.ForeColor(kRosso);
-                stampante.PrintCentre(stampante.PageWidth() / 2, 31, titolo);
+                stampa_testa_propria(stampante, titolo, 31, 12);
                 stampante.FontSize(10);
                 const float inizio = inizio_banda(stampante);
                 for (std::size_t g = 0; g < kGruppi; ++g) {

@@ -202,7 +202,7 @@ Tabella tabella_di(const Tabellone& t, TipoTabellone tipo) {
 Risultato cerca_tabellone(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                           Avanzamento& avanzamento, TipoTabellone tipo) {
     Risultato r;
-    const Concorso concorso = concorso_scelto(archivio, tipo, domanda.parametri.concorso, r.note);
+    const Concorso concorso = concorso_scelto(archivio, tipo, domanda.parametri.concorso, &r.note);
     if (concorso < 1) return non_avviata(std::string{kNessunaEstrazione});
     r.titolo = titolo_tabellone(tipo, data_tabellone(archivio, tipo, concorso));
     r.tabelle.push_back(tabella_di(iniz_tabellone(archivio, tipo, concorso), tipo));
@@ -299,12 +299,13 @@ LimitiConcorso limiti_concorso(const ArchivioEstrazioni& archivio, TipoTabellone
 }
 
 Concorso concorso_scelto(const ArchivioEstrazioni& archivio, TipoTabellone tipo,
-                         const std::optional<Concorso>& scritto, std::vector<std::string>& note) {
+                         const std::optional<Concorso>& scritto, std::vector<std::string>* note) {
     if (!scritto)
         return tipo == TipoTabellone::win_for_life ? archivio.ultimo_concorso_winforlife()
                                                    : archivio.ultimo_concorso();
     const Concorso riportato = limiti_concorso(archivio, tipo).riporta(*scritto);
-    if (riportato != *scritto) note.push_back(fmt::format("concorso {} riportato a {}", *scritto, riportato));
+    if (riportato != *scritto && note != nullptr)
+        note->push_back(fmt::format("concorso {} riportato a {}", *scritto, riportato));
     return riportato;
 }
 
@@ -424,7 +425,7 @@ Risultato dieci_piu_in_ritardo(const ArchivioEstrazioni& archivio, const Domanda
                                Avanzamento& avanzamento) {
     Risultato r;
     const Concorso concorso =
-        concorso_scelto(archivio, TipoTabellone::lotto, domanda.parametri.concorso, r.note);
+        concorso_scelto(archivio, TipoTabellone::lotto, domanda.parametri.concorso, &r.note);
     if (concorso < 1) return non_avviata(std::string{kNessunaEstrazione});
     r.titolo = titolo_dieci(data_tabellone(archivio, TipoTabellone::lotto, concorso));
     const Tabellone tabellone = iniz_tabellone(archivio, TipoTabellone::lotto, concorso);

@@ -48,10 +48,10 @@ struct LimitiConcorso {
 [[nodiscard]] LimitiConcorso limiti_concorso(const ArchivioEstrazioni& archivio, TipoTabellone tipo);
 
 /// The concorso that a search on a board runs at: the one typed, brought into the box's range with a note in
-/// `note`; the game's last one when none is typed, as it is.
+/// `note` if that is given; the game's last one when none is typed, as it is.
 [[nodiscard]] Concorso concorso_scelto(const ArchivioEstrazioni& archivio, TipoTabellone tipo,
                                        const std::optional<Concorso>& scritto,
-                                       std::vector<std::string>& note);
+                                       std::vector<std::string>* note = nullptr);
 
 /// A finished board: `delay` by `column`, 0 for an empty cell.
 struct Tabellone {

@@ -5,6 +5,7 @@
 #include "printing/qt_superficie.h"
 #include "screens/casella_cifre.h"
 #include "screens/esporta.h"
+#include "screens/giro_di_tab.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/schermo_ricerca.h"
@@ -27,7 +28,6 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <iterator>
 #include <set>
 #include <utility>
 
@@ -207,24 +207,14 @@ void FormAnteprima::componi() {
     destra->setContentsMargins(0, 0, 0, 0);
     colonna->setMinimumWidth(kLarghezzaColonna);
     riga->addWidget(colonna);
-    // As the eye goes, whatever was made first.
-    QWidget* const giro[] = {indietro_,
-                             avanti_,
-                             txt_pagina_,
-                             grandezza_,
-                             txtpag_0_,
-                             txtpag_1_,
-                             findChild<QPushButton*>(QStringLiteral("cmdopzioni_0")),
-                             findChild<QPushButton*>(QStringLiteral("cmdopzioni_1")),
-                             pdf,
-                             scorri_};
-    for (std::size_t i = 1; i < std::size(giro); ++i) setTabOrder(giro[i - 1], giro[i]);
+    giro_di_tab({indietro_, avanti_, txt_pagina_, grandezza_, txtpag_0_, txtpag_1_,
+                 findChild<QPushButton*>(QStringLiteral("cmdopzioni_0")),
+                 findChild<QPushButton*>(QStringLiteral("cmdopzioni_1")), pdf, scorri_});
 
     auto* stampa_subito = new QShortcut{Qt::CTRL | Qt::Key_P, this};
     connect(stampa_subito, &QShortcut::activated, this, &FormAnteprima::stampa);
     pannello_->imposta_annullabile(true);
-    if (auto* scritta = pannello_->findChild<QLabel*>(QStringLiteral("lblprogress")))
-        scritta->setText(tr("Stampa in corso…"));
+    pannello_->imposta_scritta(tr("Stampa in corso…"));
 }
 
 QFrame* FormAnteprima::componi_opzioni() {

@@ -3,8 +3,10 @@
 #include "printing/fogli.h"
 #include "printing/qt_pdf.h"
 #include "printing/qt_superficie.h"
+#include "printing/qt_testi.h"
 #include "screens/casella_cifre.h"
 #include "screens/esporta.h"
+#include "screens/giro_di_tab.h"
 #include "screens/messaggi.h"
 #include "screens/stampanti.h"
 #include "screens/tema.h"
@@ -28,7 +30,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <utility>
 
 namespace sortimetra {
@@ -320,10 +321,8 @@ void frmStampaFCPB::componi() {
     bottoni->addWidget(chiudi);
     colonna->addLayout(bottoni);
     riga->addLayout(colonna);
-    // As the eye goes, whatever was made first.
-    QWidget* const giro[] = {preview_,     txt_x_,  txt_y_,  txt_w_,  txt_h_, txt_scala_,  ok,    txt_copie_,
-                             proporzioni_, centro_, origine, massimo, pdf,    cmd_stampa_, chiudi};
-    for (std::size_t i = 1; i < std::size(giro); ++i) setTabOrder(giro[i - 1], giro[i]);
+    giro_di_tab({preview_, txt_x_, txt_y_, txt_w_, txt_h_, txt_scala_, ok, txt_copie_, proporzioni_, centro_,
+                 origine, massimo, pdf, cmd_stampa_, chiudi});
 
     timer_->setObjectName(QStringLiteral("Timer1"));
     timer_->setSingleShot(true);
@@ -435,18 +434,15 @@ bool frmStampaFCPB::OpenDocPrinter(const QString& nome) {
 
 bool frmStampaFCPB::FoglioStampa() {
     const QPageLayout layout = stampante_->pageLayout();
-    verticale_ = layout.orientation() == QPageLayout::Portrait;
-    if (!verticale_ && layout.orientation() != QPageLayout::Landscape) {
+    const bool verticale = layout.orientation() == QPageLayout::Portrait;
+    if (!verticale && layout.orientation() != QPageLayout::Landscape) {
         errore("FoglioStampa", QStringLiteral("Orientamento errato"));
         return false;
     }
     foglio_ = layout.fullRect(QPageLayout::Millimeter).size();
-    const QSizeF dritto = layout.pageSize().size(QPageSize::Millimeter);
-    codice_foglio_ = codice_foglio({dritto.width(), dritto.height()});
-    const auto nome = nome_foglio(codice_foglio_);
     testo_foglio_ = QStringLiteral(" Foglio: ") +
-                    QString::fromUtf8(nome.data(), static_cast<qsizetype>(nome.size())) +
-                    (verticale_ ? QStringLiteral(",  Portrait") : QStringLiteral(",  Landscape"));
+                    testo_qt(nome_foglio(SuperficieStampante{*stampante_}.lavoro().foglio)) +
+                    (verticale ? QStringLiteral(",  Portrait") : QStringLiteral(",  Landscape"));
     fra_foglio_->setTitle(testo_foglio_);
     lbl_fg_w_->setText(testo_misura(foglio_.width()));
     lbl_fg_h_->setText(testo_misura(foglio_.height()));
@@ -612,10 +608,11 @@ void frmStampaFCPB::salva_pdf() {
     if (!scelto) return;
     const QByteArray byte = byte_immagine(immagine_);
     const auto misura = [](double mm) { return static_cast<float>(mm); };
+    const Lavoro carta = SuperficieStampante{*stampante_}.lavoro();
     const Rapporto rapporto{.titolo = nome_.toStdString(),
-                            .orientamento = verticale_ ? Orientamento::verticale : Orientamento::orizzontale,
+                            .orientamento = carta.orientamento,
                             .disegna = [&](EasyPrint& stampante, int) {
-                                stampante.PaperSize(static_cast<std::int16_t>(codice_foglio_));
+                                stampante.PaperSize(static_cast<std::int16_t>(carta.foglio));
                                 stampante.PrintPicture(come_immagine(byte), misura(cornice_.x()),
                                                        misura(cornice_.y()), misura(cornice_.width()),
                                                        misura(cornice_.height()));

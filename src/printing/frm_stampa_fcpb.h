@@ -111,8 +111,6 @@ class frmStampaFCPB final : public QDialog {
     QSizeF naturale_;  ///< of the picture
     QSizeF foglio_{210, 297};
     QString testo_foglio_;
-    int codice_foglio_ = 9;  ///< paper code, see fogli.h
-    bool verticale_ = true;
     QString nome_;  ///< of the object, as messages call it
     QRectF cornice_;
 

@@ -3,6 +3,7 @@
 #include "archive/testi.h"
 #include "printing/fogli.h"
 #include "printing/metriche.h"
+#include "printing/qt_testi.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -28,10 +29,6 @@ Esito errore(int numero, std::string descrizione) {
 
 QColor colore_qt(Colore c) {
     return QColor{c & 0xFF, c >> 8 & 0xFF, c >> 16 & 0xFF};
-}
-
-QString testo_qt(std::string_view testo) {
-    return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
 }
 
 /// The asked family, then those that have the same widths, then any.

@@ -167,6 +167,16 @@ void stampa_intestazione(EasyPrint& stampante, const Intestazione& testa) {
     stampante.FontItalic(false);
 }
 
+void stampa_testa_propria(EasyPrint& stampante, std::string_view titolo, float y, std::int16_t corpo) {
+    stampa_intestazione(stampante, "", "", "", "");
+    stampante.FontSize(corpo);
+    stampante.FontBold(true);
+    stampante.ForeColor(kRosso);
+    stampante.PrintCentre(stampante.PageWidth() / 2, y, titolo);
+    stampante.ForeColor(kNero);
+    stampante.FontBold(false);
+}
+
 void stampa_piede(EasyPrint& stampante, int pagina, int totale) {
     std::string testo = "Pagina " + std::to_string(pagina);
     if (totale > 0) testo += " di " + std::to_string(totale);
@@ -243,15 +253,7 @@ Rapporto rapporto_segnalimite(const MaterialeRapporto& materiale) {
     return {.titolo = materiale.testa.ricerca,
             .pagine = 1,
             .disegna = [&tabella, titolo = materiale.testa.ricerca](EasyPrint& stampante, int) {
-                // No draws, no scope: the head stands without labels, and the title under it is the report's
-                // own.
-                stampa_intestazione(stampante, "", "", "", "");
-                stampante.FontSize(14);
-                stampante.FontBold(true);
-                stampante.ForeColor(kRosso);
-                stampante.PrintCentre(stampante.PageWidth() / 2, 42, titolo);
-                stampante.ForeColor(kNero);
-                stampante.FontBold(false);
+                stampa_testa_propria(stampante, titolo, 42, 14);
                 stampante.FontSize(10);
                 for (std::size_t inizio = 0;
                      inizio < std::min<std::size_t>(tabella.righe(), 2 * kRigheBlocco);

@@ -100,6 +100,10 @@ void stampa_intestazione(EasyPrint& stampante, std::string_view ricerca, std::st
 /// The same with its note.
 void stampa_intestazione(EasyPrint& stampante, const Intestazione& testa);
 
+/// The head of a report without a scope: the logo, and under it at `y` the report's own title, centred in
+/// red. Leaves the size of the title.
+void stampa_testa_propria(EasyPrint& stampante, std::string_view titolo, float y, std::int16_t corpo);
+
 /// "Pagina n di m" at the foot, right; with `totale` 0 "Pagina n".
 void stampa_piede(EasyPrint& stampante, int pagina, int totale);
 

@@ -1,6 +1,7 @@
 #include "screens/area_parametri.h"
 
 #include "archive/testi.h"
+#include "printing/qt_testi.h"
 #include "screens/tema.h"
 
 #include <QCheckBox>
@@ -15,10 +16,6 @@
 namespace sortimetra {
 
 namespace {
-
-QString q(std::string_view testo) {
-    return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
-}
 
 QLabel* titolo_sezione(const QString& testo, QWidget* padre) {
     auto* l = new QLabel{testo, padre};
@@ -131,10 +128,10 @@ AreaParametri::AreaParametri(QWidget* padre)
     ruote->addWidget(titolo_sezione(tr("Ruote"), riquadro_ruote_), 0, 0, 1, 2);
     for (int i = 0; i < static_cast<int>(caselle_.size()); ++i) {
         const NomeRuota& nome = kNomiRuote[static_cast<std::size_t>(i)];
-        auto* c = new Chip{q(nome.schermo), riquadro_ruote_};
+        auto* c = new Chip{testo_qt(nome.schermo), riquadro_ruote_};
         c->setObjectName(QStringLiteral("CheckRuota_%1").arg(i));
-        c->setProperty("tag", q(nome.codice));
-        c->setAccessibleName(i == kTutte ? tr("Tutte le ruote") : tr("Ruota %1").arg(q(nome.esteso)));
+        c->setProperty("tag", testo_qt(nome.codice));
+        c->setAccessibleName(i == kTutte ? tr("Tutte le ruote") : tr("Ruota %1").arg(testo_qt(nome.esteso)));
         c->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         assegna_ruolo(c, "chip");
         connect(c, &QCheckBox::toggled, this, [this, i](bool si) { ruota_premuta(i, si); });
@@ -214,9 +211,9 @@ void AreaParametri::configura(Genere genere) {
     fermo_ = true;
     intervallo_->clear();
     if (ore) {
-        for (const std::string_view ora : kOre) intervallo_->addItem(q(ora));
+        for (const std::string_view ora : kOre) intervallo_->addItem(testo_qt(ora));
     } else {
-        for (const VoceIntervallo& voce : kIntervalli) intervallo_->addItem(q(voce.testo));
+        for (const VoceIntervallo& voce : kIntervalli) intervallo_->addItem(testo_qt(voce.testo));
     }
     intervallo_->setCurrentIndex(0);
     fermo_ = false;
@@ -291,7 +288,7 @@ void AreaParametri::aggiorna_data(int quale) {
         const Concorso c = tratto_[i]->concorso();
         giorno = genere_ == Genere::win_for_life ? archivio_->data_winforlife(c) : archivio_->data_bari(c);
     }
-    date_[i]->setText(giorno ? q(testo_data(*giorno)) : QString{});
+    date_[i]->setText(giorno ? testo_qt(testo_data(*giorno)) : QString{});
 }
 
 }  // namespace sortimetra

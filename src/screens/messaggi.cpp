@@ -1,5 +1,8 @@
 #include "screens/messaggi.h"
 
+#include "printing/qt_testi.h"
+#include "statistics/famiglie.h"
+
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -63,6 +66,11 @@ std::optional<QString> Messaggi::file_da_leggere(QWidget* padre, const QString& 
                                                  const QString& cartella, const QString& filtri) {
     const QString file = QFileDialog::getOpenFileName(padre, titolo, cartella, filtri);
     return file.isEmpty() ? std::nullopt : std::optional{file};
+}
+
+void mostra_messaggio(QWidget* padre, const std::string& testo) {
+    messaggi().informa(padre, testo == kFileDanneggiato ? testo_qt(kTitoloFileDanneggiato) : kTitoloMessaggi,
+                       testo_qt(testo));
 }
 
 Messaggi& messaggi() {

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <optional>
+#include <string>
 
 class QWidget;
 
@@ -42,6 +43,9 @@ class Messaggi {
 
 /// The title of nearly every message.
 inline const QString kTitoloMessaggi = QStringLiteral("Sortimetra");
+
+/// Shows a message of a search under the title that it has: nearly always the program's name.
+void mostra_messaggio(QWidget* padre, const std::string& testo);
 
 /// The one in use: real boxes, unless a test has put its own in their place.
 [[nodiscard]] Messaggi& messaggi();

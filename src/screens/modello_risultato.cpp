@@ -1,6 +1,7 @@
 #include "screens/modello_risultato.h"
 
 #include "archive/testi.h"
+#include "printing/qt_testi.h"
 #include "screens/tema.h"
 
 #include <QBrush>
@@ -17,8 +18,7 @@ constexpr Colore kGialloTrovato = 65535;
 constexpr qsizetype kTestoLungo = 48;
 
 QString qtesto(std::string_view testo) {
-    const std::string_view t = rifila(testo);
-    return QString::fromUtf8(t.data(), static_cast<qsizetype>(t.size()));
+    return testo_qt(rifila(testo));
 }
 
 /// Digits with signs, points, commas and a percent sign: text that stands to the right. "..." and an empty

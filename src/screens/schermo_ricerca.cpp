@@ -1,9 +1,11 @@
 #include "screens/schermo_ricerca.h"
 
 #include "archive/testi.h"
+#include "printing/qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/esporta.h"
 #include "screens/freccia.h"
+#include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
@@ -35,10 +37,6 @@ constexpr int kLarghezzaColonna = 70 * kPasso;
 constexpr int kMargine = 4 * kPasso;
 constexpr QSize kAllApertura{1180, 720};
 
-QString q(std::string_view testo) {
-    return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
-}
-
 QString durata(double ms) {
     if (ms >= 1000) return QStringLiteral("%1 s").arg(QString::number(ms / 1000, 'f', 1).replace('.', ','));
     if (ms >= 10) return QStringLiteral("%1 ms").arg(QString::number(ms, 'f', 0));
@@ -46,7 +44,8 @@ QString durata(double ms) {
 }
 
 QString conto(std::size_t quanti, const QString& uno, const QString& molti) {
-    return q(migliaia(static_cast<std::int64_t>(quanti))) + QLatin1Char{' '} + (quanti == 1 ? uno : molti);
+    return testo_qt(migliaia(static_cast<std::int64_t>(quanti))) + QLatin1Char{' '} +
+           (quanti == 1 ? uno : molti);
 }
 
 /// The controls inside a widget that take the keyboard, in the order in which they were put there. The inner
@@ -215,13 +214,13 @@ void SchermoRicerca::apri(const Ricerca& ricerca, const ArchivioEstrazioni& arch
     ricerca_ = &ricerca;
     archivio_ = &archivio;
     apritore_ = apritore;
-    const QString titolo = q(ricerca.titolo);
+    const QString titolo = testo_qt(ricerca.titolo);
     setWindowTitle(titolo);
     titolo_->setText(titolo);
     titolo_->setToolTip(titolo);
-    frase_->setText(q(ricerca.frase));
-    setProperty("Tag", q(ricerca.tag.empty() ? ricerca.chiave : ricerca.tag));
-    griglia_->imposta_chiave(q(ricerca.chiave));
+    frase_->setText(testo_qt(ricerca.frase));
+    setProperty("Tag", testo_qt(ricerca.tag.empty() ? ricerca.chiave : ricerca.tag));
+    griglia_->imposta_chiave(testo_qt(ricerca.chiave));
     risultato_.reset();
     domanda_risposta_.reset();
     inizializza_griglia();
@@ -242,7 +241,7 @@ void SchermoRicerca::ordina_tabulazione() {
     for (int i = 0; i < riga_comandi_->count(); ++i)
         if (QWidget* w = riga_comandi_->itemAt(i)->widget(); w != nullptr) giro << w;
     giro << cmd_stampa_ << cmd_esporta_ << cmd_chiudi_;
-    for (qsizetype i = 1; i < giro.size(); ++i) setTabOrder(giro[i - 1], giro[i]);
+    giro_di_tab(giro);
 }
 
 void SchermoRicerca::attiva() {
@@ -304,7 +303,7 @@ void SchermoRicerca::mostra(const std::shared_ptr<const Risultato>& risultato) {
 }
 
 void SchermoRicerca::mostra_messaggio(const std::string& testo) {
-    messaggi().informa(this, kTitoloMessaggi, QString::fromStdString(testo));
+    sortimetra::mostra_messaggio(this, testo);
 }
 
 void SchermoRicerca::svuota() {

@@ -206,18 +206,13 @@ void Form_stat::mostra(const std::shared_ptr<const Risultato>& risultato) {
 }
 
 void Form_stat::mostra_messaggio(const std::string& testo) {
-    const auto dice = [this, &testo](const QString& titolo) {
-        messaggi().informa(this, titolo, QString::fromStdString(testo));
-    };
+    const auto senza_titolo = [&] { messaggi().informa(this, {}, QString::fromStdString(testo)); };
     if (testo == kCapogiocoNonValido) {
-        dice({});
+        senza_titolo();
         capogioco_->setFocus();
     } else if (testo == kCapigiocoNonValidi) {
-        dice({});
+        senza_titolo();
         ambo_capo_[0]->setFocus();
-    } else if (testo == kFileDanneggiato) {
-        dice(QString::fromUtf8(kTitoloFileDanneggiato.data(),
-                               static_cast<qsizetype>(kTitoloFileDanneggiato.size())));
     } else {
         SchermoRicerca::mostra_messaggio(testo);
     }
@@ -258,9 +253,8 @@ void Form_stat::apri_tabella_ruote() {
 
 void Form_stat::passa_alle_schedine() {
     if (in_corsa() || risultato() == nullptr || risultato()->tabelle.empty()) return;
-    const Data oggi = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
-    const auto consegna =
-        scrivi_schedina(sessione().percorso_programma, ricerca()->chiave, risultato()->tabelle.front(), oggi);
+    const auto consegna = scrivi_schedina(sessione().percorso_programma, ricerca()->chiave,
+                                          risultato()->tabelle.front(), oggi());
     if (!consegna) {
         messaggi().avvisa(this, kTitoloMessaggi, QString::fromStdString(consegna.error().testo()));
         return;

@@ -33,9 +33,6 @@ class Form_stat final : public SchermoRicerca {
     /// does not show. `Command3`, `Command4` and `Command5` are disabled without it.
     void imposta_analisi(std::function<void(const LavoroStampa&, int combinazioni)> analisi);
 
-    /// Index of `ComboRit` as it was left, -1 if no search of this run has offered it: another screen reads
-    /// it.
-    [[nodiscard]] int indice_combo() const { return sessione().indice_combo_rit; }
     void inizializza_griglia() override;
     [[nodiscard]] Form_spec* tabella_ruote() const { return spec_; }
 

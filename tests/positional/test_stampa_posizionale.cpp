@@ -3,6 +3,7 @@
 #include "positional/stampa_posizione.h"
 #include "positional/stampa_tabellone.h"
 #include "positional/tabellone.h"
+#include "printing/metriche.h"
 #include "printing/rapporto.h"
 #include "printing/superficie_registrata.h"
 #include "support/archivi.h"
@@ -170,8 +171,8 @@ TEST(StampaPosizione, LaTestaDiceRuoteIntervalloEDate) {
     const auto* pagina = s.foglio.trova("Pagina 2 di 2", 2);
     ASSERT_TRUE(frequenza != nullptr && ritardo != nullptr && storico != nullptr && pagina != nullptr);
     EXPECT_NEAR(frequenza->x, 297 / 2.0 - 95, kDecimo);
-    EXPECT_NEAR(ritardo->y - frequenza->y, 3, kDecimo);
-    EXPECT_NEAR(storico->y - ritardo->y, 3, kDecimo);
+    EXPECT_NEAR(ritardo->y - frequenza->y, altezza_testo(ritardo->carattere), kDecimo);
+    EXPECT_NEAR(storico->y - ritardo->y, altezza_testo(storico->carattere), kDecimo);
     EXPECT_NEAR(pagina->x + pagina->larghezza, 297 / 2.0 + 95, kDecimo);
 }
 

@@ -130,10 +130,10 @@ TEST(Tabellone, OgniTabelloneHaIProprioLimite) {
     EXPECT_EQ(massimo(TipoTabellone::dieci_e_lotto), 119);
     // Nothing typed is the last one as it is, typed it is brought back.
     std::vector<std::string> note;
-    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::sestina, {}, note), 1000);
+    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::sestina, {}, &note), 1000);
     EXPECT_TRUE(note.empty());
-    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::sestina, 1000, note), 599);
-    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::win_for_life, {}, note), 700);
+    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::sestina, 1000, &note), 599);
+    EXPECT_EQ(concorso_scelto(archivio, TipoTabellone::win_for_life, {}, &note), 700);
     EXPECT_EQ(note, std::vector<std::string>{"concorso 1000 riportato a 599"});
 }
 

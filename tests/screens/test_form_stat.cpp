@@ -331,12 +331,12 @@ void TestFormStat::il_combo_avvia_da_solo() {
     QCOMPARE(rit->itemText(0), QStringLiteral("all'Ambata"));
     QCOMPARE(rit->itemText(1), QStringLiteral("all'Ambo"));
     QCOMPARE(rit->currentIndex(), 0);
-    QCOMPARE(form_->indice_combo(), 0);
+    QCOMPARE(sessione_.indice_combo_rit, 0);
     QCOMPARE(righe(), 0);
     QTest::keyClick(rit, Qt::Key_Down);  // the choice alone runs the search
     QCOMPARE(righe(), 28);
     const QString ambo = riga(0);
-    QCOMPARE(form_->indice_combo(), 1);
+    QCOMPARE(sessione_.indice_combo_rit, 1);
     QTest::keyClick(rit, Qt::Key_Up);
     QCOMPARE(righe(), 28);
     QVERIFY(riga(0) != ambo);  // 12.21: both are never drawn together, one of them always

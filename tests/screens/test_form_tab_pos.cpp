@@ -37,6 +37,14 @@ constexpr const char* kDieciELotto = "tabellone posizionale combinazione 10 e lo
 constexpr const char* kWfl = "tabellone posizionale combinazione win for life";
 constexpr const char* kMigliori = "tabellone migliori ritardi";
 
+/// In place of the printer: keeps the picture of a page.
+auto tieni(QImage& dove) {
+    return [&dove](QWidget*, const QImage& immagine) {
+        dove = immagine;
+        return true;
+    };
+}
+
 /// 1000 draws: wheel w has five numbers that move on by one a draw, so that every number of 1 to 90 is on
 /// every wheel within 90 draws. SuperEnalotto from 402 on, Nazionale from 600 on.
 ArchivioEstrazioni archivio_di_prova() {
@@ -633,10 +641,7 @@ class TestTabelloni final : public QObject {
     void la_pagina_si_stampa_come_immagine() {
         auto& form = apri<form_tab_pos2>(kMigliori);
         QImage immagine;
-        form.imposta_stampa_immagine([&](QWidget*, const QImage& i) {
-            immagine = i;
-            return true;
-        });
+        form.imposta_stampa_immagine(tieni(immagine));
         clic("cmdopzioni_1");
         QVERIFY(!controllo<QPushButton>("Command6")->isEnabled());
         clic("Command8");
@@ -657,10 +662,7 @@ class TestTabelloni final : public QObject {
     void su_una_skin_scura_la_carta_resta_chiara() {
         auto& form = apri<form_tab_pos2>(kMigliori);
         QImage immagine;
-        form.imposta_stampa_immagine([&](QWidget*, const QImage& i) {
-            immagine = i;
-            return true;
-        });
+        form.imposta_stampa_immagine(tieni(immagine));
         clic("cmdopzioni_1");
         clic("Command8");
         applica_tema(*qApp, 2);
