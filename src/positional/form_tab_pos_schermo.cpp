@@ -243,10 +243,7 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     colonna->addWidget(stato_);
     colonna->addLayout(piede);
 
-    for (QTableView* v : griglia_->findChildren<QTableView*>()) {
-        v->setMouseTracking(true);
-        v->viewport()->installEventFilter(this);
-    }
+    for (QTableView* v : griglia_->findChildren<QTableView*>()) v->viewport()->installEventFilter(this);
     connect(griglia_->vista()->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &PaginaTabellone::racconta);
     connect(esci_bottone, &QPushButton::clicked, this, &PaginaTabellone::esci);

@@ -366,6 +366,29 @@ void frmStampaFCPB::componi() {
     });
 }
 
+bool frmStampaFCPB::Preview(const QImage& immagine) {
+    if (immagine.isNull()) {
+        messaggi().ferma(this, QStringLiteral(" Errore in Preview"), tr("Formato grafico sconosciuto."));
+        return false;
+    }
+    preview_->imposta_immagine(immagine);
+    return true;
+}
+
+bool frmStampaFCPB::Zoom(const QImage& immagine) {
+    if (immagine.isNull()) {
+        messaggi().ferma(this, QStringLiteral(" Errore in Zoom"), tr("Formato grafico sconosciuto."));
+        return false;
+    }
+    const double punti = devicePixelRatioF();
+    QPixmap ingrandita = QPixmap::fromImage(immagine);
+    ingrandita.setDevicePixelRatio(1);
+    ingrandita = ingrandita.scaled(zoom_->size() * punti, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    ingrandita.setDevicePixelRatio(punti);
+    zoom_->setPixmap(ingrandita);
+    return true;
+}
+
 void frmStampaFCPB::errore(const char* routine, const QString& testo) {
     messaggi().ferma(this, QStringLiteral(" Errore in frmStampaFCPB/") + QLatin1String{routine}, testo);
 }
@@ -407,8 +430,7 @@ bool frmStampaFCPB::StampaFCPB(const OggettoStampa& oggetto, double x, double y,
 
     nome_ = chiamato;
     setWindowTitle(QStringLiteral("Anteprima di stampa ") + chiamato);
-    preview_->imposta_immagine(immagine_);
-    mostra_zoom();
+    if (!Preview(immagine_) || !Zoom(immagine_)) return false;
     mostra_valori();
     exec();
     stampante_.reset();
@@ -666,18 +688,8 @@ void frmStampaFCPB::keyPressEvent(QKeyEvent* evento) {
     QDialog::keyPressEvent(evento);
 }
 
-void frmStampaFCPB::mostra_zoom() {
-    if (immagine_.isNull()) return;
-    const double punti = devicePixelRatioF();
-    QPixmap ingrandita = QPixmap::fromImage(immagine_);
-    ingrandita.setDevicePixelRatio(1);
-    ingrandita = ingrandita.scaled(zoom_->size() * punti, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    ingrandita.setDevicePixelRatio(punti);
-    zoom_->setPixmap(ingrandita);
-}
-
 bool frmStampaFCPB::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (oggetto == zoom_ && evento->type() == QEvent::Resize) mostra_zoom();
+    if (oggetto == zoom_ && evento->type() == QEvent::Resize && !immagine_.isNull()) Zoom(immagine_);
     return QDialog::eventFilter(oggetto, evento);
 }
 

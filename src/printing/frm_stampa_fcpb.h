@@ -72,6 +72,10 @@ class frmStampaFCPB final : public QDialog {
 
     /// The picture of an object; null after a message.
     [[nodiscard]] QImage Copia_Oggetto(const OggettoStampa& oggetto);
+    /// Puts a picture on the sheet of the preview. False after a message.
+    bool Preview(const QImage& immagine);
+    /// Shows a picture enlarged in `picZoom`. False after a message.
+    bool Zoom(const QImage& immagine);
     /// Reads sheet, name and size from the printer. False after a message.
     bool FoglioStampa();
     /// " Foglio: A4,  Portrait".
@@ -87,7 +91,6 @@ class frmStampaFCPB final : public QDialog {
 
   private:
     void componi();
-    void mostra_zoom();
     /// Name of the default printer, "" after a message.
     [[nodiscard]] QString GetDefPrinterName();
     bool OpenDocPrinter(const QString& nome);

@@ -436,6 +436,21 @@ class TestStampa : public QObject {
         QCOMPARE(detti.detti[0].testo, "Errore di Copia");
     }
 
+    void un_immagine_vuota_non_si_mostra() {
+        MessaggiDiProva detti;
+        frmStampaFCPB form;
+        QVERIFY(!form.Preview({}));
+        QVERIFY(!form.Zoom({}));
+        QCOMPARE(detti.detti.size(), 2);
+        QCOMPARE(detti.detti[0].titolo, " Errore in Preview");
+        QCOMPARE(detti.detti[1].titolo, " Errore in Zoom");
+        QVERIFY(form.Preview(quadro()) && form.Zoom(quadro()));
+        QCOMPARE(detti.detti.size(), 2);
+        const QPixmap zoom = trova<QLabel>(&form, "picZoom")->pixmap();
+        QVERIFY(!zoom.isNull() && zoom.width() <= 240 && zoom.height() <= 240);
+        QVERIFY(!trova<QLabel>(&form, "shpBordo")->pixmap().isNull());
+    }
+
     void il_foglio_ha_nome_e_misure() {
         StampantiDiProva prova{cartella_.path()};
         frmStampaFCPB form;
