@@ -1,10 +1,10 @@
 // Reading the stores: the published Lotto text, the native file, the Jet file. Each is the whole road from
 // the file on the disk to the packed archive, unless told otherwise.
 
-#include "archive/apertura.h"
-#include "archive/dimostrazione.h"
-#include "archive/importa.h"
-#include "archive/negozio_nativo.h"
+#include "stores/apertura.h"
+#include "stores/dimostrazione.h"
+#include "stores/importa.h"
+#include "stores/negozio_nativo.h"
 #include "support/archivi.h"
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
 #include "printing/rapporto.h"
-#include "printing/superficie_registrata.h"
 #include "support/archivi.h"
+#include "support/superficie_registrata.h"
 
 #include <benchmark/benchmark.h>
 

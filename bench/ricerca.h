@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/dimostrazione.h"
 #include "catalogue/ricerche.h"
+#include "stores/dimostrazione.h"
 #include "support/archivi.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
-#include "archive/apertura.h"
-#include "archive/negozio_jet.h"
+#include "stores/apertura.h"
+#include "stores/negozio_jet.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
-#include "archive/apertura.h"
-#include "archive/file_sicuro.h"
-#include "archive/negozio_nativo.h"
 #include "cartella.h"
+#include "files/file_sicuro.h"
+#include "stores/apertura.h"
+#include "stores/negozio_nativo.h"
 
 #include <array>
 #include <chrono>

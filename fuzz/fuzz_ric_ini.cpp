@@ -1,5 +1,5 @@
-#include "archive/testo_ini.h"
-#include "archive/windows1252.h"
+#include "text/testo_ini.h"
+#include "text/windows1252.h"
 
 #include <cstddef>
 #include <cstdint>

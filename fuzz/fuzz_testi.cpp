@@ -1,5 +1,5 @@
-#include "archive/archivio.h"
-#include "archive/pubblicati.h"
+#include "draws/archivio.h"
+#include "stores/pubblicati.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // The catalogue and what is opened from it, each time new: the first opening is the one that is waited for.
 
-#include "archive/sessione.h"
 #include "catalogue/form_ricerche.h"
+#include "files/sessione.h"
 #include "misure_schermi.h"
 #include "pittura.h"
 #include "screens/area_parametri.h"

@@ -1,11 +1,11 @@
 // The largest table of all in a grid: 117,480 terni. Showing it and sorting each of its columns are to stay
 // under 100 ms.
 
-#include "archive/apertura.h"
 #include "catalogue/ricerche.h"
 #include "misure_schermi.h"
 #include "pittura.h"
 #include "screens/griglia_risultati.h"
+#include "stores/apertura.h"
 #include "support/archivi.h"
 
 #include <benchmark/benchmark.h>

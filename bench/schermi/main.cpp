@@ -1,9 +1,9 @@
 // What a user waits for: the program's start, a screen, a grid. Everything is painted for real, on Qt's
 // offscreen platform, so that no display is needed and none is in the way.
 
-#include "archive/importa.h"
 #include "misure_schermi.h"
 #include "pittura.h"
+#include "stores/importa.h"
 #include "support/archivi.h"
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
 #include "cli/apri.h"
 
-#include "archive/apertura.h"
+#include "stores/apertura.h"
 
 #include <fmt/core.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "archive/archivio.h"
-#include "archive/sessione.h"
 #include "cli/comandi.h"
+#include "draws/archivio.h"
+#include "files/sessione.h"
 
 #include <optional>
 #include <string_view>

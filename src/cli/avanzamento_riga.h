@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/avanzamento.h"
 #include "cli/comandi.h"
+#include "draws/avanzamento.h"
 
 #include <chrono>
 #include <string_view>

@@ -1,10 +1,10 @@
 #include "cli/comandi.h"
 
-#include "archive/file_sicuro.h"
-#include "archive/testi.h"
 #include "cli/aiuto.h"
 #include "cli/richiesta.h"
 #include "cli/simili.h"
+#include "files/file_sicuro.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

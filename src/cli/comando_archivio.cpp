@@ -1,13 +1,13 @@
-#include "archive/apertura.h"
-#include "archive/importa.h"
-#include "archive/sessione.h"
-#include "archive/testi.h"
 #include "cli/apri.h"
 #include "cli/avanzamento_riga.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
+#include "files/sessione.h"
 #include "results/scrittori.h"
 #include "statistics/cinquine_dei_90.h"
+#include "stores/apertura.h"
+#include "stores/importa.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

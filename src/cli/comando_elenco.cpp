@@ -1,9 +1,9 @@
-#include "archive/apertura.h"
-#include "archive/sessione.h"
 #include "catalogue/ricerche.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
+#include "files/sessione.h"
 #include "results/scrittori.h"
+#include "stores/apertura.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>

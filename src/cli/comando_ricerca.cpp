@@ -1,11 +1,11 @@
-#include "archive/data.h"
-#include "archive/file_sicuro.h"
-#include "archive/sessione.h"
 #include "cli/comandi.h"
 #include "cli/fai_ricerca.h"
 #include "cli/richiesta.h"
+#include "files/file_sicuro.h"
+#include "files/sessione.h"
 #include "results/scrittori.h"
 #include "systems/ric_stat.h"
+#include "text/data.h"
 
 #include <fmt/core.h>
 

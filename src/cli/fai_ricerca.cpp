@@ -1,9 +1,9 @@
 #include "cli/fai_ricerca.h"
 
-#include "archive/sessione.h"
 #include "catalogue/ricerche.h"
 #include "cli/apri.h"
 #include "cli/avanzamento_riga.h"
+#include "files/sessione.h"
 
 #include <fmt/core.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "archive/archivio.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
+#include "draws/archivio.h"
 #include "results/risultato.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "cli/richiesta.h"
 
-#include "archive/testi.h"
 #include "cli/simili.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

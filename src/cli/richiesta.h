@@ -1,8 +1,8 @@
 #pragma once
 
-#include "archive/importa.h"
 #include "catalogue/ricerche.h"
 #include "results/domanda.h"
+#include "stores/importa.h"
 
 #include <cstddef>
 #include <cstdint>

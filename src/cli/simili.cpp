@@ -1,6 +1,6 @@
 #include "cli/simili.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <utility>

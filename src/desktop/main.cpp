@@ -1,7 +1,7 @@
-#include "archive/apertura.h"
-#include "archive/sessione.h"
 #include "catalogue/form_ricerche.h"
+#include "files/sessione.h"
 #include "screens/lingua.h"
+#include "stores/apertura.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

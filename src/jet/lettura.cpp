@@ -1,9 +1,9 @@
 #include "jet/lettura.h"
 
-#include "archive/apertura.h"
-#include "archive/celle.h"
-#include "archive/testi.h"
-#include "jet/protocollo.h"
+#include "stores/apertura.h"
+#include "stores/celle.h"
+#include "stores/protocollo.h"
+#include "text/testi.h"
 
 #include <mdbtools.h>
 #include <sys/prctl.h>

@@ -1,7 +1,7 @@
-#include "printing/qt_pdf.h"
+#include "qt_pdf.h"
 
-#include "archive/file_sicuro.h"
-#include "printing/qt_superficie.h"
+#include "files/file_sicuro.h"
+#include "qt_superficie.h"
 
 #include <QFile>
 #include <QGuiApplication>

@@ -1,9 +1,9 @@
-#include "printing/qt_superficie.h"
+#include "qt_superficie.h"
 
-#include "archive/testi.h"
 #include "printing/fogli.h"
 #include "printing/metriche.h"
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
+#include "text/testi.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>

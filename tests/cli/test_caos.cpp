@@ -1,8 +1,8 @@
-#include "archive/importa.h"
 #include "catalogue/ricerche.h"
 #include "cli/cartella_cli.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
+#include "stores/importa.h"
 
 #include <nlohmann/json.hpp>
 #include <random>

@@ -1,7 +1,7 @@
-#include "archive/importa.h"
 #include "catalogue/ricerche.h"
 #include "cli/cartella_cli.h"
 #include "cli/comandi.h"
+#include "stores/importa.h"
 
 #include <algorithm>
 #include <fstream>

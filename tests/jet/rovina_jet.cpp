@@ -7,10 +7,10 @@
 //
 // Without the real archive at hand it damages the little that can be made by hand: a header and empty pages.
 
-#include "archive/apertura.h"
-#include "archive/file_sicuro.h"
-#include "archive/negozio_jet.h"
+#include "files/file_sicuro.h"
 #include "jet/lettura.h"
+#include "stores/apertura.h"
+#include "stores/negozio_jet.h"
 #include "support/archivi.h"
 
 #include <fcntl.h>

@@ -1,8 +1,8 @@
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
 #include "printing/metriche.h"
-#include "printing/qt_pdf.h"
-#include "printing/qt_superficie.h"
+#include "qt_pdf.h"
+#include "qt_superficie.h"
 #include "support/archivi.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "support/archivi.h"
 
-#include "archive/importa.h"
+#include "stores/importa.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "printing/superficie_registrata.h"
+#include "support/superficie_registrata.h"
 
 #include "printing/fogli.h"
 #include "printing/metriche.h"

@@ -1,6 +1,6 @@
 #include "catalogue/cerca.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <iterator>

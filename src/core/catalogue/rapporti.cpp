@@ -1,7 +1,7 @@
 #include "catalogue/rapporti.h"
 
-#include "archive/testi.h"
 #include "catalogue/ricerche.h"
+#include "text/testi.h"
 
 #include <string>
 #include <variant>

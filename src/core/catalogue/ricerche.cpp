@@ -1,7 +1,5 @@
 #include "catalogue/ricerche.h"
 
-#include "archive/apertura.h"
-#include "archive/testi.h"
 #include "catalogue/segnalimite.h"
 #include "positional/migliori_ritardi.h"
 #include "positional/posizione.h"
@@ -14,6 +12,8 @@
 #include "statistics/ambi_terni.h"
 #include "statistics/capogioco.h"
 #include "statistics/serie_speciali.h"
+#include "stores/apertura.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "catalogue/segnalimite.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <string_view>

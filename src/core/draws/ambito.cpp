@@ -1,6 +1,6 @@
-#include "archive/ambito.h"
+#include "draws/ambito.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <bit>
 

@@ -1,4 +1,4 @@
-#include "archive/archivio.h"
+#include "draws/archivio.h"
 
 #include <fmt/core.h>
 

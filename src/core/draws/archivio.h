@@ -1,8 +1,8 @@
 #pragma once
 
-#include "archive/data.h"
-#include "archive/errore.h"
-#include "archive/ruote.h"
+#include "draws/ruote.h"
+#include "files/errore.h"
+#include "text/data.h"
 
 #include <array>
 #include <cstddef>

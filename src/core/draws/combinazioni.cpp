@@ -1,4 +1,4 @@
-#include "archive/combinazioni.h"
+#include "draws/combinazioni.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/archivio.h"
+#include "draws/archivio.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
-#include "archive/cursore.h"
+#include "draws/cursore.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/ambito.h"
-#include "archive/archivio.h"
+#include "draws/ambito.h"
+#include "draws/archivio.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "archive/file_sicuro.h"
+#include "files/file_sicuro.h"
 
 #include <fcntl.h>
 #include <fmt/core.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/errore.h"
+#include "files/errore.h"
 
 #include <cstddef>
 #include <cstdint>

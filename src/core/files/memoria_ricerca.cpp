@@ -1,9 +1,9 @@
-#include "archive/memoria_ricerca.h"
+#include "files/memoria_ricerca.h"
 
-#include "archive/file_sicuro.h"
-#include "archive/testi.h"
-#include "archive/testo_ini.h"
-#include "archive/windows1252.h"
+#include "files/file_sicuro.h"
+#include "text/testi.h"
+#include "text/testo_ini.h"
+#include "text/windows1252.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

@@ -1,4 +1,4 @@
-#include "archive/sessione.h"
+#include "files/sessione.h"
 
 #include <cstdlib>
 #include <system_error>

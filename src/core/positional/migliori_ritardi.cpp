@@ -1,10 +1,10 @@
 #include "positional/migliori_ritardi.h"
 
-#include "archive/ambito.h"
-#include "archive/testi.h"
+#include "draws/ambito.h"
 #include "positional/tabellone.h"
 #include "statistics/famiglie.h"
 #include "statistics/misura_serie.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

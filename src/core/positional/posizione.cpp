@@ -1,7 +1,7 @@
 #include "positional/posizione.h"
 
-#include "archive/ambito.h"
-#include "archive/combinazioni.h"
+#include "draws/ambito.h"
+#include "draws/combinazioni.h"
 #include "statistics/misure.h"
 
 #include <bit>

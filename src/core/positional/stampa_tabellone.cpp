@@ -1,6 +1,6 @@
 #include "positional/stampa_tabellone.h"
 
-#include "archive/ruote.h"
+#include "draws/ruote.h"
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
 #include "positional/tabellone.h"
 
-#include "archive/ambito.h"
-#include "archive/combinazioni.h"
+#include "draws/ambito.h"
+#include "draws/combinazioni.h"
 
 #include <fmt/core.h>
 

@@ -1,6 +1,6 @@
 #include "printing/easy_print.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "printing/metriche.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <array>
 #include <cstdint>

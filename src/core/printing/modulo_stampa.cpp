@@ -1,6 +1,6 @@
 #include "printing/modulo_stampa.h"
 
-#include "archive/sessione.h"
+#include "files/sessione.h"
 
 #include <dlfcn.h>
 

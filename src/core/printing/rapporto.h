@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/avanzamento.h"
-#include "archive/errore.h"
+#include "draws/avanzamento.h"
+#include "files/errore.h"
 #include "printing/easy_print.h"
 #include "results/risultato.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/ambito.h"
+#include "draws/ambito.h"
 
 #include <filesystem>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "results/risultato.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,7 +1,7 @@
-#include "archive/data.h"
-#include "archive/file_sicuro.h"
-#include "archive/testi.h"
+#include "files/file_sicuro.h"
 #include "results/scrittori.h"
+#include "text/data.h"
+#include "text/testi.h"
 
 #include <xlsxwriter.h>
 

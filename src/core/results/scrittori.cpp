@@ -1,6 +1,6 @@
 #include "results/scrittori.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <array>

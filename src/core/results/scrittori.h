@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/errore.h"
+#include "files/errore.h"
 #include "results/risultato.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 #include "statistics/altri_giochi.h"
 
-#include "archive/ambito.h"
-#include "archive/combinazioni.h"
+#include "draws/ambito.h"
+#include "draws/combinazioni.h"
 #include "statistics/ambi_terni.h"
 #include "statistics/combinatoria.h"
 #include "statistics/misure.h"

@@ -1,6 +1,6 @@
 #include "statistics/ambata.h"
 
-#include "archive/ambito.h"
+#include "draws/ambito.h"
 #include "statistics/misure.h"
 
 namespace sortimetra {

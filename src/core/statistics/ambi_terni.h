@@ -1,8 +1,8 @@
 #pragma once
 
-#include "archive/ambito.h"
-#include "archive/archivio.h"
-#include "archive/avanzamento.h"
+#include "draws/ambito.h"
+#include "draws/archivio.h"
+#include "draws/avanzamento.h"
 #include "results/domanda.h"
 #include "results/risultato.h"
 #include "statistics/misure.h"

@@ -1,6 +1,6 @@
 #include "statistics/capogioco.h"
 
-#include "archive/ambito.h"
+#include "draws/ambito.h"
 #include "statistics/misure.h"
 
 #include <algorithm>

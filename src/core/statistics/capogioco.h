@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/archivio.h"
-#include "archive/avanzamento.h"
+#include "draws/archivio.h"
+#include "draws/avanzamento.h"
 #include "results/domanda.h"
 #include "results/risultato.h"
 

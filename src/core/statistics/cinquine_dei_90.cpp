@@ -1,7 +1,7 @@
 #include "statistics/cinquine_dei_90.h"
 
-#include "archive/file_sicuro.h"
-#include "archive/ruote.h"
+#include "draws/ruote.h"
+#include "files/file_sicuro.h"
 #include "statistics/famiglie.h"
 
 #include <fmt/core.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/ruote.h"
+#include "draws/ruote.h"
 
 #include <array>
 #include <cstddef>

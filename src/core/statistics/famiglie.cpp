@@ -1,8 +1,8 @@
 #include "statistics/famiglie.h"
 
-#include "archive/archivio.h"
-#include "archive/file_sicuro.h"
-#include "archive/testi.h"
+#include "draws/archivio.h"
+#include "files/file_sicuro.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/ambito.h"
-#include "archive/avanzamento.h"
+#include "draws/ambito.h"
+#include "draws/avanzamento.h"
 #include "statistics/misure.h"
 #include "statistics/serie_corrente.h"
 

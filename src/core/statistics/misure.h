@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/ruote.h"
+#include "draws/ruote.h"
 #include "results/risultato.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "statistics/serie_speciali.h"
 
-#include "archive/ambito.h"
+#include "draws/ambito.h"
 #include "statistics/famiglie.h"
 #include "statistics/misura_serie.h"
 #include "statistics/misure.h"

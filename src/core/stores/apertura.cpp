@@ -1,8 +1,8 @@
-#include "archive/apertura.h"
+#include "stores/apertura.h"
 
-#include "archive/negozio_jet.h"
-#include "archive/negozio_nativo.h"
-#include "archive/testi.h"
+#include "stores/negozio_jet.h"
+#include "stores/negozio_nativo.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

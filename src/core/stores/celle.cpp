@@ -1,7 +1,7 @@
-#include "archive/celle.h"
+#include "stores/celle.h"
 
-#include "archive/apertura.h"
-#include "archive/testi.h"
+#include "stores/apertura.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

@@ -1,4 +1,4 @@
-#include "archive/dimostrazione.h"
+#include "stores/dimostrazione.h"
 
 #include <fmt/core.h>
 

@@ -1,10 +1,10 @@
-#include "archive/importa.h"
+#include "stores/importa.h"
 
-#include "archive/apertura.h"
-#include "archive/dimostrazione.h"
-#include "archive/file_sicuro.h"
-#include "archive/negozio_nativo.h"
-#include "archive/pubblicati.h"
+#include "files/file_sicuro.h"
+#include "stores/apertura.h"
+#include "stores/dimostrazione.h"
+#include "stores/negozio_nativo.h"
+#include "stores/pubblicati.h"
 
 #include <fmt/core.h>
 

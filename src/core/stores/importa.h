@@ -1,8 +1,8 @@
 #pragma once
 
-#include "archive/archivio.h"
-#include "archive/avanzamento.h"
-#include "archive/errore.h"
+#include "draws/archivio.h"
+#include "draws/avanzamento.h"
+#include "files/errore.h"
 
 #include <expected>
 #include <filesystem>

@@ -1,10 +1,10 @@
-#include "archive/negozio_jet.h"
+#include "stores/negozio_jet.h"
 
-#include "archive/apertura.h"
-#include "archive/celle.h"
-#include "archive/file_sicuro.h"
-#include "archive/sessione.h"
-#include "jet/protocollo.h"
+#include "files/file_sicuro.h"
+#include "files/sessione.h"
+#include "stores/apertura.h"
+#include "stores/celle.h"
+#include "stores/protocollo.h"
 
 #include <fcntl.h>
 #include <fmt/core.h>

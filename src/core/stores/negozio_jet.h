@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/archivio.h"
-#include "archive/errore.h"
+#include "draws/archivio.h"
+#include "files/errore.h"
 
 #include <expected>
 #include <filesystem>

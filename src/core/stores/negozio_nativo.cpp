@@ -1,9 +1,9 @@
-#include "archive/negozio_nativo.h"
+#include "stores/negozio_nativo.h"
 
-#include "archive/apertura.h"
-#include "archive/celle.h"
-#include "archive/file_sicuro.h"
-#include "archive/testi.h"
+#include "files/file_sicuro.h"
+#include "stores/apertura.h"
+#include "stores/celle.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 #include <sqlite3.h>

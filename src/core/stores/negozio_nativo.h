@@ -1,9 +1,9 @@
 #pragma once
 
-#include "archive/archivio.h"
-#include "archive/avanzamento.h"
-#include "archive/errore.h"
-#include "archive/file_sicuro.h"
+#include "draws/archivio.h"
+#include "draws/avanzamento.h"
+#include "files/errore.h"
+#include "files/file_sicuro.h"
 
 #include <expected>
 #include <filesystem>

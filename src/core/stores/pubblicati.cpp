@@ -1,6 +1,6 @@
-#include "archive/pubblicati.h"
+#include "stores/pubblicati.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

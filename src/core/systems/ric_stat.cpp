@@ -1,8 +1,8 @@
 #include "systems/ric_stat.h"
 
-#include "archive/file_sicuro.h"
-#include "archive/testi.h"
+#include "files/file_sicuro.h"
 #include "statistics/famiglie.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

@@ -1,4 +1,4 @@
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <fmt/core.h>
 

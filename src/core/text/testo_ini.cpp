@@ -1,6 +1,6 @@
-#include "archive/testo_ini.h"
+#include "text/testo_ini.h"
 
-#include "archive/testi.h"
+#include "text/testi.h"
 
 #include <algorithm>
 #include <cstddef>

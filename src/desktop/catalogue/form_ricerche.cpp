@@ -1,18 +1,18 @@
 #include "catalogue/form_ricerche.h"
 
-#include "archive/apertura.h"
-#include "archive/importa.h"
-#include "archive/testi.h"
 #include "catalogue/form_ricerche_elenco.h"
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_segnalimite.h"
 #include "catalogue/form_ricerche_ultima.h"
 #include "printing/form_anteprima.h"
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
 #include "screens/giro_di_tab.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
 #include "statistics/cinquine_dei_90.h"
+#include "stores/apertura.h"
+#include "stores/importa.h"
+#include "text/testi.h"
 
 #include <QActionGroup>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/memoria_ricerca.h"
 #include "catalogue/form_ricerche_schermi.h"
+#include "files/memoria_ricerca.h"
 
 #include <QWidget>
 #include <array>

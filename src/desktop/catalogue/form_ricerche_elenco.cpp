@@ -1,6 +1,6 @@
 #include "catalogue/form_ricerche_elenco.h"
 
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
 #include "screens/tema.h"
 
 #include <QHeaderView>

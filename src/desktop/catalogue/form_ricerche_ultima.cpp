@@ -1,8 +1,8 @@
 #include "catalogue/form_ricerche_ultima.h"
 
-#include "archive/testi.h"
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
 #include "screens/tema.h"
+#include "text/testi.h"
 
 #include <QEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/archivio.h"
 #include "catalogue/ricerche.h"
+#include "draws/archivio.h"
 
 #include <QStringList>
 #include <QWidget>

@@ -3,7 +3,7 @@
 #include "positional/form_tab_pos_dieci.h"
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/migliori_ritardi.h"
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/esporta.h"
 #include "screens/giro_di_tab.h"

@@ -1,8 +1,8 @@
 #include "positional/form_tab_pos_scelta.h"
 
-#include "archive/testi.h"
 #include "screens/giro_di_tab.h"
 #include "screens/tema.h"
+#include "text/testi.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

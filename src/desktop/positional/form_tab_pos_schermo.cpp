@@ -1,8 +1,7 @@
 #include "positional/form_tab_pos_schermo.h"
 
-#include "archive/testi.h"
 #include "positional/form_tab_pos_scelta.h"
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
 #include "screens/esporta.h"
 #include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"
@@ -10,6 +9,7 @@
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
+#include "text/testi.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>

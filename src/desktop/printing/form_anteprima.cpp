@@ -1,8 +1,8 @@
 #include "printing/form_anteprima.h"
 
 #include "catalogue/rapporti.h"
-#include "printing/qt_pdf.h"
-#include "printing/qt_superficie.h"
+#include "qt_pdf.h"
+#include "qt_superficie.h"
 #include "screens/casella_cifre.h"
 #include "screens/esporta.h"
 #include "screens/giro_di_tab.h"

@@ -1,9 +1,9 @@
 #include "printing/frm_stampa_fcpb.h"
 
 #include "printing/fogli.h"
-#include "printing/qt_pdf.h"
-#include "printing/qt_superficie.h"
-#include "printing/qt_testi.h"
+#include "qt_pdf.h"
+#include "qt_superficie.h"
+#include "qt_testi.h"
 #include "screens/casella_cifre.h"
 #include "screens/esporta.h"
 #include "screens/giro_di_tab.h"

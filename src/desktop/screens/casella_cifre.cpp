@@ -1,7 +1,7 @@
 #include "screens/casella_cifre.h"
 
-#include "archive/testi.h"
 #include "screens/tema.h"
+#include "text/testi.h"
 
 #include <QMouseEvent>
 #include <QRegularExpressionValidator>

@@ -1,6 +1,6 @@
 #include "screens/esporta.h"
 
-#include "archive/file_sicuro.h"
+#include "files/file_sicuro.h"
 #include "results/scrittori.h"
 #include "screens/messaggi.h"
 

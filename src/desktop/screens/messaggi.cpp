@@ -1,6 +1,6 @@
 #include "screens/messaggi.h"
 
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
 #include "statistics/famiglie.h"
 
 #include <QFileDialog>

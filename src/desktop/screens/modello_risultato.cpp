@@ -1,8 +1,8 @@
 #include "screens/modello_risultato.h"
 
-#include "archive/testi.h"
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
 #include "screens/tema.h"
+#include "text/testi.h"
 
 #include <QBrush>
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/avanzamento.h"
+#include "draws/avanzamento.h"
 
 #include <QElapsedTimer>
 #include <QFrame>

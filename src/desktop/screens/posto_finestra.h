@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/sessione.h"
+#include "files/sessione.h"
 
 #include <QSize>
 #include <QString>

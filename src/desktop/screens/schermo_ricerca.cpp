@@ -1,7 +1,6 @@
 #include "screens/schermo_ricerca.h"
 
-#include "archive/testi.h"
-#include "printing/qt_testi.h"
+#include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/esporta.h"
 #include "screens/freccia.h"
@@ -11,6 +10,7 @@
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
+#include "text/testi.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "archive/archivio.h"
-#include "archive/sessione.h"
 #include "catalogue/ricerche.h"
+#include "draws/archivio.h"
+#include "files/sessione.h"
 #include "results/domanda.h"
 #include "results/risultato.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "printing/qt_superficie.h"
 #include "printing/rapporto.h"
+#include "qt_superficie.h"
 
 #include <QPrinter>
 #include <QString>

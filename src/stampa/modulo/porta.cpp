@@ -1,5 +1,5 @@
 #include "printing/modulo_stampa.h"
-#include "printing/qt_pdf.h"
+#include "qt_pdf.h"
 
 /// See modulo_stampa.h.
 extern "C" __attribute__((visibility("default"))) sortimetra::ScriviPdf sortimetra_scrivi_pdf() {

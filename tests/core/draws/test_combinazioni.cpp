@@ -1,4 +1,4 @@
-#include "archive/combinazioni.h"
+#include "draws/combinazioni.h"
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>

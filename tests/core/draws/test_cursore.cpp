@@ -1,4 +1,4 @@
-#include "archive/cursore.h"
+#include "draws/cursore.h"
 #include "support/archivi.h"
 
 #include <fmt/core.h>

@@ -1,6 +1,6 @@
-#include "archive/apertura.h"
-#include "archive/file_sicuro.h"
-#include "archive/importa.h"
+#include "files/file_sicuro.h"
+#include "stores/apertura.h"
+#include "stores/importa.h"
 #include "support/archivi.h"
 
 #include <gmock/gmock.h>

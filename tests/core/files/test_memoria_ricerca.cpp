@@ -1,7 +1,7 @@
-#include "archive/memoria_ricerca.h"
-#include "archive/testo_ini.h"
-#include "archive/windows1252.h"
+#include "files/memoria_ricerca.h"
 #include "support/archivi.h"
+#include "text/testo_ini.h"
+#include "text/windows1252.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-#include "archive/combinazioni.h"
+#include "draws/combinazioni.h"
 #include "positional/posizione.h"
 #include "support/archivi.h"
 #include "support/lente.h"

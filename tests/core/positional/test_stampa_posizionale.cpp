@@ -5,8 +5,8 @@
 #include "positional/tabellone.h"
 #include "printing/metriche.h"
 #include "printing/rapporto.h"
-#include "printing/superficie_registrata.h"
 #include "support/archivi.h"
+#include "support/superficie_registrata.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "printing/easy_print.h"
 #include "printing/fogli.h"
 #include "printing/metriche.h"
-#include "printing/superficie_registrata.h"
+#include "support/superficie_registrata.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "archive/dimostrazione.h"
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
 #include "printing/metriche.h"
-#include "printing/superficie_registrata.h"
+#include "stores/dimostrazione.h"
 #include "support/archivi.h"
+#include "support/superficie_registrata.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
 #include "printing/rapporto.h"
-#include "printing/superficie_registrata.h"
 #include "support/archivi.h"
+#include "support/superficie_registrata.h"
 
 #include <gtest/gtest.h>
 

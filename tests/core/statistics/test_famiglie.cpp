@@ -1,4 +1,4 @@
-#include "archive/file_sicuro.h"
+#include "files/file_sicuro.h"
 #include "statistics/famiglie.h"
 #include "support/archivi.h"
 

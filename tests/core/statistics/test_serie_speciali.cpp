@@ -1,5 +1,5 @@
-#include "archive/file_sicuro.h"
 #include "catalogue/ricerche.h"
+#include "files/file_sicuro.h"
 #include "statistics/famiglie.h"
 #include "statistics/misura_serie.h"
 #include "statistics/serie_speciali.h"

@@ -1,4 +1,4 @@
-#include "archive/dimostrazione.h"
+#include "stores/dimostrazione.h"
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "archive/apertura.h"
-#include "archive/file_sicuro.h"
-#include "archive/importa.h"
-#include "archive/negozio_nativo.h"
-#include "archive/pubblicati.h"
+#include "files/file_sicuro.h"
+#include "stores/apertura.h"
+#include "stores/importa.h"
+#include "stores/negozio_nativo.h"
+#include "stores/pubblicati.h"
 #include "support/archivi.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
-#include "archive/apertura.h"
-#include "archive/file_sicuro.h"
-#include "archive/importa.h"
-#include "archive/negozio_jet.h"
-#include "jet/protocollo.h"
+#include "files/file_sicuro.h"
+#include "stores/apertura.h"
+#include "stores/importa.h"
+#include "stores/negozio_jet.h"
+#include "stores/protocollo.h"
 #include "support/archivi.h"
 
 #include <fcntl.h>

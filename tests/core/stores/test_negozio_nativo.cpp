@@ -1,6 +1,6 @@
-#include "archive/apertura.h"
-#include "archive/dimostrazione.h"
-#include "archive/negozio_nativo.h"
+#include "stores/apertura.h"
+#include "stores/dimostrazione.h"
+#include "stores/negozio_nativo.h"
 #include "support/archivi.h"
 
 #include <gmock/gmock.h>

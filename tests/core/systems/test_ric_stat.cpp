@@ -1,5 +1,5 @@
-#include "archive/file_sicuro.h"
 #include "catalogue/ricerche.h"
+#include "files/file_sicuro.h"
 #include "statistics/famiglie.h"
 #include "support/archivi.h"
 #include "systems/ric_stat.h"

@@ -1,4 +1,4 @@
-#include "archive/data.h"
+#include "text/data.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "archive/importa.h"
-#include "archive/memoria_ricerca.h"
 #include "catalogue/form_ricerche.h"
 #include "catalogue/form_ricerche_elenco.h"
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_ultima.h"
+#include "files/memoria_ricerca.h"
 #include "printing/form_anteprima.h"
 #include "screens/tema.h"
+#include "stores/importa.h"
 #include "support/archivi.h"
 
 #include <QAbstractItemModelTester>

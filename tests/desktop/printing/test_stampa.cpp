@@ -1,4 +1,3 @@
-#include "archive/dimostrazione.h"
 #include "catalogue/form_ricerche_schermi.h"
 #include "catalogue/ricerche.h"
 #include "printing/form_anteprima.h"
@@ -6,6 +5,7 @@
 #include "screens/casella_cifre.h"
 #include "screens/messaggi.h"
 #include "screens/stampanti.h"
+#include "stores/dimostrazione.h"
 #include "support/archivi.h"
 
 #include <QAccessible>
