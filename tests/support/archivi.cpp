@@ -182,9 +182,24 @@ AmbitoRicerca ambito_casuale(std::uint32_t seme) {
 
 Domanda domanda(std::string_view chiave, AmbitoRicerca ambito) {
     Domanda d;
-    d.chiave = chiave;
+    d.ricerca = trova_ricerca(chiave);
     d.ambito = ambito;
     return d;
+}
+
+Risposta rispondi(Domanda domanda, const ArchivioEstrazioni& archivio,
+                  const std::filesystem::path& cartella) {
+    SenzaAvanzamento nessuno;
+    return sortimetra::rispondi(std::move(domanda), archivio, cartella, nessuno);
+}
+
+Risultato esegui(Domanda domanda, const ArchivioEstrazioni& archivio, const std::filesystem::path& cartella) {
+    return *rispondi(std::move(domanda), archivio, cartella).risultato;
+}
+
+Risposta risposta_da(Risultato risultato) {
+    return {.domanda = domanda_intatta(*trova_ricerca("ritardo e frequenza dei 90 numeri")),
+            .risultato = std::make_shared<const Risultato>(std::move(risultato))};
 }
 
 std::string righe(const Tabella& tabella) {
