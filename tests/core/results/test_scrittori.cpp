@@ -39,9 +39,9 @@ std::string in_tabella(const Tabella& t, RigheScelte righe = {}) {
     scrivi_tabella(testo, t, righe);
     return testo;
 }
-std::string in_json(const Risultato& r, RigheScelte righe = {}) {
+std::string in_json(const Risultato& r, std::size_t massimo = kOgniRiga) {
     std::string testo;
-    scrivi_json(testo, r, righe);
+    scrivi_json(testo, prove::risposta_da(r), massimo);
     return testo;
 }
 
@@ -198,7 +198,11 @@ TEST(Scrittori, UgualiAllaViaLenta) {
 
         Risultato r;
         r.tabelle = {t};
-        const json j = json::parse(in_json(r, scelte));
+        Risposta ordinata = prove::risposta_da(r);
+        ordinata.ordine = ordine;
+        std::string scritto;
+        scrivi_json(scritto, ordinata, massimo);
+        const json j = json::parse(scritto);
         EXPECT_EQ(j["tabelle"][0]["righe"], righe);
         EXPECT_EQ(j["tabelle"][0].contains("sfondi"), !t.sfondi.empty());
         if (!t.sfondi.empty()) {
@@ -211,14 +215,13 @@ TEST(Scrittori, UgualiAllaViaLenta) {
 
 TEST(ScriviJson, OrdineDelleChiaviEForma) {
     Risultato r;
-    r.chiave = "ambi";
     r.titolo = "Gli \"ambi\"";
     r.tabelle = {piccola()};
     r.tabelle[0].sfondi = {kNessunColore, 65535, 0, kNessunColore, kNessunColore, 0xFFFFFF};
     r.etichette = {{"lblRit_freq", "74"}, {"lblnum", std::vector<std::string>{"1", ""}}};
-    r.messaggi = {"Attenzione"};
+    r.messaggi = {{Avviso::altro, "Attenzione"}};
     EXPECT_EQ(in_json(r),
-              "{\"chiave\": \"ambi\", \"titolo\": \"Gli \\\"ambi\\\"\",\n"
+              "{\"chiave\": \"ritardo e frequenza dei 90 numeri\", \"titolo\": \"Gli \\\"ambi\\\"\",\n"
               "\"tabelle\": [{\"nome\": \"risultati\", \"titoli\": [[\"Numeri\", \"Frequenza\", \"Nota\"]],\n"
               " \"righe\": [[\"01-02\", \"12\", \"uno\"],\n"
               "  [\"90-07\", \"-3\", \"due\"]],\n"
@@ -238,7 +241,7 @@ TEST(ScriviJson, TreRigheDiTitoli) {
 TEST(ScriviJson, LeRigheScelteSonoDellaPrimaTabella) {
     Risultato r;
     r.tabelle = {di_interi({1, 2, 3}), di_interi({4, 5, 6})};
-    const json j = json::parse(in_json(r, {.ordine = {}, .massimo = 1}));
+    const json j = json::parse(in_json(r, 1));
     EXPECT_EQ(j["tabelle"][0]["righe"].size(), 1);
     EXPECT_EQ(j["tabelle"][1]["righe"].size(), 3);
 }
@@ -251,7 +254,7 @@ TEST(ScriviJson, OgniCarattereSiRilegge) {
     r.titolo = tutti;
     r.tabelle = {di_testi({tutti})};
     r.etichette = {{tutti, tutti}};
-    r.messaggi = {tutti};
+    r.messaggi = {{Avviso::altro, tutti}};
     const json j = json::parse(in_json(r));
     EXPECT_EQ(j["titolo"], tutti);
     EXPECT_EQ(j["tabelle"][0]["righe"][0][0], tutti);
@@ -328,7 +331,7 @@ TEST(ScriviTerminale, TabelleConNomeEEtichette) {
                    {"lblnum", std::vector<std::string>{"1", "", "3"}},
                    {"lbloption", std::vector<std::string>{"", ""}}};
     std::string testo;
-    scrivi_terminale(testo, r);
+    scrivi_terminale(testo, prove::risposta_da(r));
     EXPECT_EQ(testo, "Prova\n\nrisultati:\n1\n\nnumeri:\n2\n\nlblRit_freq: 74\nlblnum: 1, 3\nlbloption:\n");
 }
 
@@ -379,7 +382,7 @@ TEST(ScriviXlsx, NumeriComeNumeriTestiComeTesti) {
                            kNessunColore, kNessunColore, kNessunColore};
     r.tabelle[1].nome = "risultati";
     const auto file = cartella.percorso() / "prova.xlsx";
-    ASSERT_TRUE(scrivi_xlsx(file, r));
+    ASSERT_TRUE(scrivi_xlsx(file, prove::risposta_da(r)));
     const auto parti = apri_zip(file);
     ASSERT_TRUE(parti.contains("xl/worksheets/sheet1.xml"));
     const std::string& primo = parti.at("xl/worksheets/sheet1.xml");
@@ -399,9 +402,10 @@ TEST(ScriviXlsx, RigheScelteENomiStrani) {
     Risultato r;
     r.tabelle = {di_interi({10, 20, 30}), di_interi({40})};
     r.tabelle[1].nome = "MSH[1]:a/b?*\\ con un nome molto molto lungo";
-    const std::vector<std::uint32_t> ordine{2, 0, 1};
+    Risposta ordinata = prove::risposta_da(r);
+    ordinata.ordine = {2, 0, 1};
     const auto file = cartella.percorso() / "prova.xlsx";
-    ASSERT_TRUE(scrivi_xlsx(file, r, {.ordine = ordine, .massimo = 2}));
+    ASSERT_TRUE(scrivi_xlsx(file, ordinata, 2));
     const auto parti = apri_zip(file);
     EXPECT_THAT(
         parti.at("xl/worksheets/sheet1.xml"),
@@ -413,7 +417,7 @@ TEST(ScriviXlsx, DoveNonSiPuoScrivereRestaQuelCheCEra) {
     const prove::CartellaProva cartella;
     Risultato r;
     r.tabelle = {piccola()};
-    const auto esito = scrivi_xlsx(cartella.percorso() / "manca" / "prova.xlsx", r);
+    const auto esito = scrivi_xlsx(cartella.percorso() / "manca" / "prova.xlsx", prove::risposta_da(r));
     ASSERT_FALSE(esito);
     EXPECT_FALSE(esito.error().motivo.empty());
     EXPECT_TRUE(std::filesystem::is_empty(cartella.percorso()));
