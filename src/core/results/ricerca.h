@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace sortimetra {
@@ -28,6 +30,10 @@ using FunzioneRapporto = Rapporto (*)(const MaterialeRapporto&);
 /// The error is the message with which the search does not start.
 using FunzioneCarica = std::expected<void, Messaggio> (*)(const std::filesystem::path& cartella,
                                                           Domanda& domanda);
+
+/// Why a question is asked wrongly although each of its options is right; nothing if it is not. The command
+/// line refuses such a question as wrong usage, a screen's controls do not let it come about.
+using FunzioneControlla = std::optional<std::string> (*)(const Domanda&);
 
 /// Where the user finds a search.
 enum class Dove : std::uint8_t {
@@ -45,6 +51,7 @@ struct Ricerca {
     Opzioni opzioni{};     ///< what it takes beside the scope
     FunzioneRicerca esegui = nullptr;     ///< null until the search is built: listed, but disabled
     FunzioneCarica carica = nullptr;      ///< null where nothing but the archive is read
+    FunzioneControlla controlla = nullptr;  ///< null where the options agree whatever they are
     std::string_view frase{};             ///< what it counts, in one sentence for the user
     SelezioneRuote ruote{};               ///< wheels ticked when it opens
     FunzioneRapporto rapporto = nullptr;  ///< how its result is printed; null: as a grid of measures
