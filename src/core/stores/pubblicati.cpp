@@ -163,12 +163,13 @@ class LettoreVeloce {
         std::memcpy(&testa, p, 8);
         std::memcpy(&coda, p + 2, 8);
         // Up to eleven lines in a run have the same date.
-        if (testa != testa_ || coda != coda_) {
+        if (!data_letta_ || testa != testa_ || coda != coda_) {
             const auto data = leggi_data_iso({p, 10}, '/');
             if (!data || *data < kPrimaData || *data > kUltimaData) return nullptr;
             data_ = *data;
             testa_ = testa;
             coda_ = coda;
+            data_letta_ = true;
         }
         if (p[10] != '\t' || p[13] != '\t') return nullptr;
         r.ruota = ruota_da_codice({p + 11, 2});
@@ -192,8 +193,9 @@ class LettoreVeloce {
     }
 
   private:
-    std::uint64_t testa_ = 0;
-    std::uint64_t coda_ = 0;
+    bool data_letta_ = false;
+    std::uint64_t testa_ = 0;  ///< the first eight bytes of the last date read
+    std::uint64_t coda_ = 0;   ///< its last eight
     Data data_{};
 };
 

@@ -105,6 +105,17 @@ TEST(TestoLotto, ErroriConRigaTrovatoAtteso) {
               "riga 2: trovato \"?\", attesa una data aaaa/mm/gg");
 }
 
+TEST(TestoLotto, DieciByteNulliNonSonoUnaData) {
+    // Enough lines behind it that the first one is read on the quick road, where a date is remembered.
+    const std::string nulli(10, '\0');
+    const std::string riga = "\tBA\t1\t2\t3\t4\t5\n";
+    const std::string seguito = "1997/12/03" + riga + "1997/12/06" + riga;
+    EXPECT_EQ(errore_lotto(nulli + riga + seguito),
+              "riga 1: trovato \"??????????\", attesa una data aaaa/mm/gg");
+    EXPECT_EQ(errore_lotto("1997/11/29" + riga + nulli + riga + seguito),
+              "riga 2: trovato \"??????????\", attesa una data aaaa/mm/gg");
+}
+
 TEST(TestoLotto, InQualunqueOrdine) {
     SenzaAvanzamento nessuno;
     const auto righe = leggi_testo_lotto(
