@@ -109,10 +109,10 @@ std::string espandi(std::string_view chiave, std::string_view testo) {
 
 }  // namespace
 
-Cella leggi_cella(std::string_view chiave, std::string_view testo) {
+NumeriInCella leggi_cella(std::string_view chiave, std::string_view testo) {
     constexpr std::string_view kSeparatori = "-.";
     const std::string esteso = espandi(chiave, testo);
-    Cella cella;
+    NumeriInCella cella;
     for (std::size_t inizio = 0; inizio <= esteso.size(); ++cella.quanti) {
         const std::size_t fine = std::min(esteso.find_first_of(kSeparatori, inizio), esteso.size());
         const std::size_t due = std::max(inizio, fine < 2 ? 0 : fine - 2);
@@ -137,7 +137,7 @@ std::optional<Sistema> sistema_da_griglia(std::string_view chiave, const Tabella
     for (std::size_t r = 0; r < griglia.righe(); ++r) {
         testo.clear();
         griglia.aggiungi_testo(testo, r, 0);
-        const Cella cella = leggi_cella(chiave, testo);
+        const NumeriInCella cella = leggi_cella(chiave, testo);
         if (r == 0) s.k = cella.quanti;
         s.combinazioni.push_back(cella.numeri);
     }

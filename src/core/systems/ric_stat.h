@@ -37,11 +37,11 @@ struct Sistema {
 
 /// The numbers of a cell such as "01-12-90", "01.12.90" or, for the families that have one, a short label.
 /// `quanti` counts the numbers as written; equal ones take one slot, and an eleventh none.
-struct Cella {
+struct NumeriInCella {
     CombinazioneSistema numeri{};
     std::size_t quanti = 0;
 };
-[[nodiscard]] Cella leggi_cella(std::string_view chiave, std::string_view testo);
+[[nodiscard]] NumeriInCella leggi_cella(std::string_view chiave, std::string_view testo);
 
 using EsitoSistema = std::expected<void, ErroreArchivio>;
 

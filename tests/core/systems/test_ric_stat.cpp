@@ -96,7 +96,7 @@ TEST(RicStat, CartellaELetteraDalNumeroDiNumeri) {
 }
 
 std::string lette(std::string_view chiave, std::string_view cella) {
-    const Cella c = leggi_cella(chiave, cella);
+    const NumeriInCella c = leggi_cella(chiave, cella);
     std::string r = std::to_string(c.quanti) + ":";
     for (const int n : c.numeri)
         if (n != 0) r += " " + std::to_string(n);
