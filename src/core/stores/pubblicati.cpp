@@ -1,6 +1,7 @@
 #include "stores/pubblicati.h"
 
 #include "text/testi.h"
+#include "text/utf8.h"
 
 #include <fmt/core.h>
 
@@ -36,14 +37,10 @@ std::string_view senza_bom(std::string_view testo) {
 /// What stood in the file, fit for a message: cut short, without control characters.
 std::string citato(std::string_view trovato) {
     constexpr std::size_t kMassimo = 60;
+    const std::string_view intero = tronca_lettere(trovato, kMassimo);
     std::string testo;
-    for (const char c : trovato.substr(0, kMassimo))
-        testo += static_cast<unsigned char>(c) < 0x20 || c == '\x7F' ? '?' : c;
-    // Not in the middle of a character of several bytes.
-    while (trovato.size() > kMassimo && !testo.empty() &&
-           (static_cast<unsigned char>(testo.back()) & 0xC0U) == 0x80)
-        testo.pop_back();
-    return trovato.size() > kMassimo ? testo + "…" : testo;
+    for (const char c : intero) testo += static_cast<unsigned char>(c) < 0x20 || c == '\x7F' ? '?' : c;
+    return intero.size() < trovato.size() ? testo + "…" : testo;
 }
 
 std::string errore_riga(std::size_t riga, std::string_view trovato, std::string_view atteso) {

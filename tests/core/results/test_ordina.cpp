@@ -34,6 +34,24 @@ TEST(Ordina, VuotaPerPrimaEPuntiniSottoLoZero) {
     EXPECT_EQ(ordina(t, 0, Verso::crescente), (Ordine{3, 2, 1, 0, 4}));
 }
 
+Ordine di_testi(std::vector<std::string> testi) {
+    Tabella t;
+    t.colonne = {ColonnaTesti{std::move(testi)}};
+    return ordina(t, 0, Verso::crescente);
+}
+
+TEST(Ordina, NumeriScrittiComeTesti) {
+    EXPECT_EQ(di_testi({"1.443,33", "99,50", "4.005", "100"}), (Ordine{1, 3, 0, 2}));
+    EXPECT_EQ(di_testi({"5,00%", "12,50%", "-3,5", "+4"}), (Ordine{2, 3, 0, 1}));
+    EXPECT_EQ(di_testi({"3", "...", "", "-1", "0"}), (Ordine{2, 3, 1, 4, 0}));
+}
+
+TEST(Ordina, TestiSenzaRiguardoAlleMaiuscole) {
+    EXPECT_EQ(di_testi({"roma", "Bari", "PIÙ", "più"}), (Ordine{1, 2, 3, 0}));
+    // Words that other readers of numbers know are words here, and spoil no order.
+    EXPECT_EQ(di_testi({"nan", "2", "inf", "1", "1e5"}), (Ordine{3, 1, 4, 2, 0}));
+}
+
 TEST(Ordina, TabellaVuota) {
     EXPECT_TRUE(ordina(interi({}), 0, Verso::crescente).empty());
 }

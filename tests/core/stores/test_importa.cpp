@@ -116,6 +116,14 @@ TEST(TestoLotto, DieciByteNulliNonSonoUnaData) {
               "riga 2: trovato \"??????????\", attesa una data aaaa/mm/gg");
 }
 
+TEST(TestoLotto, LErroreNonSpezzaUnaLettera) {
+    // 60 bytes are cited: the 30 letters of two bytes whole, or the 29 that fit beside another.
+    std::string trenta;
+    for (int i = 0; i < 40; ++i) trenta += "à";
+    EXPECT_THAT(errore_lotto(trenta), HasSubstr("trovato \"" + trenta.substr(0, 60) + "…\""));
+    EXPECT_THAT(errore_lotto("x" + trenta), HasSubstr("trovato \"x" + trenta.substr(0, 58) + "…\""));
+}
+
 TEST(TestoLotto, InQualunqueOrdine) {
     SenzaAvanzamento nessuno;
     const auto righe = leggi_testo_lotto(
