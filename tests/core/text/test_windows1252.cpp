@@ -2,22 +2,34 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 
 namespace sortimetra {
 namespace {
 
-TEST(Windows1252, LettereCheLeRicercheHanno) {
-    EXPECT_EQ(da_windows_1252("pi\xF9 \xE8 \x80 \x93"), "più è € “");
-    EXPECT_EQ(in_windows_1252("più è € “"), "pi\xF9 \xE8 \x80 \x93");
-    EXPECT_EQ(da_windows_1252(""), "");
-    EXPECT_EQ(in_windows_1252(""), "");
+TEST(Windows1252, CaratteriDelCodice) {
+    EXPECT_EQ(da_windows_1252("pi\xF9 \x80 \x93x\x94 \x85"), "più € “x” …");
+    EXPECT_EQ(in_windows_1252("più € “x” …"), "pi\xF9 \x80 \x93x\x94 \x85");
+    EXPECT_EQ(in_windows_1252("Ω 漢 🂡"), "? ? ?");
+    EXPECT_EQ(in_windows_1252("a\xC3"), "a?") << "a character cut short";
+    EXPECT_EQ(in_windows_1252("\xC0\x80\xC1\xA1\xE0\x80\x80"), "???????") << "forms that are too long";
 }
 
 TEST(Windows1252, OgniByteTornaComEra) {
     std::string tutti;
     for (int b = 0; b < 256; ++b) tutti += static_cast<char>(b);
     EXPECT_EQ(in_windows_1252(da_windows_1252(tutti)), tutti);
+}
+
+TEST(Windows1252, ByteACasoTornanoComErano) {
+    for (unsigned seme = 0; seme < 200; ++seme) {
+        SCOPED_TRACE(seme);
+        std::mt19937 dado{seme};
+        std::string byte(dado() % 60, '\0');
+        for (char& b : byte) b = static_cast<char>(dado() % 256);
+        EXPECT_EQ(in_windows_1252(da_windows_1252(byte)), byte);
+    }
 }
 
 TEST(Windows1252, LettereCheIlCodiceNonHa) {

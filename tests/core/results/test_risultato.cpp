@@ -95,5 +95,53 @@ TEST(Ordina, ComeLOrdinamentoPianoSuValoriQualsiasi) {
     }
 }
 
+// ---- cells ----
+
+Tabella di_ogni_tipo() {
+    Tabella t;
+    t.colonne = {ColonnaInteri{{12, kCellaVuota, kCellaPuntini}},
+                 ColonnaGruppi{.quanti = 2, .separatore = '.', .numeri = {1, 90, 7, 8, 0, 10}},
+                 ColonnaTesti{{" uno ", "", "tre"}}};
+    return t;
+}
+
+TEST(Tabella, IlTestoDiOgniCella) {
+    const Tabella t = di_ogni_tipo();
+    ASSERT_EQ(t.righe(), 3U);
+    ASSERT_EQ(t.n_colonne(), 3U);
+    EXPECT_EQ(t.testo(0, 0), "12");
+    EXPECT_EQ(t.testo(1, 0), "");
+    EXPECT_EQ(t.testo(2, 0), "...");
+    EXPECT_EQ(t.testo(0, 1), "01.90");
+    EXPECT_EQ(t.testo(2, 1), "00.10");
+    EXPECT_EQ(t.testo(0, 2), " uno ") << "blanks are the writers' to remove";
+    std::string testo = "x";
+    t.aggiungi_testo(testo, 0, 1);
+    EXPECT_EQ(testo, "x01.90");
+}
+
+TEST(Tabella, SenzaColoriQuelliDellaGriglia) {
+    Tabella t = di_ogni_tipo();
+    EXPECT_EQ(t.sfondo(2, 2), kNessunColore);
+    EXPECT_EQ(t.primo_piano(0, 0), kNessunColore);
+    t.sfondi = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    EXPECT_EQ(t.sfondo(1, 2), 6);
+    EXPECT_EQ(t.primo_piano(1, 2), kNessunColore);
+}
+
+TEST(Tabella, VuotaOSenzaGruppi) {
+    EXPECT_EQ(Tabella{}.righe(), 0U);
+    EXPECT_EQ(lunghezza(ColonnaGruppi{.quanti = 0, .separatore = '-', .numeri = {1}}), 0U);
+    EXPECT_EQ(lunghezza(ColonnaGruppi{.quanti = 3, .separatore = '-', .numeri = {1, 2, 3, 4, 5, 6}}), 2U);
+}
+
+TEST(NonAvviata, UnMessaggioENessunaTabella) {
+    const Risultato r = non_avviata("niente");
+    EXPECT_FALSE(r.prodotto);
+    EXPECT_TRUE(r.tabelle.empty());
+    EXPECT_EQ(r.messaggi, std::vector<std::string>{"niente"});
+    EXPECT_TRUE(non_avviata("").messaggi.empty());
+}
+
 }  // namespace
 }  // namespace sortimetra
