@@ -184,8 +184,10 @@ std::string motivo(lxw_error errore) {
 
 }  // namespace
 
-std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& file, const Risultato& risultato,
-                                                RigheScelte prima) {
+std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& file, const Risposta& risposta,
+                                                std::size_t massimo) {
+    const Risultato& risultato = *risposta.risultato;
+    const RigheScelte prima{.ordine = risposta.ordine, .massimo = massimo};
     auto sicuro = FileSicuro::apri(file);
     if (!sicuro) return std::unexpected(std::move(sicuro.error()));
     // Rows go to disk as they come: a hundred thousand of them need no memory.

@@ -497,12 +497,14 @@ void scrivi_stringa_json(std::string& testo, std::string_view stringa) {
     Json::testo(penna, stringa);
 }
 
-void scrivi_json(std::string& testo, const Risultato& risultato, RigheScelte prima) {
+void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massimo) {
+    const Risultato& risultato = *risposta.risultato;
+    const RigheScelte prima{.ordine = risposta.ordine, .massimo = massimo};
     Penna penna{testo};
     penna.aggiungi("{\"chiave\": ");
-    Json::testo(penna, risultato.chiave);
+    Json::testo(penna, risposta.ricerca().chiave());
     penna.aggiungi(", \"titolo\": ");
-    Json::testo(penna, risultato.titolo);
+    Json::testo(penna, risposta.titolo());
     penna.aggiungi(",\n\"tabelle\": ");
     lista_json(penna, risultato.tabelle.size(), ",\n", [&](std::size_t i) {
         tabella_json(penna, risultato.tabelle[i], i == 0 ? prima : RigheScelte{});
@@ -519,7 +521,9 @@ void scrivi_json(std::string& testo, const Risultato& risultato, RigheScelte pri
             lista_testi_json(penna, std::get<std::vector<std::string>>(e.testo));
     }
     penna.aggiungi("},\n\"messaggi\": ");
-    lista_testi_json(penna, risultato.messaggi);
+    std::vector<std::string> messaggi;
+    for (const Messaggio& m : risultato.messaggi) messaggi.push_back(m.testo);
+    lista_testi_json(penna, messaggi);
     penna.aggiungi("}\n");
 }
 
@@ -534,8 +538,10 @@ void scrivi_tabella(std::string& testo, const Tabella& tabella, RigheScelte scel
     Impaginatore{tabella, scelte}.scrivi(penna);
 }
 
-void scrivi_terminale(std::string& testo, const Risultato& risultato, RigheScelte prima) {
-    testo += su_una_linea(risultato.titolo);
+void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t massimo) {
+    const Risultato& risultato = *risposta.risultato;
+    const RigheScelte prima{.ordine = risposta.ordine, .massimo = massimo};
+    testo += su_una_linea(risposta.titolo());
     testo += '\n';
     for (std::size_t i = 0; i < risultato.tabelle.size(); ++i) {
         const Tabella& t = risultato.tabelle[i];

@@ -5,10 +5,10 @@
 #include "qt_superficie.h"
 #include "screens/casella_cifre.h"
 #include "screens/esporta.h"
+#include "screens/finestra_ricerca.h"
 #include "screens/giro_di_tab.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
-#include "screens/schermo_ricerca.h"
 #include "screens/stampanti.h"
 #include "screens/tema.h"
 

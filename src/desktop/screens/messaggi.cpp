@@ -43,7 +43,7 @@ bool Messaggi::chiede(QWidget* padre, const QString& titolo, const QString& test
     return riquadro.clickedButton() != no;
 }
 
-Risposta Messaggi::chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) {
+Assenso Messaggi::chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) {
     QMessageBox riquadro{QMessageBox::Question, titolo, testo, QMessageBox::NoButton, padre};
     const QPushButton* si = riquadro.addButton(QMessageBox::tr("&Sì"), QMessageBox::YesRole);
     const QPushButton* no = riquadro.addButton(QMessageBox::tr("&No"), QMessageBox::NoRole);
@@ -51,8 +51,8 @@ Risposta Messaggi::chiede_o_annulla(QWidget* padre, const QString& titolo, const
     riquadro.setDefaultButton(annulla);
     riquadro.setEscapeButton(annulla);
     riquadro.exec();
-    if (riquadro.clickedButton() == si) return Risposta::si;
-    return riquadro.clickedButton() == no ? Risposta::no : Risposta::annulla;
+    if (riquadro.clickedButton() == si) return Assenso::si;
+    return riquadro.clickedButton() == no ? Assenso::no : Assenso::annulla;
 }
 
 std::optional<QString> Messaggi::file_da_scrivere(QWidget* padre, const QString& titolo,
@@ -97,7 +97,7 @@ void MessaggiDiProva::ferma(QWidget*, const QString& titolo, const QString& test
     detti.append({titolo, testo});
 }
 
-Risposta MessaggiDiProva::chiede_o_annulla(QWidget*, const QString& titolo, const QString& testo) {
+Assenso MessaggiDiProva::chiede_o_annulla(QWidget*, const QString& titolo, const QString& testo) {
     detti.append({titolo, testo});
     return risposta_a_tre;
 }

@@ -94,7 +94,7 @@ void Form_stat::componi_riquadri() {
 
     for (QFrame* f : {frame_capogioco_, frame_ambo_capo_, frame_rit_, frame_estratto_}) {
         f->hide();
-        colonna_extra()->addWidget(f);
+        cornice()->colonna_extra()->addWidget(f);
     }
 
     // A choice made by hand asks the question again at once; one made by the program does not.
@@ -112,26 +112,26 @@ void Form_stat::componi_comandi() {
     cmd_spec_ = new QPushButton{tr("Tabella riepilogativa dei ritardi su tutte  le ruote"), this};
     cmd_spec_->setObjectName(QStringLiteral("cmdSpec"));
     cmd_spec_->setIcon(icona(QStringLiteral("tabella")));
-    riga_comandi()->addWidget(cmd_spec_);
+    cornice()->riga_comandi()->addWidget(cmd_spec_);
     connect(cmd_spec_, &QPushButton::clicked, this, &Form_stat::apri_tabella_ruote);
 
     schedine_ = new QPushButton{tr("Schedine"), this};
     schedine_->setObjectName(QStringLiteral("Command2"));
     schedine_->setIcon(icona(QStringLiteral("schedina")));
-    riga_comandi()->addWidget(schedine_);
+    cornice()->riga_comandi()->addWidget(schedine_);
     connect(schedine_, &QPushButton::clicked, this, &Form_stat::passa_alle_schedine);
 
     combo_comb_ = new QComboBox{this};
     combo_comb_->setObjectName(QStringLiteral("ComboComb"));
     etichetta_comb_ = etichetta(tr("N. Comb."), combo_comb_);
-    riga_comandi()->addWidget(etichetta_comb_);
-    riga_comandi()->addWidget(combo_comb_);
+    cornice()->riga_comandi()->addWidget(etichetta_comb_);
+    cornice()->riga_comandi()->addWidget(combo_comb_);
 
     for (std::size_t i = 0; i < analisi_.size(); ++i) {
         auto* b = new QPushButton{tr("Analisi Gruppo"), this};
         b->setObjectName(QStringLiteral("Command%1").arg(i + 3));
         b->setIcon(icona(QStringLiteral("analisi")));
-        riga_comandi()->addWidget(b);
+        cornice()->riga_comandi()->addWidget(b);
         connect(b, &QPushButton::clicked, this, [this] {
             if (esegui_analisi_)
                 esegui_analisi_(lavoro(), combo_comb_->isHidden() ? 0 : combo_comb_->currentIndex() + 1);
@@ -196,8 +196,8 @@ Parametri Form_stat::parametri() const {
     return p;
 }
 
-void Form_stat::mostra(const std::shared_ptr<const Risultato>& risultato) {
-    SchermoRicerca::mostra(risultato);
+void Form_stat::mostra(const EsitoRicerca& esito) {
+    SchermoRicerca::mostra(esito);
     combo_comb_->clear();
     if (!ricerca()->ammette(kOpzAmboCapo)) return;
     const int righe = griglia()->modello()->rowCount();
@@ -221,10 +221,10 @@ void Form_stat::mostra_messaggio(const std::string& testo) {
 void Form_stat::aggiorna_comandi() {
     SchermoRicerca::aggiorna_comandi();
     if (ricerca() == nullptr) return;
-    const bool qualcosa = risultato() != nullptr && !griglia()->vuota();
+    const bool qualcosa = in_mostra() != nullptr;
     const bool ammessa = ricerca()->ammette(kOpzSchedina);
     schedine_->setEnabled(qualcosa && ammessa &&
-                          ammette_schedina(ricerca()->chiave, risultato()->tabelle.front()));
+                          ammette_schedina(ricerca()->chiave, in_mostra()->risultato->tabelle.front()));
     schedine_->setToolTip(!ammessa    ? tr("Da questa ricerca non si ricavano schedine.")
                           : !qualcosa ? tr("Avvia prima la ricerca.")
                                       : tr("Passa i numeri del risultato al programma delle schedine."));
@@ -240,21 +240,21 @@ void Form_stat::aggiorna_comandi() {
 void Form_stat::apri_tabella_ruote() {
     if (in_corsa()) return;
     area()->riporta_tratto();
-    Domanda d = domanda();
+    Domanda d = domanda(*ricerca());
     d.parametri.tutte_le_ruote = true;
-    const auto risposta = corri(*ricerca(), std::move(d));
-    if (!risposta) return;
-    if (risposta->prodotto) {
+    const EsitoRicerca esito = corri(*ricerca(), std::move(d));
+    if (esito.prodotto()) {
         if (spec_ == nullptr) spec_ = new Form_spec{this};
-        spec_->mostra(risposta);
+        spec_->mostra(esito.risultato);
     }
-    for (const std::string& m : risposta->messaggi) mostra_messaggio(m);
+    di_messaggi(esito);
 }
 
 void Form_stat::passa_alle_schedine() {
-    if (in_corsa() || risultato() == nullptr || risultato()->tabelle.empty()) return;
+    const EsitoRicerca* esito = in_mostra();
+    if (in_corsa() || esito == nullptr) return;
     const auto consegna = scrivi_schedina(sessione().percorso_programma, ricerca()->chiave,
-                                          risultato()->tabelle.front(), oggi());
+                                          esito->risultato->tabelle.front(), oggi());
     if (!consegna) {
         messaggi().avvisa(this, kTitoloMessaggi, QString::fromStdString(consegna.error().testo()));
         return;
@@ -265,16 +265,6 @@ void Form_stat::passa_alle_schedine() {
     if (!avvia_programma(QString::fromStdU16String(programma.u16string())))
         messaggi().informa(this, kTitoloMessaggi,
                            tr("File Danneggiato!\nReinstalla Sortimetra dal tuo CD-ROM."));
-}
-
-LavoroStampa Form_stat::lavoro() const {
-    return {.finestra = window(),
-            .ricerca = ricerca(),
-            .risultato = risultato(),
-            .ordine = griglia()->modello()->ordine(),
-            .domanda = domanda(),
-            .concorsi = area()->testo_concorsi(),
-            .periodo = area()->testo_intervallo()};
 }
 
 }  // namespace sortimetra

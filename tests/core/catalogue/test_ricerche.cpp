@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <string>
 #include <string_view>
 
 namespace sortimetra {
@@ -14,52 +13,68 @@ namespace {
 TEST(Ricerche, LeChiaviSonoMinuscoleEDistinte) {
     std::set<std::string_view> viste;
     for (const Ricerca& r : ricerche()) {
-        EXPECT_EQ(r.chiave, minuscolo(r.chiave));
-        EXPECT_TRUE(viste.insert(r.chiave).second) << r.chiave;
-        EXPECT_FALSE(r.titolo.empty()) << r.chiave;
+        EXPECT_EQ(r.chiave(), minuscolo(r.chiave()));
+        EXPECT_TRUE(viste.insert(r.chiave()).second) << r.chiave();
+        EXPECT_FALSE(r.titolo().empty()) << r.chiave();
     }
 }
 
 TEST(Ricerche, SiTrovanoSenzaRiguardoAlleMaiuscole) {
-    for (const Ricerca& r : ricerche()) {
-        EXPECT_EQ(trova_ricerca(r.chiave), &r);
-    }
+    for (const Ricerca& r : ricerche()) EXPECT_EQ(trova_ricerca(r.chiave()), &r);
+    ASSERT_NE(trova_ricerca("AMBATA CAPOGIOCO"), nullptr);
     EXPECT_EQ(trova_ricerca("AMBATA CAPOGIOCO"), trova_ricerca("ambata capogioco"));
-    EXPECT_NE(trova_ricerca("AMBATA CAPOGIOCO"), nullptr);
     EXPECT_EQ(trova_ricerca("i 10 numeri PIÙ in ritardo su ogni ruota"),
               trova_ricerca("I 10 numeri più in ritardo su ogni ruota"));
     EXPECT_EQ(trova_ricerca(""), nullptr);
     EXPECT_EQ(trova_ricerca("ambata capogioco "), nullptr) << "blanks count";
 }
 
-TEST(Ricerche, IlRisultatoPrendeIlNomeDallaRiga) {
+/// Runs every search that is built over an archive, and looks at what every answer must have.
+void ognuna(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito) {
     for (const Ricerca& r : ricerche()) {
         if (!r.pronta()) continue;
-        SCOPED_TRACE(r.chiave);
-        const auto archivio = prove::archivio_casuale(3);
-        Domanda domanda = prove::domanda("un'altra", prove::ambito_casuale(3));
-        domanda.parametri.capogioco = {1, 2};
-        domanda.parametri.numeri = {1, 2, 3};
-        SenzaAvanzamento nessuno;
-        const Risultato risultato = esegui(r, archivio, domanda, nessuno);
-        EXPECT_EQ(risultato.chiave, r.chiave);
-        EXPECT_FALSE(risultato.titolo.empty());
-        EXPECT_TRUE(risultato.prodotto || !risultato.messaggi.empty()) << "a refusal says why";
-        for (const Tabella& t : risultato.tabelle)
+        SCOPED_TRACE(r.chiave());
+        Domanda domanda = domanda_intatta(r);
+        domanda.ambito = ambito;
+        const Risposta risposta = prove::rispondi(std::move(domanda), archivio, prove::cartella_dati());
+        ASSERT_NE(risposta.risultato, nullptr);
+        EXPECT_EQ(&risposta.ricerca(), &r);
+        EXPECT_FALSE(risposta.titolo().empty());
+        EXPECT_TRUE(risposta.prodotta() || !risposta.risultato->messaggi.empty()) << "a refusal says why";
+        for (const Tabella& t : risposta.risultato->tabelle)
             for (const Colonna& c : t.colonne) EXPECT_EQ(lunghezza(c), t.righe());
     }
 }
 
-TEST(Ricerche, SenzaEstrazioniNessunaCade) {
-    const ArchivioEstrazioni vuoto;
-    for (const Ricerca& r : ricerche()) {
-        if (!r.pronta()) continue;
-        SCOPED_TRACE(r.chiave);
-        SenzaAvanzamento nessuno;
-        const Risultato risultato = esegui(r, vuoto, prove::domanda(r.chiave), nessuno);
-        EXPECT_EQ(risultato.chiave, r.chiave);
-        EXPECT_TRUE(risultato.prodotto || !risultato.messaggi.empty());
+TEST(Ricerche, OgniRispostaEIntera) {
+    for (const std::uint32_t seme : {1U, 2U, 3U}) {
+        SCOPED_TRACE(seme);
+        ognuna(prove::archivio_casuale(seme), prove::ambito_casuale(seme));
     }
+}
+
+TEST(Ricerche, SenzaEstrazioniNessunaCade) {
+    ognuna({}, {});
+}
+
+// ---- the lists ----
+
+TEST(Schede, OgniNomeHaLaSuaRicercaUnaVoltaPerElenco) {
+    for (const Scheda& s : schede())
+        for (const Elenco& e : s.elenchi) {
+            std::set<const Ricerca*> viste;
+            for (const std::string_view nome : e.voci) {
+                EXPECT_NE(trova_ricerca(nome), nullptr) << s.nome << ", " << e.nome << ": " << nome;
+                EXPECT_TRUE(viste.insert(trova_ricerca(nome)).second) << e.nome << ": " << nome;
+            }
+        }
+}
+
+TEST(Schede, SoloIlBottoneCheApreSubitoNonHaElenco) {
+    const auto gruppi = schede().front().elenchi;
+    ASSERT_GT(gruppi.size(), kGruppoTabellaRitardi);
+    for (std::size_t g = 0; g < gruppi.size(); ++g)
+        EXPECT_EQ(gruppi[g].voci.empty(), g == kGruppoTabellaRitardi) << gruppi[g].nome;
 }
 
 }  // namespace

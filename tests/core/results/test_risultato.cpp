@@ -136,11 +136,12 @@ TEST(Tabella, VuotaOSenzaGruppi) {
 }
 
 TEST(NonAvviata, UnMessaggioENessunaTabella) {
-    const Risultato r = non_avviata("niente");
+    const Risultato r = non_avviata({Avviso::capogioco, "niente"});
     EXPECT_FALSE(r.prodotto);
     EXPECT_TRUE(r.tabelle.empty());
-    EXPECT_EQ(r.messaggi, std::vector<std::string>{"niente"});
-    EXPECT_TRUE(non_avviata("").messaggi.empty());
+    EXPECT_EQ(r.messaggi, (std::vector<Messaggio>{{Avviso::capogioco, "niente"}}));
+    EXPECT_FALSE(senza_estrazioni().prodotto);
+    EXPECT_EQ(senza_estrazioni().messaggi.at(0).avviso, Avviso::nessuna_estrazione);
 }
 
 }  // namespace

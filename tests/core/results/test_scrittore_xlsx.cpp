@@ -76,7 +76,7 @@ TEST(ScriviXlsx, NumeriComeNumeriTestiComeTesti) {
                            kNessunColore, kNessunColore, kNessunColore};
     r.tabelle[1].nome = "risultati";
     const auto file = cartella.percorso() / "prova.xlsx";
-    ASSERT_TRUE(scrivi_xlsx(file, r));
+    ASSERT_TRUE(scrivi_xlsx(file, prove::risposta_da(r)));
     const auto parti = apri_zip(file);
     ASSERT_TRUE(parti.contains("xl/worksheets/sheet1.xml"));
     const std::string& primo = parti.at("xl/worksheets/sheet1.xml");
@@ -97,9 +97,10 @@ TEST(ScriviXlsx, RigheScelteENomiStrani) {
     Risultato r;
     r.tabelle = {una_colonna(ColonnaInteri{{10, 20, 30}}), una_colonna(ColonnaInteri{{40}})};
     r.tabelle[1].nome = "MSH[1]:a/b?*\\ con un nome molto molto lungo";
-    const std::vector<std::uint32_t> ordine{2, 0, 1};
+    Risposta ordinata = prove::risposta_da(r);
+    ordinata.ordine = {2, 0, 1};
     const auto file = cartella.percorso() / "prova.xlsx";
-    ASSERT_TRUE(scrivi_xlsx(file, r, {.ordine = ordine, .massimo = 2}));
+    ASSERT_TRUE(scrivi_xlsx(file, ordinata, 2));
     const auto parti = apri_zip(file);
     EXPECT_THAT(
         parti.at("xl/worksheets/sheet1.xml"),
@@ -111,7 +112,7 @@ TEST(ScriviXlsx, DoveNonSiPuoScrivereRestaQuelCheCEra) {
     const prove::CartellaProva cartella;
     Risultato r;
     r.tabelle = {piccola()};
-    const auto esito = scrivi_xlsx(cartella.percorso() / "manca" / "prova.xlsx", r);
+    const auto esito = scrivi_xlsx(cartella.percorso() / "manca" / "prova.xlsx", prove::risposta_da(r));
     ASSERT_FALSE(esito);
     EXPECT_FALSE(esito.error().motivo.empty());
     EXPECT_TRUE(std::filesystem::is_empty(cartella.percorso()));

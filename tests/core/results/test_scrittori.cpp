@@ -36,9 +36,9 @@ std::string in_tabella(const Tabella& t, RigheScelte righe = {}) {
     scrivi_tabella(testo, t, righe);
     return testo;
 }
-std::string in_json(const Risultato& r, RigheScelte righe = {}) {
+std::string in_json(const Risultato& r, std::size_t massimo = kOgniRiga) {
     std::string testo;
-    scrivi_json(testo, r, righe);
+    scrivi_json(testo, prove::risposta_da(r), massimo);
     return testo;
 }
 
@@ -195,7 +195,11 @@ TEST(Scrittori, UgualiAllaViaLenta) {
 
         Risultato r;
         r.tabelle = {t};
-        const json j = json::parse(in_json(r, scelte));
+        Risposta ordinata = prove::risposta_da(r);
+        ordinata.ordine = ordine;
+        std::string scritto;
+        scrivi_json(scritto, ordinata, massimo);
+        const json j = json::parse(scritto);
         EXPECT_EQ(j["tabelle"][0]["righe"], righe);
         EXPECT_EQ(j["tabelle"][0].contains("sfondi"), !t.sfondi.empty());
         if (!t.sfondi.empty()) {
@@ -208,14 +212,13 @@ TEST(Scrittori, UgualiAllaViaLenta) {
 
 TEST(ScriviJson, OrdineDelleChiaviEForma) {
     Risultato r;
-    r.chiave = "ambi";
     r.titolo = "Gli \"ambi\"";
     r.tabelle = {piccola()};
     r.tabelle[0].sfondi = {kNessunColore, 65535, 0, kNessunColore, kNessunColore, 0xFFFFFF};
     r.etichette = {{"lblRit_freq", "74"}, {"lblnum", std::vector<std::string>{"1", ""}}};
-    r.messaggi = {"Attenzione"};
+    r.messaggi = {{Avviso::altro, "Attenzione"}};
     EXPECT_EQ(in_json(r),
-              "{\"chiave\": \"ambi\", \"titolo\": \"Gli \\\"ambi\\\"\",\n"
+              "{\"chiave\": \"ritardo e frequenza dei 90 numeri\", \"titolo\": \"Gli \\\"ambi\\\"\",\n"
               "\"tabelle\": [{\"nome\": \"risultati\", \"titoli\": [[\"Numeri\", \"Frequenza\", \"Nota\"]],\n"
               " \"righe\": [[\"01-02\", \"12\", \"uno\"],\n"
               "  [\"90-07\", \"-3\", \"due\"]],\n"
@@ -235,7 +238,7 @@ TEST(ScriviJson, TreRigheDiTitoli) {
 TEST(ScriviJson, LeRigheScelteSonoDellaPrimaTabella) {
     Risultato r;
     r.tabelle = {di_interi({1, 2, 3}), di_interi({4, 5, 6})};
-    const json j = json::parse(in_json(r, {.ordine = {}, .massimo = 1}));
+    const json j = json::parse(in_json(r, 1));
     EXPECT_EQ(j["tabelle"][0]["righe"].size(), 1);
     EXPECT_EQ(j["tabelle"][1]["righe"].size(), 3);
 }
@@ -248,7 +251,7 @@ TEST(ScriviJson, OgniCarattereSiRilegge) {
     r.titolo = tutti;
     r.tabelle = {di_testi({tutti})};
     r.etichette = {{tutti, tutti}};
-    r.messaggi = {tutti};
+    r.messaggi = {{Avviso::altro, tutti}};
     const json j = json::parse(in_json(r));
     EXPECT_EQ(j["titolo"], tutti);
     EXPECT_EQ(j["tabelle"][0]["righe"][0][0], tutti);
@@ -325,7 +328,7 @@ TEST(ScriviTerminale, TabelleConNomeEEtichette) {
                    {"lblnum", std::vector<std::string>{"1", "", "3"}},
                    {"lbloption", std::vector<std::string>{"", ""}}};
     std::string testo;
-    scrivi_terminale(testo, r);
+    scrivi_terminale(testo, prove::risposta_da(r));
     EXPECT_EQ(testo, "Prova\n\nrisultati:\n1\n\nnumeri:\n2\n\nlblRit_freq: 74\nlblnum: 1, 3\nlbloption:\n");
 }
 

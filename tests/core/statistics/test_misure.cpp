@@ -72,7 +72,7 @@ TEST(TabellaNumeri, UnaRigaPerNumero) {
     MisureNumeri misure{};
     esce(misure[2], 3);
     esce(misure[0], 1);  // an empty cell is no number
-    const Risultato r = tabella_numeri(misure, 3, 5);
+    const Risultato r = tabella_numeri(misure, 3, 5, Gioco::lotto);
     ASSERT_EQ(r.tabelle.size(), 1U);
     const Tabella& t = r.tabelle[0];
     ASSERT_EQ(t.righe(), 3U);
@@ -88,7 +88,7 @@ TEST(TabellaNumeri, UnaRigaPerNumero) {
 TEST(TabellaMisure, ColonnaETitoliDati) {
     const std::vector<Misura> misure{{.ultimo = 4, .frequenza = 2, .storico = 1}};
     const Risultato r = tabella_misure(ColonnaGruppi{.quanti = 2, .separatore = '-', .numeri = {1, 90}},
-                                       misure, 6, kTitoliMisureBrevi);
+                                       misure, 6, {}, kTitoliMisureBrevi);
     EXPECT_EQ(r.tabelle[0].titoli[0], kTitoliMisureBrevi);
     EXPECT_EQ(r.tabelle[0].testo(0, 0), "01-90");
     EXPECT_EQ(r.tabelle[0].testo(0, 2), "2");

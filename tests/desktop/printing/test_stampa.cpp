@@ -481,7 +481,7 @@ class TestStampa : public QObject {
     void troppo_grande_chiede_prima() {
         StampantiDiProva prova{cartella_.path()};
         MessaggiDiProva detti;
-        detti.risposta_a_tre = Risposta::annulla;
+        detti.risposta_a_tre = Assenso::annulla;
         frmStampaFCPB form;
         QVERIFY(!form.StampaFCPB(quadro(), 10, 10, 400, 200));
         QCOMPARE(detti.detti.size(), 1);
@@ -491,7 +491,7 @@ class TestStampa : public QObject {
                  "della stampante selezionata.\nPosso cambiare la scala?");
         QVERIFY(prova.documenti.isEmpty());
 
-        detti.risposta_a_tre = Risposta::si;
+        detti.risposta_a_tre = Assenso::si;
         QVERIFY(in_anteprima(form, quadro(), {10, 10, 400, 200}, [&] {
             QCOMPARE(form.cornice(), QRectF(10, 10, 200, 100));
             QVERIFY(!trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
@@ -501,7 +501,7 @@ class TestStampa : public QObject {
                              [&] { QCOMPARE(form.cornice().size(), QSizeF(200, 100)); }));
         QVERIFY(in_anteprima(form, quadro(), {500, 10, 100, 50},
                              [&] { QCOMPARE(form.cornice(), QRectF(0, 10, 100, 50)); }));
-        detti.risposta_a_tre = Risposta::no;
+        detti.risposta_a_tre = Assenso::no;
         QVERIFY(in_anteprima(form, quadro(), {10, 10, 400, 200}, [&] {
             QCOMPARE(form.cornice(), QRectF(10, 10, 400, 200));
             QVERIFY(trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
