@@ -39,8 +39,8 @@ SerieCorrente gruppo_di(const Tabella& griglia, std::span<const std::uint32_t> o
 
 /// Analyses the grid that `cerca` answers with; its message where it answers with none.
 template <class Cerca>
-Risultato griglia_o_gruppo(Cerca&& cerca, bool scelte, const ArchivioEstrazioni& archivio, const Domanda& domanda,
-                           Avanzamento& avanzamento) {
+Risultato griglia_o_gruppo(Cerca&& cerca, bool scelte, const ArchivioEstrazioni& archivio,
+                           const Domanda& domanda, Avanzamento& avanzamento) {
     Risultato r = cerca(archivio, domanda, avanzamento);
     const auto& parametri = domanda.di<ParametriStatistica>();
     if (!parametri.analisi || !r.prodotto) return r;
@@ -56,7 +56,8 @@ Risultato griglia_o_gruppo(Cerca&& cerca, bool scelte, const ArchivioEstrazioni&
 
 }  // namespace
 
-Risultato serie_o_gruppo(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
+Risultato serie_o_gruppo(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                         Avanzamento& avanzamento) {
     const auto& parametri = domanda.di<ParametriStatistica>();
     if (!parametri.analisi) return serie_speciali(archivio, domanda, avanzamento);
     const Famiglia& famiglia = *domanda.ricerca->famiglia;
@@ -84,10 +85,10 @@ std::optional<std::string> controlla_analisi(const Domanda& domanda) {
         return p.tutte_le_ruote
                    ? std::optional<std::string>{"--analisi-gruppo e --tutte-le-ruote non vanno insieme."}
                    : std::nullopt;
-    const std::string_view sola = p.combinazioni                                              ? "--combinazioni"
-                                  : p.entro                                                   ? "--entro"
+    const std::string_view sola = p.combinazioni ? "--combinazioni"
+                                  : p.entro      ? "--entro"
                                   : p.tipo != 0 && domanda.ricerca->ammette(kOpzTipoCapogioco) ? "--tipo"
-                                                                                              : "";
+                                                                                               : "";
     if (sola.empty()) return std::nullopt;
     return fmt::format("{} vale soltanto con --analisi-gruppo.", sola);
 }

@@ -63,12 +63,14 @@ std::expected<std::vector<GruppoScritto>, Messaggio> gruppi_scritti(const fs::pa
         const auto numeri = lunghette ? lettore.intero() : std::nullopt;
         if (!dimensioni_valide(lunghette, numeri) || lettore.riga() != riga + 2)
             return std::unexpected(
-                rovinato(cartella, riga + 1, "attesi il numero di lunghette, da 1 a 50, e quanti numeri ha ognuna, "
-                                             "da 1 a 20"));
+                rovinato(cartella, riga + 1,
+                         "attesi il numero di lunghette, da 1 a 50, e quanti numeri ha ognuna, "
+                         "da 1 a 20"));
         const std::string_view resto = lettore.resto();
         if (resto.empty() || lettore.riga() != riga + 3)
-            return std::unexpected(rovinato(cartella, riga + 2, "attesi i numeri del gruppo: la riga manca o è "
-                                                                "troncata"));
+            return std::unexpected(rovinato(cartella, riga + 2,
+                                            "attesi i numeri del gruppo: la riga manca o è "
+                                            "troncata"));
         gruppi.push_back({{da_windows_1252(*nome), *lunghette, *numeri}, *nome, resto});
     }
     return gruppi;
@@ -87,7 +89,8 @@ std::string record_gruppo(std::string_view nome, std::size_t lunghette, std::siz
                           std::string_view terza_riga) {
     std::string testo;
     aggiungi_campo(testo, nome);
-    testo += fmt::format("{}{},{}{}{}{}", kFineRecord, lunghette, numeri, kFineRecord, terza_riga, kFineRecord);
+    testo +=
+        fmt::format("{}{},{}{}{}{}", kFineRecord, lunghette, numeri, kFineRecord, terza_riga, kFineRecord);
     return testo;
 }
 
@@ -121,25 +124,26 @@ std::expected<SerieCorrente, Messaggio> apri_gruppo(const fs::path& cartella, st
     LettoreCampi lettore{**byte};
     const auto cercato = nome_in_byte(nome);
     if (!cercato || !cerca_nome(lettore, *cercato))
-        return std::unexpected(Messaggio{
-            Avviso::nessun_gruppo, fmt::format("Nessun gruppo salvato ha il nome \"{}\".", nome)});
+        return std::unexpected(
+            Messaggio{Avviso::nessun_gruppo, fmt::format("Nessun gruppo salvato ha il nome \"{}\".", nome)});
     const int riga = lettore.riga();
     const auto lunghette = lettore.intero();
     const auto numeri = lunghette ? lettore.intero() : std::nullopt;
     if (!dimensioni_valide(lunghette, numeri))
         return std::unexpected(rovinato(
             cartella, riga,
-            fmt::format("dopo il nome \"{}\" attesi il numero di lunghette, da 1 a 50, e quanti numeri ha ognuna, "
-                        "da 1 a 20",
-                        nome)));
+            fmt::format(
+                "dopo il nome \"{}\" attesi il numero di lunghette, da 1 a 50, e quanti numeri ha ognuna, "
+                "da 1 a 20",
+                nome)));
     SerieCorrente gruppo{.colonne = static_cast<std::size_t>(*numeri)};
     const std::size_t celle = static_cast<std::size_t>(*lunghette) * gruppo.colonne;
     while (gruppo.numeri.size() < celle) {
         const int dove = lettore.riga();
         const auto n = lettore.intero();
         if (!n || *n < 1 || *n > kNumeri)
-            return std::unexpected(
-                rovinato(cartella, dove, fmt::format("attesi {} numeri da 1 a 90 per il gruppo \"{}\"", celle, nome)));
+            return std::unexpected(rovinato(
+                cartella, dove, fmt::format("attesi {} numeri da 1 a 90 per il gruppo \"{}\"", celle, nome)));
         gruppo.numeri.push_back(static_cast<Numero>(*n));
     }
     return gruppo;
@@ -149,10 +153,10 @@ std::expected<void, Messaggio> salva_gruppo(const fs::path& cartella, std::strin
                                             const SerieCorrente& gruppo) {
     const auto scritto = nome_in_byte(nome);
     if (!scritto)
-        return std::unexpected(
-            Messaggio{Avviso::nome_non_valido,
-                      "Il nome di un gruppo non può contenere virgolette, a capo o caratteri fuori dall'alfabeto "
-                      "latino."});
+        return std::unexpected(Messaggio{
+            Avviso::nome_non_valido,
+            "Il nome di un gruppo non può contenere virgolette, a capo o caratteri fuori dall'alfabeto "
+            "latino."});
     auto byte = leggi(cartella);
     if (!byte) return std::unexpected(byte.error());
     std::string testo = std::move(*byte).value_or("");
@@ -186,8 +190,9 @@ std::expected<void, Messaggio> elimina_gruppo(const fs::path& cartella, std::siz
         return std::unexpected(messaggio(esito.error()));
     std::error_code errore;
     if (fs::remove(cartella / kFileGruppi, errore); errore)
-        return std::unexpected(messaggio({cartella / kFileGruppi,
-                                          fmt::format("non si può eliminare: {}", motivo_sistema(errore.value()))}));
+        return std::unexpected(
+            messaggio({cartella / kFileGruppi,
+                       fmt::format("non si può eliminare: {}", motivo_sistema(errore.value()))}));
     return {};
 }
 

@@ -27,13 +27,14 @@ constexpr std::size_t kRitardi = 1001;
 /// More outcomes than this are refused: their table would not fit the memory of a small machine.
 constexpr std::size_t kEsitiMassimi = 10'000'000;
 
-/// Which lunghette hold each number, one bit each, `parole` words per number. Where a lunghetta repeats a number a
-/// second table holds those that have it twice, and so on. Number 0, an empty cell, stands nowhere.
+/// Which lunghette hold each number, one bit each, `parole` words per number. Where a lunghetta repeats a
+/// number a second table holds those that have it twice, and so on. Number 0, an empty cell, stands nowhere.
 struct Maschere {
     std::size_t parole = 0;
     std::vector<std::vector<std::uint64_t>> strati;
 
-    explicit Maschere(const SerieCorrente& gruppo) : parole{(gruppo.righe() + kBit - 1) / kBit}, strati(1, vuoto()) {
+    explicit Maschere(const SerieCorrente& gruppo)
+        : parole{(gruppo.righe() + kBit - 1) / kBit}, strati(1, vuoto()) {
         for (std::size_t i = 0; i < gruppo.righe(); ++i) {
             const std::uint64_t bit = std::uint64_t{1} << i % kBit;
             for (const Numero n : gruppo.membro(i)) {
@@ -52,8 +53,8 @@ struct Maschere {
     }
 };
 
-/// The lunghette of word `w` of which a row holds at least `K` numbers. `almeno[k]` are those of which more than k
-/// were met so far.
+/// The lunghette of word `w` of which a row holds at least `K` numbers. `almeno[k]` are those of which more
+/// than k were met so far.
 template <int K>
 std::uint64_t colpite(const Maschere& maschere, const Numero* riga, std::size_t w) {
     std::array<std::uint64_t, K> almeno{};
@@ -81,7 +82,8 @@ struct Esiti {
     std::size_t quanti = 0;
 };
 
-Esiti trova_esiti(const VistaEstrazioni& vista, const Maschere& maschere, int sorte, Avanzamento& avanzamento) {
+Esiti trova_esiti(const VistaEstrazioni& vista, const Maschere& maschere, int sorte,
+                  Avanzamento& avanzamento) {
     Esiti esiti;
     const Colpite conta = kColpite[static_cast<std::size_t>(sorte - 1)];
     percorri(vista, avanzamento, [&](int c, const Numero* numeri) {
@@ -212,17 +214,21 @@ Tabella tabella_sintesi(const ContiGruppo& conti, std::size_t esiti, std::size_t
 std::vector<std::string> fasce(std::int32_t storico) {
     std::vector<std::string> testi;
     for (const int parte : {75, 85, 95})
-        testi.push_back(fmt::format("0 - {}  ({}%)",
-                                    quoziente_pari(static_cast<std::size_t>(storico) * static_cast<std::size_t>(parte),
-                                                   100),
-                                    parte));
+        testi.push_back(fmt::format(
+            "0 - {}  ({}%)",
+            quoziente_pari(static_cast<std::size_t>(storico) * static_cast<std::size_t>(parte), 100), parte));
     return testi;
 }
 
 /// The rows of the combinations' measures: the place of (i, j, l), each by its place in the lunghetta.
 class PostiCombinazioni {
   public:
-    PostiCombinazioni(std::size_t n, std::size_t k) : n_{n}, k_{k}, posti_(k == 1 ? n : k == 2 ? n * n : n * n * n) {
+    PostiCombinazioni(std::size_t n, std::size_t k)
+        : n_{n},
+          k_{k},
+          posti_(k == 1   ? n
+                 : k == 2 ? n * n
+                          : n * n * n) {
         std::vector<std::size_t> tutti(n_);
         std::iota(tutti.begin(), tutti.end(), std::size_t{0});
         ogni_scelta(tutti, k_, [this](std::span<const std::size_t> s) { posti_[indice(s)] = quante_++; });
@@ -272,10 +278,11 @@ Risultato analisi_gruppo(const ArchivioEstrazioni& archivio, const AmbitoRicerca
     const Maschere maschere{analisi.gruppo};
     const Esiti esiti = trova_esiti(vista, maschere, analisi.sorte, avanzamento);
     if (esiti.quanti > kEsitiMassimi)
-        return non_avviata({Avviso::troppe_combinazioni,
-                            fmt::format("Gli esiti sono più di {}: scegliere meno combinazioni, meno ruote o un "
-                                        "intervallo più breve",
-                                        migliaia(static_cast<std::int64_t>(kEsitiMassimi)))});
+        return non_avviata(
+            {Avviso::troppe_combinazioni,
+             fmt::format("Gli esiti sono più di {}: scegliere meno combinazioni, meno ruote o un "
+                         "intervallo più breve",
+                         migliaia(static_cast<std::int64_t>(kEsitiMassimi)))});
 
     ContiGruppo conti;
     std::vector<Misura> misure(analisi.gruppo.righe());
@@ -356,14 +363,14 @@ Risultato ricerche_per_gruppi(const ArchivioEstrazioni& archivio, const Domanda&
                               Avanzamento& avanzamento) {
     const auto& parametri = domanda.di<ParametriGruppi>();
     const SerieCorrente& gruppo = parametri.lunghette;
-    if (gruppo.righe() == 0)
-        return non_avviata({Avviso::gruppo_incompleto, std::string{kGruppoIncompleto}});
-    Risultato r = analisi_gruppo(archivio, domanda.ambito,
-                                 {.gruppo = gruppo, .sorte = parametri.sorte, .entro = parametri.entro}, avanzamento);
+    if (gruppo.righe() == 0) return non_avviata({Avviso::gruppo_incompleto, std::string{kGruppoIncompleto}});
+    Risultato r =
+        analisi_gruppo(archivio, domanda.ambito,
+                       {.gruppo = gruppo, .sorte = parametri.sorte, .entro = parametri.entro}, avanzamento);
     if (r.prodotto && parametri.dettaglio && parametri.sorte <= kSorteDettaglio)
-        r.tabelle.push_back(dettaglio_scomposta(archivio, domanda.ambito,
-                                                gruppo.membro(static_cast<std::size_t>(*parametri.dettaglio) - 1),
-                                                parametri.sorte, avanzamento));
+        r.tabelle.push_back(dettaglio_scomposta(
+            archivio, domanda.ambito, gruppo.membro(static_cast<std::size_t>(*parametri.dettaglio) - 1),
+            parametri.sorte, avanzamento));
     return r;
 }
 
@@ -381,8 +388,8 @@ std::optional<std::string> controlla_gruppo(const Domanda& domanda) {
     if (p.lunghette.righe() == 0) return std::nullopt;
     const auto numeri = static_cast<int>(p.lunghette.colonne);
     if (p.sorte > std::min(kEstratti, numeri))
-        return fmt::format("--sorte: trovato \"{}\", atteso al più {}: le lunghette sono di {} numeri.", p.sorte,
-                           std::min(kEstratti, numeri), numeri);
+        return fmt::format("--sorte: trovato \"{}\", atteso al più {}: le lunghette sono di {} numeri.",
+                           p.sorte, std::min(kEstratti, numeri), numeri);
     if (!p.dettaglio) return std::nullopt;
     if (*p.dettaglio > static_cast<int>(p.lunghette.righe()))
         return fmt::format("--dettaglio: trovato \"{}\", attesa una lunghetta da 1 a {}.", *p.dettaglio,
@@ -406,7 +413,8 @@ std::optional<SerieCorrente> leggi_lunghette(std::string_view testo) {
             if (!n) return std::nullopt;
             gruppo.numeri.push_back(static_cast<Numero>(*n));
             ++quanti;
-            lunghetta = spazio == std::string_view::npos ? std::string_view{} : rifila(lunghetta.substr(spazio));
+            lunghetta =
+                spazio == std::string_view::npos ? std::string_view{} : rifila(lunghetta.substr(spazio));
         }
         if (lunghette == 0) gruppo.colonne = quanti;
         if (quanti == 0 || quanti > kNumeriLunghetta || quanti != gruppo.colonne) return std::nullopt;

@@ -15,8 +15,7 @@
 
 namespace sortimetra {
 
-inline constexpr std::string_view kGruppoIncompleto =
-    "Completare l'inserimento del gruppo da analizzare.";
+inline constexpr std::string_view kGruppoIncompleto = "Completare l'inserimento del gruppo da analizzare.";
 
 /// What is asked of a group.
 struct AnalisiGruppo {
@@ -25,17 +24,17 @@ struct AnalisiGruppo {
     std::optional<int> entro{};   ///< draws of which the probability is asked
 };
 
-/// Walks the draws in scope: a wheel's row with at least `sorte` numbers of a lunghetta is an outcome, one for each
-/// such lunghetta. A number that stands twice in a lunghetta counts twice. Every cell counts, also behind an empty
-/// first one.
+/// Walks the draws in scope: a wheel's row with at least `sorte` numbers of a lunghetta is an outcome, one
+/// for each such lunghetta. A number that stands twice in a lunghetta counts twice. Every cell counts, also
+/// behind an empty first one.
 ///
-/// Tables: "risultati" the delays between outcomes up to 1000 with their frequency, "esiti" the outcomes in draw
-/// order, "lunghette" the measures of each, "sintesi" those of the group. Labels: `lblfasce`, `lblprob`.
+/// Tables: "risultati" the delays between outcomes up to 1000 with their frequency, "esiti" the outcomes in
+/// draw order, "lunghette" the measures of each, "sintesi" those of the group. Labels: `lblfasce`, `lblprob`.
 [[nodiscard]] Risultato analisi_gruppo(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito,
                                        const AnalisiGruppo& analisi, Avanzamento& avanzamento);
 
-/// The measures of all combinations of `sorte` (1 to 3) numbers of one lunghetta, taken in ascending order; those
-/// that never came are listed too.
+/// The measures of all combinations of `sorte` (1 to 3) numbers of one lunghetta, taken in ascending order;
+/// those that never came are listed too.
 [[nodiscard]] Tabella dettaglio_scomposta(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito,
                                           std::span<const Numero> lunghetta, int sorte,
                                           Avanzamento& avanzamento);

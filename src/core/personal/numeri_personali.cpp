@@ -66,9 +66,9 @@ struct Uscita {
 };
 
 /// The counts of one search while draws are walked.
-class Conteggio {
+class ContiPersonali {
   public:
-    Conteggio(const FormaGioco& forma, const Selezione& selezione, int t, int estratto = 0)
+    ContiPersonali(const FormaGioco& forma, const Selezione& selezione, int t, int estratto = 0)
         : forma_{forma},
           selezione_{selezione},
           t_{t},
@@ -87,7 +87,8 @@ class Conteggio {
         u.posti = posti & posti_;
         conta(c, u);
     }
-    /// The same for a wheel's row: without a first number it adds nothing to the measures of the single numbers.
+    /// The same for a wheel's row: without a first number it adds nothing to the measures of the single
+    /// numbers.
     void riga(int c, Uscita& u) {
         std::uint32_t posti = 0;
         for (std::size_t p = 0; p < kEstratti; ++p) {
@@ -106,7 +107,9 @@ class Conteggio {
     [[nodiscard]] const Misura& numero(int n) const { return numeri_[static_cast<std::size_t>(n)]; }
     /// At least k + 1 of the numbers in one row.
     [[nodiscard]] const Misura& sorte(std::size_t k) const { return sorti_[k]; }
-    [[nodiscard]] const Misura& sorte_su(std::size_t ruota, std::size_t k) const { return ruote_[indice(ruota)][k]; }
+    [[nodiscard]] const Misura& sorte_su(std::size_t ruota, std::size_t k) const {
+        return ruote_[indice(ruota)][k];
+    }
 
   private:
     static std::size_t indice(std::size_t ruota) { return std::min(ruota, kRuoteContate - 1); }
@@ -149,7 +152,8 @@ std::string testo_data(Data data, bool anno_breve) {
 
 Colonna colonna_concorsi(std::span<const Uscita> uscite) {
     ColonnaInteri c{std::vector<std::int32_t>(uscite.size())};
-    std::transform(uscite.begin(), uscite.end(), c.valori.begin(), [](const Uscita& u) { return u.concorso; });
+    std::transform(uscite.begin(), uscite.end(), c.valori.begin(),
+                   [](const Uscita& u) { return u.concorso; });
     return c;
 }
 
@@ -188,7 +192,8 @@ Colonna colonna_numeri(std::span<const Uscita> uscite, Numero_&& numero) {
 Colonna colonna_trovati(std::span<const Uscita> uscite, bool jolly) {
     if (!jolly) {
         ColonnaInteri c{std::vector<std::int32_t>(uscite.size())};
-        std::transform(uscite.begin(), uscite.end(), c.valori.begin(), [](const Uscita& u) { return u.trovati; });
+        std::transform(uscite.begin(), uscite.end(), c.valori.begin(),
+                       [](const Uscita& u) { return u.trovati; });
         return c;
     }
     ColonnaTesti c;
@@ -235,7 +240,7 @@ Tabella tabella_uscite(const FormaGioco& forma, std::string_view nome, std::span
 
 /// "numeri": the numbers with three columns that `misure(numero)` fills.
 template <class Misure>
-Tabella tabella_scelti(const Conteggio& conti, bool con_righe, Misure&& misure) {
+Tabella tabella_scelti(const ContiPersonali& conti, bool con_righe, Misure&& misure) {
     std::array<ColonnaInteri, 4> colonne;
     for (const int n : conti.selezione().numeri) {
         if (!con_righe) break;
@@ -253,7 +258,7 @@ Tabella tabella_scelti(const Conteggio& conti, bool con_righe, Misure&& misure) 
 using TreMisure = std::array<std::int32_t, 3>;
 
 /// The measures of every number over the whole scope.
-Tabella tabella_cerca_ritardi(const Conteggio& conti, bool con_righe) {
+Tabella tabella_cerca_ritardi(const ContiPersonali& conti, bool con_righe) {
     return tabella_scelti(conti, con_righe, [&](int n) {
         const Misura& m = conti.numero(n);
         return TreMisure{m.frequenza, ritardo(m, conti.t()), m.storico};
@@ -261,7 +266,7 @@ Tabella tabella_cerca_ritardi(const Conteggio& conti, bool con_righe) {
 }
 
 /// The three measures of each bet size, or empty cells.
-void aggiungi_misure(Tabella& t, const Conteggio& conti, std::size_t sorti, bool piene) {
+void aggiungi_misure(Tabella& t, const ContiPersonali& conti, std::size_t sorti, bool piene) {
     std::array<ColonnaInteri, 3> colonne;
     for (std::size_t k = 0; k < sorti; ++k) {
         const Misura& m = conti.sorte(k);
@@ -290,10 +295,11 @@ std::pair<std::size_t, std::int32_t> ruota_massima(const std::vector<std::size_t
     return migliore;
 }
 
-Tabella riepilogo_lotto(const Conteggio& conti, const SelezioneRuote& ruote, bool piena) {
+Tabella riepilogo_lotto(const ContiPersonali& conti, const SelezioneRuote& ruote, bool piena) {
     Tabella t;
     t.nome = "riepilogo";
-    t.titoli = {{"", "Freq.", "Rit.", "Rit. Stor.", "Ruota + Frequente", "Freq.", "Ruota + Ritardata", "Rit."}};
+    t.titoli = {
+        {"", "Freq.", "Rit.", "Rit. Stor.", "Ruota + Frequente", "Freq.", "Ruota + Ritardata", "Rit."}};
     t.colonne.emplace_back(ColonnaTesti{{"Ambata", "Ambo", "Terno", "Quaterna", "Cinquina"}});
     aggiungi_misure(t, conti, kEstratti, piena);
     const auto scelte = ruote_in_ambito(ruote);
@@ -301,7 +307,8 @@ Tabella riepilogo_lotto(const Conteggio& conti, const SelezioneRuote& ruote, boo
         ColonnaTesti nomi;
         ColonnaInteri valori;
         for (std::size_t k = 0; k < kEstratti; ++k) {
-            const auto [w, v] = ruota_massima(scelte, [&](std::size_t r) { return valore(conti.sorte_su(r, k)); });
+            const auto [w, v] =
+                ruota_massima(scelte, [&](std::size_t r) { return valore(conti.sorte_su(r, k)); });
             nomi.valori.push_back(piena ? nome_ruota(w) : "");
             valori.valori.push_back(piena ? v : kCellaVuota);
         }
@@ -314,7 +321,7 @@ Tabella riepilogo_lotto(const Conteggio& conti, const SelezioneRuote& ruote, boo
 }
 
 /// The summary of a game without wheels: a row per count of numbers, up to all that a draw has.
-Tabella riepilogo_combinazioni(const Conteggio& conti, bool piena) {
+Tabella riepilogo_combinazioni(const ContiPersonali& conti, bool piena) {
     Tabella t;
     t.nome = "riepilogo";
     t.titoli = {{"", "Frequenza", "Ritardo", "Ritardo Storico"}};
@@ -343,9 +350,9 @@ std::size_t prima_di_chiusura(std::span<const Uscita> uscite, const Selezione& s
     return 0;
 }
 
-/// "numeri" counted on the draws that were kept: how many hold each number, and how many come after the last one
-/// that does. There is no longest delay.
-Tabella tabella_chiusura(const Conteggio& conti, std::span<const Uscita> tenute) {
+/// "numeri" counted on the draws that were kept: how many hold each number, and how many come after the last
+/// one that does. There is no longest delay.
+Tabella tabella_chiusura(const ContiPersonali& conti, std::span<const Uscita> tenute) {
     std::array<std::int32_t, kNumeri + 1> frequenze{};
     std::array<std::int32_t, kNumeri + 1> ultime{};  // from 1
     for (std::size_t r = 0; r < tenute.size(); ++r)
@@ -369,7 +376,7 @@ std::span<const Uscita> fino_alla_chiusura(std::span<const Uscita> uscite, std::
 }
 
 /// The tables of a game without wheels, which have rows only where the scope has draws.
-Risultato risultato_combinazioni(const Conteggio& conti, bool vuoto) {
+Risultato risultato_combinazioni(const ContiPersonali& conti, bool vuoto) {
     Risultato r;
     r.tabelle = {tabella_uscite(conti.forma(), "risultati", conti.uscite()),
                  tabella_cerca_ritardi(conti, !vuoto), riepilogo_combinazioni(conti, !vuoto)};
@@ -388,14 +395,15 @@ void dichiara_vuoto(Risultato& r) {
 
 }  // namespace
 
-Risultato ricerca_lotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
+Risultato ricerca_lotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                        Avanzamento& avanzamento) {
     const auto& parametri = domanda.di<ParametriPersonali>();
     const Selezione selezione{parametri.numeri};
     if (selezione.numeri.empty()) return non_avviata({});
     const VistaEstrazioni vista{archivio, domanda.ambito};
     const bool nazionale = domanda.ambito.ruote.e_nazionale();
     const auto& date = nazionale ? archivio.nazionale().data : archivio.lotto().data;
-    Conteggio conti{kLotto, selezione, vista.t(), parametri.estratto};
+    ContiPersonali conti{kLotto, selezione, vista.t(), parametri.estratto};
     Uscita u;
     for (std::size_t i = 0; i < vista.concorsi(); ++i) {
         u.concorso = vista.concorso(i);
@@ -430,7 +438,7 @@ Risultato ricerca_superenalotto(const ArchivioEstrazioni& archivio, const Domand
     if (selezione.numeri.empty()) return non_avviata({});
     const TabellaSuperEnalotto& tabella = archivio.superenalotto();
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
-    Conteggio conti{kSuperEnalotto, selezione, static_cast<int>(righe.size())};
+    ContiPersonali conti{kSuperEnalotto, selezione, static_cast<int>(righe.size())};
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         const Combinazione combinazione = calc_combinazione_superenalotto(tabella, riga);
         Uscita u{.concorso = tabella.concorso[riga],
@@ -444,13 +452,14 @@ Risultato ricerca_superenalotto(const ArchivioEstrazioni& archivio, const Domand
     return r;
 }
 
-Risultato ricerca_10elotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
+Risultato ricerca_10elotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                           Avanzamento& avanzamento) {
     const Selezione selezione{domanda.di<ParametriPersonali>().numeri};
     if (selezione.numeri.empty()) return non_avviata({});
     const VistaEstrazioni vista{archivio, domanda.ambito};
     const bool nazionale = domanda.ambito.ruote.e_nazionale();
     const auto& date = nazionale ? archivio.nazionale().data : archivio.lotto().data;
-    Conteggio conti{kDieciELotto, selezione, vista.t()};
+    ContiPersonali conti{kDieciELotto, selezione, vista.t()};
     for (std::size_t i = 0; i < vista.concorsi(); ++i) {
         // The ten wheels of the concorso make the combination, whichever of them are in scope.
         const auto record = cerca_concorso(archivio.lotto().concorso, vista.concorso(i));
@@ -471,10 +480,11 @@ Risultato ricerca_winforlife(const ArchivioEstrazioni& archivio, const Domanda& 
     if (selezione.numeri.empty()) return non_avviata({});
     const TabellaWinForLife& tabella = archivio.winforlife();
     const auto righe = vista_winforlife(archivio, domanda.ambito);
-    Conteggio conti{kWinForLife, selezione, static_cast<int>(righe.size())};
+    ContiPersonali conti{kWinForLife, selezione, static_cast<int>(righe.size())};
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         Uscita u{.concorso = tabella.concorso[riga], .data = tabella.data[riga]};
-        metti_combinazione(u, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]), kWinForLife.posti);
+        metti_combinazione(u, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]),
+                           kWinForLife.posti);
         conti.estrazione(c, u);
     });
     return risultato_combinazioni(conti, righe.empty());

@@ -8,14 +8,15 @@
 namespace sortimetra {
 
 /// The searches on the user's own numbers, one per game: every draw in scope that holds at least one of them
-/// ("risultati", hits in yellow), the measures of each number ("numeri"), and the measures of "at least one, two, …
-/// of them" ("riepilogo").
+/// ("risultati", hits in yellow), the measures of each number ("numeri"), and the measures of "at least one,
+/// two, … of them" ("riepilogo").
 ///
-/// Without numbers the search does not start and says nothing. A scope without draws leaves the tables without rows;
-/// only NAZIONALE and SuperEnalotto say why.
+/// Without numbers the search does not start and says nothing. A scope without draws leaves the tables
+/// without rows; only NAZIONALE and SuperEnalotto say why.
 
-/// Lotto: a row per wheel. `estratto` limits hits to one place, never "numeri". With `chiusura` only the last rows
-/// stay, up to the one that completes the numbers, and "serie" lists all hits up to the earliest of them.
+/// Lotto: a row per wheel. `estratto` limits hits to one place, never "numeri". With `chiusura` only the last
+/// rows stay, up to the one that completes the numbers, and "serie" lists all hits up to the earliest of
+/// them.
 [[nodiscard]] Risultato ricerca_lotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                       Avanzamento& avanzamento);
 /// The sestina in ascending order. The Jolly is shown where it is one of the numbers; alone it makes no row.

@@ -62,14 +62,15 @@ inline constexpr int kSorteDettaglio = 3;
 
 /// What the analysis of a group takes.
 struct ParametriGruppi {
-    std::string gruppo;           ///< name of a saved group; "" for none
-    SerieCorrente lunghette;      ///< the group to analyse: its lunghette, in the order in which they were typed
-    int sorte = 1;                ///< numbers of one lunghetta that must come together, 1 to 5
-    std::optional<int> entro;     ///< `Combo1`: draws within which an outcome is asked for
+    std::string gruppo;        ///< name of a saved group; "" for none
+    SerieCorrente lunghette;   ///< the group to analyse: its lunghette, in the order in which they were typed
+    int sorte = 1;             ///< numbers of one lunghetta that must come together, 1 to 5
+    std::optional<int> entro;  ///< `Combo1`: draws within which an outcome is asked for
     std::optional<int> dettaglio;  ///< row of the lunghette's table, from 1, whose combinations are listed
 };
 
-/// Lunghette as a line tells them, "1 2 3;4 5 6"; nothing if they are too many, too long or of unequal length.
+/// Lunghette as a line tells them, "1 2 3;4 5 6"; nothing if they are too many, too long or of unequal
+/// length.
 [[nodiscard]] std::optional<SerieCorrente> leggi_lunghette(std::string_view testo);
 [[nodiscard]] std::string testo_lunghette(const SerieCorrente& gruppo);
 
@@ -102,15 +103,17 @@ struct ParametriGruppi {
     return o;
 }
 
-inline constexpr Opzione kOpzGruppo = opzione_gruppo({.nome = "--gruppo",
-                                                      .meta = "NOME",
-                                                      .atteso = "il nome di un gruppo salvato, senza --lunghette",
-                                                      .frase = "Il gruppo salvato con questo nome."});
+inline constexpr Opzione kOpzGruppo =
+    opzione_gruppo({.nome = "--gruppo",
+                    .meta = "NOME",
+                    .atteso = "il nome di un gruppo salvato, senza --lunghette",
+                    .frase = "Il gruppo salvato con questo nome."});
 inline constexpr Opzione kOpzLunghette = opzione_lunghette(
     {.nome = "--lunghette",
      .meta = "ELENCO",
-     .atteso = "da 1 a 50 lunghette divise da \";\", ognuna di altrettanti numeri (al più 20) da 1 a 90 divisi "
-               "da spazi, senza --gruppo",
+     .atteso =
+         "da 1 a 50 lunghette divise da \";\", ognuna di altrettanti numeri (al più 20) da 1 a 90 divisi "
+         "da spazi, senza --gruppo",
      .frase = "Le lunghette del gruppo, divise da punti e virgola: --lunghette \"1 2 3;4 5 6\"."});
 inline constexpr Opzione kOpzSorteGruppo = intero<&ParametriGruppi::sorte, 1, kEstratti>(
     {.nome = "--sorte",

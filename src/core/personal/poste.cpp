@@ -48,9 +48,10 @@ std::string campo_posta(Centesimi posta) {
 }
 
 ErroreArchivio rovinato(const std::filesystem::path& file, int riga, std::string_view trovato) {
-    return {file, fmt::format("riga {}: trovato \"{}\", attese cinque poste in euro e 1 o 0 (stampa o no), divise "
-                              "da virgole. Il file resta com'è",
-                              riga, trovato.substr(0, 40))};
+    return {file,
+            fmt::format("riga {}: trovato \"{}\", attese cinque poste in euro e 1 o 0 (stampa o no), divise "
+                        "da virgole. Il file resta com'è",
+                        riga, trovato.substr(0, 40))};
 }
 
 std::optional<RigaPoste> leggi_riga(std::string_view testo) {
@@ -185,7 +186,8 @@ Risultato schedine(const ArchivioEstrazioni&, const Domanda& domanda, Avanzament
             const Centesimi posta = poste[r].poste[s];
             sorti[s].valori.push_back(testo_posta(posta));
             std::string tagli;
-            for (const std::size_t i : marche(posta)) tagli += (tagli.empty() ? "" : "+") + testo_taglio(kTagli[i]);
+            for (const std::size_t i : marche(posta))
+                tagli += (tagli.empty() ? "" : "+") + testo_taglio(kTagli[i]);
             if (!poste[r].stampa || posta == 0) continue;
             marcate[0].valori.push_back(nome);
             marcate[1].valori.emplace_back(kNomiSorti[s]);

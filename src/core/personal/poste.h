@@ -40,11 +40,9 @@ inline constexpr std::array<std::string_view, kSorti> kNomiSorti{"Ambata", "Ambo
                                                                  "Cinquina"};
 /// The rows as the stake grid calls them, and as a slip does.
 inline constexpr std::array<std::string_view, kRighePiramide> kRigheSchedine{
-    "Ambata",  "Ambo",    "Terno",  "Quaterna", "Cinquina",
-    "Sestina", "settina", "Ottina", "Novina",   "Decina"};
+    "Ambata", "Ambo", "Terno", "Quaterna", "Cinquina", "Sestina", "settina", "Ottina", "Novina", "Decina"};
 inline constexpr std::array<std::string_view, kRighePiramide> kTitoliSchedine{
-    "Ambata",  "Ambo",    "Terzina", "Quartina", "Cinquina",
-    "Sestina", "Settina", "Ottina",  "Novina",   "Decina"};
+    "Ambata", "Ambo", "Terzina", "Quartina", "Cinquina", "Sestina", "Settina", "Ottina", "Novina", "Decina"};
 
 inline constexpr std::string_view kFilePoste = "impir.dat";
 
@@ -84,7 +82,8 @@ inline constexpr std::size_t kMarcheMassime = 5;
 /// What a cell's text is worth: digits, with points between the thousands and a comma before the decimals;
 /// decimals beyond the second are rounded. A text that is no number is worth 0.
 [[nodiscard]] Centesimi leggi_posta(std::string_view testo);
-/// A cell's text as it stands once the cell is left: two decimals, the last of them 0 or 5. "0,03" gives "0,00".
+/// A cell's text as it stands once the cell is left: two decimals, the last of them 0 or 5. "0,03" gives
+/// "0,00".
 [[nodiscard]] std::string posta_lasciata(std::string_view testo);
 
 /// The stakes on disk; the defaults where there is no file. A damaged file is told and left alone.

@@ -97,9 +97,10 @@ std::expected<TaraturaLotto, ErroreArchivio> apri_taratura_lotto(const std::file
     if (rovinata == 0 && (!secondo || *primo < 1 || *primo > 2)) rovinata = ultima;
     if (rovinata != 0)
         return std::unexpected(ErroreArchivio{
-            file, fmt::format("riga {}: attesi due numeri divisi da una virgola, o la riga vuota dopo ogni tabella. "
-                              "Il file resta com'è",
-                              rovinata)});
+            file, fmt::format(
+                      "riga {}: attesi due numeri divisi da una virgola, o la riga vuota dopo ogni tabella. "
+                      "Il file resta com'è",
+                      rovinata)});
     taratura.due = *primo == 2;
     return taratura;
 }
@@ -125,7 +126,8 @@ std::expected<TaraturaLotto, ErroreArchivio> taratura_per_stampa(const std::file
     std::error_code errore;
     if (std::filesystem::exists(cartella / kFileTaratura, errore)) return apri_taratura_lotto(cartella);
     const TaraturaLotto predefinita = default_taratura_lotto();
-    if (const auto scritta = SALVA_DATI(cartella, predefinita); !scritta) return std::unexpected(scritta.error());
+    if (const auto scritta = SALVA_DATI(cartella, predefinita); !scritta)
+        return std::unexpected(scritta.error());
     return predefinita;
 }
 

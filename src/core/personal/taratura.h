@@ -26,7 +26,7 @@ struct TaraturaLotto {
     std::array<std::array<PuntoSchedina, 20>, 6> poste{};
     std::array<PuntoSchedina, kRuote> ruote{};  ///< the ten wheels
     PuntoSchedina nazionale{};                  ///< the single point
-    bool due = false;                           ///< the first closing number: 2 with the screen's flag, else 1
+    bool due = false;  ///< the first closing number: 2 with the screen's flag, else 1
 
     friend bool operator==(const TaraturaLotto&, const TaraturaLotto&) = default;
 };
@@ -40,7 +40,8 @@ inline constexpr std::string_view kFileTaratura = "tarlo";
     const std::filesystem::path& cartella);
 [[nodiscard]] std::expected<void, ErroreArchivio> SALVA_DATI(const std::filesystem::path& cartella,
                                                              const TaraturaLotto& taratura);
-/// What printing a slip does: reads the calibration, and writes that of the defaults first where there is none.
+/// What printing a slip does: reads the calibration, and writes that of the defaults first where there is
+/// none.
 [[nodiscard]] std::expected<TaraturaLotto, ErroreArchivio> taratura_per_stampa(
     const std::filesystem::path& cartella);
 

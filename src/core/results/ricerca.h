@@ -49,15 +49,15 @@ struct Ricerca {
     Gioco gioco = Gioco::lotto;
     unsigned tabelle = 0;  ///< archive tables that it walks (stores/apertura.h); 0 needs no archive
     Opzioni opzioni{};     ///< what it takes beside the scope
-    FunzioneRicerca esegui = nullptr;     ///< null until the search is built: listed, but disabled
-    FunzioneCarica carica = nullptr;      ///< null where nothing but the archive is read
+    FunzioneRicerca esegui = nullptr;       ///< null until the search is built: listed, but disabled
+    FunzioneCarica carica = nullptr;        ///< null where nothing but the archive is read
     FunzioneControlla controlla = nullptr;  ///< null where the options agree whatever they are
-    std::string_view frase{};             ///< what it counts, in one sentence for the user
-    SelezioneRuote ruote{};               ///< wheels ticked when it opens
-    FunzioneRapporto rapporto = nullptr;  ///< how its result is printed; null: as a grid of measures
-    const Famiglia* famiglia = nullptr;   ///< the named series that it measures
-    bool schedine = false;                ///< its grid can be handed to the slip program
-    Dove dove = Dove::negli_elenchi;      ///< how the user comes to it
+    std::string_view frase{};               ///< what it counts, in one sentence for the user
+    SelezioneRuote ruote{};                 ///< wheels ticked when it opens
+    FunzioneRapporto rapporto = nullptr;    ///< how its result is printed; null: as a grid of measures
+    const Famiglia* famiglia = nullptr;     ///< the named series that it measures
+    bool schedine = false;                  ///< its grid can be handed to the slip program
+    Dove dove = Dove::negli_elenchi;        ///< how the user comes to it
 
     [[nodiscard]] constexpr std::string_view chiave() const { return nome.chiave; }
     [[nodiscard]] constexpr std::string_view titolo() const { return nome.titolo; }

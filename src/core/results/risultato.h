@@ -46,8 +46,8 @@ struct ColonnaGruppi {
     friend bool operator==(const ColonnaGruppi&, const ColonnaGruppi&) = default;
 };
 
-/// Texts of which there are few, each told many times: dates, wheels, drawn numbers that may be missing. Row r
-/// shows `voci[scelte[r]]`, so that a million dates take four bytes each.
+/// Texts of which there are few, each told many times: dates, wheels, drawn numbers that may be missing. Row
+/// r shows `voci[scelte[r]]`, so that a million dates take four bytes each.
 struct ColonnaVoci {
     std::vector<std::string> voci;
     std::vector<std::uint32_t> scelte;

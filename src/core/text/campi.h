@@ -8,18 +8,18 @@
 
 namespace sortimetra {
 
-// The comma-and-quote form of the small text files that older installations share: fields parted by ",", text in
-// double quotes, numbers bare, records ended by CR LF. Bytes are Windows-1252; what a field holds is told as it
-// stands in the file.
+// The comma-and-quote form of the small text files that older installations share: fields parted by ",", text
+// in double quotes, numbers bare, records ended by CR LF. Bytes are Windows-1252; what a field holds is told
+// as it stands in the file.
 
-/// Reads fields one after the other. A record may be read over several calls; a field that ends its line takes the
-/// line's end along.
+/// Reads fields one after the other. A record may be read over several calls; a field that ends its line
+/// takes the line's end along.
 class LettoreCampi {
   public:
     explicit LettoreCampi(std::string_view byte) : byte_{byte} {}
 
-    /// The next field: what stands between quotes, or a bare text without the blanks at its ends. Nothing at the
-    /// end of the file. A quote that is never closed runs to the end.
+    /// The next field: what stands between quotes, or a bare text without the blanks at its ends. Nothing at
+    /// the end of the file. A quote that is never closed runs to the end.
     [[nodiscard]] std::optional<std::string_view> campo();
     /// The next field as a whole number without sign; nothing for any other text.
     [[nodiscard]] std::optional<int> intero();
