@@ -492,11 +492,6 @@ void scrivi_csv(std::string& testo, const Tabella& tabella, RigheScelte scelte) 
     metti_righe<Csv>(penna, tabella, {tabella, scelte});
 }
 
-void scrivi_stringa_json(std::string& testo, std::string_view stringa) {
-    Penna penna{testo};
-    Json::testo(penna, stringa);
-}
-
 void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massimo) {
     const Risultato& risultato = *risposta.risultato;
     const RigheScelte prima{.ordine = risposta.ordine, .massimo = massimo};
