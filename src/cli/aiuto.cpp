@@ -55,13 +55,21 @@ void voce(std::string& testo, std::string_view nome, std::string_view frase) {
     scorri(testo, frase, kRientro, kRientro);
 }
 
-void voce(std::string& testo, const VoceOpzione& o) {
+/// An option of a command or of a search.
+template <class Voce>
+void voce(std::string& testo, const Voce& o) {
     std::string nome{o.nome};
     if (!o.meta.empty()) {
         nome += ' ';
         nome += o.meta;
     }
     voce(testo, nome, o.frase);
+}
+
+void titolo_gruppo(std::string& testo, std::string_view titolo) {
+    testo += '\n';
+    testo += titolo;
+    testo += '\n';
 }
 
 /// The options that `quali` accepts under a title; nothing if there is none.
@@ -71,14 +79,19 @@ void gruppo(std::string& testo, std::string_view titolo, Quali&& quali) {
     for (const VoceOpzione& o : opzioni()) {
         if (!quali(o)) continue;
         if (std::find(mostrate.begin(), mostrate.end(), o.nome) != mostrate.end()) continue;
-        if (mostrate.empty()) {
-            testo += '\n';
-            testo += titolo;
-            testo += '\n';
-        }
+        if (mostrate.empty() && !titolo.empty()) titolo_gruppo(testo, titolo);
         mostrate.push_back(o.nome);
         voce(testo, o);
     }
+}
+
+/// What the search takes, and what the command does for this search and not for every one.
+void opzioni_della_ricerca(std::string& testo, const Comando& comando, const Ricerca& ricerca) {
+    constexpr std::string_view kTitolo = "Opzioni di questa ricerca:";
+    if (!ricerca.opzioni.empty()) titolo_gruppo(testo, kTitolo);
+    for (const Opzione* o : ricerca.opzioni) voce(testo, *o);
+    gruppo(testo, ricerca.opzioni.empty() ? kTitolo : std::string_view{},
+           [&](const VoceOpzione& o) { return o.ammessa != nullptr && conosce(o, comando.bit, &ricerca); });
 }
 
 bool di_ogni_comando(const VoceOpzione& o) {
@@ -124,15 +137,13 @@ std::string aiuto_comando(const Comando& comando, const Ricerca* ricerca) {
     t += comando.nome;
     if (ricerca != nullptr) {
         t += " \"";
-        t += ricerca->chiave;
+        t += ricerca->chiave();
         t += "\" [opzioni]\n\n";
-        t += ricerca->titolo;
+        t += ricerca->titolo();
         t += '\n';
         paragrafo(t, ricerca->frase);
         if (!ricerca->pronta()) t += "Questa ricerca non è ancora disponibile.\n";
-        gruppo(t, "Opzioni di questa ricerca:", [&](const VoceOpzione& o) {
-            return o.opzione != 0 && conosce(o, comando.bit, ricerca);
-        });
+        opzioni_della_ricerca(t, comando, *ricerca);
     } else {
         if (!comando.argomenti.empty()) {
             t += ' ';
@@ -150,7 +161,7 @@ std::string aiuto_comando(const Comando& comando, const Ricerca* ricerca) {
     }
     const bool cerca = (comando.bit & (kComRicerca | kComStampa)) != 0;
     const auto sua = [&](const VoceOpzione& o) {
-        return o.opzione == 0 && !di_ogni_comando(o) && conosce(o, comando.bit, ricerca);
+        return o.ammessa == nullptr && !di_ogni_comando(o) && conosce(o, comando.bit, ricerca);
     };
     const auto di_ambito = [](const VoceOpzione& o) {
         return o.nome == "--ruote" || o.nome == "--intervallo" || o.nome == "--da" || o.nome == "--a";

@@ -97,7 +97,7 @@ std::expected<void, std::string> trova_chiave(std::string_view comando, Richiest
     if (richiesta.argomenti.size() > 1 && trova_ricerca(rifila(unita)) != nullptr)
         return std::unexpected(fmt::format("la CHIAVE va scritta fra virgolette: \"{}\".", unita));
     std::vector<std::string_view> chiavi;
-    for (const Ricerca& r : ricerche()) chiavi.push_back(r.chiave);
+    for (const Ricerca& r : ricerche()) chiavi.push_back(r.chiave());
     return std::unexpected(
         fmt::format("nessuna ricerca ha la chiave \"{}\".{}", unita, volevi_dire(unita, chiavi, 3)));
 }
@@ -175,9 +175,9 @@ int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& usci
         if (const auto trovata = trova_chiave(nome, richiesta); !trovata)
             return uso_errato(canali, trovata.error(), nome);
         if (data(*parole, "--aiuto")) return consegna(canali, aiuto_comando(*comando, richiesta.ricerca));
-        richiesta.domanda.ambito.ruote = richiesta.ricerca->ruote;
+        richiesta.domanda = domanda_intatta(*richiesta.ricerca);
     }
-    const std::string aiuto_di = cerca ? fmt::format("{} '{}'", nome, richiesta.ricerca->chiave) : nome;
+    const std::string aiuto_di = cerca ? fmt::format("{} '{}'", nome, richiesta.ricerca->chiave()) : nome;
     if (const auto lette = leggi_opzioni(*parole, comando->bit, nome, richiesta); !lette)
         return uso_errato(canali, lette.error(), aiuto_di);
     if (!richiesta.argomenti.empty())

@@ -1,3 +1,4 @@
+#include "catalogue/nomi.h"
 #include "catalogue/ricerche.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
@@ -34,16 +35,16 @@ int comando_elenco(Richiesta& richiesta, const Canali& canali) {
     const auto voce = [&](std::string_view scheda, std::string_view gruppo, std::string_view nome,
                           const Ricerca& r) {
         const std::string_view perche_no = impedimento(r, presenti);
-        elencate.insert(r.chiave);
+        elencate.insert(r.chiave());
         const std::string eseguibile = perche_no.empty() ? "sì" : "no: " + std::string{perche_no};
         for (std::size_t c = 0;
-             const std::string_view testo : {scheda, gruppo, nome, r.chiave, std::string_view{eseguibile}})
+             const std::string_view testo : {scheda, gruppo, nome, r.chiave(), std::string_view{eseguibile}})
             colonne[c++].valori.emplace_back(testo);
         if (richiesta.json)
             lista.push_back({{"scheda", scheda},
                              {"gruppo", gruppo},
                              {"ricerca", nome},
-                             {"chiave", r.chiave},
+                             {"chiave", r.chiave()},
                              {"eseguibile", perche_no.empty()},
                              {"motivo", perche_no}});
     };
@@ -53,11 +54,11 @@ int comando_elenco(Richiesta& richiesta, const Canali& canali) {
                 if (const Ricerca* r = trova_ricerca(nome)) voce(s.nome, e.nome, nome, *r);
             // A group without a list is a button that opens its search at once.
             if (e.voci.empty())
-                if (const Ricerca* r = trova_ricerca(kChiaveTabellaRitardi))
-                    voce(s.nome, e.nome, r->titolo, *r);
+                if (const Ricerca* r = trova_ricerca(nomi::kMiglioriRitardi.chiave))
+                    voce(s.nome, e.nome, r->titolo(), *r);
         }
     for (const Ricerca& r : ricerche())
-        if (!elencate.contains(r.chiave)) voce("(fuori dal catalogo)", "", r.titolo, r);
+        if (!elencate.contains(r.chiave())) voce("(fuori dal catalogo)", "", r.titolo(), r);
 
     std::string testo;
     if (richiesta.json) {

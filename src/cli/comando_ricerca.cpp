@@ -10,6 +10,7 @@
 #include <fmt/core.h>
 
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -33,53 +34,51 @@ std::expected<void, ErroreArchivio> scrivi_uscita(const std::filesystem::path& f
 
 /// Hands the grid to the slip program: writes its system and adds the label `file`. Returns the exit code of
 /// what went wrong.
-std::optional<int> consegna_schedina(const Richiesta& richiesta, Risultato& risultato, const Canali& canali) {
+std::optional<int> consegna_schedina(const Richiesta& richiesta, Risposta& risposta, const Canali& canali) {
     const auto errato = [&](const std::string& perche) {
         return uso_errato(canali, fmt::format("--schedina: {}", perche),
-                          fmt::format("ricerca '{}'", risultato.chiave));
+                          fmt::format("ricerca '{}'", risposta.ricerca().chiave()));
     };
-    const Tabella& griglia = risultato.tabelle.front();
-    if (richiesta.domanda.parametri.tutte_le_ruote || !ammette_schedina(risultato.chiave, griglia))
-        return errato("questa griglia non ha schedine.");
-    if (static_cast<std::size_t>(*richiesta.domanda.parametri.schedina) > griglia.righe())
-        return errato(fmt::format("trovato \"{}\", attesa una riga da 1 a {}.",
-                                  *richiesta.domanda.parametri.schedina, griglia.righe()));
-    auto scritta = scrivi_schedina(cartella_programma(richiesta.cartella), risultato.chiave, griglia, oggi());
+    const std::size_t righe = risposta.risultato->tabelle.front().righe();
+    if (!ammette_schedina(risposta)) return errato("questa griglia non ha schedine.");
+    if (static_cast<std::size_t>(*richiesta.schedina) > righe)
+        return errato(fmt::format("trovato \"{}\", attesa una riga da 1 a {}.", *richiesta.schedina, righe));
+    auto scritta = scrivi_schedina(cartella_programma(richiesta.cartella), risposta, oggi());
     if (!scritta) {
         lamenta(canali, scritta.error().testo());
         return kSenzaDati;
     }
-    risultato.etichette.push_back({"file", std::move(scritta->file)});
+    auto con_file = std::make_shared<Risultato>(*risposta.risultato);
+    con_file->etichette.push_back({"file", std::move(scritta->file)});
+    risposta.risultato = std::move(con_file);
     return std::nullopt;
 }
 
 }  // namespace
 
 int comando_ricerca(Richiesta& richiesta, const Canali& canali) {
-    auto eseguita = fai_ricerca(richiesta, canali);
-    if (!eseguita) return eseguita.error();
-    Risultato& risultato = eseguita->risultato;
+    auto risposta = fai_ricerca(richiesta, canali);
+    if (!risposta) return risposta.error();
+    if (const auto codice = ordina_risposta(richiesta, *risposta, canali)) return *codice;
+    if (richiesta.schedina && risposta->prodotta())
+        if (const auto codice = consegna_schedina(richiesta, *risposta, canali)) return *codice;
 
-    const auto ordine = ordine_richiesto(richiesta, risultato, canali);
-    if (!ordine) return ordine.error();
-    if (richiesta.domanda.parametri.schedina && risultato.prodotto)
-        if (const auto codice = consegna_schedina(richiesta, risultato, canali)) return *codice;
-    RigheScelte scelte{.ordine = *ordine};
-    if (richiesta.prime) scelte.massimo = *richiesta.prime;
-
+    const auto& tabelle = risposta->risultato->tabelle;
+    const std::size_t massimo = richiesta.prime.value_or(kOgniRiga);
     std::string testo;
     switch (richiesta.formato) {
         case Formato::Json:
-            scrivi_json(testo, risultato, scelte);
+            scrivi_json(testo, *risposta, massimo);
             break;
         case Formato::Csv:
-            if (!risultato.tabelle.empty()) scrivi_csv(testo, risultato.tabelle.front(), scelte);
+            if (!tabelle.empty())
+                scrivi_csv(testo, tabelle.front(), {.ordine = risposta->ordine, .massimo = massimo});
             break;
         case Formato::Tabella:
-            if (!risultato.tabelle.empty()) scrivi_terminale(testo, risultato, scelte);
+            if (!tabelle.empty()) scrivi_terminale(testo, *risposta, massimo);
             break;
     }
-    const int codice = risultato.prodotto ? kRiuscito : kSenzaDati;
+    const int codice = risposta->prodotta() ? kRiuscito : kSenzaDati;
     // Without anything to say the file of -o is left alone.
     if (testo.empty()) return codice;
     if (!richiesta.file) return consegna(canali, testo, codice);

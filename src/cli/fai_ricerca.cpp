@@ -7,55 +7,50 @@
 
 #include <fmt/core.h>
 
+#include <memory>
 #include <utility>
 
 namespace sortimetra {
 
-std::expected<RicercaEseguita, int> fai_ricerca(Richiesta& richiesta, const Canali& canali) {
+std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canali& canali) {
     const Ricerca& ricerca = *richiesta.ricerca;
-    RicercaEseguita eseguita;
     if (!ricerca.pronta()) {
-        lamenta(canali, fmt::format("la ricerca \"{}\" non è ancora disponibile.", ricerca.chiave));
-        eseguita.risultato = non_avviata({});
-        eseguita.risultato.chiave = ricerca.chiave;
-        eseguita.risultato.titolo = ricerca.titolo;
-        return eseguita;
+        lamenta(canali, fmt::format("la ricerca \"{}\" non è ancora disponibile.", ricerca.chiave()));
+        return Risposta{.domanda = richiesta.domanda,
+                        .risultato = std::make_shared<const Risultato>(non_avviata({}))};
     }
     const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
-    richiesta.domanda.chiave = ricerca.chiave;
-    richiesta.domanda.cartella = sessione.percorso_programma;
+    ArchivioEstrazioni archivio;
     if (ricerca.tabelle != 0) {
         auto aperto = apri_per_leggere(sessione, ricerca.tabelle, canali);
         if (!aperto) return std::unexpected(kArchivioChiuso);
-        eseguita.archivio = std::move(*aperto);
+        archivio = std::move(*aperto);
     }
     AvanzamentoRiga avanzamento{canali, "ricerca in corso"};
-    eseguita.risultato = esegui(ricerca, eseguita.archivio, richiesta.domanda, avanzamento);
+    Risposta risposta = rispondi(richiesta.domanda, archivio, sessione.percorso_programma, avanzamento);
     avanzamento.finito();
 
-    const Risultato& r = eseguita.risultato;
+    const Risultato& r = *risposta.risultato;
     for (const std::string& nota : r.note) canali.errori << nota << '\n';
     if (!r.prodotto && r.messaggi.empty()) lamenta(canali, "la ricerca non ha dati.");
     // A message of a search that went well is part of the JSON object; who reads a table must see it too.
     if (!r.prodotto || richiesta.formato != Formato::Json)
-        for (const std::string& m : r.messaggi) lamenta(canali, m);
-    return eseguita;
+        for (const Messaggio& m : r.messaggi) lamenta(canali, m.testo);
+    return risposta;
 }
 
-std::expected<std::vector<std::uint32_t>, int> ordine_richiesto(const Richiesta& richiesta,
-                                                                const Risultato& risultato,
-                                                                const Canali& canali) {
+std::optional<int> ordina_risposta(const Richiesta& richiesta, Risposta& risposta, const Canali& canali) {
     const auto& o = richiesta.ordina;
-    if (!o || risultato.tabelle.empty() || risultato.tabelle.front().n_colonne() == 0)
-        return std::vector<std::uint32_t>{};
-    const Tabella& prima = risultato.tabelle.front();
+    const auto& tabelle = risposta.risultato->tabelle;
+    if (!o || tabelle.empty() || tabelle.front().n_colonne() == 0) return std::nullopt;
+    const Tabella& prima = tabelle.front();
     if (o->colonna >= prima.n_colonne())
-        return std::unexpected(
-            uso_errato(canali,
-                       fmt::format("--ordina: trovato \"{}\", atteso il numero di una colonna da 0 a {}.",
-                                   o->colonna, prima.n_colonne() - 1),
-                       fmt::format("ricerca '{}'", risultato.chiave)));
-    return ordina(prima, o->colonna, o->verso);
+        return uso_errato(canali,
+                          fmt::format("--ordina: trovato \"{}\", atteso il numero di una colonna da 0 a {}.",
+                                      o->colonna, prima.n_colonne() - 1),
+                          fmt::format("ricerca '{}'", risposta.ricerca().chiave()));
+    risposta.ordine = ordina(prima, o->colonna, o->verso);
+    return std::nullopt;
 }
 
 }  // namespace sortimetra

@@ -16,57 +16,6 @@ namespace {
 
 // ---- values ----
 
-/// A whole number, digits with a sign before them or none; one too large for its type becomes the largest, as
-/// a box brings it back. Nothing for any other text.
-std::optional<std::int32_t> intero(std::string_view testo) {
-    testo = rifila(testo);
-    if (testo.starts_with('+')) {
-        testo.remove_prefix(1);
-        if (testo.starts_with('-')) return std::nullopt;
-    }
-    std::int32_t n = 0;
-    const auto [fine, errore] = std::from_chars(testo.data(), testo.data() + testo.size(), n);
-    if (fine != testo.data() + testo.size() || errore == std::errc::invalid_argument) return std::nullopt;
-    if (errore == std::errc::result_out_of_range)
-        return testo.starts_with('-') ? std::numeric_limits<std::int32_t>::min()
-                                      : std::numeric_limits<std::int32_t>::max();
-    return n;
-}
-
-std::optional<std::int32_t> intero_fra(std::string_view testo, std::int32_t minimo, std::int32_t massimo) {
-    const auto n = intero(testo);
-    return n && *n >= minimo && *n <= massimo ? n : std::nullopt;
-}
-
-/// The pieces of a list joined by ",", blanks at their ends removed; an empty list has one empty piece.
-std::vector<std::string_view> pezzi(std::string_view elenco) {
-    std::vector<std::string_view> p;
-    while (true) {
-        const auto virgola = elenco.find(',');
-        p.push_back(rifila(elenco.substr(0, virgola)));
-        if (virgola == std::string_view::npos) return p;
-        elenco.remove_prefix(virgola + 1);
-    }
-}
-
-std::optional<std::vector<int>> interi(std::string_view elenco, std::int32_t minimo, std::int32_t massimo) {
-    std::vector<int> numeri;
-    for (const std::string_view p : pezzi(elenco)) {
-        const auto n = intero_fra(p, minimo, massimo);
-        if (!n) return std::nullopt;
-        numeri.push_back(*n);
-    }
-    return numeri;
-}
-
-/// Place of a word in a list, without regard to case.
-std::optional<int> posto(std::string_view parola, std::span<const std::string_view> parole) {
-    const std::string cercata = minuscolo(rifila(parola));
-    for (std::size_t i = 0; i < parole.size(); ++i)
-        if (minuscolo(parole[i]) == cercata) return static_cast<int>(i);
-    return std::nullopt;
-}
-
 bool metti(std::int32_t& dove, std::optional<std::int32_t> valore) {
     if (valore) dove = *valore;
     return valore.has_value();
@@ -75,8 +24,6 @@ bool metti(std::int32_t& dove, std::optional<std::int32_t> valore) {
 // ---- words ----
 
 constexpr std::array<std::string_view, 3> kFormati{"tabella", "csv", "json"};
-constexpr std::array<std::string_view, 2> kTipi{"ambata", "ambo"};
-constexpr std::array<std::string_view, 3> kTipiTerno{"ambata", "ambo", "terno"};
 constexpr std::array<std::string_view, 13> kRuoteParole{"BA", "CA", "FI", "GE", "MI",    "NA",     "PA",
                                                         "RM", "TO", "VE", "NZ", "TUTTE", "nessuna"};
 
@@ -98,14 +45,14 @@ bool ha_calendario(const Ricerca& r) {
 
 /// A wheel by its code in any case; 10 for TUTTE.
 std::optional<int> ruota(std::string_view parola) {
-    const auto p = posto(parola, kRuoteParole);
+    const auto p = posto_parola(parola, kRuoteParole);
     if (!p || *p > kTutte + 1) return std::nullopt;
     return *p < kTutte ? *p : *p == kTutte ? kNazionale : kTutte;
 }
 
 bool leggi_ruote(std::string_view valore, Richiesta& r) {
     SelezioneRuote scelte = SelezioneRuote::nessuna();
-    const auto parole = pezzi(valore);
+    const auto parole = pezzi_opzione(valore);
     if (parole.size() == 1 && minuscolo(parole.front()) == "nessuna") {
         r.domanda.ambito.ruote = scelte;
         return true;
@@ -126,7 +73,7 @@ std::string spiega_ruote(std::string_view valore, const Richiesta&) {
         "e "
         "nessuna";
     std::string perche = "TUTTE, NZ e nessuna valgono soltanto da sole.";
-    for (const std::string_view p : pezzi(valore)) {
+    for (const std::string_view p : pezzi_opzione(valore)) {
         if (ruota(p) || minuscolo(p) == "nessuna") continue;
         std::string vicina = volevi_dire(p, kRuoteParole);
         // A wheel's full name is many letters away from its code.
@@ -169,10 +116,10 @@ std::string spiega_intervallo(std::string_view valore, const Richiesta& r) {
 }
 
 bool leggi_da(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.ambito.tratto.da, intero(valore));
+    return metti(r.domanda.ambito.tratto.da, intero_opzione(valore));
 }
 bool leggi_a(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.ambito.tratto.a, intero(valore));
+    return metti(r.domanda.ambito.tratto.a, intero_opzione(valore));
 }
 
 bool leggi_percorso(std::string_view valore, std::optional<std::filesystem::path>& dove) {
@@ -208,14 +155,15 @@ bool leggi_json(std::string_view, Richiesta& r) {
 }
 
 bool leggi_formato(std::string_view valore, Richiesta& r) {
-    const auto p = posto(valore, kFormati);
+    const auto p = posto_parola(valore, kFormati);
     if (p) r.formato = static_cast<Formato>(*p);
     return p.has_value();
 }
 
 bool leggi_ordina(std::string_view valore, Richiesta& r) {
     const auto due_punti = valore.find(':');
-    const auto colonna = intero_fra(valore.substr(0, due_punti), 0, std::numeric_limits<std::int32_t>::max());
+    const auto colonna =
+        intero_opzione(valore.substr(0, due_punti), 0, std::numeric_limits<std::int32_t>::max());
     if (!colonna) return false;
     Ordinamento o{.colonna = static_cast<std::size_t>(*colonna)};
     if (due_punti != std::string_view::npos) {
@@ -228,69 +176,14 @@ bool leggi_ordina(std::string_view valore, Richiesta& r) {
 }
 
 bool leggi_prime(std::string_view valore, Richiesta& r) {
-    const auto n = intero_fra(valore, 0, std::numeric_limits<std::int32_t>::max());
+    const auto n = intero_opzione(valore, 0, std::numeric_limits<std::int32_t>::max());
     if (n) r.prime = static_cast<std::size_t>(*n);
     return n.has_value();
 }
 
-bool leggi_tipo(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.parametri.combo_rit, posto(valore, kTipi));
-}
-bool leggi_tipo_terno(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.parametri.combo_rit, posto(valore, kTipiTerno));
-}
-
-/// Digits only: what the box lets one type. Whether it is a number of the game, the search tells.
-bool leggi_capi(std::string_view valore, Richiesta& r, std::size_t massimo) {
-    const auto capi = interi(valore, 0, std::numeric_limits<std::int32_t>::max());
-    if (!capi || capi->size() > massimo) return false;
-    r.domanda.parametri.capogioco = *capi;
-    return true;
-}
-bool leggi_capogioco(std::string_view valore, Richiesta& r) {
-    return leggi_capi(valore, r, 1);
-}
-bool leggi_ambo_capo(std::string_view valore, Richiesta& r) {
-    return leggi_capi(valore, r, 2);
-}
-
-bool leggi_numeri(std::string_view valore, Richiesta& r) {
-    const int massimo = r.ricerca->gioco == Gioco::win_for_life ? kNumeriWinForLife : kNumeri;
-    auto numeri = interi(valore, 1, massimo);
-    if (!numeri) return false;
-    // A decomposition takes its numbers as they come; everywhere else a number repeated counts once.
-    if (!r.ricerca->ammette(kOpzSorte)) {
-        std::vector<int> unici;
-        for (const int n : *numeri)
-            if (std::find(unici.begin(), unici.end(), n) == unici.end()) unici.push_back(n);
-        numeri = std::move(unici);
-    }
-    r.domanda.parametri.numeri = std::move(*numeri);
-    return true;
-}
-
-bool leggi_sorte(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.parametri.sorte, intero_fra(valore, 1, 5));
-}
-bool leggi_estratto(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.parametri.estratto, intero_fra(valore, 1, kEstratti));
-}
-bool leggi_tutte_le_ruote(std::string_view, Richiesta& r) {
-    return r.domanda.parametri.tutte_le_ruote = true;
-}
-bool leggi_concorso(std::string_view valore, Richiesta& r) {
-    r.domanda.parametri.concorso = intero(valore);
-    return r.domanda.parametri.concorso.has_value();
-}
-bool leggi_pagina(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.parametri.pagina, intero_fra(valore, 1, 2));
-}
-bool leggi_indice_combo(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.parametri.indice_combo, intero_fra(valore, -1, 2));
-}
 bool leggi_schedina(std::string_view valore, Richiesta& r) {
-    r.domanda.parametri.schedina = intero_fra(valore, 1, std::numeric_limits<std::int32_t>::max());
-    return r.domanda.parametri.schedina.has_value();
+    r.schedina = intero_opzione(valore, 1, kInteroMassimo);
+    return r.schedina.has_value();
 }
 
 // ---- the table ----
@@ -298,93 +191,13 @@ bool leggi_schedina(std::string_view valore, Richiesta& r) {
 constexpr unsigned kCerca = kComRicerca | kComStampa;
 
 constexpr auto kOpzioni = std::to_array<VoceOpzione>({
-    // What a search takes.
-    {.nome = "--tipo",
-     .meta = "TIPO",
-     .atteso = "ambata|ambo|terno",
-     .frase = "Quanti numeri di una combinazione devono uscire insieme: uno, due o tre. Se manca: ambata.",
-     .comandi = kCerca,
-     .opzione = kOpzTipoTerno,
-     .parole = kTipiTerno,
-     .leggi = leggi_tipo_terno},
-    {.nome = "--tipo",
-     .meta = "TIPO",
-     .atteso = "ambata|ambo",
-     .frase =
-         "Che cosa conta come uscita: basta un numero della serie (ambata) oppure ne servono due (ambo). "
-         "Se manca: ambata.",
-     .comandi = kCerca,
-     .opzione = kOpzTipo,
-     .parole = kTipi,
-     .leggi = leggi_tipo},
-    {.nome = "--capogioco",
-     .meta = "K",
-     .atteso = "un numero",
-     .frase = "Il capogioco, da 1 a 90.",
-     .comandi = kCerca,
-     .opzione = kOpzCapogioco,
-     .leggi = leggi_capogioco},
-    {.nome = "--capogioco",
-     .meta = "A,B",
-     .atteso = "due numeri uniti da una virgola",
-     .frase = "I due capigioco, da 1 a 90: --capogioco 12,45.",
-     .comandi = kCerca,
-     .opzione = kOpzAmboCapo,
-     .leggi = leggi_ambo_capo},
-    {.nome = "--tutte-le-ruote",
-     .frase = "La tabella dei ritardi ruota per ruota, in luogo di quella delle ruote scelte.",
-     .comandi = kCerca,
-     .opzione = kOpzTutteLeRuote,
-     .leggi = leggi_tutte_le_ruote},
-    {.nome = "--numeri",
-     .meta = "ELENCO",
-     .atteso = "numeri del gioco uniti da virgole",
-     .frase = "I tuoi numeri, uniti da virgole: --numeri 5,17,90.",
-     .comandi = kCerca,
-     .opzione = kOpzNumeri,
-     .leggi = leggi_numeri},
-    {.nome = "--sorte",
-     .meta = "K",
-     .atteso = "un numero da 1 a 5",
-     .frase = "Di quanti numeri è ogni combinazione. Se manca: 2.",
-     .comandi = kCerca,
-     .opzione = kOpzSorte,
-     .leggi = leggi_sorte},
-    {.nome = "--estratto",
-     .meta = "K",
-     .atteso = "un numero da 1 a 5",
-     .frase = "Il posto in cui i dieci numeri sono usciti, da 1 a 5. Se manca: 1.",
-     .comandi = kCerca,
-     .opzione = kOpzEstratto,
-     .leggi = leggi_estratto},
-    {.nome = "--concorso",
-     .meta = "N",
-     .atteso = "un numero",
-     .frase = "Il concorso al quale guardare. Se manca: l'ultimo.",
-     .comandi = kCerca,
-     .opzione = kOpzConcorso,
-     .leggi = leggi_concorso},
-    {.nome = "--pagina",
-     .meta = "P",
-     .atteso = "1|2",
-     .frase = "La pagina del tabellone. Se manca: 1.",
-     .comandi = kCerca,
-     .opzione = kOpzPagina,
-     .leggi = leggi_pagina},
-    {.nome = "--indice-combo",
-     .meta = "I",
-     .atteso = "un numero da -1 a 2",
-     .frase = "La scelta rimasta nella finestra delle statistiche: -1 nessuna, 0 all'Ambata, 1 all'Ambo. "
-              "Se manca: -1.",
-     .comandi = kCerca,
-     .opzione = kOpzIndiceCombo,
-     .leggi = leggi_indice_combo},
     {.nome = "--schedina",
      .meta = "RIGA",
      .atteso = "il numero di una riga della tabella, da 1",
-     .frase = "Prepara il sistema da giocare a partire da questa riga della tabella, contata da 1.",
+     .frase =
+         "Prepara come sistema da giocare tutte le righe della tabella. RIGA, contata da 1, deve esserci.",
      .comandi = kComRicerca,
-     .opzione = kOpzSchedina,
+     .ammessa = [](const Ricerca& r) { return r.schedine; },
      .leggi = leggi_schedina},
     // The scope.
     {.nome = "--ruote",
@@ -505,22 +318,22 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .leggi = leggi_versione},
 });
 
-/// Whether an option of this name is followed by a value; nothing if there is no such option. The same for
-/// all rows of a name, so that a line can be told apart before its command is known.
-std::optional<bool> vuole_valore(std::string_view nome) {
-    const auto it =
-        std::find_if(kOpzioni.begin(), kOpzioni.end(), [&](const VoceOpzione& v) { return v.nome == nome; });
-    if (it == kOpzioni.end()) return std::nullopt;
-    return !it->meta.empty();
+/// Calls `visita(nome, meta, atteso)` for every option of the program, those of the searches first.
+template <class Visita>
+void ogni_opzione(Visita&& visita) {
+    for (const Opzione* o : opzioni_ricerche()) visita(o->nome, o->meta, o->atteso);
+    for (const VoceOpzione& o : kOpzioni) visita(o.nome, o.meta, o.atteso);
 }
 
-constexpr bool valori_concordi() {
-    for (const VoceOpzione& a : kOpzioni)
-        for (const VoceOpzione& b : kOpzioni)
-            if (a.nome == b.nome && a.meta.empty() != b.meta.empty()) return false;
-    return true;
+/// What follows an option of this name, as an error says it ("" for a switch); nothing if there is no such
+/// option. The same for all of a name, so that a line can be told apart before its command is known.
+std::optional<std::string_view> valore_atteso(std::string_view nome) {
+    std::optional<std::string_view> trovato;
+    ogni_opzione([&](std::string_view n, std::string_view meta, std::string_view atteso) {
+        if (n == nome && !trovato) trovato = meta.empty() ? std::string_view{} : atteso;
+    });
+    return trovato;
 }
-static_assert(valori_concordi());
 
 /// "-" followed by something that is no digit: an option, even one that does not exist.
 bool sembra_opzione(std::string_view parola) {
@@ -535,7 +348,7 @@ std::span<const VoceOpzione> opzioni() {
 
 bool conosce(const VoceOpzione& voce, unsigned comando, const Ricerca* ricerca) {
     if ((voce.comandi & comando) == 0) return false;
-    return voce.opzione == 0 || ricerca == nullptr || (ricerca->opzioni & voce.opzione) != 0;
+    return voce.ammessa == nullptr || ricerca == nullptr || voce.ammessa(*ricerca);
 }
 
 std::expected<Parole, std::string> separa(std::span<const std::string> parole) {
@@ -556,17 +369,13 @@ std::expected<Parole, std::string> separa(std::span<const std::string> parole) {
             data.nome = parola.substr(0, uguale);
             data.valore = parola.substr(uguale + 1);
         }
-        const auto vuole = vuole_valore(data.nome);
-        if (vuole == false && data.valore)
+        const auto atteso = valore_atteso(data.nome);
+        if (atteso && atteso->empty() && data.valore)
             return std::unexpected(
                 fmt::format("{} non prende un valore (trovato \"{}\").", data.nome, *data.valore));
-        if (vuole == true && !data.valore) {
+        if (atteso && !atteso->empty() && !data.valore) {
             if (i + 1 == parole.size() || sembra_opzione(parole[i + 1]))
-                return std::unexpected(
-                    fmt::format("{}: manca il valore, atteso {}.", data.nome,
-                                std::find_if(kOpzioni.begin(), kOpzioni.end(), [&](const VoceOpzione& v) {
-                                    return v.nome == data.nome;
-                                })->atteso));
+                return std::unexpected(fmt::format("{}: manca il valore, atteso {}.", data.nome, *atteso));
             data.valore = parole[++i];
         }
         p.date.push_back(std::move(data));
@@ -574,38 +383,70 @@ std::expected<Parole, std::string> separa(std::span<const std::string> parole) {
     return p;
 }
 
+namespace {
+
+/// Why an option of this name is not taken: another command's, another search's, or nobody's.
+std::string opzione_estranea(std::string_view nome, unsigned comando, std::string_view nome_comando,
+                             const Ricerca* ricerca) {
+    if (valore_atteso(nome)) {
+        if (ricerca != nullptr)
+            return fmt::format("{} non è un'opzione di {} \"{}\".", nome, nome_comando, ricerca->chiave());
+        return fmt::format("{} non è un'opzione di {}.", nome, nome_comando);
+    }
+    std::vector<std::string_view> nomi;
+    if (ricerca != nullptr)
+        for (const Opzione* o : ricerca->opzioni) nomi.push_back(o->nome);
+    for (const VoceOpzione& v : kOpzioni)
+        if (conosce(v, comando, ricerca)) nomi.push_back(v.nome);
+    const bool inglese = nome == "--help" || nome == "-h" || nome == "-?";
+    return fmt::format("opzione sconosciuta {}.{}", nome,
+                       inglese ? std::string{" Volevi dire \"--aiuto\"?"} : volevi_dire(nome, nomi));
+}
+
+/// Reads one option of the search itself. Nothing if it has no such option.
+std::optional<std::expected<void, std::string>> leggi_di_ricerca(const OpzioneData& data,
+                                                                 Richiesta& richiesta) {
+    if (richiesta.ricerca == nullptr) return std::nullopt;
+    const std::string_view valore = data.valore ? std::string_view{*data.valore} : std::string_view{};
+    for (const Opzione* o : richiesta.ricerca->opzioni) {
+        if (o->nome != data.nome) continue;
+        if (o->leggi(valore, richiesta.domanda)) return std::expected<void, std::string>{};
+        return std::unexpected(fmt::format("{}: trovato \"{}\", atteso {}.{}", o->nome, valore, o->atteso,
+                                           volevi_dire(valore, o->parole)));
+    }
+    return std::nullopt;
+}
+
+std::expected<void, std::string> leggi_di_comando(const OpzioneData& data, const VoceOpzione& voce,
+                                                  Richiesta& richiesta) {
+    const std::string_view valore = data.valore ? std::string_view{*data.valore} : std::string_view{};
+    if (voce.leggi(valore, richiesta)) return {};
+    if (voce.spiega != nullptr)
+        return std::unexpected(fmt::format("{}: {}", voce.nome, voce.spiega(valore, richiesta)));
+    return std::unexpected(fmt::format("{}: trovato \"{}\", atteso {}.{}", voce.nome, valore, voce.atteso,
+                                       volevi_dire(valore, voce.parole)));
+}
+
+}  // namespace
+
 std::expected<void, std::string> leggi_opzioni(const Parole& parole, unsigned comando,
                                                std::string_view nome_comando, Richiesta& richiesta) {
     std::vector<std::string_view> viste;
     for (const OpzioneData& data : parole.date) {
-        const auto voce = std::find_if(kOpzioni.begin(), kOpzioni.end(), [&](const VoceOpzione& v) {
-            return v.nome == data.nome && conosce(v, comando, richiesta.ricerca);
-        });
-        if (voce == kOpzioni.end()) {
-            if (vuole_valore(data.nome)) {
-                if (richiesta.ricerca != nullptr)
-                    return std::unexpected(fmt::format("{} non è un'opzione di {} \"{}\".", data.nome,
-                                                       nome_comando, richiesta.ricerca->chiave));
-                return std::unexpected(fmt::format("{} non è un'opzione di {}.", data.nome, nome_comando));
-            }
-            std::vector<std::string_view> nomi;
-            for (const VoceOpzione& v : kOpzioni)
-                if (conosce(v, comando, richiesta.ricerca)) nomi.push_back(v.nome);
-            const bool inglese = data.nome == "--help" || data.nome == "-h" || data.nome == "-?";
-            return std::unexpected(fmt::format(
-                "opzione sconosciuta {}.{}", data.nome,
-                inglese ? std::string{" Volevi dire \"--aiuto\"?"} : volevi_dire(data.nome, nomi)));
+        auto letta = leggi_di_ricerca(data, richiesta);
+        if (!letta) {
+            const auto voce = std::find_if(kOpzioni.begin(), kOpzioni.end(), [&](const VoceOpzione& v) {
+                return v.nome == data.nome && conosce(v, comando, richiesta.ricerca);
+            });
+            if (voce == kOpzioni.end())
+                return std::unexpected(opzione_estranea(data.nome, comando, nome_comando, richiesta.ricerca));
+            letta = leggi_di_comando(data, *voce, richiesta);
         }
         // Twice the same option is more often a slip than a wish: --da 100 --da 200.
-        if (std::find(viste.begin(), viste.end(), voce->nome) != viste.end())
-            return std::unexpected(fmt::format("{} è data due volte.", voce->nome));
-        viste.push_back(voce->nome);
-        const std::string_view valore = data.valore ? std::string_view{*data.valore} : std::string_view{};
-        if (voce->leggi(valore, richiesta)) continue;
-        if (voce->spiega != nullptr)
-            return std::unexpected(fmt::format("{}: {}", voce->nome, voce->spiega(valore, richiesta)));
-        return std::unexpected(fmt::format("{}: trovato \"{}\", atteso {}.{}", voce->nome, valore,
-                                           voce->atteso, volevi_dire(valore, voce->parole)));
+        if (std::find(viste.begin(), viste.end(), data.nome) != viste.end())
+            return std::unexpected(fmt::format("{} è data due volte.", data.nome));
+        viste.push_back(data.nome);
+        if (!*letta) return *letta;
     }
     return {};
 }

@@ -36,6 +36,7 @@ struct Richiesta {
     bool json = false;
     std::optional<Ordinamento> ordina;
     std::optional<std::size_t> prime;
+    std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;
     bool aiuto = false;
     bool versione = false;
@@ -54,23 +55,23 @@ enum Comandi : unsigned {
     kOgniComando = ~0U,
 };
 
-/// One option: what the parser, the errors and the help know of it. An option that takes different values in
-/// different searches has a row for each, told apart by `opzione`: the first that a search knows holds.
+/// One option of a command: what the parser, the errors and the help know of it. Those of a search stand in
+/// its row of the dispatch table.
 struct VoceOpzione {
     std::string_view nome;      ///< "--ruote"
     std::string_view meta{};    ///< what follows it in the help, "ELENCO"; empty for a switch
     std::string_view atteso{};  ///< what it takes, as an error says it: "tabella|csv|json"
     std::string_view frase{};   ///< what it does, for the help
     unsigned comandi = 0;       ///< bits of `Comandi`
-    unsigned opzione = 0;       ///< bits of `Opzione`, any of which a search must admit; 0 for every search
     std::span<const std::string_view> parole{};  ///< the words that it takes, for near misses
+    bool (*ammessa)(const Ricerca&) = nullptr;   ///< the searches that know it; null for all
     /// Puts the value (empty for a switch) in its place; false if it is none.
     bool (*leggi)(std::string_view valore, Richiesta& richiesta) = nullptr;
     /// Says in place of `atteso` what a value that is none should have been: a whole sentence.
     std::string (*spiega)(std::string_view valore, const Richiesta& richiesta) = nullptr;
 };
 
-/// All options, in the order of the help.
+/// The options of the commands, in the order of the help.
 [[nodiscard]] std::span<const VoceOpzione> opzioni();
 
 /// Whether a command (and, for those that run one, a search) knows an option.

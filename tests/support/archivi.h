@@ -1,9 +1,10 @@
 #pragma once
 
+#include "catalogue/ricerche.h"
 #include "draws/ambito.h"
 #include "draws/archivio.h"
-#include "results/domanda.h"
-#include "results/risultato.h"
+#include "results/risposta.h"
+#include "statistics/famiglie.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -11,6 +12,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace sortimetra::prove {
 
@@ -31,8 +33,28 @@ namespace sortimetra::prove {
 /// A random scope (wheels of every kind, range, calendar, hour) for the same seed's archive.
 [[nodiscard]] AmbitoRicerca ambito_casuale(std::uint32_t seme);
 
-/// A question with the given scope and nothing else chosen.
+/// A question with the given scope and nothing else chosen. A key that is in no row leaves the question
+/// without one: for functions that are called directly and do not look at it.
 [[nodiscard]] Domanda domanda(std::string_view chiave, AmbitoRicerca ambito = {});
+
+/// The answer to a question; `cartella` is the program's folder, for a search that reads a file of the
+/// user's.
+[[nodiscard]] Risposta rispondi(Domanda domanda, const ArchivioEstrazioni& archivio,
+                                const std::filesystem::path& cartella = {});
+/// Its result alone.
+[[nodiscard]] Risultato esegui(Domanda domanda, const ArchivioEstrazioni& archivio,
+                               const std::filesystem::path& cartella = {});
+/// A made-up answer of the search of the 90 numbers, to be written or printed.
+[[nodiscard]] Risposta risposta_da(Risultato risultato);
+
+/// What message boxes would say.
+[[nodiscard]] std::vector<std::string> messaggi(const Risultato& risultato);
+
+/// The folder of what is shipped beside the programs: a program's folder with its list of cinquine.
+[[nodiscard]] std::filesystem::path cartella_dati();
+/// The family of a search; null if the search measures none. Its members, also those that stand in a file.
+[[nodiscard]] const Famiglia* famiglia(std::string_view chiave);
+[[nodiscard]] SerieCorrente serie(const Famiglia& famiglia);
 
 /// The row of the first table whose first cell is `prima`, its cells joined by blanks; "" if there is none.
 [[nodiscard]] std::string riga(const Risultato& risultato, std::string_view prima);

@@ -44,8 +44,8 @@ std::vector<VoceElenco> raccogli() {
                     if (scheda.elenchi.size() > 1) tutte.back().gruppo = elenco.nome;
                 }
     for (const Ricerca& r : ricerche())
-        if (r.schermo != Schermo::nessuno && nuova(&r))
-            tutte.push_back({r.titolo, &r, nome_gioco(r.gioco), {}});
+        if (r.dove != Dove::solo_comandi && nuova(&r))
+            tutte.push_back({r.titolo(), &r, nome_gioco(r.gioco), {}});
     return tutte;
 }
 

@@ -1,22 +1,16 @@
 #include "catalogue/rapporti.h"
 
-#include "catalogue/ricerche.h"
+#include "statistics/parametri.h"
 #include "text/testi.h"
 
 #include <string>
+#include <utility>
 #include <variant>
+#include <vector>
 
 namespace sortimetra {
 
 namespace {
-
-/// A search that is in no row of the table (a test's own) is taken for one of the Lotto.
-constexpr Ricerca kSenzaRiga{.tabelle = 1};
-
-const Ricerca& riga_di(const Domanda& domanda) {
-    const Ricerca* riga = trova_ricerca(domanda.chiave);
-    return riga == nullptr ? kSenzaRiga : *riga;
-}
 
 /// "12-34" for two capi.
 std::string testo_capi(const std::vector<int>& capi) {
@@ -28,32 +22,20 @@ std::string testo_capi(const std::vector<int>& capi) {
     return testo;
 }
 
-std::string testo_ruote(const Ricerca& ricerca, const Risultato& risultato, const Domanda& domanda) {
-    std::string testo;
-    switch (ricerca.gioco) {
-        case Gioco::superenalotto:
-            testo = "SuperEnalotto";
-            break;
-        case Gioco::win_for_life:
-            testo = "Win for Life";
-            break;
-        default:
-            testo = domanda.ambito.ruote.nomi();
-            if (domanda.parametri.tutte_le_ruote) testo = "Tutte, Nazionale";
-            // With no box ticked Bari is what is read.
-            if (testo.empty()) testo = kNomiRuote[0].esteso;
-    }
-    if (!risultato.tabelle.empty() && !risultato.tabelle[0].colonne.empty())
-        if (const auto* gruppi = std::get_if<ColonnaGruppi>(risultato.tabelle[0].colonne.data()))
+std::string testo_ruote(const Risposta& risposta) {
+    std::string testo = risposta.ambito->ruote;
+    const auto& tabelle = risposta.risultato->tabelle;
+    if (!tabelle.empty() && !tabelle[0].colonne.empty())
+        if (const auto* gruppi = std::get_if<ColonnaGruppi>(tabelle[0].colonne.data()))
             if (const auto parola = parola_combinazione(gruppi->quanti); !parola.empty())
                 testo.append(" ").append(parola);
     return testo;
 }
 
 /// Which hit was counted, for the searches that let one choose.
-std::string_view nota(const Ricerca& ricerca, const Parametri& parametri) {
-    if (!ricerca.ammette(kOpzTipo)) return "";
-    switch (parametri.combo_rit) {
+std::string_view nota(const Ricerca& ricerca, const ParametriStatistica& parametri) {
+    if (!ricerca.ammette(kOpzTipo) && !ricerca.ammette(kOpzTipoTerno)) return "";
+    switch (parametri.tipo) {
         case 0:
             return "Dati riferiti alla sortita dell'ambata";
         case 1:
@@ -65,43 +47,36 @@ std::string_view nota(const Ricerca& ricerca, const Parametri& parametri) {
 
 }  // namespace
 
-Intestazione intestazione(const Risultato& risultato, const Domanda& domanda,
-                          const ArchivioEstrazioni& archivio) {
-    const Ricerca& ricerca = riga_di(domanda);
-    Intestazione testa{.ricerca = risultato.titolo.empty() ? std::string{ricerca.titolo} : risultato.titolo};
+Intestazione intestazione(const Risposta& risposta) {
+    const Ricerca& ricerca = risposta.ricerca();
+    const auto& parametri = risposta.domanda.di<ParametriStatistica>();
+    Intestazione testa{.ricerca = std::string{risposta.titolo()}};
     if (ricerca.ammette(kOpzCapogioco) || ricerca.ammette(kOpzAmboCapo))
-        if (const auto capi = testo_capi(domanda.parametri.capogioco); !capi.empty())
-            testa.ricerca += " " + capi;
+        if (const auto capi = testo_capi(parametri.capogioco); !capi.empty()) testa.ricerca += " " + capi;
     if (ricerca.ammette(kOpzEstratto))
-        testa.ricerca += " (" + std::to_string(domanda.parametri.estratto) + "° Estratto)";
-    if (ricerca.tabelle == 0) return testa;
+        testa.ricerca += " (" + std::to_string(parametri.estratto) + "° Estratto)";
+    if (!risposta.ambito) return testa;
 
-    testa.ruote = testo_ruote(ricerca, risultato, domanda);
-    testa.nota = nota(ricerca, domanda.parametri);
-
-    const bool wfl = ricerca.gioco == Gioco::win_for_life;
-    const Concorso ultimo = wfl ? archivio.ultimo_concorso_winforlife() : archivio.ultimo_concorso();
-    const TrattoConcorsi tratto = domanda.ambito.tratto.riportato(ultimo);
-    testa.concorsi = std::to_string(tratto.da) + " - " + std::to_string(tratto.a);
-
-    if (wfl) {
-        const std::string_view ora = kOre[domanda.ambito.ora];
-        testa.intervallo = domanda.ambito.ora == 0 ? std::string{ora} : "ore " + std::string{ora};
-    } else {
-        testa.intervallo = kIntervalli[domanda.ambito.intervallo].testo;
-    }
+    const AmbitoDetto& ambito = *risposta.ambito;
+    testa.ruote = testo_ruote(risposta);
+    testa.nota = nota(ricerca, parametri);
+    testa.concorsi = std::to_string(ambito.tratto.da) + " - " + std::to_string(ambito.tratto.a);
+    testa.intervallo = ambito.intervallo;
     testa.periodo = testa.intervallo;
-    const auto data = [&](Concorso c) { return wfl ? archivio.data_winforlife(c) : archivio.data_bari(c); };
-    if (const auto da = data(tratto.da), a = data(tratto.a); da && a) {
-        testa.periodo += ": " + testo_data(*da) + " - " + testo_data(*a);
-        testa.date = testo_data(*da) + "-" + testo_data(*a);
+    if (ambito.dal && ambito.al) {
+        testa.periodo += ": " + testo_data(*ambito.dal) + " - " + testo_data(*ambito.al);
+        testa.date = testo_data(*ambito.dal) + "-" + testo_data(*ambito.al);
     }
     return testa;
 }
 
-Rapporto prepara_rapporto(const Risultato& risultato, const Domanda& domanda,
-                          const ArchivioEstrazioni& archivio, std::span<const std::uint32_t> ordine) {
-    return riga_di(domanda).rapporto({risultato, intestazione(risultato, domanda, archivio), ordine});
+Rapporto prepara_rapporto(const Risposta& risposta) {
+    const FunzioneRapporto rapporto =
+        risposta.ricerca().rapporto == nullptr ? rapporto_griglia : risposta.ricerca().rapporto;
+    Rapporto pronto = rapporto({*risposta.risultato, intestazione(risposta), risposta.ordine});
+    pronto.disegna = [disegna = std::move(pronto.disegna), tenuto = risposta.risultato](
+                         EasyPrint& stampante, int pagina) { disegna(stampante, pagina); };
+    return pronto;
 }
 
 }  // namespace sortimetra

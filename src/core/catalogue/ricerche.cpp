@@ -1,7 +1,10 @@
 #include "catalogue/ricerche.h"
 
+#include "catalogue/elenchi.h"
+#include "catalogue/nomi.h"
 #include "catalogue/segnalimite.h"
 #include "positional/migliori_ritardi.h"
+#include "positional/parametri.h"
 #include "positional/posizione.h"
 #include "positional/stampa_migliori.h"
 #include "positional/stampa_posizione.h"
@@ -11,13 +14,17 @@
 #include "statistics/ambata.h"
 #include "statistics/ambi_terni.h"
 #include "statistics/capogioco.h"
+#include "statistics/parametri.h"
 #include "statistics/serie_speciali.h"
+#include "statistics/tabella_famiglie.h"
 #include "stores/apertura.h"
 #include "text/testi.h"
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <iterator>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace sortimetra {
@@ -29,569 +36,322 @@ constexpr unsigned kRuote10 = kTabellaLotto | kTabellaNazionale;
 /// SuperEnalotto's own rows; its range ends where the Lotto's concorsi end.
 constexpr unsigned kSuperEnalottoInAmbito = kTabellaLotto | kTabellaSuperEnalotto;
 
-constexpr auto kRicerche = std::to_array<Ricerca>({
-    {.chiave = "ultimi 20 concorsi",
-     .titolo = "Ultimi 20 Concorsi",
+/// A slip's line has room for ten numbers.
+constexpr std::size_t kNumeriSchedina = 10;
+
+/// The searches that are no named series.
+constexpr auto kAltre = std::to_array<Ricerca>({
+    {.nome = nomi::kUltimi,
      .gioco = Gioco::sistemi,
-     .schermo = Schermo::ultimi,
      .tabelle = kTutteLeTabelle,
      .frase = "Gli ultimi venti concorsi, visti attraverso le misure delle loro combinazioni."},
-    {.chiave = "filtri di condizionamento",
-     .titolo = "Filtri di Condizionamento",
+    {.nome = nomi::kFiltri,
      .gioco = Gioco::sistemi,
-     .schermo = Schermo::filtri,
      .tabelle = kTutteLeTabelle,
      .frase = "Quante volte ogni misura di una combinazione si è presentata nell'archivio."},
-    {.chiave = "statistica relativa ai sistemi realizzati",
-     .titolo = "Statistica Relativa ai Sistemi Realizzati",
+    {.nome = nomi::kSistemiRealizzati,
      .gioco = Gioco::sistemi,
-     .schermo = Schermo::filtri,
      .frase = "Le stesse misure, contate sulle combinazioni di un sistema salvato."},
-    {.chiave = "ritardo e frequenza dei 90 numeri",
-     .titolo = "Ritardo e Frequenza dei 90 numeri",
+    {.nome = nomi::kNovantaNumeri,
      .tabelle = kRuote10,
      .esegui = novanta_numeri,
      .frase = "Per ogni numero: quante volte è uscito, da quanti concorsi manca e il più lungo ritardo già "
               "chiuso."},
-    {.chiave = "ritardi e frequenze per posizione dei 90 numeri",
-     .titolo = "Ritardi e Frequenze per Posizione dei 90 numeri",
-     .schermo = Schermo::posizione,
+    {.nome = nomi::kPosizione,
      .tabelle = kRuote10,
      .esegui = posizione::estratto,
      .frase = "Frequenza e ritardo di ogni numero nel primo, secondo, terzo, quarto e quinto estratto.",
-     .tag = "lotto",
      .rapporto = rapporto_posizione},
-    {.chiave = "ricerche su tutti gli ambi",
-     .titolo = "Ricerche su Tutti gli Ambi",
+    {.nome = nomi::kTuttiGliAmbi,
      .tabelle = kRuote10,
-     .opzioni = kOpzSchedina,
      .esegui = ambilotto,
-     .frase = "Frequenza, ritardo e ritardo storico di tutti i 4.005 ambi."},
-    {.chiave = "ricerche su tutti i terni",
-     .titolo = "Ricerche su Tutti i Terni",
+     .frase = "Frequenza, ritardo e ritardo storico di tutti i 4.005 ambi.",
+     .schedine = true},
+    {.nome = nomi::kTuttiITerni,
      .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
+     .opzioni = kOpzioniTerni,
      .esegui = tutti_i_terni,
-     .frase = "Frequenza, ritardo e ritardo storico di tutti i 117.480 terni, anche misurati dai loro ambi."},
-    {.chiave = "tabellone posizionale",
-     .titolo = "Tabellone Posizionale",
-     .schermo = Schermo::tab_pos,
+     .frase = "Frequenza, ritardo e ritardo storico di tutti i 117.480 terni, anche misurati dai loro ambi.",
+     .schedine = true},
+    {.nome = nomi::kTabellone,
      .tabelle = kRuote10,
-     .opzioni = kOpzConcorso,
+     .opzioni = kOpzioniTabellone,
      .esegui = tabellone_lotto,
      .frase =
          "Ogni numero una volta sola: nella riga del suo ritardo, sotto la ruota e il posto in cui è uscito.",
-     .tag = "tabpos",
      .rapporto = stampa_tab_pos},
-    {.chiave = "i 10 numeri più in ritardo su ogni ruota",
-     .titolo = "I 10 numeri più in ritardo su ogni ruota",
-     .schermo = Schermo::tab_pos,
+    {.nome = nomi::kDieciNumeri,
      .tabelle = kRuote10,
-     .opzioni = kOpzConcorso,
+     .opzioni = kOpzioniTabellone,
      .esegui = dieci_piu_in_ritardo,
      .frase = "I dieci numeri che mancano da più tempo, ruota per ruota e su tutte insieme.",
-     .tag = "10num",
      .rapporto = stampa_10_num},
-    {.chiave = "tabella dei segnalimite cabalistici",
-     .titolo = "Tabella dei Segnalimite Cabalistici",
-     .schermo = Schermo::segnalimite,
+    {.nome = nomi::kSegnalimiteCabalistici,
      .esegui = segnalimite,
      .frase = "La tabella fissa dei tre segnalimite di ciascun numero.",
      .rapporto = rapporto_segnalimite},
-    {.chiave = "calcolo dei numeri spia",
-     .titolo = "Calcolo dei Numeri Spia",
-     .schermo = Schermo::spia,
+    {.nome = nomi::kSpia,
      .tabelle = kRuote10,
      .frase = "Quale numero annuncia un altro entro nove concorsi."},
-    {.chiave = "ambata capogioco",
-     .titolo = "Ambata Capogioco",
+    {.nome = nomi::kAmbataCapogioco,
      .tabelle = kRuote10,
-     .opzioni = kOpzCapogioco | kOpzSchedina,
+     .opzioni = kOpzioniAmbataCapogioco,
      .esegui = ambatacapogioco,
-     .frase = "Gli 89 ambi formati dal capogioco con ciascun altro numero."},
-    {.chiave = "ambo capogioco",
-     .titolo = "Ambo Capogioco",
+     .frase = "Gli 89 ambi formati dal capogioco con ciascun altro numero.",
+     .schedine = true},
+    {.nome = nomi::kAmboCapogioco,
      .tabelle = kRuote10,
-     .opzioni = kOpzAmboCapo | kOpzTipo | kOpzSchedina,
+     .opzioni = kOpzioniAmboCapogioco,
      .esegui = ambo_capogioco,
-     .frase = "I terni formati da due capigioco con ciascun altro numero."},
-    {.chiave = "ambi vertibili",
-     .titolo = "Ambi Vertibili",
+     .frase = "I terni formati da due capigioco con ciascun altro numero.",
+     .schedine = true},
+    {.nome = nomi::kPersonali,
      .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Gli ambi di due numeri con le cifre scambiate: 12 e 21, 13 e 31 …"},
-    {.chiave = "ambi complementari",
-     .titolo = "Ambi Complementari",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Gli ambi la cui somma è 90."},
-    {.chiave = "ambi simmetrici",
-     .titolo = "Ambi Simmetrici",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Gli ambi la cui somma è 91."},
-    {.chiave = "ambi a distanza 45",
-     .titolo = "Ambi a Distanza 45",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Gli ambi di due numeri diametrali: 1 e 46, 2 e 47 …"},
-    {.chiave = "ambi consecutivi",
-     .titolo = "Ambi Consecutivi",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Gli ambi di due numeri vicini: 1 e 2, 2 e 3 …"},
-    {.chiave = "ambi dadologici",
-     .titolo = "Ambi Dadologici",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le coppie opposte nelle sestine di sei numeri in fila, come le facce di un dado."},
-    {.chiave = "ambi somma(11)",
-     .titolo = "Ambi Somma(11)",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Gli ambi la cui somma è 11 oppure 101."},
-    {.chiave = "ambi fabarri",
-     .titolo = "Ambi Fabarri",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "I 45 ambi dei dieci numeri della tradizione Fabarri."},
-    {.chiave = "terzine consecutive",
-     .titolo = "Terzine Consecutive",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le terzine di tre numeri in fila."},
-    {.chiave = "terzine correlative simmetriche",
-     .titolo = "Terzine Correlative Simmetriche",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le quindici terzine correlative simmetriche."},
-    {.chiave = "terzine distanza 30",
-     .titolo = "Terzine Distanza 30",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le terzine di numeri a distanza 30."},
-    {.chiave = "terzine a coesione matematica",
-     .titolo = "Terzine a Coesione Matematica",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Ogni numero con il suo doppio e il suo simmetrico."},
-    {.chiave = "terzine fabarri",
-     .titolo = "Terzine Fabarri",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le 34 terzine della tradizione Fabarri."},
-    {.chiave = "terzine di gemelli",
-     .titolo = "Terzine di Gemelli",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Tre gemelli in fila: 11, 22, 33 e così via."},
-    {.chiave = "grattacielo dei 90",
-     .titolo = "Grattacielo dei 90",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le 22 quartine simmetriche che formano il grattacielo."},
-    {.chiave = "quartine con numeri doppi",
-     .titolo = "Quartine con Numeri Doppi",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Ogni numero raddoppiato tre volte: 1, 2, 4, 8 …"},
-    {.chiave = "quartine con numeri triplicati",
-     .titolo = "Quartine con Numeri Triplicati",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le otto quartine di numeri triplicati."},
-    {.chiave = "cinquine dei 90",
-     .titolo = "Cinquine dei 90",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le 436 cinquine che insieme contengono tutti gli ambi."},
-    {.chiave = "cinquine classiche",
-     .titolo = "Cinquine Classiche",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Due vertibili, i loro gemelli e un quinto numero."},
-    {.chiave = "cinquine a coesione",
-     .titolo = "Cinquine a Coesione",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le 22 cinquine a coesione."},
-    {.chiave = "cinquine consecutive",
-     .titolo = "Cinquine Consecutive",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Cinque numeri in fila, a passi di quattro."},
-    {.chiave = "cinquine correlative",
-     .titolo = "Cinquine Correlative",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le otto cinquine correlative."},
-    {.chiave = "cinquine dispari",
-     .titolo = "Cinquine Dispari",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "I cinque numeri dispari di ogni decina."},
-    {.chiave = "cinquine pari",
-     .titolo = "Cinquine Pari",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "I cinque numeri pari di ogni decina."},
-    {.chiave = "cinquine pentagonali",
-     .titolo = "Cinquine Pentagonali",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Cinque numeri a distanza 18 l'uno dall'altro."},
-    {.chiave = "cinquine sun",
-     .titolo = "Cinquine Sun",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Cinque numeri in fila: 1-5, 6-10 e così via."},
-    {.chiave = "sestine tricifriche",
-     .titolo = "Sestine Tricifriche",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Tre numeri in fila con i loro gemelli."},
-    {.chiave = "sestine di cifra composta",
-     .titolo = "Sestine di Cifra Composta",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le sei sestine di cifra composta."},
-    {.chiave = "sestine circolari",
-     .titolo = "Sestine Circolari",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Sei numeri in fila: 1-6, 7-12 e così via."},
-    {.chiave = "sestine consecutive",
-     .titolo = "Sestine Consecutive",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Sei numeri in fila, a passi di cinque."},
-    {.chiave = "sestine esagonali",
-     .titolo = "Sestine Esagonali",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Sei numeri a distanza 15 l'uno dall'altro."},
-    {.chiave = "sestine passo multiplo",
-     .titolo = "Sestine Passo Multiplo",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Ogni numero con i suoi multipli fino a sei volte."},
-    {.chiave = "sestine somma 273",
-     .titolo = "Sestine Somma 273",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le quindici sestine la cui somma è 273."},
-    {.chiave = "settine renard",
-     .titolo = "Settine Renard",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le 28 settine costruite da due cifre."},
-    {.chiave = "decine",
-     .titolo = "Decine",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzTutteLeRuote | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "I dieci numeri della stessa decina."},
-    {.chiave = "cadenze",
-     .titolo = "Cadenze",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzTutteLeRuote | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "I nove numeri con la stessa cifra finale."},
-    {.chiave = "figure",
-     .titolo = "Figure",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzTutteLeRuote | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "I dieci numeri a distanza nove l'uno dall'altro."},
-    {.chiave = "cifre",
-     .titolo = "Cifre",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzTutteLeRuote,
-     .esegui = serie_speciali,
-     .frase = "I diciotto numeri che contengono la stessa cifra."},
-    {.chiave = "gemelli",
-     .titolo = "Gemelli",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzTutteLeRuote | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Gli otto numeri con le due cifre uguali."},
-    {.chiave = "radicali",
-     .titolo = "Radicali",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzTutteLeRuote | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le otto quartine formate da una cifra, il suo zerato, il gemello e il finale nove."},
-    {.chiave = "decine simmetriche",
-     .titolo = "Decine Simmetriche",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzTutteLeRuote | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "Le nove decine formate da cinque coppie simmetriche."},
-    {.chiave = "controfigure",
-     .titolo = "Controfigure",
-     .tabelle = kRuote10,
-     .opzioni = kOpzTipo | kOpzTutteLeRuote | kOpzSchedina,
-     .esegui = serie_speciali,
-     .frase = "I dieci gruppi di numeri a distanza undici."},
-    {.chiave = "ricerche su numeri personali",
-     .titolo = "Ricerche su Numeri Personali",
-     .schermo = Schermo::personali,
-     .tabelle = kRuote10,
-     .frase = "I tuoi numeri: quando sono usciti, insieme e uno per uno.",
-     .tag = "lotto"},
-    {.chiave = "ricerche per gruppi",
-     .titolo = "Ricerche per Gruppi",
-     .schermo = Schermo::gruppi2,
+     .frase = "I tuoi numeri: quando sono usciti, insieme e uno per uno."},
+    {.nome = nomi::kGruppi,
      .tabelle = kRuote10,
      .frase = "Un gruppo di lunghette tue: esiti, ritardi e probabilità."},
-    {.chiave = "calcolo somme e distanze ciclometriche",
-     .titolo = "Calcolo Somme e Distanze Ciclometriche",
-     .schermo = Schermo::som_dis_ciclo,
+    {.nome = nomi::kCiclometria,
      .tabelle = kRuote10,
      .frase = "Somme e distanze ciclometriche di un'estrazione."},
-    {.chiave = "lunghette ritardate/frequenti per ambo e terno",
-     .titolo = "Lunghette Ritardate/Frequenti per Ambo e Terno",
-     .schermo = Schermo::lunghette,
+    {.nome = nomi::kLunghette,
      .tabelle = kRuote10,
      .frase = "Serie di numeri che crescono passo dopo passo dai più ritardati o frequenti."},
-    {.chiave = "piramide statistica",
-     .titolo = "Piramide Statistica",
-     .schermo = Schermo::piramide,
+    {.nome = nomi::kPiramide,
      .tabelle = kRuote10,
      .frase = "La piramide di dieci righe costruita sull'archivio."},
-    {.chiave = "ritardo e frequenza del primo estratto su ruota",
-     .titolo = "Ritardo e frequenza del primo estratto su ruota",
+    {.nome = nomi::kPrimoEstratto,
      .tabelle = kRuote10,
      .esegui = primo_estratto,
-     .frase = "Come i 90 numeri, contando soltanto il primo estratto di ogni ruota."},
-    {.chiave = "ritardo e frequenza del numero superstar",
-     .titolo = "Ritardo e frequenza del numero superstar",
+     .frase = "Come i 90 numeri, contando soltanto il primo estratto di ogni ruota.",
+     .dove = Dove::fuori_elenco},
+    {.nome = nomi::kSuperstar,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = superstar,
      .frase = "Frequenza e ritardo dei 90 numeri come SuperStar."},
-    {.chiave = "tabellone posizionale primi estratti",
-     .titolo = "Tabellone Posizionale primi estratti",
+    {.nome = nomi::kTabellonePrimiEstratti,
      .gioco = Gioco::superenalotto,
-     .schermo = Schermo::tab_pos,
      .tabelle = kTabellaLotto | kTabellaSuperEnalotto,
-     .opzioni = kOpzConcorso,
+     .opzioni = kOpzioniTabellone,
      .esegui = tabellone_primi_estratti,
      .frase =
          "I primi estratti delle sei ruote del vecchio SuperEnalotto, ciascuno nella riga del suo ritardo.",
-     .tag = "tabpos_s",
-     .rapporto = stampa_tab_pos_s2},
-    {.chiave = "tabellone posizionale sestina superenalotto",
-     .titolo = "Tabellone Posizionale sestina SuperEnalotto",
+     .rapporto = stampa_tab_pos_s2,
+     .dove = Dove::fuori_elenco},
+    {.nome = nomi::kTabelloneSestina,
      .gioco = Gioco::superenalotto,
-     .schermo = Schermo::tab_pos,
      .tabelle = kTabellaLotto | kTabellaSuperEnalotto,
-     .opzioni = kOpzConcorso,
+     .opzioni = kOpzioniTabellone,
      .esegui = tabellone_sestina,
      .frase = "I 90 numeri nella riga del loro ritardo nella sestina.",
-     .tag = "tabpos_s6",
      .rapporto = stampa_tab_pos_s2},
-    {.chiave = "frequenza e ritardo dei 90 numeri per posizione (superenalotto)",
-     .titolo = "Frequenza e ritardo dei 90 numeri per posizione (SuperEnalotto)",
+    {.nome = nomi::kPosizioneSuperEnalotto,
      .gioco = Gioco::superenalotto,
-     .schermo = Schermo::posizione,
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = posizione::ambataSuperEnalotto,
      .frase = "Frequenza e ritardo di ogni numero in ciascun posto della sestina ordinata, e come Jolly.",
-     .tag = "superenalotto",
      .rapporto = rapporto_posizione},
-    {.chiave = "ricerche su tutti gli ambi (nella sestina superenalotto)",
-     .titolo = "Ricerche su tutti gli ambi (nella sestina SuperEnalotto)",
+    {.nome = nomi::kAmbiSuperEnalotto,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
-     .opzioni = kOpzSchedina,
      .esegui = ambisuperenalotto,
-     .frase = "Tutti i 4.005 ambi nella sestina."},
-    {.chiave = "ricerche su tutti i terni (nella sestina superenalotto)",
-     .titolo = "Ricerche su tutti i terni (nella sestina SuperEnalotto)",
+     .frase = "Tutti i 4.005 ambi nella sestina.",
+     .schedine = true},
+    {.nome = nomi::kTerniSuperEnalotto,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
-     .opzioni = kOpzSchedina,
      .esegui = ternisuperenalotto,
-     .frase = "Tutti i 117.480 terni nella sestina."},
-    {.chiave = "ritardo e frequenza dei 90 numeri nella sestina superenalotto",
-     .titolo = "Ritardo e frequenza dei 90 numeri nella sestina SuperEnalotto",
+     .frase = "Tutti i 117.480 terni nella sestina.",
+     .schedine = true},
+    {.nome = nomi::kNovantaSuperEnalotto,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = ambataSuperEnalotto,
      .frase = "Frequenza, ritardo e ritardo storico dei 90 numeri nella sestina."},
-    {.chiave = "ricerche su tutti gli ambi negli estratti delle 10 ruote",
-     .titolo = "Ricerche su tutti gli ambi negli estratti delle 10 ruote",
+    {.nome = nomi::kAmbiDieciRuote,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
-     .opzioni = kOpzEstratto | kOpzSchedina,
+     .opzioni = kOpzioniDieciRuote,
      .esegui = ambi10ruoteSuperenalotto,
-     .frase = "Gli ambi fra i dieci numeri usciti allo stesso posto."},
-    {.chiave = "ricerche sui numeri personali",
-     .titolo = "Ricerche su numeri personali - SuperEnalotto",
+     .frase = "Gli ambi fra i dieci numeri usciti allo stesso posto.",
+     .schedine = true,
+     .dove = Dove::fuori_elenco},
+    {.nome = nomi::kPersonaliSuperEnalotto,
      .gioco = Gioco::superenalotto,
-     .schermo = Schermo::personali,
      .tabelle = kSuperEnalottoInAmbito,
-     .frase = "I tuoi numeri nella sestina.",
-     .tag = "superenalotto"},
-    {.chiave = "scommesse lotto",
-     .titolo = "Scommesse Lotto",
-     .schermo = Schermo::scommesse,
+     .frase = "I tuoi numeri nella sestina."},
+    {.nome = nomi::kScommesse,
      .tabelle = kRuote10,
      .frase = "Le scommesse a quota fissa sul Lotto, ruota per ruota."},
-    {.chiave = "tabellone migliori ritardi",
-     .titolo = "I Migliori Ritardi Statistici",
-     .schermo = Schermo::tab_pos2,
+    {.nome = nomi::kMiglioriRitardi,
      .tabelle = kRuote10,
-     .opzioni = kOpzConcorso | kOpzPagina | kOpzIndiceCombo,
+     .opzioni = kOpzioniMigliori,
      .esegui = migliori_ritardi,
+     .carica = carica_cinquine_migliori,
      .frase = "I gruppi più ritardati di 31 famiglie classiche.",
-     .tag = "10num",
      .rapporto = stampa_migliori},
-    {.chiave = "analisi numeri sparsi",
-     .titolo = "Analisi numeri sparsi",
+    {.nome = nomi::kNumeriSparsi,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = ambatalottoSuperenalotto,
-     .frase = "I 90 numeri nelle celle della sestina così come sono archiviate."},
-    {.chiave = "ritardo e frequenza dei 90 numeri nella combinazione 10 e lotto",
-     .titolo = "Ritardo e frequenza dei 90 numeri nella combinazione 10 e lotto",
+     .frase = "I 90 numeri nelle celle della sestina così come sono archiviate.",
+     .dove = Dove::fuori_elenco},
+    {.nome = nomi::kNovanta10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto | kTabellaNazionale,
      .esegui = ambata10elotto,
      .frase = "Frequenza, ritardo e ritardo storico dei 90 numeri nella combinazione di venti.",
      .ruote = SelezioneRuote::tutte()},
-    {.chiave = "tabellone posizionale combinazione 10 e lotto",
-     .titolo = "Tabellone Posizionale combinazione 10 e lotto",
+    {.nome = nomi::kTabellone10eLotto,
      .gioco = Gioco::dieci_e_lotto,
-     .schermo = Schermo::tab_pos,
      .tabelle = kTabellaLotto,
-     .opzioni = kOpzConcorso,
+     .opzioni = kOpzioniTabellone,
      .esegui = tabellone_10elotto,
      .frase = "I 90 numeri nella riga del loro ritardo nella combinazione di venti.",
-     .tag = "tabpos_10",
      .rapporto = stampa_tab_pos_10},
-    {.chiave = "frequenza e ritardo dei 90 numeri per posizione (10 e lotto)",
-     .titolo = "Frequenza e ritardo dei 90 numeri per posizione (10 e lotto)",
+    {.nome = nomi::kPosizione10eLotto,
      .gioco = Gioco::dieci_e_lotto,
-     .schermo = Schermo::posizione,
      .tabelle = kTabellaLotto | kTabellaNazionale,
      .esegui = posizione::ambata10elotto,
      .frase = "Frequenza e ritardo di ogni numero in ciascuno dei venti posti.",
-     .tag = "10 e lotto",
      .rapporto = rapporto_posizione},
-    {.chiave = "ricerche sui numeri personali (10 e lotto)",
-     .titolo = "Ricerche su numeri personali - 10 e lotto",
+    {.nome = nomi::kPersonali10eLotto,
      .gioco = Gioco::dieci_e_lotto,
-     .schermo = Schermo::personali,
      .tabelle = kTabellaLotto | kTabellaNazionale,
-     .frase = "I tuoi numeri nella combinazione di venti.",
-     .tag = "10 e lotto"},
-    {.chiave = "calcolo lunghette per punteggio 10elotto",
-     .titolo = "Calcolo lunghette per punteggio 10eLotto",
+     .frase = "I tuoi numeri nella combinazione di venti."},
+    {.nome = nomi::kLunghette10eLotto,
      .gioco = Gioco::dieci_e_lotto,
-     .schermo = Schermo::lunghette10,
      .tabelle = kTabellaLotto,
      .frase = "Serie di numeri scelte per i punti che fanno nel 10eLotto."},
-    {.chiave = "ritardo e frequenza dei 20 numeri nella combinazione win for life",
-     .titolo = "Ritardo e frequenza dei 20 numeri nella combinazione Win for Life",
+    {.nome = nomi::kVentiNumeriWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
      .esegui = ambataWinForLife,
      .frase = "Frequenza, ritardo e ritardo storico dei 20 numeri."},
-    {.chiave = "tabellone posizionale combinazione win for life",
-     .titolo = "Tabellone Posizionale combinazione Win for Life",
+    {.nome = nomi::kTabelloneWinForLife,
      .gioco = Gioco::win_for_life,
-     .schermo = Schermo::tab_pos_wfl,
      .tabelle = kTabellaWinForLife,
-     .opzioni = kOpzConcorso,
+     .opzioni = kOpzioniTabellone,
      .esegui = tabellone_winforlife,
      .frase = "I 20 numeri nella riga del loro ritardo.",
-     .tag = "tabpos_10",
      .rapporto = stampa_tab_pos_10},
-    {.chiave = "frequenza e ritardo dei 20 numeri per posizione (win for life)",
-     .titolo = "Frequenza e ritardo dei 20 numeri per posizione (Win for Life)",
+    {.nome = nomi::kPosizioneWinForLife,
      .gioco = Gioco::win_for_life,
-     .schermo = Schermo::posizione,
      .tabelle = kTabellaWinForLife,
      .esegui = posizione::ambataWinForLife,
      .frase = "Frequenza e ritardo di ogni numero in ciascuno dei dieci posti.",
-     .tag = "Win for Life",
      .rapporto = rapporto_posizione},
-    {.chiave = "ricerche sui numeri personali (win for life)",
-     .titolo = "Ricerche su numeri personali - win for life",
+    {.nome = nomi::kPersonaliWinForLife,
      .gioco = Gioco::win_for_life,
-     .schermo = Schermo::personali,
      .tabelle = kTabellaWinForLife,
-     .frase = "I tuoi numeri nella combinazione di dieci.",
-     .tag = "Win for Life"},
-    {.chiave = "calcolo lunghette per punteggio",
-     .titolo = "Calcolo lunghette per punteggio",
+     .frase = "I tuoi numeri nella combinazione di dieci."},
+    {.nome = nomi::kLunghetteWinForLife,
      .gioco = Gioco::win_for_life,
-     .schermo = Schermo::lunghette_wfl,
      .tabelle = kTabellaWinForLife,
      .frase = "Serie di numeri scelte per i punti che fanno nel Win for Life."},
-    {.chiave = "calcolo lunghette scomposte",
-     .titolo = "Calcolo Lunghette Scomposte",
+    {.nome = nomi::kLunghetteScomposte,
      .gioco = Gioco::win_for_life,
-     .schermo = Schermo::lunghette5,
      .tabelle = kTabellaWinForLife,
      .frase = "Le cinquine della metà bassa o alta della combinazione."},
-    {.chiave = "scomposizione",
-     .titolo = "Scomposizione",
-     .schermo = Schermo::nessuno,
+    {.nome = nomi::kScomposizione,
      .tabelle = kRuote10,
-     .opzioni = kOpzNumeri | kOpzSorte | kOpzTipo | kOpzTipoTerno | kOpzSchedina,
+     .opzioni = kOpzioniScomposizione,
      .esegui = scomposizione,
-     .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie."},
-    {.chiave = "schedine",
-     .titolo = "Schedine",
-     .schermo = Schermo::nessuno,
-     .frase = "Le poste della piramide."},
+     .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie.",
+     .schedine = true,
+     .dove = Dove::solo_comandi},
+    {.nome = nomi::kSchedine, .frase = "Le poste della piramide.", .dove = Dove::solo_comandi},
 });
 
-/// A copied row that kept its key does not compile.
+/// The row of a named series.
+constexpr Ricerca riga_di(const Famiglia& famiglia) {
+    const bool con_ruote = !famiglia.descrizione.empty();
+    return {.nome = famiglia.nome,
+            .tabelle = kRuote10,
+            .opzioni = con_ruote ? Opzioni{kOpzioniSerieConRuote} : Opzioni{kOpzioniSerie},
+            .esegui = serie_speciali,
+            .carica = famiglia.su_file ? carica_cinquine : nullptr,
+            .frase = famiglia.frase,
+            .famiglia = &famiglia,
+            .schedine = famiglia.colonne <= kNumeriSchedina};
+}
+
+constexpr auto kRicerche = [] {
+    std::array<Ricerca, kAltre.size() + dettaglio::kFamiglie.size()> tutte{};
+    auto fine = std::copy(kAltre.begin(), kAltre.end(), tutte.begin());
+    std::transform(dettaglio::kFamiglie.begin(), dettaglio::kFamiglie.end(), fine, riga_di);
+    return tutte;
+}();
+
 constexpr bool chiavi_distinte() {
     for (std::size_t i = 0; i < kRicerche.size(); ++i)
         for (std::size_t j = i + 1; j < kRicerche.size(); ++j)
-            if (kRicerche[i].chiave == kRicerche[j].chiave) return false;
+            if (kRicerche[i].chiave() == kRicerche[j].chiave()) return false;
     return true;
 }
-static_assert(chiavi_distinte());
+static_assert(chiavi_distinte(), "a key stands twice");
+
+/// Whether `si` holds for a name of the lists that is spelled like the key.
+constexpr bool elencata(const Ricerca& ricerca) {
+    if (ricerca.chiave() == nomi::kMiglioriRitardi.chiave) return true;
+    for (const Scheda& scheda : elenchi::kSchede)
+        for (const Elenco& elenco : scheda.elenchi)
+            for (const std::string_view nome : elenco.voci)
+                if (stessa_chiave(nome, ricerca.chiave())) return true;
+    return false;
+}
+constexpr bool ogni_riga_ha_il_suo_posto() {
+    return std::all_of(kRicerche.begin(), kRicerche.end(),
+                       [](const Ricerca& r) { return elencata(r) == (r.dove == Dove::negli_elenchi); });
+}
+static_assert(ogni_riga_ha_il_suo_posto(), "a row stands in no list, or in one although it says otherwise");
+
+constexpr bool ogni_nome_ha_la_sua_riga() {
+    for (const Scheda& scheda : elenchi::kSchede)
+        for (const Elenco& elenco : scheda.elenchi)
+            for (const std::string_view nome : elenco.voci)
+                if (std::none_of(kRicerche.begin(), kRicerche.end(),
+                                 [nome](const Ricerca& r) { return stessa_chiave(nome, r.chiave()); }))
+                    return false;
+    return true;
+}
+static_assert(ogni_nome_ha_la_sua_riga(), "a list names a search that has no row");
+
+/// The entry of `ComboIntervallo` as a report tells it.
+std::string testo_intervallo(const Domanda& domanda) {
+    if (domanda.ricerca->gioco != Gioco::win_for_life)
+        return std::string{kIntervalli[domanda.ambito.intervallo].testo};
+    const std::string ora{kOre[domanda.ambito.ora]};
+    return domanda.ambito.ora == 0 ? ora : "ore " + ora;
+}
+
+std::string testo_ruote(const Domanda& domanda) {
+    switch (domanda.ricerca->gioco) {
+        case Gioco::superenalotto:
+            return "SuperEnalotto";
+        case Gioco::win_for_life:
+            return "Win for Life";
+        default:
+            break;
+    }
+    if (domanda.di<ParametriStatistica>().tutte_le_ruote) return "Tutte, Nazionale";
+    // With no box ticked Bari is what is read.
+    const std::string nomi = domanda.ambito.ruote.nomi();
+    return nomi.empty() ? std::string{kNomiRuote[0].esteso} : nomi;
+}
+
+/// T of a question: the draws in scope as every measure counts them.
+std::int32_t conta_t(const Domanda& domanda, const ArchivioEstrazioni& archivio) {
+    switch (domanda.ricerca->gioco) {
+        case Gioco::superenalotto:
+            return static_cast<std::int32_t>(vista_superenalotto(archivio, domanda.ambito).size());
+        case Gioco::win_for_life:
+            return static_cast<std::int32_t>(vista_winforlife(archivio, domanda.ambito).size());
+        default:
+            return VistaEstrazioni{archivio, domanda.ambito}.t();
+    }
+}
 
 }  // namespace
 
@@ -599,20 +359,66 @@ std::span<const Ricerca> ricerche() {
     return kRicerche;
 }
 
+std::span<const Scheda> schede() {
+    return elenchi::kSchede;
+}
+
 const Ricerca* trova_ricerca(std::string_view nome) {
     const std::string chiave = minuscolo(nome);
     const auto it = std::find_if(kRicerche.begin(), kRicerche.end(),
-                                 [&](const Ricerca& r) { return r.chiave == chiave; });
+                                 [&](const Ricerca& r) { return r.chiave() == chiave; });
     return it == kRicerche.end() ? nullptr : &*it;
 }
 
-Risultato esegui(const Ricerca& ricerca, const ArchivioEstrazioni& archivio, Domanda domanda,
-                 Avanzamento& avanzamento) {
-    domanda.chiave = ricerca.chiave;
-    Risultato r = ricerca.esegui(archivio, domanda, avanzamento);
-    r.chiave = ricerca.chiave;
-    if (r.titolo.empty()) r.titolo = ricerca.titolo;
-    return r;
+const std::vector<const Opzione*>& opzioni_ricerche() {
+    static const std::vector<const Opzione*> tutte = [] {
+        std::vector<const Opzione*> viste;
+        for (const Ricerca& r : kRicerche)
+            for (const Opzione* o : r.opzioni)
+                if (std::find(viste.begin(), viste.end(), o) == viste.end()) viste.push_back(o);
+        return viste;
+    }();
+    return tutte;
+}
+
+Domanda domanda_intatta(const Ricerca& ricerca) {
+    Domanda domanda{.ricerca = &ricerca, .ambito = {}, .parametri = {}};
+    domanda.ambito.ruote = ricerca.ruote;
+    return domanda;
+}
+
+std::optional<AmbitoDetto> ambito_detto(const Domanda& domanda, const ArchivioEstrazioni& archivio) {
+    if (domanda.ricerca->tabelle == 0) return std::nullopt;
+    const bool wfl = domanda.ricerca->gioco == Gioco::win_for_life;
+    const Concorso ultimo = wfl ? archivio.ultimo_concorso_winforlife() : archivio.ultimo_concorso();
+    const Fonte& fonte = wfl ? archivio.drawit2() : archivio.drawit();
+    const TrattoConcorsi tratto = domanda.ambito.tratto.riportato(ultimo);
+    const auto data = [&](Concorso c) { return wfl ? archivio.data_winforlife(c) : archivio.data_bari(c); };
+    return AmbitoDetto{.ruote = testo_ruote(domanda),
+                       .intervallo = testo_intervallo(domanda),
+                       .tratto = tratto,
+                       .dal = data(tratto.da),
+                       .al = data(tratto.a),
+                       .t = conta_t(domanda, archivio),
+                       .archivio = fonte.file.filename().string(),
+                       .simulato = fonte.simulato};
+}
+
+Risposta rispondi(Domanda domanda, const ArchivioEstrazioni& archivio, const std::filesystem::path& cartella,
+                  Avanzamento& avanzamento) {
+    const Ricerca& ricerca = *domanda.ricerca;
+    Risultato risultato;
+    if (const auto letto =
+            ricerca.carica == nullptr ? std::expected<void, Messaggio>{} : ricerca.carica(cartella, domanda);
+        letto)
+        risultato = ricerca.esegui(archivio, domanda, avanzamento);
+    else
+        risultato = non_avviata(letto.error());
+    auto ambito = ambito_detto(domanda, archivio);
+    return {.domanda = std::move(domanda),
+            .risultato = std::make_shared<const Risultato>(std::move(risultato)),
+            .ordine = {},
+            .ambito = std::move(ambito)};
 }
 
 }  // namespace sortimetra

@@ -1,7 +1,9 @@
 #include "positional/migliori_ritardi.h"
 
 #include "draws/ambito.h"
+#include "positional/parametri.h"
 #include "positional/tabellone.h"
+#include "statistics/cinquine_dei_90.h"
 #include "statistics/famiglie.h"
 #include "statistics/misura_serie.h"
 #include "text/testi.h"
@@ -11,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <numeric>
 #include <string>
 #include <utility>
@@ -65,7 +68,8 @@ std::string testo_gruppo(const FamigliaMigliori& migliori, const Famiglia& famig
                          const SerieCorrente& serie, std::size_t membro) {
     if (migliori.etichette_brevi) {
         // The first of the cadenze is told as the last one is: the page has always shown "10/90" for both.
-        const std::size_t detto = famiglia.chiave == "cadenze" && membro == 0 ? serie.righe() - 1 : membro;
+        const std::size_t detto =
+            famiglia.carica == "carica_cadenze" && membro == 0 ? serie.righe() - 1 : membro;
         return etichetta_membro(famiglia, serie, detto);
     }
     std::string testo{migliori.prefisso};
@@ -95,18 +99,27 @@ std::span<const FamigliaMigliori> famiglie_migliori(int pagina) {
     return pagina == 2 ? std::span{kPagina2} : std::span{kPagina1};
 }
 
+std::expected<void, Messaggio> carica_cinquine_migliori(const std::filesystem::path& cartella,
+                                                        Domanda& domanda) {
+    if (auto serie = leggi_cinquine_dei_90(cartella))
+        domanda.parametri.per<ParametriTabellone>().cinquine =
+            std::make_shared<const SerieCorrente>(std::move(*serie));
+    return {};
+}
+
 std::string titolo_migliori(Concorso concorso, std::string_view data) {
     return fmt::format("I migliori ritardi statistici all'estrazione n°{} del {}", concorso, data);
 }
 
 Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                            Avanzamento& avanzamento) {
+    const auto& parametri = domanda.di<ParametriTabellone>();
     Risultato r;
     AmbitoRicerca ambito;
     ambito.ruote = domanda.ambito.ruote;
-    ambito.tratto.a = concorso_scelto(archivio, TipoTabellone::lotto, domanda.parametri.concorso, &r.note);
+    ambito.tratto.a = concorso_scelto(archivio, TipoTabellone::lotto, parametri.concorso, &r.note);
     const VistaEstrazioni vista{archivio, ambito};
-    if (ambito.tratto.a < 1 || vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (ambito.tratto.a < 1 || vista.vuota()) return senza_estrazioni();
     const std::int32_t n = vista.t();
     r.titolo =
         titolo_migliori(ambito.tratto.a, data_tabellone(archivio, TipoTabellone::lotto, ambito.tratto.a));
@@ -114,17 +127,16 @@ Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& do
     ColonnaTesti titoli;
     ColonnaTesti gruppi;
     ColonnaTesti ritardi;
-    const auto famiglie = famiglie_migliori(domanda.parametri.pagina);
+    const auto famiglie = famiglie_migliori(parametri.pagina);
     SenzaAvanzamento nessuno;  // the bar moves by family
     std::size_t fatte = 0;
     for (const FamigliaMigliori& migliori : famiglie) {
         const Famiglia& famiglia = *trova_caricatore(migliori.carica);
-        SerieCorrente serie;
-        if (auto caricata = carica_serie(famiglia, domanda.cartella))
-            serie = std::move(*caricata);
-        else
-            r.messaggi.push_back(std::move(caricata.error()));
-        const int soglia = migliori.soglia == SogliaFamiglia::ambo ? 2 : domanda.parametri.indice_combo + 1;
+        if (famiglia.su_file && !parametri.cinquine)
+            r.messaggi.push_back({Avviso::file_danneggiato, std::string{kFileDanneggiato}});
+        const SerieCorrente serie =
+            famiglia.su_file && parametri.cinquine ? *parametri.cinquine : carica_serie(famiglia);
+        const int soglia = migliori.soglia == SogliaFamiglia::ambo ? 2 : parametri.indice_combo + 1;
         const auto misure = misura_serie(vista, serie, soglia, nessuno);
         const auto ordine = per_ritardo(misure, n);
         for (std::size_t i = 0; i < migliori.righe; ++i) {

@@ -2,10 +2,12 @@
 
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
-#include "results/domanda.h"
+#include "results/ricerca.h"
 #include "results/risultato.h"
 
 #include <cstddef>
+#include <expected>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,6 +38,10 @@ struct FamigliaMigliori {
 
 /// The line over a printed page: "I migliori ritardi statistici all'estrazione n°4655 del 10/10/2020".
 [[nodiscard]] std::string titolo_migliori(Concorso concorso, std::string_view data);
+
+/// Reads the list of the cinquine dei 90 into the question; one that cannot be read leaves none.
+[[nodiscard]] std::expected<void, Messaggio> carica_cinquine_migliori(const std::filesystem::path& cartella,
+                                                                      Domanda& domanda);
 
 /// "tabellone migliori ritardi": the groups of each family with the greatest delays over the chosen wheels,
 /// up to the chosen concorso. Calendar and range do not apply. `pagina` 1 or 2.

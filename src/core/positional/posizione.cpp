@@ -2,9 +2,9 @@
 
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
+#include "draws/dieci_e_lotto.h"
 #include "statistics/misure.h"
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -88,7 +88,7 @@ std::vector<std::vector<std::string>> titoli(std::size_t posti, bool jolly) {
 
 Risultato estratto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
     Posizioni posizioni{kNumeri, kEstratti, vista.t()};
     percorri(vista, avanzamento, [&](int c, const Numero* numeri) {
         for (std::size_t p = 0; p < kEstratti; ++p) posizioni.esce(numeri[p], p, c);
@@ -100,7 +100,7 @@ Risultato ambataSuperEnalotto(const ArchivioEstrazioni& archivio, const Domanda&
                               Avanzamento& avanzamento) {
     constexpr std::size_t kSestina = 6;
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
-    if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
+    if (righe.empty()) return senza_estrazioni();
     Posizioni posizioni{kNumeri, kSestina + 1, static_cast<std::int32_t>(righe.size())};
     percorri_righe(righe, archivio.superenalotto().concorso, avanzamento, [&](int c, std::size_t riga) {
         const Combinazione combinazione = calc_combinazione_superenalotto(archivio.superenalotto(), riga);
@@ -113,15 +113,12 @@ Risultato ambataSuperEnalotto(const ArchivioEstrazioni& archivio, const Domanda&
 Risultato ambata10elotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                          Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
     Posizioni posizioni{kNumeri, 20, static_cast<std::int32_t>(vista.righe())};
-    for (std::size_t i = 0; i < vista.concorsi(); ++i) {
-        const auto record = cerca_concorso(archivio.lotto().concorso, vista.concorso(i));
-        if (!record) continue;
-        escono(posizioni, calc_combinazione_10elotto(archivio.lotto(), *record), 20, static_cast<int>(i) + 1,
-               std::popcount(vista.maschera(i)));
-    }
-    avanzamento.procedi(vista.concorsi(), vista.concorsi());
+    percorri_10elotto(archivio.lotto(), vista, PassoDieciELotto::concorso, avanzamento,
+                      [&](int c, int righe, const Combinazione& combinazione) {
+                          escono(posizioni, combinazione, 20, c, righe);
+                      });
     return posizioni.risultato();
 }
 
@@ -129,7 +126,7 @@ Risultato ambataWinForLife(const ArchivioEstrazioni& archivio, const Domanda& do
                            Avanzamento& avanzamento) {
     const TabellaWinForLife& tabella = archivio.winforlife();
     const auto righe = vista_winforlife(archivio, domanda.ambito);
-    if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
+    if (righe.empty()) return senza_estrazioni();
     Posizioni posizioni{kNumeriWinForLife, 10, static_cast<std::int32_t>(righe.size())};
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         escono(posizioni, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]), 10, c);

@@ -8,7 +8,7 @@ namespace sortimetra {
 namespace {
 
 constexpr float kTitolo = 29;
-constexpr float kRuote = 35;
+constexpr float kRigaRuote = 35;
 constexpr float kPrimaScheda = 43;
 constexpr float kTraSchede = 29.5F;
 constexpr float kAltezzaScheda = 27;
@@ -26,7 +26,7 @@ Rapporto stampa_migliori(const MaterialeRapporto& materiale) {
                            EasyPrint& stampante, int) {
                 stampa_testa_propria(stampante, testa.ricerca, kTitolo, 13);
                 stampante.FontSize(10);
-                stampante.PrintCentre(stampante.PageWidth() / 2, kRuote, "Ruote: " + testa.ruote, kBanda);
+                stampante.PrintCentre(stampante.PageWidth() / 2, kRigaRuote, "Ruote: " + testa.ruote, kBanda);
                 stampante.DrawWidth(2);
                 std::size_t scheda = 0;
                 for (std::size_t r = 0; r < tabella.righe(); ++scheda) {

@@ -2,6 +2,7 @@
 
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
+#include "positional/parametri.h"
 
 #include <fmt/core.h>
 
@@ -202,8 +203,9 @@ Tabella tabella_di(const Tabellone& t, TipoTabellone tipo) {
 Risultato cerca_tabellone(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                           Avanzamento& avanzamento, TipoTabellone tipo) {
     Risultato r;
-    const Concorso concorso = concorso_scelto(archivio, tipo, domanda.parametri.concorso, &r.note);
-    if (concorso < 1) return non_avviata(std::string{kNessunaEstrazione});
+    const Concorso concorso =
+        concorso_scelto(archivio, tipo, domanda.di<ParametriTabellone>().concorso, &r.note);
+    if (concorso < 1) return senza_estrazioni();
     r.titolo = titolo_tabellone(tipo, data_tabellone(archivio, tipo, concorso));
     r.tabelle.push_back(tabella_di(iniz_tabellone(archivio, tipo, concorso), tipo));
     avanzamento.procedi(1, 1);
@@ -425,8 +427,8 @@ Risultato dieci_piu_in_ritardo(const ArchivioEstrazioni& archivio, const Domanda
                                Avanzamento& avanzamento) {
     Risultato r;
     const Concorso concorso =
-        concorso_scelto(archivio, TipoTabellone::lotto, domanda.parametri.concorso, &r.note);
-    if (concorso < 1) return non_avviata(std::string{kNessunaEstrazione});
+        concorso_scelto(archivio, TipoTabellone::lotto, domanda.di<ParametriTabellone>().concorso, &r.note);
+    if (concorso < 1) return senza_estrazioni();
     r.titolo = titolo_dieci(data_tabellone(archivio, TipoTabellone::lotto, concorso));
     const Tabellone tabellone = iniz_tabellone(archivio, TipoTabellone::lotto, concorso);
     const auto& nazionale = archivio.nazionale().concorso;

@@ -480,8 +480,8 @@ Rapporto rapporto_tabelle(const MaterialeRapporto& materiale) {
                 stampa_intestazione(stampante, testa);
                 if (piano->fogli.empty()) {
                     float y = kPrimaRiga;
-                    for (const std::string& messaggio : risultato.messaggi) {
-                        stampante.PrintLeft(10, y, messaggio, 0, kBanda);
+                    for (const Messaggio& messaggio : risultato.messaggi) {
+                        stampante.PrintLeft(10, y, messaggio.testo, 0, kBanda);
                         y += kRiga;
                     }
                 } else {

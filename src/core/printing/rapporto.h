@@ -60,9 +60,6 @@ struct MaterialeRapporto {
     std::span<const std::uint32_t> ordine;
 };
 
-/// How the report of one kind of search is made.
-using FunzioneRapporto = Rapporto (*)(const MaterialeRapporto&);
-
 /// Draws the chosen pages, a new page between them, and ends the document. If `avanzamento` says stop the
 /// document is abandoned. Returns whether it was ended.
 bool stampa(EasyPrint& stampante, const Rapporto& rapporto, PagineScelte pagine, Avanzamento& avanzamento);

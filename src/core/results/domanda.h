@@ -2,36 +2,54 @@
 
 #include "draws/ambito.h"
 
-#include <filesystem>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
+#include <any>
 
 namespace sortimetra {
 
-/// What the user chose besides the scope. A form fills it from its controls, the command line from its
-/// options; a search reads the fields that it knows. Each default is what an untouched screen has.
-struct Parametri {
-    int combo_rit = 0;            ///< list index of `ComboRit`: 0 "all'Ambata", 1 "all'Ambo", 2 "al Terno"
-    std::vector<int> capogioco;   ///< one or two capi as typed; a missing one reads 0
-    std::vector<int> numeri;      ///< numbers that the user brings, in the given order
-    int sorte = 2;                ///< numbers per combination of a decomposition, 1 to 5
-    int estratto = 1;             ///< place 1 to 5 chosen in `cmbEstratto`
-    bool tutte_le_ruote = false;  ///< the wheel-by-wheel table of a series
-    std::optional<Concorso> concorso;  ///< concorso box of the boards; none typed means the last
-    int pagina = 1;                    ///< page 1 or 2 of the best delays
-    int indice_combo = -1;             ///< `ComboRit` as the statistics screen left it, -1 no selection
-    std::optional<int> schedina;       ///< 1-based grid row whose system is handed to the slip program
+struct Ricerca;
+
+/// What a search takes beside the scope: a struct that the search's subject defines, whose defaults are what
+/// an untouched screen has. A value that holds another struct than the one asked for answers with the
+/// defaults.
+class Parametri {
+  public:
+    Parametri() = default;
+    template <class Gruppo>
+        requires(!std::is_same_v<std::remove_cvref_t<Gruppo>, Parametri>)
+    Parametri(Gruppo gruppo)  // NOLINT(*-explicit-*): a group is what parameters are
+        : gruppo_{std::move(gruppo)} {}
+
+    /// The group, to read.
+    template <class Gruppo>
+    [[nodiscard]] const Gruppo& come() const {
+        static const Gruppo intatto{};
+        const auto* gruppo = std::any_cast<Gruppo>(&gruppo_);
+        return gruppo == nullptr ? intatto : *gruppo;
+    }
+    /// The group, to fill.
+    template <class Gruppo>
+    [[nodiscard]] Gruppo& per() {
+        if (std::any_cast<Gruppo>(&gruppo_) == nullptr) gruppo_ = Gruppo{};
+        return *std::any_cast<Gruppo>(&gruppo_);
+    }
+
+  private:
+    std::any gruppo_;
 };
 
-/// A search as asked: frozen values, no control, no file.
+/// A search as asked, filled once by a screen from its controls or by the command line from its options: the
+/// row of the dispatch table and frozen values. It knows no control; what a search needs from a file of the
+/// user's has been read into its parameters (`Ricerca::carica`).
 struct Domanda {
-    std::string_view chiave;  ///< key of the search, lower case
+    const Ricerca* ricerca = nullptr;
     AmbitoRicerca ambito;
     Parametri parametri;
-    /// The program's folder, for the one search whose numbers come from a file of its own.
-    std::filesystem::path cartella;
+
+    /// The parameters of one kind, to read.
+    template <class Gruppo>
+    [[nodiscard]] const Gruppo& di() const {
+        return parametri.come<Gruppo>();
+    }
 };
 
 }  // namespace sortimetra

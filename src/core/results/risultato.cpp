@@ -1,11 +1,11 @@
 #include "results/risultato.h"
 
+#include "draws/ambito.h"
+#include "text/numero.h"
 #include "text/testi.h"
 
 #include <algorithm>
-#include <charconv>
 #include <numeric>
-#include <optional>
 #include <type_traits>
 
 namespace sortimetra {
@@ -26,20 +26,10 @@ struct ChiaveCella {
     }
 };
 
-std::optional<double> come_numero(std::string_view testo) {
-    if (testo.starts_with('+')) testo.remove_prefix(1);
-    std::string punto{testo};
-    std::replace(punto.begin(), punto.end(), ',', '.');
-    double valore = 0;
-    const auto [fine, errore] = std::from_chars(punto.data(), punto.data() + punto.size(), valore);
-    if (errore != std::errc{} || fine != punto.data() + punto.size()) return std::nullopt;
-    return valore;
-}
-
 ChiaveCella chiave_cella(std::string_view testo) {
     testo = rifila(testo);
     if (testo.empty()) return {};
-    if (const auto numero = come_numero(testo)) return {*numero < 0 ? 1 : 3, *numero, {}};
+    if (const auto numero = leggi_numero(testo)) return {numero->valore < 0 ? 1 : 3, numero->valore, {}};
     return {testo.front() < '0' ? 2 : 4, 0, minuscolo(testo)};
 }
 
@@ -118,11 +108,42 @@ Colore Tabella::primo_piano(std::size_t riga, std::size_t colonna) const {
     return primi_piani.empty() ? kNessunColore : primi_piani[riga * n_colonne() + colonna];
 }
 
-Risultato non_avviata(std::string messaggio) {
+std::size_t Tabella::numeri_per_riga() const {
+    if (eventi.quanti != 0 || colonne.empty()) return eventi.quanti;
+    if (const auto* gruppi = std::get_if<ColonnaGruppi>(&colonne.front())) return gruppi->quanti;
+    return eventi.presenti != 0 && std::holds_alternative<ColonnaInteri>(colonne.front()) ? 1 : 0;
+}
+
+Evento Tabella::numeri(std::size_t riga) const {
+    Evento e{.gioco = eventi.gioco,
+             .presenti = eventi.presenti,
+             .conteggio = eventi.conteggio,
+             .quanti = static_cast<std::uint8_t>(std::min(numeri_per_riga(), kNumeriEvento)),
+             .posti = eventi.posti};
+    if (e.quanti == 0) return e;
+    if (eventi.quanti != 0)
+        std::copy_n(eventi.numeri.data() + riga * eventi.quanti, e.quanti, e.caselle.data());
+    else if (const auto* gruppi = std::get_if<ColonnaGruppi>(&colonne.front()))
+        std::copy_n(gruppi->numeri.data() + riga * gruppi->quanti, e.quanti, e.caselle.data());
+    else
+        e.caselle[0] = static_cast<Numero>(std::get<ColonnaInteri>(colonne.front()).valori[riga]);
+    return e;
+}
+
+std::optional<Evento> Tabella::evento(std::size_t riga) const {
+    if (eventi.presenti == 0 || (!eventi.senza.empty() && eventi.senza[riga])) return std::nullopt;
+    return numeri(riga);
+}
+
+Risultato non_avviata(Messaggio messaggio) {
     Risultato r;
     r.prodotto = false;
-    if (!messaggio.empty()) r.messaggi.push_back(std::move(messaggio));
+    if (!messaggio.testo.empty()) r.messaggi.push_back(std::move(messaggio));
     return r;
+}
+
+Risultato senza_estrazioni() {
+    return non_avviata({Avviso::nessuna_estrazione, std::string{kNessunaEstrazione}});
 }
 
 std::vector<std::uint32_t> ordina(const Tabella& tabella, std::size_t colonna, Verso verso) {

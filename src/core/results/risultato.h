@@ -1,8 +1,12 @@
 #pragma once
 
+#include "results/evento.h"
+#include "results/messaggio.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -56,6 +60,8 @@ struct Tabella {
     std::vector<Colore> sfondi;
     /// Fore colours in the same shape; empty for the grid's own.
     std::vector<Colore> primi_piani;
+    /// What its rows measure; `presenti` 0 where they measure no single event.
+    Eventi eventi;
 
     [[nodiscard]] std::size_t righe() const { return colonne.empty() ? 0 : lunghezza(colonne.front()); }
     [[nodiscard]] std::size_t n_colonne() const { return colonne.size(); }
@@ -64,6 +70,12 @@ struct Tabella {
     [[nodiscard]] std::string testo(std::size_t riga, std::size_t colonna) const;
     [[nodiscard]] Colore sfondo(std::size_t riga, std::size_t colonna) const;
     [[nodiscard]] Colore primo_piano(std::size_t riga, std::size_t colonna) const;
+    /// Numbers that each row is about; 0 where rows are about none.
+    [[nodiscard]] std::size_t numeri_per_riga() const;
+    /// The numbers of a row (at most `kNumeriEvento`) without its measure; none where rows are about none.
+    [[nodiscard]] Evento numeri(std::size_t riga) const;
+    /// What a row measures; nothing where it measures no single event.
+    [[nodiscard]] std::optional<Evento> evento(std::size_t riga) const;
 
     friend bool operator==(const Tabella&, const Tabella&) = default;
 };
@@ -77,11 +89,11 @@ struct Etichetta {
 
 /// What a search answers. A plain value: grid, paper and files only read it.
 struct Risultato {
-    std::string chiave;
+    /// What the answer calls itself where that is not the search's title; "" else.
     std::string titolo;
     std::vector<Tabella> tabelle;
     std::vector<Etichetta> etichette;
-    std::vector<std::string> messaggi;  ///< texts of message boxes
+    std::vector<Messaggio> messaggi;  ///< what message boxes say
     /// Remarks that are no message box: the status line shows them, the command line writes them to standard
     /// error. They are not part of the answer.
     std::vector<std::string> note;
@@ -92,7 +104,9 @@ struct Risultato {
 };
 
 /// The answer of a search that does not start: no table, one message.
-[[nodiscard]] Risultato non_avviata(std::string messaggio);
+[[nodiscard]] Risultato non_avviata(Messaggio messaggio);
+/// The same where no draw is left by wheels, range and calendar.
+[[nodiscard]] Risultato senza_estrazioni();
 
 enum class Verso { crescente, decrescente };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/errore.h"
+#include "results/risposta.h"
 #include "results/risultato.h"
 
 #include <cstddef>
@@ -17,22 +18,26 @@ namespace sortimetra {
 // A result as a file or on a terminal. All writers only read it: numbers become text here and nowhere before,
 // straight into one buffer. The text of a cell is what the grid shows, with the blanks at both ends removed.
 
+/// As many rows as there are.
+inline constexpr std::size_t kOgniRiga = std::numeric_limits<std::size_t>::max();
+
 /// Which rows of a table are written, and in what order.
 struct RigheScelte {
     /// A permutation as `ordina` gives it; empty for the order of writing.
     std::span<const std::uint32_t> ordine{};
     /// At most so many, counted in that order.
-    std::size_t massimo = std::numeric_limits<std::size_t>::max();
+    std::size_t massimo = kOgniRiga;
 };
 
 /// Appends a table as CSV: UTF-8, ";" between fields, a field quoted where it holds ";", a quote or a line
 /// end, LF after each record. Title rows first.
 void scrivi_csv(std::string& testo, const Tabella& tabella, RigheScelte scelte = {});
 
-/// Appends the whole result as one JSON object and a line end, keys in the order "chiave", "titolo",
-/// "tabelle", "etichette", "messaggi"; every cell is a string. `prima` chooses the rows of the first table.
-/// Bytes that are no UTF-8 become U+FFFD, so that the object can always be read.
-void scrivi_json(std::string& testo, const Risultato& risultato, RigheScelte prima = {});
+/// Appends an answer as one JSON object and a line end, keys in the order "chiave", "titolo",
+/// "tabelle", "etichette", "messaggi"; every cell is a string. The first table stands in the order on
+/// show, at most `massimo` rows of it. Bytes that are no UTF-8 become U+FFFD, so that the object can always
+/// be read.
+void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massimo = kOgniRiga);
 
 /// Appends a JSON string, quotes included.
 void scrivi_stringa_json(std::string& testo, std::string_view stringa);
@@ -41,19 +46,19 @@ void scrivi_stringa_json(std::string& testo, std::string_view stringa);
 /// a line under the titles, a merged title over the columns that it spans.
 void scrivi_tabella(std::string& testo, const Tabella& tabella, RigheScelte scelte = {});
 
-/// Appends the whole result for a terminal: title, tables (each under its name where there are several),
+/// Appends an answer for a terminal: title, tables (each under its name where there are several),
 /// labels. Messages are not part of it.
-void scrivi_terminale(std::string& testo, const Risultato& risultato, RigheScelte prima = {});
+void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t massimo = kOgniRiga);
 
 /// Columns that a text takes on a terminal: 2 for East Asian wide characters and emoji, 0 for combining
 /// marks.
 [[nodiscard]] std::size_t larghezza_terminale(std::string_view testo);
 
-/// Writes the result as a workbook, one sheet a table, whole or not at all. Whole numbers, decimals and
+/// Writes an answer as a workbook, one sheet a table, whole or not at all. Whole numbers, decimals and
 /// percentages are typed numbers (shown as the grid shows them), back and fore colours are kept, title rows
-/// stay in sight. `prima` chooses the rows of the first table.
+/// stay in sight. The first table as in `scrivi_json`.
 [[nodiscard]] std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& file,
-                                                              const Risultato& risultato,
-                                                              RigheScelte prima = {});
+                                                              const Risposta& risposta,
+                                                              std::size_t massimo = kOgniRiga);
 
 }  // namespace sortimetra

@@ -2,14 +2,15 @@
 
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
+#include "draws/dieci_e_lotto.h"
 #include "statistics/ambi_terni.h"
 #include "statistics/combinatoria.h"
 #include "statistics/misure.h"
+#include "statistics/parametri.h"
 #include "statistics/righe_ordinate.h"
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -50,7 +51,7 @@ template <class Prepara, class Conta, class Finisci>
 Risultato cerca_superenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                               Avanzamento& avanzamento, Prepara&& prepara, Conta&& conta, Finisci&& finisci) {
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
-    if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
+    if (righe.empty()) return senza_estrazioni();
     const auto t = static_cast<std::int32_t>(righe.size());
     auto misure = prepara(t);
     percorri_righe(righe, archivio.superenalotto().concorso, avanzamento,
@@ -61,13 +62,15 @@ Risultato cerca_superenalotto(const ArchivioEstrazioni& archivio, const Domanda&
 /// The same for searches on the 90 numbers: `numeri(tabella, riga)` gives those of a row.
 template <class Numeri>
 Risultato cerca_numeri_superenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
-                                     Avanzamento& avanzamento, Numeri&& numeri) {
+                                     Avanzamento& avanzamento, Numeri&& numeri, Posti posti = kOgniPosto) {
     return cerca_superenalotto(
         archivio, domanda, avanzamento, misure_da,
         [&](MisureNumeri& misure, const TabellaSuperEnalotto& tabella, std::size_t riga, std::int32_t c) {
             escono(misure, numeri(tabella, riga), c);
         },
-        [](const MisureNumeri& misure, std::int32_t t) { return tabella_numeri(misure, kNumeri, t); });
+        [posti](const MisureNumeri& misure, std::int32_t t) {
+            return tabella_numeri(misure, kNumeri, t, Gioco::superenalotto, posti);
+        });
 }
 
 }  // namespace
@@ -84,46 +87,40 @@ Risultato ambatalottoSuperenalotto(const ArchivioEstrazioni& archivio, const Dom
         [](const TabellaSuperEnalotto& t, std::size_t riga) { return std::span{t.numeri[riga]}.first<6>(); });
 }
 
+/// The SuperStar stands after the six numbers and the Jolly.
+constexpr Posti kPostoSuperstar = 1U << 7U;
+
 Risultato superstar(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
     return cerca_numeri_superenalotto(
         archivio, domanda, avanzamento,
-        [](const TabellaSuperEnalotto& t, std::size_t riga) { return std::span{t.numeri[riga]}.last<1>(); });
+        [](const TabellaSuperEnalotto& t, std::size_t riga) { return std::span{t.numeri[riga]}.last<1>(); },
+        kPostoSuperstar);
 }
 
 Risultato ambata10elotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                          Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
     const std::int32_t t = vista.t();
     MisureNumeri misure = misure_da(t);
-    std::int32_t c = 0;
-    std::size_t riga = 0;      // ordinal of the draw's first row
-    std::size_t prossima = 0;  // row that the cursor stands on after its moves of ten
-    for (std::size_t i = 0; i < vista.concorsi(); ++i) {
-        riga += static_cast<std::size_t>(std::popcount(vista.maschera(i)));
-        if (prossima >= riga) continue;
-        prossima += kRuote;
-        ++c;
-        const auto record = cerca_concorso(archivio.lotto().concorso, vista.concorso(i));
-        if (!record) continue;
-        const Combinazione combinazione = calc_combinazione_10elotto(archivio.lotto(), *record);
-        escono(misure, std::span{combinazione}.subspan<1>(), c);
-    }
-    avanzamento.procedi(vista.concorsi(), vista.concorsi());
-    return tabella_numeri(misure, kNumeri, t);
+    percorri_10elotto(archivio.lotto(), vista, PassoDieciELotto::dieci_righe, avanzamento,
+                      [&](int c, int /*righe*/, const Combinazione& combinazione) {
+                          escono(misure, std::span{combinazione}.subspan<1>(), c);
+                      });
+    return tabella_numeri(misure, kNumeri, t, Gioco::dieci_e_lotto);
 }
 
 Risultato ambataWinForLife(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                            Avanzamento& avanzamento) {
     const TabellaWinForLife& tabella = archivio.winforlife();
     const auto righe = vista_winforlife(archivio, domanda.ambito);
-    if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
+    if (righe.empty()) return senza_estrazioni();
     const auto t = static_cast<std::int32_t>(righe.size());
     MisureNumeri misure = misure_da(t);
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         escono(misure, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]), c);
     });
-    return tabella_numeri(misure, kNumeriWinForLife, t);
+    return tabella_numeri(misure, kNumeriWinForLife, t, Gioco::win_for_life);
 }
 
 Risultato ambisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
@@ -133,7 +130,10 @@ Risultato ambisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& d
         per_ogni_ambo(sestina(tabella, riga),
                       [&](std::size_t a, std::size_t b) { esce(misure[indice_ambo(a, b)], c); });
     };
-    return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kAmbi>, conta, tabella_ambi);
+    return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kAmbi>, conta,
+                               [](const std::vector<Misura>& misure, std::int32_t t) {
+                                   return tabella_ambi(misure, t, Gioco::superenalotto);
+                               });
 }
 
 Risultato ternisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
@@ -144,15 +144,18 @@ Risultato ternisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& 
             esce(misure[indice_terno(x, y, z)], c);
         });
     };
-    return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kTerni>, conta, tabella_terni);
+    return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kTerni>, conta,
+                               [](const std::vector<Misura>& misure, std::int32_t t) {
+                                   return tabella_terni(misure, t, Gioco::superenalotto);
+                               });
 }
 
 Risultato ambi10ruoteSuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                    Avanzamento& avanzamento) {
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
-    if (righe.empty()) return non_avviata(std::string{kNessunaEstrazione});
+    if (righe.empty()) return senza_estrazioni();
     const int t = quoziente_pari(righe.size(), domanda.ambito.ruote.n_ruote());
-    const auto posto = static_cast<std::size_t>(domanda.parametri.estratto - 1);
+    const auto posto = static_cast<std::size_t>(domanda.di<ParametriStatistica>().estratto - 1);
     std::vector<Misura> misure = gruppi_da<kAmbi>(t);
     std::int32_t c = 0;
     for (std::size_t passo = 0; passo < righe.size(); passo += kRuote) {
@@ -164,7 +167,10 @@ Risultato ambi10ruoteSuperenalotto(const ArchivioEstrazioni& archivio, const Dom
         per_ogni_ambo(numeri, [&](std::size_t a, std::size_t b) { esce(misure[indice_ambo(a, b)], c); });
     }
     avanzamento.procedi(righe.size(), righe.size());
-    return tabella_ambi(misure, t);
+    Risultato r = tabella_ambi(misure, t, Gioco::superenalotto);
+    // Ten draws taken together are no row of any game's table.
+    r.tabelle.front().eventi.presenti = 0;
+    return r;
 }
 
 }  // namespace sortimetra

@@ -21,7 +21,7 @@ void conta(const VistaEstrazioni& vista, Avanzamento& avanzamento, MisureNumeri&
 Risultato ambatalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento,
                       int numeri_per_estrazione) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
 
     const int t = vista.t();
     MisureNumeri misure;
@@ -31,7 +31,8 @@ Risultato ambatalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda
     else
         conta<kEstratti>(vista, avanzamento, misure);
 
-    return tabella_numeri(misure, kNumeri, t);
+    constexpr Posti kPrimo = 1;
+    return tabella_numeri(misure, kNumeri, t, Gioco::lotto, numeri_per_estrazione == 1 ? kPrimo : kOgniPosto);
 }
 
 Risultato novanta_numeri(const ArchivioEstrazioni& archivio, const Domanda& domanda,

@@ -1,6 +1,7 @@
 #include "statistics/ambi_terni.h"
 
 #include "statistics/combinatoria.h"
+#include "statistics/parametri.h"
 #include "statistics/righe_ordinate.h"
 #include "statistics/terni_per_ambi.h"
 
@@ -60,23 +61,23 @@ std::vector<Misura> misura_ambi(const VistaEstrazioni& vista, Avanzamento& avanz
     return misure;
 }
 
-Risultato tabella_ambi(std::span<const Misura> misure, std::int32_t t) {
-    return tabella_misure(nomi_ambi(), misure, t);
+Risultato tabella_ambi(std::span<const Misura> misure, std::int32_t t, Gioco gioco) {
+    return tabella_misure(nomi_ambi(), misure, t, {.gioco = gioco, .presenti = 2});
 }
 
-Risultato tabella_terni(std::span<const Misura> misure, std::int32_t t) {
-    return tabella_misure(nomi_terni(), misure, t);
+Risultato tabella_terni(std::span<const Misura> misure, std::int32_t t, Gioco gioco) {
+    return tabella_misure(nomi_terni(), misure, t, {.gioco = gioco, .presenti = 3});
 }
 
 Risultato ambilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
-    return tabella_ambi(misura_ambi(vista, avanzamento), vista.t());
+    if (vista.vuota()) return senza_estrazioni();
+    return tabella_ambi(misura_ambi(vista, avanzamento), vista.t(), Gioco::lotto);
 }
 
 Risultato ternilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
     const int t = vista.t();
     std::vector<Misura> misure(kTerni, Misura{.ultimo = inizio_ambata(t)});
     const auto conta = [celle = misure.data()](int c) {
@@ -87,13 +88,13 @@ Risultato ternilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
     percorri_ordinate(
         vista, avanzamento, [&](int c, const auto& n) { per_ogni_terno<true>(n, conta(c)); },
         [&](int c, const auto& n) { per_ogni_terno(n, conta(c)); });
-    return tabella_terni(misure, t);
+    return tabella_terni(misure, t, Gioco::lotto);
 }
 
 Risultato ternilotto_ambo(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                           Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
     TerniPerAmbi terni{vista.t()};
     const auto conta = [&terni](int c) {
         return [&terni, c](std::size_t a, std::size_t b) { terni.esce(a, b, c); };
@@ -106,8 +107,8 @@ Risultato ternilotto_ambo(const ArchivioEstrazioni& archivio, const Domanda& dom
 
 Risultato tutti_i_terni(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                         Avanzamento& avanzamento) {
-    return domanda.parametri.combo_rit == 0 ? ternilotto_ambo(archivio, domanda, avanzamento)
-                                            : ternilotto(archivio, domanda, avanzamento);
+    return domanda.di<ParametriStatistica>().tipo == 0 ? ternilotto_ambo(archivio, domanda, avanzamento)
+                                                       : ternilotto(archivio, domanda, avanzamento);
 }
 
 }  // namespace sortimetra

@@ -38,8 +38,9 @@ namespace sortimetra {
 /// The measures of all ambi over a view, indexed by `indice_ambo`.
 [[nodiscard]] std::vector<Misura> misura_ambi(const VistaEstrazioni& vista, Avanzamento& avanzamento);
 
-/// The finished tables of measures of all ambi and of all terni, in ascending order; T for the delays.
-[[nodiscard]] Risultato tabella_ambi(std::span<const Misura> misure, std::int32_t t);
-[[nodiscard]] Risultato tabella_terni(std::span<const Misura> misure, std::int32_t t);
+/// The finished tables of measures of all ambi and of all terni of a game, in ascending order; T for the
+/// delays.
+[[nodiscard]] Risultato tabella_ambi(std::span<const Misura> misure, std::int32_t t, Gioco gioco);
+[[nodiscard]] Risultato tabella_terni(std::span<const Misura> misure, std::int32_t t, Gioco gioco);
 
 }  // namespace sortimetra

@@ -2,9 +2,11 @@
 
 #include "draws/ambito.h"
 #include "statistics/misure.h"
+#include "statistics/parametri.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,7 +29,7 @@ bool valido(int capo) {
 
 /// The i-th head number as typed; a missing one reads 0.
 int capo(const Domanda& domanda, std::size_t i) {
-    const auto& capi = domanda.parametri.capogioco;
+    const auto& capi = domanda.di<ParametriStatistica>().capogioco;
     return i < capi.size() ? capi[i] : 0;
 }
 
@@ -65,7 +67,8 @@ void conta_all_ambata(const VistaEstrazioni& vista, Avanzamento& avanzamento, in
 template <std::size_t K>
 class Righe {
   public:
-    explicit Righe(std::size_t quante) {
+    /// `presenti` of a row's numbers make a hit.
+    Righe(std::size_t quante, int presenti) : eventi_{.presenti = static_cast<std::uint8_t>(presenti)} {
         numeri_.numeri.reserve(quante * K);
         misure_.reserve(quante);
     }
@@ -74,13 +77,21 @@ class Righe {
         for (const int n : numeri) numeri_.numeri.push_back(static_cast<Numero>(n));
         misure_.push_back(m);
     }
+    /// A row that is written although no draw could touch it.
+    void riga_intatta(std::array<int, K> numeri, const Misura& m) {
+        riga(numeri, m);
+        eventi_.senza.resize(misure_.size());
+        eventi_.senza.back() = true;
+    }
     [[nodiscard]] Risultato risultato(std::int32_t t) && {
-        return tabella_misure(std::move(numeri_), misure_, t);
+        if (!eventi_.senza.empty()) eventi_.senza.resize(misure_.size());
+        return tabella_misure(std::move(numeri_), misure_, t, std::move(eventi_));
     }
 
   private:
     ColonnaGruppi numeri_{.quanti = K, .separatore = '-', .numeri = {}};
     std::vector<Misura> misure_;
+    Eventi eventi_;
 };
 
 }  // namespace
@@ -88,9 +99,9 @@ class Righe {
 Risultato ambatacapogioco(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                           Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
     const int k = capo(domanda, 0);
-    if (!valido(k)) return non_avviata(std::string{kCapogiocoNonValido});
+    if (!valido(k)) return non_avviata({Avviso::capogioco, std::string{kCapogiocoNonValido}});
 
     const int t = vista.t();
     MisureNumeri misure = misure_iniziali(t);
@@ -101,7 +112,7 @@ Risultato ambatacapogioco(const ArchivioEstrazioni& archivio, const Domanda& dom
                 if (riga[i] == k || riga[j] == k) esce(misure[riga[i] == k ? riga[j] : riga[i]], c);
     });
 
-    Righe<2> righe{kNumeri - 1};
+    Righe<2> righe{kNumeri - 1, 2};
     for (int n = 1; n <= kNumeri; ++n)
         if (n != k) righe.riga({k, n}, misure[static_cast<std::size_t>(n)]);
     return std::move(righe).risultato(t);
@@ -110,13 +121,13 @@ Risultato ambatacapogioco(const ArchivioEstrazioni& archivio, const Domanda& dom
 Risultato ambo_capogioco(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                          Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
     const int k1 = capo(domanda, 0);
     const int k2 = capo(domanda, 1);
-    if (!valido(k1) || !valido(k2)) return non_avviata(std::string{kCapigiocoNonValidi});
+    if (!valido(k1) || !valido(k2)) return non_avviata({Avviso::capigioco, std::string{kCapigiocoNonValidi}});
 
     const int t = vista.t();
-    const bool all_ambata = domanda.parametri.combo_rit == 0;
+    const bool all_ambata = domanda.di<ParametriStatistica>().tipo == 0;
     MisureNumeri misure = misure_iniziali(t);
     if (all_ambata)
         conta_all_ambata(vista, avanzamento, k1, k2, misure);
@@ -124,7 +135,7 @@ Risultato ambo_capogioco(const ArchivioEstrazioni& archivio, const Domanda& doma
         conta_all_ambo(vista, avanzamento, k1, k2, misure);
 
     if (k1 == k2 || !all_ambata) {
-        Righe<3> righe{kNumeri - 1};
+        Righe<3> righe{kNumeri - 1, all_ambata ? 1 : 2};
         for (int c = 1; c <= kNumeri; ++c)
             if (c != k1 && c != k2) righe.riga({k1, k2, c}, misure[static_cast<std::size_t>(c)]);
         return std::move(righe).risultato(t);
@@ -134,14 +145,17 @@ Risultato ambo_capogioco(const ArchivioEstrazioni& archivio, const Domanda& doma
     const Misura intatta{.ultimo = inizio_ambata(t)};
     const auto e_capo = [=](int n) { return n == k1 || n == k2 ? 1 : 0; };
     constexpr std::size_t kTerniDiDueCapi = 7744;
-    Righe<3> righe{kTerniDiDueCapi};
+    Righe<3> righe{kTerniDiDueCapi, 1};
     for (int a = 1; a <= kNumeri - 2; ++a)
         for (int b = a + 1; b <= kNumeri - 1; ++b)
             for (int c = b + 1; c <= kNumeri; ++c) {
                 const int capi = e_capo(a) + e_capo(b) + e_capo(c);
                 if (capi == 0) continue;
-                const int terzo = a + b + c - k1 - k2;
-                righe.riga({a, b, c}, capi == 2 ? misure[static_cast<std::size_t>(terzo)] : intatta);
+                const auto terzo = static_cast<std::size_t>(a + b + c - k1 - k2);
+                if (capi == 2)
+                    righe.riga({a, b, c}, misure[terzo]);
+                else
+                    righe.riga_intatta({a, b, c}, intatta);
             }
     return std::move(righe).risultato(t);
 }

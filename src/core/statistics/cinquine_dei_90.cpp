@@ -2,16 +2,18 @@
 
 #include "draws/ruote.h"
 #include "files/file_sicuro.h"
-#include "statistics/famiglie.h"
 
 #include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <iterator>
 #include <set>
 #include <system_error>
+#include <tuple>
+#include <vector>
 
 namespace sortimetra {
 
@@ -47,6 +49,28 @@ Cinquina numeri(const Cinquina& blocco, int da, int passo) {
     return c;
 }
 
+/// The numbers of a plain list after its first line; nothing if it holds fewer than `attesi`, or anything
+/// that is no number 1 to 90. What follows the last wanted number is not looked at.
+std::vector<Numero> leggi_numeri(std::string_view testo, std::size_t attesi) {
+    constexpr std::string_view kSeparatori = ", \t\r\n";
+    std::vector<Numero> numeri;
+    const auto prima_linea = testo.find('\n');
+    testo.remove_prefix(prima_linea == std::string_view::npos ? testo.size() : prima_linea + 1);
+    while (numeri.size() < attesi) {
+        const auto inizio = testo.find_first_not_of(kSeparatori);
+        if (inizio == std::string_view::npos) return {};
+        testo.remove_prefix(inizio);
+        const std::string_view campo = testo.substr(0, testo.find_first_of(kSeparatori));
+        int numero = 0;
+        const auto [fine, errore] = std::from_chars(campo.data(), campo.data() + campo.size(), numero);
+        if (errore != std::errc{} || fine != campo.data() + campo.size() || numero < 1 || numero > kNumeri)
+            return {};
+        numeri.push_back(static_cast<Numero>(numero));
+        testo.remove_prefix(campo.size());
+    }
+    return numeri;
+}
+
 }  // namespace
 
 std::string testo_cinquine_dei_90() {
@@ -63,6 +87,17 @@ std::string testo_cinquine_dei_90() {
     for (const Cinquina& c : cinquine)
         fmt::format_to(std::back_inserter(testo), "{},{},{},{},{}\n", c[0], c[1], c[2], c[3], c[4]);
     return testo;
+}
+
+std::expected<SerieCorrente, Messaggio> leggi_cinquine_dei_90(const std::filesystem::path& cartella) {
+    constexpr std::size_t kQuante = 436;
+    constexpr std::size_t kMassimo = 1U << 20;
+    const auto testo = leggi_file(cartella / kFileCinquine, kMassimo);
+    SerieCorrente s{.colonne = std::tuple_size_v<Cinquina>};
+    if (testo) s.numeri = leggi_numeri(*testo, kQuante * s.colonne);
+    if (s.numeri.empty())
+        return std::unexpected(Messaggio{Avviso::file_danneggiato, std::string{kFileDanneggiato}});
+    return s;
 }
 
 std::expected<void, ErroreArchivio> prepara_cinquine_dei_90(const std::filesystem::path& cartella) {

@@ -83,9 +83,10 @@ class ScrittoreMisure {
     }
 
     /// The finished table, with `numeri` as its first column.
-    [[nodiscard]] Risultato risultato(Colonna numeri,
+    [[nodiscard]] Risultato risultato(Colonna numeri, Eventi eventi = {},
                                       const std::vector<std::string>& titoli = kTitoliMisure) && {
         Tabella tabella;
+        tabella.eventi = std::move(eventi);
         tabella.titoli = {titoli};
         tabella.colonne.emplace_back(std::move(numeri));
         tabella.colonne.emplace_back(std::move(frequenza_));
@@ -103,11 +104,13 @@ class ScrittoreMisure {
     ColonnaInteri storico_;
 };
 
-/// A table of measures, one row each, with `numeri` as its first column.
+/// A table of measures, one row each, with `numeri` as its first column; `eventi` is what they measure.
 [[nodiscard]] Risultato tabella_misure(Colonna numeri, std::span<const Misura> misure, std::int32_t t,
+                                       Eventi eventi = {},
                                        const std::vector<std::string>& titoli = kTitoliMisure);
 
-/// The table of measures of the numbers 1 to `quanti`, in number order.
-[[nodiscard]] Risultato tabella_numeri(const MisureNumeri& misure, int quanti, std::int32_t t);
+/// The table of measures of the numbers 1 to `quanti`, in number order, each looked for in `posti`.
+[[nodiscard]] Risultato tabella_numeri(const MisureNumeri& misure, int quanti, std::int32_t t, Gioco gioco,
+                                       Posti posti = kOgniPosto);
 
 }  // namespace sortimetra

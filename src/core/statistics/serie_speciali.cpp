@@ -1,14 +1,17 @@
 #include "statistics/serie_speciali.h"
 
 #include "draws/ambito.h"
-#include "statistics/famiglie.h"
+#include "statistics/cinquine_dei_90.h"
 #include "statistics/misura_serie.h"
 #include "statistics/misure.h"
+#include "statistics/parametri.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <memory>
 #include <utility>
+#include <variant>
 
 namespace sortimetra {
 
@@ -29,9 +32,19 @@ Colonna colonna_membri(const SerieCorrente& serie, const Famiglia* famiglia) {
 }
 
 Risultato tabella_serie(const VistaEstrazioni& vista, const SerieCorrente& serie, int soglia,
-                        std::string_view chiave, const Famiglia* famiglia, Avanzamento& avanzamento) {
-    return tabella_misure(colonna_membri(serie, famiglia), misura_serie(vista, serie, soglia, avanzamento),
-                          vista.t(), titoli_serie(chiave));
+                        const Famiglia* famiglia, Avanzamento& avanzamento) {
+    Eventi eventi{.presenti = static_cast<std::uint8_t>(soglia)};
+    Colonna membri = colonna_membri(serie, famiglia);
+    if (!std::holds_alternative<ColonnaGruppi>(membri)) {
+        eventi.quanti = static_cast<std::uint8_t>(serie.colonne);
+        eventi.numeri = serie.numeri;
+        // "1/9 (90)": the label tells the 90 of the first decina last.
+        if (famiglia->etichetta == EtichettaMembro::decina)
+            std::rotate(eventi.numeri.begin(), eventi.numeri.begin() + 1,
+                        eventi.numeri.begin() + static_cast<std::ptrdiff_t>(serie.colonne));
+    }
+    return tabella_misure(std::move(membri), misura_serie(vista, serie, soglia, avanzamento), vista.t(),
+                          std::move(eventi), titoli_serie(famiglia));
 }
 
 /// The delay of every member on every wheel of a view, wheel by wheel: entry w * members + i. Read from the
@@ -67,7 +80,7 @@ Risultato decine_a_tutte_le_ruote(const ArchivioEstrazioni& archivio, const Doma
     AmbitoRicerca ambito = domanda.ambito;
     ambito.ruote = SelezioneRuote::tutte();
     const VistaEstrazioni dieci{archivio, ambito};
-    if (dieci.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (dieci.vuota()) return senza_estrazioni();
     ambito.ruote = SelezioneRuote::nazionale();
     const VistaEstrazioni nazionale{archivio, ambito};
 
@@ -86,7 +99,7 @@ Risultato decine_a_tutte_le_ruote(const ArchivioEstrazioni& archivio, const Doma
         tabella.colonne.emplace_back(ColonnaInteri{{inizio, inizio + static_cast<std::ptrdiff_t>(membri)}});
     }
     Risultato r;
-    r.titolo = std::string{famiglia.chiave} + std::string{kTitoloOgniRuota};
+    r.titolo = std::string{famiglia.nome.chiave} + std::string{kTitoloOgniRuota};
     r.tabelle.push_back(std::move(tabella));
     return r;
 }
@@ -119,30 +132,33 @@ std::size_t quante_combinazioni(std::size_t n, std::size_t k) {
 
 }  // namespace
 
-const std::vector<std::string>& titoli_serie(std::string_view chiave) {
-    constexpr std::array<std::string_view, 5> kBrevi{"sestine", "cinquine", "settine", "controfigure",
-                                                     "decine simmetriche"};
-    const bool brevi = std::any_of(kBrevi.begin(), kBrevi.end(), [&](std::string_view parola) {
-        return chiave.find(parola) != std::string_view::npos;
-    });
-    return brevi ? kTitoliMisureBrevi : kTitoliMisure;
+const std::vector<std::string>& titoli_serie(const Famiglia* famiglia) {
+    return famiglia != nullptr && famiglia->titoli_brevi ? kTitoliMisureBrevi : kTitoliMisure;
+}
+
+std::expected<void, Messaggio> carica_cinquine(const std::filesystem::path& cartella, Domanda& domanda) {
+    if (auto serie = leggi_cinquine_dei_90(cartella))
+        domanda.parametri.per<ParametriStatistica>().cinquine =
+            std::make_shared<const SerieCorrente>(std::move(*serie));
+    return {};
 }
 
 Risultato serie_speciali(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                          Avanzamento& avanzamento) {
-    const Famiglia* famiglia = trova_famiglia(domanda.chiave);
-    if (famiglia == nullptr) return non_avviata({});
-    const bool ogni_ruota = domanda.parametri.tutte_le_ruote && !famiglia->descrizione.empty();
+    const Famiglia& famiglia = *domanda.ricerca->famiglia;
+    const auto& parametri = domanda.di<ParametriStatistica>();
+    const bool ogni_ruota = parametri.tutte_le_ruote && !famiglia.descrizione.empty();
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota() && !ogni_ruota) return non_avviata(std::string{kNessunaEstrazione});
-    const auto serie = carica_serie(*famiglia, domanda.cartella);
-    if (!serie) return non_avviata(serie.error());
+    if (vista.vuota() && !ogni_ruota) return senza_estrazioni();
+    if (famiglia.su_file && !parametri.cinquine)
+        return non_avviata({Avviso::file_danneggiato, std::string{kFileDanneggiato}});
+    const SerieCorrente serie = famiglia.su_file ? *parametri.cinquine : carica_serie(famiglia);
 
-    const int soglia = domanda.parametri.combo_rit == 0 ? 1 : 2;
-    Risultato r = ogni_ruota ? decine_a_tutte_le_ruote(archivio, domanda, *famiglia, *serie, soglia)
-                             : tabella_serie(vista, *serie, soglia, domanda.chiave, famiglia, avanzamento);
-    if (r.prodotto && !famiglia->descrizione.empty())
-        r.etichette.push_back({"descrizione", std::string{famiglia->descrizione}});
+    const int soglia = parametri.tipo == 0 ? 1 : 2;
+    Risultato r = ogni_ruota ? decine_a_tutte_le_ruote(archivio, domanda, famiglia, serie, soglia)
+                             : tabella_serie(vista, serie, soglia, &famiglia, avanzamento);
+    if (r.prodotto && !famiglia.descrizione.empty())
+        r.etichette.push_back({"descrizione", std::string{famiglia.descrizione}});
     return r;
 }
 
@@ -160,15 +176,15 @@ SerieCorrente scomposizione_gruppo(std::span<const Numero> numeri, int k) {
 Risultato scomposizione(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                         Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return non_avviata(std::string{kNessunaEstrazione});
+    if (vista.vuota()) return senza_estrazioni();
     std::vector<Numero> numeri;
-    for (const int n : domanda.parametri.numeri)
+    const auto& parametri = domanda.di<ParametriStatistica>();
+    for (const int n : parametri.numeri)
         if (n >= 1 && n <= kNumeri) numeri.push_back(static_cast<Numero>(n));
-    const int k = domanda.parametri.sorte;
+    const int k = parametri.sorte;
     if (k >= 1 && quante_combinazioni(numeri.size(), static_cast<std::size_t>(k)) > kMembriMassimi)
-        return non_avviata("Troppe combinazioni: scegliere meno numeri");
-    return tabella_serie(vista, scomposizione_gruppo(numeri, k), domanda.parametri.combo_rit + 1,
-                         domanda.chiave, nullptr, avanzamento);
+        return non_avviata({Avviso::troppe_combinazioni, "Troppe combinazioni: scegliere meno numeri"});
+    return tabella_serie(vista, scomposizione_gruppo(numeri, k), parametri.tipo + 1, nullptr, avanzamento);
 }
 
 }  // namespace sortimetra

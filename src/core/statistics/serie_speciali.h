@@ -3,16 +3,20 @@
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
 #include "results/domanda.h"
+#include "results/ricerca.h"
 #include "results/risultato.h"
+#include "statistics/famiglie.h"
 #include "statistics/serie_corrente.h"
 
+#include <expected>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace sortimetra {
 
-/// The search of the 42 named families; the key of the question says which. One row per member, in member
+/// The search of the 42 named families; the row of the question says which. One row per member, in member
 /// order: its numbers (or its short label), "Frequenza" (hits, one per wheel row), "Ritardo", "Ritardo
 /// Storico". "all'Ambata" one number of the member in a row is a hit, "all'Ambo" two of them.
 ///
@@ -34,7 +38,12 @@ namespace sortimetra {
 /// What ends the title of the table of all wheels: "decine - Ritardo per ogni ruota".
 inline constexpr std::string_view kTitoloOgniRuota = " - Ritardo per ogni ruota";
 
-/// The titles of the grid for a search key: short ones on the wider series.
-[[nodiscard]] const std::vector<std::string>& titoli_serie(std::string_view chiave);
+/// The titles of the grid of a series: short ones on the wider families.
+[[nodiscard]] const std::vector<std::string>& titoli_serie(const Famiglia* famiglia);
+
+/// Reads the list of the cinquine dei 90 into the question of their search. A list that cannot be read leaves
+/// none: the search says so once its scope has draws.
+[[nodiscard]] std::expected<void, Messaggio> carica_cinquine(const std::filesystem::path& cartella,
+                                                             Domanda& domanda);
 
 }  // namespace sortimetra

@@ -112,7 +112,8 @@ Risultato TerniPerAmbi::risultato(Colonna nomi) && {
             }
         }
     }
-    return std::move(scrittore).risultato(std::move(nomi));
+    return std::move(scrittore).risultato(
+        std::move(nomi), {.gioco = Gioco::lotto, .presenti = 2, .conteggio = Conteggio::ogni_combinazione});
 }
 
 }  // namespace sortimetra

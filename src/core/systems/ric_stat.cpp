@@ -1,7 +1,6 @@
 #include "systems/ric_stat.h"
 
 #include "files/file_sicuro.h"
-#include "statistics/famiglie.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -76,76 +75,29 @@ void tieni(std::span<int> posti, int numero) {
     }
 }
 
-/// Short labels of the families told by their ends: the step from one number to the next.
-int passo_etichetta(std::string_view chiave) {
-    return chiave == "decine" ? 1 : chiave == "cadenze" ? 10 : chiave == "figure" ? 9 : 0;
-}
-
-/// "1/9 (90)" as "01-02-…-09-90"; a text without such a label stays as it is.
-std::string espandi(std::string_view chiave, std::string_view testo) {
-    const Famiglia* famiglia = trova_famiglia(chiave);
-    const std::size_t barra = testo.find('/');
-    if (famiglia == nullptr || barra == std::string_view::npos) return std::string{testo};
-    std::string esteso;
-    const auto aggiungi = [&esteso](int n) {
-        if (!esteso.empty()) esteso += '-';
-        aggiungi_due_cifre(esteso, n);
-    };
-    if (const int passo = passo_etichetta(chiave); passo != 0) {
-        const auto da = static_cast<int>(valore_iniziale(testo.substr(0, barra)));
-        const auto a = static_cast<int>(valore_iniziale(testo.substr(barra + 1, 2)));
-        for (int n = da; n <= a; n += passo) aggiungi(n);
-        if (const std::size_t aperta = testo.find('('); aperta != std::string_view::npos)
-            aggiungi(static_cast<int>(valore_iniziale(testo.substr(aperta + 1, 2))));
-        return esteso;
-    }
-    // The other labels do not tell what lies between their ends; the series does.
-    const auto serie = carica_serie(*famiglia, {});
-    for (std::size_t i = 0; serie && i < serie->righe() && esteso.empty(); ++i)
-        if (etichetta_membro(*famiglia, *serie, i) == testo)
-            for (const Numero n : serie->membro(i)) aggiungi(n);
-    return esteso.empty() ? std::string{testo} : esteso;
-}
-
 }  // namespace
 
-Cella leggi_cella(std::string_view chiave, std::string_view testo) {
-    constexpr std::string_view kSeparatori = "-.";
-    const std::string esteso = espandi(chiave, testo);
-    Cella cella;
-    for (std::size_t inizio = 0; inizio <= esteso.size(); ++cella.quanti) {
-        const std::size_t fine = std::min(esteso.find_first_of(kSeparatori, inizio), esteso.size());
-        const std::size_t due = std::max(inizio, fine < 2 ? 0 : fine - 2);
-        tieni(cella.numeri,
-              static_cast<int>(valore_iniziale(std::string_view{esteso}.substr(due, fine - due))));
-        inizio = fine + 1;
-    }
-    return cella;
+CombinazioneSistema combinazione_sistema(std::span<const Numero> numeri) {
+    CombinazioneSistema c{};
+    for (const Numero n : numeri) tieni(c, n);
+    return c;
 }
 
-bool ammette_schedina(std::string_view chiave, const Tabella& griglia) {
-    if (griglia.colonne.empty() || chiave == "cifre") return false;
-    if (const auto* gruppi = std::get_if<ColonnaGruppi>(&griglia.colonne.front())) return gruppi->quanti >= 2;
-    return std::holds_alternative<ColonnaTesti>(griglia.colonne.front()) && trova_famiglia(chiave) != nullptr;
+bool ammette_schedina(const Risposta& risposta) {
+    if (!risposta.ricerca().schedine || !risposta.prodotta() || risposta.risultato->tabelle.empty())
+        return false;
+    const Tabella& griglia = risposta.risultato->tabelle.front();
+    return griglia.numeri_per_riga() >= 2;
 }
 
-std::optional<Sistema> sistema_da_griglia(std::string_view chiave, const Tabella& griglia) {
-    if (!ammette_schedina(chiave, griglia)) return std::nullopt;
+std::optional<Sistema> sistema_da_griglia(const Risposta& risposta) {
+    if (!ammette_schedina(risposta)) return std::nullopt;
+    const Tabella& griglia = risposta.risultato->tabelle.front();
     Sistema s;
+    s.k = std::min(griglia.numeri_per_riga(), CombinazioneSistema{}.size());
     s.combinazioni.reserve(griglia.righe());
-    std::string testo;
-    for (std::size_t r = 0; r < griglia.righe(); ++r) {
-        testo.clear();
-        griglia.aggiungi_testo(testo, r, 0);
-        const Cella cella = leggi_cella(chiave, testo);
-        if (r == 0) s.k = cella.quanti;
-        s.combinazioni.push_back(cella.numeri);
-    }
-    // A grid without rows still says what it would hold.
-    if (const auto* gruppi = std::get_if<ColonnaGruppi>(&griglia.colonne.front());
-        s.k == 0 && gruppi != nullptr)
-        s.k = gruppi->quanti;
-    s.k = std::min(s.k, CombinazioneSistema{}.size());
+    for (std::size_t r = 0; r < griglia.righe(); ++r)
+        s.combinazioni.push_back(combinazione_sistema(griglia.numeri(r).numeri()));
     const Genere g = genere(s.k);
     s.nome_file_sistema = fmt::format("{}/{}", g.cartella, kNome);
     s.lettera_sistema = g.lettera;
@@ -211,9 +163,9 @@ EsitoSistema scrivi_sistema(const fs::path& cartella, const Sistema& s) {
     return scrivi_file(file(cartella, s, "sy"), testo);
 }
 
-std::expected<Consegna, ErroreArchivio> scrivi_schedina(const fs::path& cartella, std::string_view chiave,
-                                                        const Tabella& griglia, Data oggi) {
-    const auto s = sistema_da_griglia(chiave, griglia);
+std::expected<Consegna, ErroreArchivio> scrivi_schedina(const fs::path& cartella, const Risposta& risposta,
+                                                        Data oggi) {
+    const auto s = sistema_da_griglia(risposta);
     if (!s) return std::unexpected(ErroreArchivio{{}, "questa griglia non ha una schedina"});
     const std::string_view genere_s{s->nome_file_sistema.data(), s->nome_file_sistema.find('/')};
     auto esito = in_fila([&] { return crea_cartella(cartella / kCartellaLunghi); },

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/errore.h"
-#include "results/risultato.h"
+#include "results/risposta.h"
 #include "text/data.h"
 
 #include <array>
@@ -9,8 +9,8 @@
 #include <expected>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace sortimetra {
@@ -31,17 +31,12 @@ struct Sistema {
     std::vector<CombinazioneSistema> combinazioni;
 };
 
-/// The system of a grid: every data row is a combination, its numbers read from the text of the first column
-/// with the short labels of the families spelled out. Nothing for a grid of single numbers and for "cifre".
-[[nodiscard]] std::optional<Sistema> sistema_da_griglia(std::string_view chiave, const Tabella& griglia);
+/// The system of an answer's grid: every data row is a combination, in the order of writing. Nothing for a
+/// grid that has no slips.
+[[nodiscard]] std::optional<Sistema> sistema_da_griglia(const Risposta& risposta);
 
-/// The numbers of a cell such as "01-12-90", "01.12.90" or, for the families that have one, a short label.
-/// `quanti` counts the numbers as written; equal ones take one slot, and an eleventh none.
-struct Cella {
-    CombinazioneSistema numeri{};
-    std::size_t quanti = 0;
-};
-[[nodiscard]] Cella leggi_cella(std::string_view chiave, std::string_view testo);
+/// The numbers of a row as a system takes them: equal ones take one slot, an eleventh none.
+[[nodiscard]] CombinazioneSistema combinazione_sistema(std::span<const Numero> numeri);
 
 using EsitoSistema = std::expected<void, ErroreArchivio>;
 
@@ -69,13 +64,13 @@ struct Consegna {
         false;  ///< the slip program runs already ("sch" is there): "trans" was not written
 };
 
-/// Whether a search's grid can be handed over at all.
-[[nodiscard]] bool ammette_schedina(std::string_view chiave, const Tabella& griglia);
+/// Whether an answer's grid can be handed over at all: not one of single numbers, nor one whose rows name
+/// more numbers than a slip has room for, nor the table of all wheels.
+[[nodiscard]] bool ammette_schedina(const Risposta& risposta);
 
 /// Writes the system `ric_stat` of the whole grid, as it stood before any sorting, and the file "trans" that
 /// names it to the slip program. Folders are made as needed. Nothing is started.
 [[nodiscard]] std::expected<Consegna, ErroreArchivio> scrivi_schedina(const std::filesystem::path& cartella,
-                                                                      std::string_view chiave,
-                                                                      const Tabella& griglia, Data oggi);
+                                                                      const Risposta& risposta, Data oggi);
 
 }  // namespace sortimetra

@@ -6,6 +6,7 @@
 #include "catalogue/form_ricerche_elenco.h"
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_skin.h"
+#include "catalogue/nomi.h"
 #include "qt_testi.h"
 #include "screens/giro_di_tab.h"
 #include "screens/tema.h"
@@ -176,7 +177,7 @@ QWidget* form_ricerche::componi_frame1() {
         if (diretto) piano->addSpacing(2 * kPasso);
         piano->addWidget(cornice);
     }
-    const Ricerca* ritardi = trova_ricerca(kChiaveTabellaRitardi);
+    const Ricerca* ritardi = trova_ricerca(nomi::kMiglioriRitardi.chiave);
     auto* ultimo = cmd_ricerche_[kGruppoTabellaRitardi];
     if (ritardi == nullptr || !costruita(*ritardi)) {
         ultimo->setEnabled(false);

@@ -1,15 +1,16 @@
+#pragma once
+
 #include "catalogue/ricerche.h"
 
 #include <array>
+#include <string_view>
 
 // The lists of the catalogue, in the order and the spelling in which the user reads them. One search may
 // stand in several lists with other capitals; its key is the name in lower case.
 
-namespace sortimetra {
+namespace sortimetra::elenchi {
 
-namespace {
-
-constexpr std::string_view kAmbata[] = {
+inline constexpr std::string_view kAmbata[] = {
     "Ritardo e frequenza dei 90 numeri",
     "Ritardi e Frequenze per Posizione dei 90 numeri",
     "Tabellone Posizionale",
@@ -51,7 +52,7 @@ constexpr std::string_view kAmbata[] = {
     "Sestine somma 273",
 };
 
-constexpr std::string_view kAmbo[] = {
+inline constexpr std::string_view kAmbo[] = {
     "Ambata capogioco",
     "Ambo capogioco",
     "Ambi vertibili",
@@ -91,7 +92,7 @@ constexpr std::string_view kAmbo[] = {
     "Sestine somma 273",
 };
 
-constexpr std::string_view kTerno[] = {
+inline constexpr std::string_view kTerno[] = {
     "Ricerche su tutti i Terni",
     "Terzine Consecutive",
     "Terzine Correlative Simmetriche",
@@ -104,12 +105,12 @@ constexpr std::string_view kTerno[] = {
     "Ricerche per Gruppi",
 };
 
-constexpr std::string_view kQuaterna[] = {
+inline constexpr std::string_view kQuaterna[] = {
     "Grattacielo dei 90",           "Quartine con numeri doppi", "Quartine con numeri triplicati",
     "Ricerche su Numeri Personali", "Ricerche per Gruppi",
 };
 
-constexpr std::string_view kCinquina[] = {
+inline constexpr std::string_view kCinquina[] = {
     "Cinquine dei 90",      "Cinquine Classiche",
     "Cinquine a Coesione",  "Cinquine Consecutive",
     "Cinquine Correlative", "Cinquine Dispari",
@@ -118,7 +119,7 @@ constexpr std::string_view kCinquina[] = {
     "Ricerche per Gruppi",
 };
 
-constexpr std::string_view kSpeciali[] = {
+inline constexpr std::string_view kSpeciali[] = {
     "Scommesse Lotto",
     "Lunghette ritardate/frequenti per Ambo e Terno",
     "Decine",
@@ -143,7 +144,7 @@ constexpr std::string_view kSpeciali[] = {
     "Ricerche su Numeri Personali",
 };
 
-constexpr std::string_view kSuperEnalotto[] = {
+inline constexpr std::string_view kSuperEnalotto[] = {
     "Ritardo e frequenza del numero superstar",
     "Ritardo e frequenza dei 90 numeri nella sestina SuperEnalotto",
     "Tabellone Posizionale sestina superenalotto",
@@ -153,7 +154,7 @@ constexpr std::string_view kSuperEnalotto[] = {
     "Ricerche sui Numeri Personali",
 };
 
-constexpr std::string_view kDieciELotto[] = {
+inline constexpr std::string_view kDieciELotto[] = {
     "Ritardo e frequenza dei 90 numeri nella combinazione 10 e lotto",
     "Tabellone Posizionale combinazione 10 e lotto",
     "Frequenza e ritardo dei 90 numeri per posizione (10 e lotto)",
@@ -161,7 +162,7 @@ constexpr std::string_view kDieciELotto[] = {
     "Calcolo lunghette per punteggio 10eLotto",
 };
 
-constexpr std::string_view kWinForLife[] = {
+inline constexpr std::string_view kWinForLife[] = {
     "Ritardo e frequenza dei 20 numeri nella combinazione Win for Life",
     "Tabellone Posizionale combinazione Win for Life",
     "Frequenza e ritardo dei 20 numeri per posizione (Win for Life)",
@@ -170,13 +171,13 @@ constexpr std::string_view kWinForLife[] = {
     "Calcolo Lunghette Scomposte",
 };
 
-constexpr std::string_view kSistemi[] = {
+inline constexpr std::string_view kSistemi[] = {
     "Statistica relativa ai sistemi realizzati",
     "Filtri di condizionamento",
     "Ultimi 20 Concorsi",
 };
 
-constexpr std::array<Elenco, 7> kGruppiLotto{{
+inline constexpr std::array<Elenco, 7> kGruppiLotto{{
     {"Ambata", kAmbata},
     {"Ambo", kAmbo},
     {"Terno", kTerno},
@@ -185,12 +186,12 @@ constexpr std::array<Elenco, 7> kGruppiLotto{{
     {"Ricerche Speciali", kSpeciali},
     {"Tabella Ritardi", {}},
 }};
-constexpr std::array<Elenco, 1> kGruppiSuperEnalotto{{{"Ricerche SuperEnalotto", kSuperEnalotto}}};
-constexpr std::array<Elenco, 1> kGruppiDieciELotto{{{"Ricerche 10 e Lotto", kDieciELotto}}};
-constexpr std::array<Elenco, 1> kGruppiWinForLife{{{"Ricerche WinForLife", kWinForLife}}};
-constexpr std::array<Elenco, 1> kGruppiSistemi{{{"Ricerche sui Sistemi", kSistemi}}};
+inline constexpr std::array<Elenco, 1> kGruppiSuperEnalotto{{{"Ricerche SuperEnalotto", kSuperEnalotto}}};
+inline constexpr std::array<Elenco, 1> kGruppiDieciELotto{{{"Ricerche 10 e Lotto", kDieciELotto}}};
+inline constexpr std::array<Elenco, 1> kGruppiWinForLife{{{"Ricerche WinForLife", kWinForLife}}};
+inline constexpr std::array<Elenco, 1> kGruppiSistemi{{{"Ricerche sui Sistemi", kSistemi}}};
 
-constexpr std::array<Scheda, 5> kSchede{{
+inline constexpr std::array<Scheda, 5> kSchede{{
     {"Ricerche Lotto", kGruppiLotto},
     {"Ricerche SuperEnalotto", kGruppiSuperEnalotto},
     {"Ricerche 10 e Lotto", kGruppiDieciELotto},
@@ -198,10 +199,4 @@ constexpr std::array<Scheda, 5> kSchede{{
     {"Ricerche sui Sistemi", kGruppiSistemi},
 }};
 
-}  // namespace
-
-std::span<const Scheda> schede() {
-    return kSchede;
-}
-
-}  // namespace sortimetra
+}  // namespace sortimetra::elenchi

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "results/domanda.h"
+#include "results/ricerca.h"
+#include "results/risultato.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sortimetra {
+
+/// What an answer is of, in the words of a report's head: taken down when the search ran, so that neither
+/// paper nor files need the archive again.
+struct AmbitoDetto {
+    std::string ruote{};       ///< names of the wheels joined by ", ", "Tutte", or the game's name
+    std::string intervallo{};  ///< the entry of `ComboIntervallo`, or "ore 9:00"
+    TrattoConcorsi tratto{};   ///< within the archive
+    std::optional<Data> dal{};
+    std::optional<Data> al{};
+    std::int32_t t = 0;      ///< T, the draws in scope
+    std::string archivio{};  ///< name of the file that was read
+    bool simulato = false;
+};
+
+/// A search that was run: its row of the dispatch table, the question as answered, the result and the order
+/// on show. The one value that goes from the run to grid, paper, files and slips.
+struct Risposta {
+    Domanda domanda;
+    std::shared_ptr<const Risultato> risultato;
+    /// Rows of the first table as the screen shows them (see `ordina`); empty for the order of writing.
+    std::vector<std::uint32_t> ordine{};
+    /// Nothing for a search that needs no archive.
+    std::optional<AmbitoDetto> ambito{};
+
+    [[nodiscard]] const Ricerca& ricerca() const { return *domanda.ricerca; }
+    /// What the result calls itself, else the search's title.
+    [[nodiscard]] std::string_view titolo() const {
+        return risultato->titolo.empty() ? ricerca().titolo() : std::string_view{risultato->titolo};
+    }
+    [[nodiscard]] bool prodotta() const { return risultato != nullptr && risultato->prodotto; }
+};
+
+}  // namespace sortimetra
