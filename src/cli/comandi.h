@@ -33,6 +33,7 @@ struct Comando {
     std::string_view frase{};                            ///< what it does, for the list of commands
     std::string_view dettaglio{};                        ///< further paragraphs of its own help
     unsigned bit = 0;                                    ///< its bit of `Comandi`
+    bool parole = false;                                 ///< takes any words after its name
     int (*esegui)(Richiesta&, const Canali&) = nullptr;  ///< null until the command is built: not listed
 };
 
