@@ -180,7 +180,8 @@ Tabella tabella_ritardi(const ContiGruppo& conti, std::size_t esiti) {
     return t;
 }
 
-Tabella tabella_lunghette(const SerieCorrente& gruppo, int sorte, std::span<const Misura> misure, int t) {
+Tabella tabella_lunghette(const SerieCorrente& gruppo, int sorte, std::span<const Misura> misure,
+                          Estrazioni t) {
     ColonnaTesti nomi;
     for (std::size_t i = 0; i < gruppo.righe(); ++i) {
         std::string nome;

@@ -68,7 +68,7 @@ struct Uscita {
 /// The counts of one search while draws are walked.
 class ContiPersonali {
   public:
-    ContiPersonali(const FormaGioco& forma, const Selezione& selezione, int t, int estratto = 0)
+    ContiPersonali(const FormaGioco& forma, const Selezione& selezione, Estrazioni t, int estratto = 0)
         : forma_{forma},
           selezione_{selezione},
           t_{t},
@@ -101,7 +101,7 @@ class ContiPersonali {
     }
 
     [[nodiscard]] const std::vector<Uscita>& uscite() const { return uscite_; }
-    [[nodiscard]] int t() const { return t_; }
+    [[nodiscard]] Estrazioni t() const { return t_; }
     [[nodiscard]] const FormaGioco& forma() const { return forma_; }
     [[nodiscard]] const Selezione& selezione() const { return selezione_; }
     [[nodiscard]] const Misura& numero(int n) const { return numeri_[static_cast<std::size_t>(n)]; }
@@ -124,7 +124,7 @@ class ContiPersonali {
 
     const FormaGioco& forma_;
     const Selezione& selezione_;
-    int t_;
+    Estrazioni t_;
     std::uint32_t posti_;  ///< places in which a number counts as found
     std::array<Misura, kPostiMassimi> sorti_{};
     std::array<std::array<Misura, kEstratti>, kRuoteContate> ruote_{};
@@ -438,7 +438,7 @@ Risultato ricerca_superenalotto(const ArchivioEstrazioni& archivio, const Domand
     if (selezione.numeri.empty()) return non_avviata({});
     const TabellaSuperEnalotto& tabella = archivio.superenalotto();
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
-    ContiPersonali conti{kSuperEnalotto, selezione, static_cast<int>(righe.size())};
+    ContiPersonali conti{kSuperEnalotto, selezione, Estrazioni{static_cast<std::int32_t>(righe.size())}};
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         const Combinazione combinazione = calc_combinazione_superenalotto(tabella, riga);
         Uscita u{.concorso = tabella.concorso[riga],
@@ -480,7 +480,7 @@ Risultato ricerca_winforlife(const ArchivioEstrazioni& archivio, const Domanda& 
     if (selezione.numeri.empty()) return non_avviata({});
     const TabellaWinForLife& tabella = archivio.winforlife();
     const auto righe = vista_winforlife(archivio, domanda.ambito);
-    ContiPersonali conti{kWinForLife, selezione, static_cast<int>(righe.size())};
+    ContiPersonali conti{kWinForLife, selezione, Estrazioni{static_cast<std::int32_t>(righe.size())}};
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         Uscita u{.concorso = tabella.concorso[riga], .data = tabella.data[riga]};
         metti_combinazione(u, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]),

@@ -68,7 +68,7 @@ std::string testo_piede(const ParametriPiramide& p) {
 }  // namespace
 
 Numero Ric_ambata(const VistaEstrazioni& vista, TipoPiramide tipo) {
-    const auto t = static_cast<std::int32_t>(vista.righe());
+    const Estrazioni t{static_cast<std::int32_t>(vista.righe())};
     MisureNumeri misure{};
     SenzaAvanzamento nessuno;
     percorri(vista, nessuno, [&](int c, const Numero* riga) {
