@@ -130,6 +130,7 @@ class TabellaEsiti {
         ritardi_.valori.resize(quanti);
         concorsi_.valori.resize(quanti);
         date_.scelte.resize(quanti);
+        date_.in_ordine = true;
     }
     /// The outcomes of one row: the first has the group's delay, the others 0.
     void riga(const RigaEsiti& r, std::int32_t ritardo, Data data) {

@@ -159,6 +159,7 @@ Colonna colonna_concorsi(std::span<const Uscita> uscite) {
 
 Colonna colonna_date(std::span<const Uscita> uscite, bool anno_breve) {
     ColonnaVoci c;
+    c.in_ordine = true;
     c.scelte.reserve(uscite.size());
     Data ultima{};
     for (const Uscita& u : uscite) {
@@ -183,7 +184,7 @@ Colonna colonna_ruote(std::span<const Uscita> uscite) {
 
 template <class Numero_>
 Colonna colonna_numeri(std::span<const Uscita> uscite, Numero_&& numero) {
-    ColonnaVoci c{testi_numeri(), std::vector<std::uint32_t>(uscite.size())};
+    ColonnaVoci c{testi_numeri(), std::vector<std::uint32_t>(uscite.size()), true};
     std::transform(uscite.begin(), uscite.end(), c.scelte.begin(), numero);
     return c;
 }
@@ -226,7 +227,7 @@ Tabella tabella_uscite(const FormaGioco& forma, std::string_view nome, std::span
     t.colonne.push_back(colonna_trovati(uscite, forma.jolly));
     if (con_numero) {
         titoli.emplace_back("Numero");
-        t.colonne.push_back(ColonnaVoci{{""}, std::vector<std::uint32_t>(uscite.size())});
+        t.colonne.push_back(ColonnaVoci{{""}, std::vector<std::uint32_t>(uscite.size()), true});
     }
     const std::size_t larga = t.colonne.size();
     t.sfondi.assign(uscite.size() * larga, kNessunColore);

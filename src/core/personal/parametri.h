@@ -18,9 +18,9 @@ namespace sortimetra {
 
 /// What the searches on the user's own numbers take.
 struct ParametriPersonali {
-    std::vector<int> numeri;  ///< the numbers marked on the grid; none: the search does not start
-    int estratto = 0;         ///< `cmbEstratto`: 0 "Tutti", 1 to 5 that place alone
-    bool chiusura = false;    ///< `Check1`: only the draws up to the closing of the series
+    std::vector<int> numeri{};  ///< the numbers marked on the grid; none: the search does not start
+    int estratto = 0;           ///< `cmbEstratto`: 0 "Tutti", 1 to 5 that place alone
+    bool chiusura = false;      ///< `Check1`: only the draws up to the closing of the series
 };
 
 inline constexpr std::array<std::string_view, 6> kParoleEstratto{"tutti", "1", "2", "3", "4", "5"};
@@ -62,11 +62,12 @@ inline constexpr int kSorteDettaglio = 3;
 
 /// What the analysis of a group takes.
 struct ParametriGruppi {
-    std::string gruppo;        ///< name of a saved group; "" for none
-    SerieCorrente lunghette;   ///< the group to analyse: its lunghette, in the order in which they were typed
-    int sorte = 1;             ///< numbers of one lunghetta that must come together, 1 to 5
-    std::optional<int> entro;  ///< `Combo1`: draws within which an outcome is asked for
-    std::optional<int> dettaglio;  ///< row of the lunghette's table, from 1, whose combinations are listed
+    std::string gruppo{};  ///< name of a saved group; "" for none
+    SerieCorrente
+        lunghette{};  ///< the group to analyse: its lunghette, in the order in which they were typed
+    int sorte = 1;    ///< numbers of one lunghetta that must come together, 1 to 5
+    std::optional<int> entro{};      ///< `Combo1`: draws within which an outcome is asked for
+    std::optional<int> dettaglio{};  ///< row of the lunghette's table, from 1, whose combinations are listed
 };
 
 /// Lunghette as a line tells them, "1 2 3;4 5 6"; nothing if they are too many, too long or of unequal
@@ -138,8 +139,8 @@ inline constexpr std::array kOpzioniGruppi{&kOpzGruppo, &kOpzLunghette, &kOpzSor
 
 /// What the statistical pyramid takes.
 struct ParametriPiramide {
-    int opzione = 0;            ///< `OptionP`: 0 and 1 by delay, 2 and 3 by frequency; 0 and 3 from `numero`
-    std::optional<int> numero;  ///< the box of options 0 and 3; none typed: the search does not start
+    int opzione = 0;  ///< `OptionP`: 0 and 1 by delay, 2 and 3 by frequency; 0 and 3 from `numero`
+    std::optional<int> numero{};  ///< the box of options 0 and 3; none typed: the search does not start
 
     [[nodiscard]] bool personale() const { return opzione == 0 || opzione == 3; }
     [[nodiscard]] bool per_frequenza() const { return opzione >= 2; }

@@ -232,11 +232,12 @@ Rapporto rapporto_di(Piano piano) {
 
 Rapporto rapporto_personali(const MaterialeRapporto& materiale) {
     if (tabella_di(materiale.risultato, "numeri") == nullptr) return rapporto_tabelle(materiale);
+    if (tabella_di(materiale.risultato, "risultati") == nullptr) return rapporto_serie(materiale);
     return rapporto_di(fai_piano(materiale));
 }
 
 Rapporto rapporto_serie(const MaterialeRapporto& materiale) {
-    if (tabella_di(materiale.risultato, "serie") == nullptr) return rapporto_personali(materiale);
+    if (tabella_di(materiale.risultato, "serie") == nullptr) return rapporto_tabelle(materiale);
     Piano piano = fai_piano(materiale);
     piano.pagine_draws = 0;
     piano.riepilogo_a_parte = false;

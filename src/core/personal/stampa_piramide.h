@@ -14,7 +14,7 @@ namespace sortimetra {
 /// What slips are printed from.
 struct MaterialeSchedine {
     Piramide piramide{};
-    SelezioneRuote ruote;
+    SelezioneRuote ruote{};
     Poste poste = poste_predefinite();
     TaraturaLotto taratura = default_taratura_lotto();
 };

@@ -174,9 +174,11 @@ void riordina_per(const Tabella& tabella, const Criterio& criterio, std::vector<
             return std::lexicographical_compare(x + a * k, x + a * k + k, x + b * k, x + b * k + k);
         });
     } else if (const auto* voci = std::get_if<ColonnaVoci>(&c)) {
-        const auto chiavi = chiavi_celle(voci->voci);
         const auto& scelte = voci->scelte;
-        riordina(ordine, verso, [&](auto a, auto b) { return chiavi[scelte[a]] < chiavi[scelte[b]]; });
+        const auto chiavi = voci->in_ordine ? std::vector<ChiaveCella>{} : chiavi_celle(voci->voci);
+        riordina(ordine, verso, [&](auto a, auto b) {
+            return voci->in_ordine ? scelte[a] < scelte[b] : chiavi[scelte[a]] < chiavi[scelte[b]];
+        });
     } else {
         const auto chiavi = chiavi_celle(std::get<ColonnaTesti>(c).valori);
         riordina(ordine, verso, [&](auto a, auto b) { return chiavi[a] < chiavi[b]; });

@@ -52,6 +52,8 @@ struct ColonnaGruppi {
 struct ColonnaVoci {
     std::vector<std::string> voci;
     std::vector<std::uint32_t> scelte;
+    /// The texts stand in their own order (days, two-digit numbers): rows sort by it, not by the letters.
+    bool in_ordine = false;
 
     [[nodiscard]] const std::string& testo(std::size_t riga) const { return voci[scelte[riga]]; }
     friend bool operator==(const ColonnaVoci&, const ColonnaVoci&) = default;

@@ -1,5 +1,8 @@
 #include "catalogue/form_ricerche_schermi.h"
 
+#include "personal/form_gruppi2.h"
+#include "personal/form_personali.h"
+#include "personal/form_piramide.h"
 #include "positional/form_posizione.h"
 #include "positional/form_tab_pos.h"
 #include "positional/form_tab_pos2.h"
@@ -36,6 +39,8 @@ constexpr RigaSchermo riga(Schermo schermo) {
                 form->imposta_stampa(stampa_lavoro);
                 if constexpr (requires { form->imposta_stampa_immagine(stampa_immagine); })
                     form->imposta_stampa_immagine(stampa_immagine);
+                if constexpr (requires { form->imposta_stampa_rapporto(stampa_rapporto); })
+                    form->imposta_stampa_rapporto(stampa_rapporto);
                 return form;
             },
             [](QWidget& finestra, const Ricerca& ricerca, const ArchivioEstrazioni& archivio) {
@@ -46,7 +51,8 @@ constexpr RigaSchermo riga(Schermo schermo) {
 constexpr RigaSchermo kSchermi[] = {
     riga<Form_stat>(Schermo::stat),         riga<Form_posizione>(Schermo::posizione),
     riga<form_tab_pos>(Schermo::tab_pos),   riga<form_tab_posWFL>(Schermo::tab_pos_wfl),
-    riga<form_tab_pos2>(Schermo::tab_pos2),
+    riga<form_tab_pos2>(Schermo::tab_pos2), riga<Form_Personali>(Schermo::personali),
+    riga<Form_Gruppi2>(Schermo::gruppi2),   riga<Form_Piramide>(Schermo::piramide),
 };
 
 }  // namespace

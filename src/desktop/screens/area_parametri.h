@@ -70,6 +70,10 @@ class AreaParametri final : public QFrame {
     [[nodiscard]] AmbitoRicerca ambito() const;
     [[nodiscard]] SelezioneRuote ruote() const { return ruote_; }
     void imposta_ruote(SelezioneRuote ruote);
+    /// Puts wheels, calendar (or hour) and range as another screen has them. No signal is sent.
+    void imposta_ambito(const AmbitoRicerca& ambito);
+    /// Only one wheel at a time can be ticked; the one ticked last stays.
+    void imposta_ruota_singola(bool si) { ruota_singola_ = si; }
     /// Text of `ComboIntervallo` and of the two boxes with their dates, as a report's head shows them.
     [[nodiscard]] QString testo_intervallo() const;
     [[nodiscard]] QString testo_concorsi() const;
@@ -100,6 +104,7 @@ class AreaParametri final : public QFrame {
     const ArchivioEstrazioni* archivio_ = nullptr;
     SelezioneRuote ruote_;
     Genere genere_ = Genere::lotto;
+    bool ruota_singola_ = false;
     bool fermo_ = false;  ///< set while the area itself changes its controls: no rule runs, no signal is sent
 };
 

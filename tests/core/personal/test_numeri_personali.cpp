@@ -390,8 +390,12 @@ TEST(NumeriPersonali, UgualeAllaLentaSulLotto) {
         ASSERT_EQ(r.prodotto, !estrazioni.empty());
         ASSERT_EQ(come_lenta(tabella(r, "risultati"), true), a.risultati);
         ASSERT_EQ(testo(r, "numeri"), a.numeri);
-        if (r.prodotto) ASSERT_EQ(riepilogo_come_lenta(tabella(r, "riepilogo")), a.riepilogo);
-        if (p.chiusura) ASSERT_EQ(come_lenta(tabella(r, "serie"), true, true), a.serie);
+        if (r.prodotto) {
+            ASSERT_EQ(riepilogo_come_lenta(tabella(r, "riepilogo")), a.riepilogo);
+        }
+        if (p.chiusura) {
+            ASSERT_EQ(come_lenta(tabella(r, "serie"), true, true), a.serie);
+        }
     }
 }
 
@@ -443,7 +447,9 @@ TEST(NumeriPersonali, UgualeAllaLentaSugliAltriGiochi) {
         ASSERT_EQ(r.prodotto, !estrazioni.empty());
         ASSERT_EQ(come_lenta(tabella(r, "risultati"), false), a.risultati);
         ASSERT_EQ(testo(r, "numeri"), a.numeri);
-        if (r.prodotto) ASSERT_EQ(riepilogo_come_lenta(tabella(r, "riepilogo")), a.riepilogo);
+        if (r.prodotto) {
+            ASSERT_EQ(riepilogo_come_lenta(tabella(r, "riepilogo")), a.riepilogo);
+        }
     }
 }
 

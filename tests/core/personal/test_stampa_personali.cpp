@@ -14,18 +14,17 @@ namespace {
 
 using prove::da_testo;
 
+/// A report on paper.
 struct Carta {
     SuperficieRegistrata foglio;
     int pagine = 0;
+
+    explicit Carta(const Rapporto& rapporto) : pagine{rapporto.pagine} {
+        SenzaAvanzamento nessuno;
+        EasyPrint stampante{foglio, [](const std::string&, const std::string& t) { FAIL() << t; }};
+        EXPECT_TRUE(stampa(stampante, rapporto, {}, nessuno));
+    }
 };
-Carta stampata(const Rapporto& rapporto) {
-    Carta c;
-    SenzaAvanzamento nessuno;
-    EasyPrint stampante{c.foglio, [](const std::string&, const std::string& t) { FAIL() << t; }};
-    EXPECT_TRUE(stampa(stampante, rapporto, {}, nessuno));
-    c.pagine = rapporto.pagine;
-    return c;
-}
 Risposta risposta(std::string_view chiave, const ArchivioEstrazioni& archivio, Parametri parametri) {
     Domanda d = prove::domanda(chiave);
     d.parametri = std::move(parametri);
@@ -35,7 +34,7 @@ Risposta risposta(std::string_view chiave, const ArchivioEstrazioni& archivio, P
 const auto kTre = "1 BA 5 17 30 40 50\n2 BA 1 2 3 4 6\n3 BA 17 5 71 72 73\n";
 
 TEST(StampaPersonali, TestaGrigliaERiepilogo) {
-    const Carta c = stampata(prepara_rapporto(
+    const Carta c(prepara_rapporto(
         risposta("ricerche su numeri personali", da_testo(kTre), ParametriPersonali{.numeri = {17, 5}})));
     EXPECT_EQ(c.pagine, 1);
     for (const char* testo :
@@ -54,7 +53,7 @@ TEST(StampaPersonali, TestaGrigliaERiepilogo) {
 TEST(StampaPersonali, MoltiNumeriEPocheEstrazioni) {
     std::vector<int> tutti;
     for (int n = 1; n <= 90; ++n) tutti.push_back(n);
-    const Carta c = stampata(prepara_rapporto(
+    const Carta c(prepara_rapporto(
         risposta("ricerche su numeri personali", da_testo(kTre), ParametriPersonali{.numeri = tutti})));
     EXPECT_EQ(c.pagine, 2);
     EXPECT_NE(c.foglio.trova("Cinquina", 2), nullptr);
@@ -63,9 +62,9 @@ TEST(StampaPersonali, MoltiNumeriEPocheEstrazioni) {
 TEST(StampaPersonali, LaSerieDaSola) {
     const Risposta r = risposta("ricerche su numeri personali", da_testo(kTre),
                                 ParametriPersonali{.numeri = {30, 71}, .chiusura = true});
-    const Carta tutto = stampata(prepara_rapporto(r));
+    const Carta tutto(prepara_rapporto(r));
     EXPECT_EQ(tutto.pagine, 2);
-    const Carta serie = stampata(rapporto_serie({*r.risultato, intestazione(r), {}}));
+    const Carta serie(rapporto_serie({*r.risultato, intestazione(r), {}}));
     EXPECT_EQ(serie.pagine, 1);
     EXPECT_NE(serie.foglio.trova("30"), nullptr);
     EXPECT_EQ(serie.foglio.trova("Ruota + Ritardata"), nullptr);
@@ -80,13 +79,13 @@ TEST(StampaPersonali, LaCombinazioneDiVentiStaInOrizzontale) {
     const Rapporto r = prepara_rapporto(risposta("ricerche sui numeri personali (10 e lotto)",
                                                  da_testo(righe), ParametriPersonali{.numeri = {1}}));
     EXPECT_EQ(r.orientamento, Orientamento::orizzontale);
-    const Carta c = stampata(r);
+    const Carta c(r);
     EXPECT_NE(c.foglio.trova("Comb"), nullptr);
     EXPECT_NE(c.foglio.trova("20 Numeri"), nullptr);
 }
 
 TEST(StampaPiramide, IlTriangoloConITitoliSuDueRighe) {
-    const Carta c = stampata(prepara_rapporto(
+    const Carta c(prepara_rapporto(
         risposta("piramide statistica", da_testo(kTre), ParametriPiramide{.opzione = 0, .numero = 90})));
     for (const char* testo : {"Bari", "01/01/2000 - 03/01/2000", "Tutti i Concorsi", "Terzina per",
                               "Ambo e Terno", "Ottina per Ambo", "Terno e Quaterna",
@@ -99,7 +98,7 @@ TEST(StampaPiramide, IlTriangoloConITitoliSuDueRighe) {
 TEST(StampaSchedine, UnaPaginaPerRigaConLeSueCrocette) {
     MaterialeSchedine m{.piramide = {33, 7, 7, 8, 9, 10, 12, 14, 15, 17}, .ruote = {}};
     for (std::size_t r = 0; r < kRighePiramide; ++r) m.poste[r].stampa = r == 2 || r == 4;
-    const Carta c = stampata(stampa_schedine(m));
+    const Carta c(stampa_schedine(m));
     EXPECT_EQ(c.pagine, 2);
     EXPECT_NE(c.foglio.trova("Piramide Statistica", 1), nullptr);
     EXPECT_NE(c.foglio.trova("Terzina", 1), nullptr);
@@ -121,7 +120,7 @@ TEST(StampaSchedine, UnaPaginaPerRigaConLeSueCrocette) {
 TEST(StampaSchedine, SenzaRigheDaStampare) {
     MaterialeSchedine m;
     for (RigaPoste& r : m.poste) r.stampa = false;
-    const Carta c = stampata(stampa_schedine(m));
+    const Carta c(stampa_schedine(m));
     EXPECT_EQ(c.pagine, 1);
     EXPECT_NE(c.foglio.trova("Nessuna riga della piramide è da stampare."), nullptr);
 }
