@@ -177,6 +177,7 @@ void Form_stat::inizializza_griglia() {
     for (CasellaCifre* c : ambo_capo_) c->clear();
     estratto_->setCurrentIndex(0);
     if (spec_ != nullptr) spec_->close();
+    if (stat2_ != nullptr) stat2_->close();
     griglia()->inizializza({titoli_serie(r.famiglia)});
 }
 
