@@ -41,6 +41,18 @@ constexpr FormaGioco kSuperEnalotto{Gioco::superenalotto, 6, false, true, false,
 constexpr FormaGioco kDieciELotto{Gioco::dieci_e_lotto, 20, false, false, true, "Combinazione"};
 constexpr FormaGioco kWinForLife{Gioco::win_for_life, 10, false, false, true, "Combinazione"};
 
+const std::vector<std::string> kTitoliNumeri{"Numero", "Frequenza", "Ritardo", "R.Storico"};
+const std::vector<std::string> kTitoliRiepilogoLotto{
+    "", "Freq.", "Rit.", "Rit. Stor.", "Ruota + Frequente", "Freq.", "Ruota + Ritardata", "Rit."};
+const std::vector<std::string> kTitoliRiepilogo{"", "Frequenza", "Ritardo", "Ritardo Storico"};
+
+const FormaGioco& forma_di(Gioco gioco) {
+    return gioco == Gioco::superenalotto   ? kSuperEnalotto
+           : gioco == Gioco::dieci_e_lotto ? kDieciELotto
+           : gioco == Gioco::win_for_life  ? kWinForLife
+                                           : kLotto;
+}
+
 /// The marked numbers, ascending.
 struct Selezione {
     std::vector<int> numeri;
@@ -203,30 +215,30 @@ Colonna colonna_trovati(std::span<const Uscita> uscite, bool jolly) {
     return c;
 }
 
+std::vector<std::string> titoli_uscite(const FormaGioco& forma) {
+    std::vector<std::string> titoli{"Concorso", "Data"};
+    if (forma.ruota) titoli.emplace_back("Ruota");
+    titoli.insert(titoli.end(), forma.posti, std::string{forma.titolo_numero});
+    if (forma.jolly) titoli.emplace_back("J");
+    titoli.emplace_back("Trovati");
+    return titoli;
+}
+
 /// The draws with their hits. `con_numero` adds the empty column that the summary of a series ends with.
 Tabella tabella_uscite(const FormaGioco& forma, std::string_view nome, std::span<const Uscita> uscite,
                        bool con_numero = false) {
     Tabella t;
     t.nome = nome;
-    auto& titoli = t.titoli.emplace_back(std::vector<std::string>{"Concorso", "Data"});
+    t.titoli = {titoli_uscite(forma)};
     t.colonne = {colonna_concorsi(uscite), colonna_date(uscite, forma.anno_breve)};
-    if (forma.ruota) {
-        titoli.emplace_back("Ruota");
-        t.colonne.push_back(colonna_ruote(uscite));
-    }
+    if (forma.ruota) t.colonne.push_back(colonna_ruote(uscite));
     const std::size_t primo = t.colonne.size();
-    for (std::size_t p = 0; p < forma.posti; ++p) {
-        titoli.emplace_back(forma.titolo_numero);
+    for (std::size_t p = 0; p < forma.posti; ++p)
         t.colonne.push_back(colonna_numeri(uscite, [p](const Uscita& u) { return u.numeri[p]; }));
-    }
-    if (forma.jolly) {
-        titoli.emplace_back("J");
-        t.colonne.push_back(colonna_numeri(uscite, [](const Uscita& u) { return u.jolly; }));
-    }
-    titoli.emplace_back("Trovati");
+    if (forma.jolly) t.colonne.push_back(colonna_numeri(uscite, [](const Uscita& u) { return u.jolly; }));
     t.colonne.push_back(colonna_trovati(uscite, forma.jolly));
     if (con_numero) {
-        titoli.emplace_back("Numero");
+        t.titoli[0].emplace_back("Numero");
         t.colonne.push_back(ColonnaVoci{{""}, std::vector<std::uint32_t>(uscite.size()), true});
     }
     const std::size_t larga = t.colonne.size();
@@ -250,7 +262,7 @@ Tabella tabella_scelti(const ContiPersonali& conti, bool con_righe, Misure&& mis
     }
     Tabella t;
     t.nome = "numeri";
-    t.titoli = {{"Numero", "Frequenza", "Ritardo", "R.Storico"}};
+    t.titoli = {kTitoliNumeri};
     t.eventi = {.gioco = conti.forma().gioco, .presenti = 1};
     for (ColonnaInteri& c : colonne) t.colonne.emplace_back(std::move(c));
     return t;
@@ -299,8 +311,7 @@ std::pair<std::size_t, std::int32_t> ruota_massima(const std::vector<std::size_t
 Tabella riepilogo_lotto(const ContiPersonali& conti, const SelezioneRuote& ruote, bool piena) {
     Tabella t;
     t.nome = "riepilogo";
-    t.titoli = {
-        {"", "Freq.", "Rit.", "Rit. Stor.", "Ruota + Frequente", "Freq.", "Ruota + Ritardata", "Rit."}};
+    t.titoli = {kTitoliRiepilogoLotto};
     t.colonne.emplace_back(ColonnaTesti{{"Ambata", "Ambo", "Terno", "Quaterna", "Cinquina"}});
     aggiungi_misure(t, conti, kEstratti, piena);
     const auto scelte = ruote_in_ambito(ruote);
@@ -325,7 +336,7 @@ Tabella riepilogo_lotto(const ContiPersonali& conti, const SelezioneRuote& ruote
 Tabella riepilogo_combinazioni(const ContiPersonali& conti, bool piena) {
     Tabella t;
     t.nome = "riepilogo";
-    t.titoli = {{"", "Frequenza", "Ritardo", "Ritardo Storico"}};
+    t.titoli = {kTitoliRiepilogo};
     ColonnaTesti nomi;
     for (std::size_t k = 1; k <= conti.forma().posti; ++k)
         nomi.valori.push_back(std::to_string(k) + (k == 1 && conti.forma().jolly ? " Numero" : " Numeri"));
@@ -395,6 +406,12 @@ void dichiara_vuoto(Risultato& r) {
 }
 
 }  // namespace
+
+TitoliPersonali titoli_personali(Gioco gioco) {
+    return {.risultati = titoli_uscite(forma_di(gioco)),
+            .numeri = kTitoliNumeri,
+            .riepilogo = gioco == Gioco::lotto ? kTitoliRiepilogoLotto : kTitoliRiepilogo};
+}
 
 Risultato ricerca_lotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                         Avanzamento& avanzamento) {

@@ -5,6 +5,9 @@
 #include "results/domanda.h"
 #include "results/risultato.h"
 
+#include <string>
+#include <vector>
+
 namespace sortimetra {
 
 /// The searches on the user's own numbers, one per game: every draw in scope that holds at least one of them
@@ -27,6 +30,14 @@ namespace sortimetra {
                                          Avanzamento& avanzamento);
 [[nodiscard]] Risultato ricerca_winforlife(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                            Avanzamento& avanzamento);
+
+/// The titles of the three tables of a game, for grids that have no rows yet.
+struct TitoliPersonali {
+    std::vector<std::string> risultati;
+    std::vector<std::string> numeri;
+    std::vector<std::string> riepilogo;
+};
+[[nodiscard]] TitoliPersonali titoli_personali(Gioco gioco);
 
 /// The yellow of a number that was met.
 inline constexpr Colore kTrovato = 65535;

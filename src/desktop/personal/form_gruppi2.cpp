@@ -2,7 +2,6 @@
 
 #include "personal/file_gruppi.h"
 #include "personal/gruppi.h"
-#include "personal/pannello_gruppo.h"
 #include "personal/parametri.h"
 #include "personal/scelta_numeri.h"
 #include "qt_testi.h"
@@ -10,6 +9,7 @@
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
+#include "statistics/pannello_gruppo.h"
 
 #include <QComboBox>
 #include <QFrame>

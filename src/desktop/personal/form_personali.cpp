@@ -2,6 +2,7 @@
 
 #include "catalogue/nomi.h"
 #include "personal/frm_numeri_personali.h"
+#include "personal/numeri_personali.h"
 #include "personal/parametri.h"
 #include "personal/scelta_numeri.h"
 #include "qt_testi.h"
@@ -153,6 +154,10 @@ void Form_Personali::componi_risposta() {
     tutto->setStretchFactor(1, 2);
     tutto->setChildrenCollapsible(false);
     sotto->setChildrenCollapsible(false);
+    // A splitter puts what it is given behind what it has; Tab and screen readers follow the order of
+    // reading.
+    for (QSplitter* s : {sotto, tutto})
+        for (int i = 0; i < s->count(); ++i) s->widget(i)->raise();
     cornice()->risposta()->addWidget(tutto);
 
     auto* riga = new QHBoxLayout{riga_scomposizione_};
@@ -180,6 +185,10 @@ void Form_Personali::prepara() {
     const bool lotto = ricerca()->gioco == Gioco::lotto;
     for (GrigliaRisultati* g : {griglia_, numeri_, riepilogo_})
         g->imposta_chiave(testo_qt(ricerca()->chiave()));
+    const TitoliPersonali titoli = titoli_personali(ricerca()->gioco);
+    griglia_->inizializza({titoli.risultati});
+    numeri_->inizializza({titoli.numeri});
+    riepilogo_->inizializza({titoli.riepilogo});
     solo_lotto_->setVisible(lotto);
     riga_scomposizione_->setVisible(lotto);
     estratto_->setCurrentIndex(0);

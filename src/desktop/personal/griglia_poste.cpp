@@ -53,7 +53,8 @@ GrigliaPoste::GrigliaPoste(QWidget* padre)
     setItemDelegate(new DelegatoPosta{this});
     setTabKeyNavigation(false);
     setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::AllEditTriggers);
+    setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
+                    QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
     setFont(carattere_tabellare(font()));
     QStringList titoli;
     for (const std::string_view s : kNomiSorti) titoli << testo_qt(s);

@@ -1,6 +1,5 @@
 #include "statistics/form_stat.h"
 
-#include "personal/form_stat2.h"
 #include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/casella_cifre.h"
@@ -8,6 +7,7 @@
 #include "screens/messaggi.h"
 #include "screens/tema.h"
 #include "statistics/form_spec.h"
+#include "statistics/form_stat2.h"
 #include "statistics/parametri.h"
 #include "statistics/serie_speciali.h"
 #include "systems/ric_stat.h"

@@ -1,3 +1,4 @@
+#include "personal/analisi_serie.h"
 #include "personal/gruppi.h"
 #include "personal/parametri.h"
 #include "statistics/parametri.h"

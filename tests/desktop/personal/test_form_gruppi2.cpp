@@ -1,10 +1,10 @@
 #include "files/file_sicuro.h"
 #include "personal/form_gruppi2.h"
-#include "personal/pannello_gruppo.h"
 #include "personal/scelta_numeri.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
+#include "statistics/pannello_gruppo.h"
 #include "support/archivi.h"
 
 #include <QApplication>
@@ -47,6 +47,8 @@ class TestFormGruppi2 final : public QObject {
     void clic(const char* nome) const {
         auto* b = controllo<QPushButton>(nome);
         QVERIFY2(b != nullptr, nome);
+        // What was shown a moment ago takes its place with the next turn of the event loop.
+        QApplication::processEvents();
         QTest::mouseClick(b, Qt::LeftButton);
     }
     [[nodiscard]] QTableWidget* tavola() const { return controllo<QTableWidget>("MSFlexGrid2"); }

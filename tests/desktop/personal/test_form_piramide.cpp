@@ -53,11 +53,15 @@ class TestFormPiramide final : public QObject {
         auto* griglia = form_->poste();
         griglia->setCurrentCell(riga, colonna);
         griglia->editItem(griglia->item(riga, colonna));
-        auto* casella = griglia->findChild<QLineEdit*>(QStringLiteral("txtimporto"));
+        // The box of the cell before goes with the next turn of the event loop.
+        auto* casella = qobject_cast<QLineEdit*>(QApplication::focusWidget());
         QVERIFY(casella != nullptr);
+        QCOMPARE(casella->objectName(), QStringLiteral("txtimporto"));
         casella->selectAll();
         QTest::keyClicks(casella, testo);
         QTest::keyClick(casella, Qt::Key_Return);
+        // Enter leaves the box with the next turn of the event loop.
+        QTRY_VERIFY(QApplication::focusWidget() == griglia);
     }
 
   private slots:

@@ -1,6 +1,4 @@
 #include "catalogue/ricerche.h"
-#include "personal/form_stat2.h"
-#include "personal/pannello_gruppo.h"
 #include "screens/area_parametri.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
@@ -8,6 +6,8 @@
 #include "screens/tema.h"
 #include "statistics/form_spec.h"
 #include "statistics/form_stat.h"
+#include "statistics/form_stat2.h"
+#include "statistics/pannello_gruppo.h"
 #include "support/archivi.h"
 
 #include <QApplication>

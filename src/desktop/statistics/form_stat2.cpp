@@ -1,10 +1,10 @@
-#include "personal/form_stat2.h"
+#include "statistics/form_stat2.h"
 
-#include "personal/pannello_gruppo.h"
 #include "qt_testi.h"
 #include "screens/esporta.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
+#include "statistics/pannello_gruppo.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

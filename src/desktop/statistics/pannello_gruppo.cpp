@@ -1,4 +1,4 @@
-#include "personal/pannello_gruppo.h"
+#include "statistics/pannello_gruppo.h"
 
 #include "personal/gruppi.h"
 #include "qt_testi.h"
@@ -77,6 +77,9 @@ PannelloGruppo::PannelloGruppo(QWidget* padre)
     liste->addWidget(con_titolo(tr("Esiti positivi"), esiti_));
     liste->addWidget(riquadro_lunghette_ = componi_lunghette());
     liste->setChildrenCollapsible(false);
+    // A splitter puts what it is given behind what it has; Tab and screen readers follow the order of
+    // reading.
+    for (int i = 0; i < liste->count(); ++i) liste->widget(i)->raise();
     auto* colonna = new QVBoxLayout{this};
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(2 * kPasso);
@@ -168,6 +171,7 @@ QWidget* PannelloGruppo::componi_lunghette() {
     insieme->addWidget(con_titolo(tr("Lunghette"), lunghette_, sotto));
     insieme->addWidget(frame9_);
     insieme->setChildrenCollapsible(false);
+    for (int i = 0; i < insieme->count(); ++i) insieme->widget(i)->raise();
     connect(lunghette_, &GrigliaRisultati::riga_cambiata, this,
             [this] { scomponi_->setEnabled(scomponibile_ && lunghetta_scelta().has_value()); });
     return insieme;
