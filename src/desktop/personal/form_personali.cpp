@@ -163,6 +163,8 @@ void Form_Personali::componi_risposta() {
     }
     numeri_->imposta_frase_vuota({});
     riepilogo_->imposta_frase_vuota({});
+    // All four columns of a number in sight.
+    numeri_->setMinimumWidth(98 * kPasso);
     auto* sotto = new QSplitter{Qt::Horizontal};
     sotto->addWidget(con_titolo(tr("Ogni numero"), numeri_));
     sotto->addWidget(con_titolo(tr("Riepilogo"), riepilogo_));
