@@ -30,7 +30,9 @@ namespace sortimetra {
 
 namespace {
 
-constexpr int kCella = 11 * kPasso;
+constexpr int kCella = 10 * kPasso;
+constexpr int kAltezzaMinima = 5 * kPasso;
+constexpr int kLarghezzaTitolo = 34 * kPasso;
 constexpr int kTraCelle = kPasso;
 
 QLabel* sezione(const QString& testo) {
@@ -129,7 +131,10 @@ QWidget* Form_Piramide::componi_piramide() {
             auto* cella = new QLabel;
             cella->setObjectName(QStringLiteral("IMGNumeri_%1").arg(ordine++));
             cella->setAlignment(Qt::AlignCenter);
-            cella->setFixedSize(kCella, kCella - kPasso);
+            cella->setFixedWidth(kCella);
+            cella->setMinimumHeight(kAltezzaMinima);
+            cella->setMaximumHeight(kCella);
+            cella->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
             // The start number stands out: every row begins with it.
             assegna_ruolo(cella, c == 0 ? "pannello" : "scheda");
             QFont carattere = carattere_tabellare(font());
@@ -141,6 +146,8 @@ QWidget* Form_Piramide::componi_piramide() {
         }
         auto* titolo = new QLabel{testo_qt(kTitoliPiramide[static_cast<std::size_t>(r)]).trimmed()};
         titolo->setObjectName(QStringLiteral("lbltitolo_%1").arg(r));
+        titolo->setWordWrap(true);
+        titolo->setFixedWidth(kLarghezzaTitolo);
         assegna_ruolo(titolo, "quieto");
         griglia->addWidget(titolo, r, 2 * static_cast<int>(kRighePiramide) + 1);
     }
@@ -155,8 +162,10 @@ QWidget* Form_Piramide::componi_piramide() {
     auto* colonna = new QVBoxLayout{pannello};
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(3 * kPasso);
+    // As high as the window lets it be, up to squares.
+    tavola->setMaximumHeight(static_cast<int>(kRighePiramide) * (kCella + kTraCelle));
     colonna->addStretch(1);
-    colonna->addWidget(tavola, 0, Qt::AlignHCenter);
+    colonna->addWidget(tavola, 20, Qt::AlignHCenter);
     colonna->addWidget(piede_, 0, Qt::AlignHCenter);
     colonna->addWidget(invito_);
     colonna->addStretch(1);

@@ -103,15 +103,14 @@ PannelloGruppo::PannelloGruppo(QWidget* padre)
 
 QWidget* PannelloGruppo::componi_sintesi() {
     auto* insieme = new QWidget;
-    auto* riga = new QHBoxLayout{insieme};
-    riga->setContentsMargins(0, 0, 0, 0);
-    riga->setSpacing(4 * kPasso);
-    sintesi_->setFixedHeight(18 * kPasso);
-    sintesi_->setMinimumWidth(118 * kPasso);
-    riga->addWidget(sintesi_, 3);
+    auto* colonna = new QVBoxLayout{insieme};
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(kPasso);
+    sintesi_->setFixedHeight(15 * kPasso);
+    colonna->addWidget(sintesi_);
 
-    auto* bande = new QVBoxLayout;
-    bande->setSpacing(0);
+    auto* bande = new QHBoxLayout;
+    bande->setSpacing(4 * kPasso);
     auto* titolo = new QLabel{tr("Fasce del ritardo storico")};
     assegna_ruolo(titolo, "sezione");
     bande->addWidget(titolo);
@@ -122,30 +121,27 @@ QWidget* PannelloGruppo::componi_sintesi() {
         fasce_[i]->setFont(carattere_tabellare(font()));
         bande->addWidget(fasce_[i]);
     }
-    riga->addLayout(bande, 1);
+    bande->addStretch(1);
+    colonna->addLayout(bande);
 
     frame7_->setObjectName(QStringLiteral("Frame7"));
-    auto* domanda = new QVBoxLayout{frame7_};
+    auto* domanda = new QHBoxLayout{frame7_};
     domanda->setContentsMargins(0, 0, 0, 0);
-    domanda->setSpacing(kPasso);
+    domanda->setSpacing(2 * kPasso);
     auto* prima = new QLabel{tr("Probabilità Statistica Esito positivo entro  i prossimi")};
     prima->setBuddy(entro_);
-    prima->setWordWrap(true);
     assegna_ruolo(prima, "sezione");
     entro_->setObjectName(QStringLiteral("Combo1"));
     entro_->setAccessibleName(tr("Entro quanti concorsi"));
     probabilita_->setObjectName(QStringLiteral("lblprob"));
     probabilita_->setAccessibleName(tr("Probabilità statistica"));
     assegna_ruolo(probabilita_, "titolo");
-    auto* scelta = new QHBoxLayout;
-    scelta->addWidget(entro_);
-    scelta->addWidget(new QLabel{tr("concorsi")});
-    scelta->addStretch(1);
-    scelta->addWidget(probabilita_);
     domanda->addWidget(prima);
-    domanda->addLayout(scelta);
+    domanda->addWidget(entro_);
+    domanda->addWidget(new QLabel{tr("concorsi")});
+    domanda->addWidget(probabilita_);
     domanda->addStretch(1);
-    riga->addWidget(frame7_, 2);
+    colonna->addWidget(frame7_);
     connect(entro_, &QComboBox::currentIndexChanged, this, &PannelloGruppo::aggiorna_probabilita);
     return insieme;
 }

@@ -1,12 +1,14 @@
 #include "files/file_sicuro.h"
 #include "personal/file_gruppi.h"
 #include "personal/parametri.h"
+#include "personal/taratura.h"
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 namespace sortimetra {
 namespace {
@@ -133,6 +135,43 @@ TEST(FileGruppi, UnFileRovinatoSiDiceERestaComE) {
         scrivi(c, testo);
         EXPECT_EQ(apri_gruppo(c.percorso(), "A").error().avviso, Avviso::file_danneggiato) << testo;
         EXPECT_EQ(byte(c), testo);
+    }
+}
+
+/// Whatever a file holds, its readers answer or say why not, and leave it as it is.
+TEST(FileGruppi, NessunDannoFaCadereChiLegge) {
+    const CartellaProva c;
+    const std::string buoni[] = {"\"A\"\r\n2,3\r\n1,2,3,4,5,6\r\n\"B\"\r\n1,1\r\n90\r\n",
+                                 "5,0,0,0,0,1\r\n0,2.50,1,0.50,0,1\r\n", "23.31,145.71\r\n\r\n1,3\r\n"};
+    constexpr std::string_view kPezzi = "\"\r\n,.-0129x \xE9";
+    for (std::uint32_t seme = 0; seme < 600; ++seme) {
+        std::mt19937 caso{seme};
+        std::string testo = buoni[seme % 3];
+        for (std::uint32_t i = caso() % 6 + 1; i > 0; --i) {
+            const std::size_t dove = caso() % (testo.size() + 1);
+            const char pezzo = kPezzi[caso() % kPezzi.size()];
+            switch (caso() % 3) {
+                case 0:
+                    testo.insert(dove, 1, pezzo);
+                    break;
+                case 1:
+                    if (dove < testo.size()) testo[dove] = pezzo;
+                    break;
+                default:
+                    testo.resize(dove);
+            }
+        }
+        SCOPED_TRACE(seme);
+        const char* file = seme % 3 == 0 ? "grup.dat" : seme % 3 == 1 ? "impir.dat" : "tarlo";
+        ASSERT_TRUE(scrivi_file(c.percorso() / file, testo));
+        static_cast<void>(elenca_gruppi(c.percorso()));
+        if (const auto gruppo = apri_gruppo(c.percorso(), "A")) {
+            EXPECT_GE(gruppo->righe(), 1U);
+            EXPECT_LE(gruppo->numeri.size(), kLunghetteGruppo * kNumeriLunghetta);
+        }
+        static_cast<void>(leggi_poste(c.percorso()));
+        static_cast<void>(apri_taratura_lotto(c.percorso()));
+        EXPECT_EQ(byte(c, file), testo);
     }
 }
 
