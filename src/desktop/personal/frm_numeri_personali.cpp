@@ -58,8 +58,8 @@ frmNumeriPersonali::frmNumeriPersonali(QWidget* padre)
 }
 
 Risposta frmNumeriPersonali::sola_serie() const {
-    Risposta risposta = esito_;
-    auto risultato = std::make_shared<Risultato>(*esito_.risultato);
+    Risposta risposta = risposta_;
+    auto risultato = std::make_shared<Risultato>(*risposta_.risultato);
     auto& tabelle = risultato->tabelle;
     // The series first: it is what is exported; the numbers stay for the head on paper.
     std::stable_partition(tabelle.begin(), tabelle.end(), [](const Tabella& t) { return t.nome == "serie"; });
@@ -70,10 +70,10 @@ Risposta frmNumeriPersonali::sola_serie() const {
     return risposta;
 }
 
-void frmNumeriPersonali::mostra(const EsitoRicerca& esito) {
-    esito_ = esito;
-    for (const Tabella& t : esito.risultato->tabelle)
-        if (t.nome == "serie") griglia_->mostra(std::shared_ptr<const Tabella>{esito.risultato, &t});
+void frmNumeriPersonali::mostra(const Risposta& risposta) {
+    risposta_ = risposta;
+    for (const Tabella& t : risposta.risultato->tabelle)
+        if (t.nome == "serie") griglia_->mostra(std::shared_ptr<const Tabella>{risposta.risultato, &t});
     show();
     raise();
 }

@@ -18,7 +18,7 @@ class frmNumeriPersonali final : public QWidget {
     explicit frmNumeriPersonali(QWidget* padre);
 
     /// Shows the table "serie" of an answer.
-    void mostra(const EsitoRicerca& esito);
+    void mostra(const Risposta& risposta);
     [[nodiscard]] GrigliaRisultati* griglia() const { return griglia_; }
 
   signals:
@@ -31,7 +31,7 @@ class frmNumeriPersonali final : public QWidget {
     /// The answer with nothing but the series, as it is printed and exported.
     [[nodiscard]] Risposta sola_serie() const;
 
-    EsitoRicerca esito_;
+    Risposta risposta_;
     GrigliaRisultati* griglia_;
 };
 

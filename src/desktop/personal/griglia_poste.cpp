@@ -32,14 +32,14 @@ class DelegatoPosta final : public QStyledItemDelegate {
         return casella;
     }
     void setEditorData(QWidget* casella, const QModelIndex& cella) const override {
-        auto* testo = static_cast<QLineEdit*>(casella);
+        auto* testo = qobject_cast<QLineEdit*>(casella);
         // The points between thousands cannot be typed: they come back on leaving.
         testo->setText(cella.data().toString().remove(u'.'));
         testo->selectAll();
     }
     void setModelData(QWidget* casella, QAbstractItemModel* modello,
                       const QModelIndex& cella) const override {
-        const QString testo = static_cast<QLineEdit*>(casella)->text();
+        const QString testo = qobject_cast<QLineEdit*>(casella)->text();
         modello->setData(cella, testo.isEmpty() ? testo : testo_qt(posta_lasciata(testo.toStdString())));
     }
 };

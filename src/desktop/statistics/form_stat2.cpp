@@ -59,22 +59,22 @@ Form_stat2::Form_stat2(QWidget* padre)
 }
 
 Risposta Form_stat2::risposta() const {
-    Risposta r = esito_;
+    Risposta r = risposta_;
     r.ordine = pannello_->ritardi()->modello()->ordine();
     return r;
 }
 
-void Form_stat2::mostra(const EsitoRicerca& esito) {
-    esito_ = esito;
-    const QString titolo = testo_qt(esito.titolo());
+void Form_stat2::mostra(const Risposta& risposta) {
+    risposta_ = risposta;
+    const QString titolo = testo_qt(risposta.titolo());
     setWindowTitle(titolo);
     titolo_->setText(titolo);
-    if (esito.ambito)
+    if (risposta.ambito)
         ambito_->setText(tr("%1 · %2 · concorsi %3 - %4")
-                             .arg(testo_qt(esito.ambito->ruote), testo_qt(esito.ambito->intervallo))
-                             .arg(esito.ambito->tratto.da)
-                             .arg(esito.ambito->tratto.a));
-    pannello_->mostra(esito.risultato);
+                             .arg(testo_qt(risposta.ambito->ruote), testo_qt(risposta.ambito->intervallo))
+                             .arg(risposta.ambito->tratto.da)
+                             .arg(risposta.ambito->tratto.a));
+    pannello_->mostra(risposta.risultato);
     show();
     raise();
     activateWindow();

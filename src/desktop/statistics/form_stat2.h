@@ -17,7 +17,7 @@ class Form_stat2 final : public QWidget {
   public:
     explicit Form_stat2(QWidget* padre);
 
-    void mostra(const EsitoRicerca& esito);
+    void mostra(const Risposta& risposta);
     void imposta_stampabile(bool si);
     [[nodiscard]] PannelloGruppo* pannello() const { return pannello_; }
 
@@ -30,7 +30,7 @@ class Form_stat2 final : public QWidget {
   private:
     [[nodiscard]] Risposta risposta() const;
 
-    EsitoRicerca esito_;
+    Risposta risposta_;
     QLabel* titolo_;
     QLabel* ambito_;
     PannelloGruppo* pannello_;
