@@ -73,9 +73,10 @@ PannelloGruppo::PannelloGruppo(QWidget* padre)
     ritardi_->imposta_pulsanti(QStringLiteral("cmdstat_%1"), 0);
     esiti_->imposta_pulsanti(QStringLiteral("cmdstat_%1"), 3);
     auto* liste = new QSplitter{Qt::Horizontal};
-    liste->addWidget(con_titolo(tr("Ritardi"), ritardi_));
+    liste->addWidget(riquadro_ritardi_ = con_titolo(tr("Ritardi"), ritardi_));
     liste->addWidget(con_titolo(tr("Esiti positivi"), esiti_));
     liste->addWidget(riquadro_lunghette_ = componi_lunghette());
+    liste->addWidget(frame9_);
     liste->setChildrenCollapsible(false);
     // A splitter puts what it is given behind what it has; Tab and screen readers follow the order of
     // reading.
@@ -163,11 +164,7 @@ QWidget* PannelloGruppo::componi_lunghette() {
     nove->setContentsMargins(0, 0, 0, 0);
     nove->addWidget(con_titolo(tr("Combinazioni della lunghetta"), combinazioni_, fine));
 
-    auto* insieme = new QSplitter{Qt::Vertical};
-    insieme->addWidget(con_titolo(tr("Lunghette"), lunghette_, sotto));
-    insieme->addWidget(frame9_);
-    insieme->setChildrenCollapsible(false);
-    for (int i = 0; i < insieme->count(); ++i) insieme->widget(i)->raise();
+    QWidget* insieme = con_titolo(tr("Lunghette"), lunghette_, sotto);
     connect(lunghette_, &GrigliaRisultati::riga_cambiata, this,
             [this] { scomponi_->setEnabled(scomponibile_ && lunghetta_scelta().has_value()); });
     return insieme;
@@ -214,6 +211,8 @@ void PannelloGruppo::mostra_lunghette(bool si) {
 
 void PannelloGruppo::mostra_scomposta(std::shared_ptr<const Tabella> dettaglio) {
     frame9_->setVisible(dettaglio != nullptr);
+    // The combinations take the room of the delays: four lists side by side would show none whole.
+    riquadro_ritardi_->setVisible(dettaglio == nullptr);
     if (dettaglio == nullptr) {
         combinazioni_->svuota();
         return;

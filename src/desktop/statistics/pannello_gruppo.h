@@ -66,6 +66,7 @@ class PannelloGruppo final : public QWidget {
     QLabel* probabilita_;
     GrigliaRisultati* ritardi_;
     GrigliaRisultati* esiti_;
+    QWidget* riquadro_ritardi_;
     QWidget* riquadro_lunghette_;
     GrigliaRisultati* lunghette_;
     QPushButton* scomponi_;
