@@ -16,7 +16,6 @@ constexpr float kTitoli = 58;
 constexpr float kPrimaRiga = 63;
 constexpr float kRiga = 4.25F;
 constexpr std::array<float, 6> kLarghezze{22, 26, 38, 30, 30, 44};  ///< the band in all
-constexpr std::size_t kColonnaSpia = 2;
 
 // The legends, between the last row and the page's number.
 constexpr float kLegenda = 257;
@@ -69,15 +68,14 @@ void stampa_colonna(EasyPrint& stampante, const MaterialeRapporto& materiale, st
     stampante.FontBold(true);
     stampante.ForeColor(kBluScuro);
     stampante.PrintCentre(x + larga / 2, kTitoli, tabella.titoli[0][colonna]);
-    const bool spicca = colonna == 0 || colonna == kColonnaSpia;
-    stampante.FontBold(spicca);
     stampante.ForeColor(colonna == 0 ? kBlu : kNero);
     for (std::size_t r = 0; r < righe; ++r) {
         const std::size_t riga = riga_in_griglia(tabella, prima_riga + r, materiale.ordine);
         const float y = kPrimaRiga + kRiga * static_cast<float>(r);
         const Colore fondo = tabella.sfondo(riga, colonna);
-        if (fondo != kNessunColore && fondo != kSfondoLontana)
-            stampa_fondo(stampante, fondo, x, y, larga, kRiga);
+        const bool segnata = fondo != kNessunColore && fondo != kSfondoLontana;
+        if (segnata) stampa_fondo(stampante, fondo, x, y, larga, kRiga);
+        stampante.FontBold(segnata || colonna == 0);
         stampante.PrintCentre(x + larga / 2, y + 0.25F, tabella.testo(riga, colonna));
     }
     stampante.FontBold(false);
