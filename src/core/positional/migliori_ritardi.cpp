@@ -84,7 +84,7 @@ std::string testo_gruppo(const FamigliaMigliori& migliori, const Famiglia& famig
 }
 
 /// Members of a series by delay, longest first; equal ones keep the family's order.
-std::vector<std::size_t> per_ritardo(const std::vector<Misura>& misure, std::int32_t n) {
+std::vector<std::size_t> per_ritardo(const std::vector<Misura>& misure, Estrazioni n) {
     std::vector<std::size_t> ordine(misure.size());
     std::iota(ordine.begin(), ordine.end(), std::size_t{0});
     std::stable_sort(ordine.begin(), ordine.end(), [&](std::size_t a, std::size_t b) {
@@ -120,7 +120,7 @@ Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& do
     ambito.tratto.a = concorso_scelto(archivio, TipoTabellone::lotto, parametri.concorso, &r.note);
     const VistaEstrazioni vista{archivio, ambito};
     if (ambito.tratto.a < 1 || vista.vuota()) return senza_estrazioni();
-    const std::int32_t n = vista.t();
+    const Estrazioni n = vista.t();
     r.titolo =
         titolo_migliori(ambito.tratto.a, data_tabellone(archivio, TipoTabellone::lotto, ambito.tratto.a));
 

@@ -39,9 +39,6 @@ void scrivi_csv(std::string& testo, const Tabella& tabella, RigheScelte scelte =
 /// be read.
 void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massimo = kOgniRiga);
 
-/// Appends a JSON string, quotes included.
-void scrivi_stringa_json(std::string& testo, std::string_view stringa);
-
 /// Appends a table aligned for a terminal: columns two blanks apart, numbers to the right, texts to the left,
 /// a line under the titles, a merged title over the columns that it spans.
 void scrivi_tabella(std::string& testo, const Tabella& tabella, RigheScelte scelte = {});

@@ -1,8 +1,10 @@
 #include "positional/form_tab_pos2.h"
 
+#include "catalogue/nomi.h"
 #include "positional/form_tab_pos_dieci.h"
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/migliori_ritardi.h"
+#include "positional/parametri.h"
 #include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/giro_di_tab.h"
@@ -31,7 +33,6 @@ namespace {
 
 constexpr int kLarghezzaColonna = 70 * kPasso;
 constexpr int kMargineScheda = 2 * kPasso;
-constexpr std::string_view kChiaveDieci = "i 10 numeri più in ritardo su ogni ruota";
 /// Caption once the screen runs.
 constexpr const char* kTitoloInCorsa = "Migliori Ritardi Statistici - Lotto";
 
@@ -236,7 +237,7 @@ void PaginaMigliori::mostra(const EsitoRicerca& esito, const QString& ambito) {
         ritardi_[i]->setText(testo_qt(t.testo(i, 2)));
     }
     ambito_->setText(ambito);
-    intestazione_->setText(testo_qt(esito.risultato->titolo));
+    intestazione_->setText(testo_qt(esito.titolo()));
     aggiorna_comandi();
 }
 
@@ -380,11 +381,11 @@ void form_tab_pos2::iniz() {
 }
 
 void form_tab_pos2::costruisci(const Domanda& domanda) {
-    const EsitoRicerca dieci = chiedi(*trova_ricerca(kChiaveDieci), domanda);
+    const EsitoRicerca dieci = chiedi(*trova_ricerca(nomi::kDieciNumeri.chiave), domanda);
     if (!dieci.prodotto()) return;
     chiesta_ = domanda;
     dieci_->mostra(*dieci.risultato);
-    const Concorso c = concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso);
+    const Concorso c = concorso_scelto(*archivio(), tipo(), domanda.di<ParametriTabellone>().concorso);
     const std::string giorno = data_tabellone(*archivio(), tipo(), c);
     concorso_->setText(giorno.empty() ? QString::number(c) : tr("%1 del %2").arg(c).arg(testo_qt(giorno)));
     mostra_pagina(cornice_, QString::fromLatin1(kTitoloInCorsa));
@@ -413,8 +414,9 @@ void form_tab_pos2::calcola(PaginaMigliori* pagina) {
     if (in_corsa() || archivio() == nullptr) return;
     Domanda d = chiesta_;
     d.ambito.ruote = area_->ruote();
-    d.parametri.pagina = pagina->numero();
-    d.parametri.indice_combo = sessione().indice_combo_rit;
+    auto& parametri = d.parametri.per<ParametriTabellone>();
+    parametri.pagina = pagina->numero();
+    parametri.indice_combo = sessione().indice_combo_rit;
     const EsitoRicerca esito =
         chiedi(*ricerca(), d, pannelli_[static_cast<std::size_t>(pagina->numero() - 1)]);
     if (!esito.prodotto()) return;

@@ -1,6 +1,7 @@
 #include "positional/form_tab_pos_schermo.h"
 
 #include "positional/form_tab_pos_scelta.h"
+#include "positional/parametri.h"
 #include "qt_testi.h"
 #include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"
@@ -70,9 +71,7 @@ void SchermoConcorso::conferma() {
 }
 
 Parametri SchermoConcorso::parametri() const {
-    Parametri p;
-    p.concorso = scelta_->casella()->scritto();
-    return p;
+    return ParametriTabellone{.concorso = scelta_->casella()->scritto()};
 }
 
 EsitoRicerca SchermoConcorso::chiedi(const Ricerca& ricerca, const Domanda& domanda,
@@ -184,7 +183,7 @@ void PaginaTabellone::mostra(const ArchivioEstrazioni& archivio, TipoTabellone t
     estrazioni_nazionale_.clear();
     if (tipo == TipoTabellone::lotto)
         estrazioni_nazionale_ = estrazioni_tabellone(archivio, tipo, concorso, true);
-    titolo_->setText(testo_qt(risultato->titolo));
+    titolo_->setText(testo_qt(esito_.titolo()));
     etichetta_->setText(etichetta);
     etichetta_->setVisible(!etichetta.isEmpty());
     const Tabella& tabella = risultato->tabelle.front();
@@ -282,9 +281,10 @@ bool SchermoTabellone::costruisci_su(PaginaTabellone* pagina, const Ricerca& ric
     const EsitoRicerca esito = chiedi(ricerca, domanda);
     if (!esito.prodotto()) return false;
     // The page first: columns are fitted to the room that they have.
-    mostra_pagina(pagina, testo_qt(esito.risultato->titolo));
-    pagina->mostra(*archivio(), tipo(), concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso),
-                   esito, etichetta());
+    mostra_pagina(pagina, testo_qt(esito.titolo()));
+    pagina->mostra(*archivio(), tipo(),
+                   concorso_scelto(*archivio(), tipo(), domanda.di<ParametriTabellone>().concorso), esito,
+                   etichetta());
     pagina->griglia()->setFocus();
     return true;
 }

@@ -129,7 +129,7 @@ TEST(MiglioriRitardi, UnaRigaSenzaPrimoNumeroContaComeEstrazioneENonPerIGruppi) 
     AmbitoRicerca bari;
     const auto serie = carica_serie(*trova_caricatore("carica_vertibili"));
     const auto misure = misura_serie(VistaEstrazioni{archivio, bari}, serie, 2, nessuno);
-    EXPECT_EQ(ritardo(misure[0], 3), 2);
+    EXPECT_EQ(ritardo(misure[0], Estrazioni{3}), 2);
 }
 
 TEST(MiglioriRitardi, UnAmboSuDueRuoteDiUnConcorsoHaDueUscite) {
@@ -142,7 +142,7 @@ TEST(MiglioriRitardi, UnAmboSuDueRuoteDiUnConcorsoHaDueUscite) {
     const auto serie = carica_serie(*trova_caricatore("carica_vertibili"));
     const auto misure = misura_serie(VistaEstrazioni{archivio, due}, serie, 2, nessuno);
     EXPECT_EQ(misure[0].frequenza, 2);
-    EXPECT_EQ(ritardo(misure[0], 3), 1);
+    EXPECT_EQ(ritardo(misure[0], Estrazioni{3}), 1);
     // The wait before the first time counts, less one.
     EXPECT_EQ(misure[0].storico, 0);
 }
