@@ -4,7 +4,6 @@
 #include "results/opzione.h"
 
 #include <array>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,11 +12,11 @@ namespace sortimetra {
 
 /// What the analyses of the bets take.
 struct ParametriScommesse {
-    int analisi = 0;                            ///< entry of `Combo1`, 0 to 8
-    std::optional<std::int64_t> decimi;         ///< the limit of Under/Over as typed, in tenths
-    float limite_archiviato = kLimiteIniziale;  ///< the limit where none was typed
-    /// The limit in force.
-    [[nodiscard]] float limite() const { return decimi ? valore_decimi(*decimi) : limite_archiviato; }
+    int analisi = 0;                     ///< entry of `Combo1`, 0 to 8
+    std::optional<float> limite;         ///< of Under/Over, as asked for
+    float archiviato = kLimiteIniziale;  ///< the same where none was asked for
+
+    [[nodiscard]] float in_vigore() const { return limite.value_or(archiviato); }
 };
 
 [[nodiscard]] bool leggi_opzione_limite(std::string_view valore, Domanda& domanda);

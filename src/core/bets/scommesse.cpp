@@ -51,12 +51,12 @@ struct Righe {
     std::vector<Concorso> concorsi{};
 
     /// The draws that are counted: rows over wheels, rounded.
-    [[nodiscard]] std::int32_t c() const {
-        return quoziente_pari(esiti.size(), static_cast<int>(per_concorso));
+    [[nodiscard]] Estrazioni c() const {
+        return Estrazioni{quoziente_pari(esiti.size(), static_cast<int>(per_concorso))};
     }
     /// The draws that are shown one by one.
     [[nodiscard]] std::size_t ultimi() const {
-        return std::min(static_cast<std::size_t>(c()), kUltimiConcorsi);
+        return std::min(static_cast<std::size_t>(std::int32_t{c()}), kUltimiConcorsi);
     }
     /// The row where the i-th of those, the newest at 0, begins. A long scope is read from its end, a short
     /// one from its start.
@@ -86,7 +86,7 @@ Righe classifica(const ArchivioEstrazioni& archivio, AmbitoRicerca ambito, Selez
 /// The measures of each outcome, wheel by wheel.
 std::vector<std::array<Misura, kEsitiMassimi>> misura_esiti(const Righe& righe) {
     std::vector<std::array<Misura, kEsitiMassimi>> misure(righe.per_concorso);
-    const auto contate = static_cast<std::size_t>(righe.c()) * righe.per_concorso;
+    const auto contate = static_cast<std::size_t>(std::int32_t{righe.c()}) * righe.per_concorso;
     for (std::size_t k = 0; k < std::min(righe.esiti.size(), contate); ++k) {
         if (righe.esiti[k] == kNessunEsito) continue;
         esce(misure[k % righe.per_concorso][righe.esiti[k]],
@@ -99,18 +99,11 @@ std::vector<std::array<Misura, kEsitiMassimi>> misura_esiti(const Righe& righe) 
 class Griglia {
   public:
     Griglia(const Scommessa& scommessa, std::size_t ultimi)
-        : scommessa_{scommessa}, ultimi_{ultimi}, misure_(scommessa.esiti.size() * 3), lettere_(ultimi) {
-        const std::size_t colonne = 1 + misure_.size() + ultimi;
-        titoli_.assign(3, std::vector<std::string>(colonne));
-        titoli_[0][0] = "Ruota";
-        for (std::size_t e = 0; e < scommessa.esiti.size(); ++e) {
-            titoli_[0][1 + e * 3] = scommessa.esiti[e];
-            titoli_[1][1 + e * 3] = "F";
-            titoli_[1][2 + e * 3] = "R";
-            titoli_[1][3 + e * 3] = "RS";
-        }
-        if (ultimi > 0) titoli_[0][prima_lettera()] = "Ultimi 10 concorsi";
-    }
+        : scommessa_{scommessa},
+          ultimi_{ultimi},
+          titoli_{titoli_scommessa(scommessa, ultimi)},
+          misure_(scommessa.esiti.size() * 3),
+          lettere_(ultimi) {}
 
     /// The rows of the wheels from `prima` on; those of a table without a draw stay empty if `vuote`.
     void aggiungi(const Righe& righe, std::size_t prima, bool vuote) {
@@ -180,15 +173,29 @@ std::span<const Scommessa> scommesse() {
     return kScommesse;
 }
 
+std::vector<std::vector<std::string>> titoli_scommessa(const Scommessa& scommessa, std::size_t ultimi) {
+    const std::size_t esiti = scommessa.esiti.size();
+    std::vector<std::vector<std::string>> titoli(3, std::vector<std::string>(1 + esiti * 3 + ultimi));
+    titoli[0][0] = "Ruota";
+    for (std::size_t e = 0; e < esiti; ++e) {
+        titoli[0][1 + e * 3] = scommessa.esiti[e];
+        titoli[1][1 + e * 3] = "F";
+        titoli[1][2 + e * 3] = "R";
+        titoli[1][3 + e * 3] = "RS";
+    }
+    if (ultimi > 0) titoli[0][1 + esiti * 3] = "Ultimi 10 concorsi";
+    return titoli;
+}
+
 Risultato scommesse_lotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                           Avanzamento& avanzamento) {
     const auto& parametri = domanda.di<ParametriScommesse>();
     const Scommessa& scommessa = kScommesse[static_cast<std::size_t>(parametri.analisi) % kScommesse.size()];
     const Righe dieci =
-        classifica(archivio, domanda.ambito, SelezioneRuote::tutte(), scommessa, parametri.limite());
+        classifica(archivio, domanda.ambito, SelezioneRuote::tutte(), scommessa, parametri.in_vigore());
     avanzamento.procedi(1, 2);
     const Righe nazionale =
-        classifica(archivio, domanda.ambito, SelezioneRuote::nazionale(), scommessa, parametri.limite());
+        classifica(archivio, domanda.ambito, SelezioneRuote::nazionale(), scommessa, parametri.in_vigore());
     Griglia griglia{scommessa, std::max(dieci.ultimi(), nazionale.ultimi())};
     griglia.aggiungi(dieci, 0, false);
     griglia.aggiungi(nazionale, kNazionale, nazionale.esiti.empty());
@@ -202,10 +209,10 @@ Risultato scommesse_lotto(const ArchivioEstrazioni& archivio, const Domanda& dom
 std::expected<void, Messaggio> carica_limite(const std::filesystem::path& cartella, Domanda& domanda) {
     auto& parametri = domanda.parametri.per<ParametriScommesse>();
     // The file is asked only for what needs it.
-    if (parametri.analisi != 0 || parametri.decimi) return {};
+    if (parametri.analisi != 0 || parametri.limite) return {};
     const auto letto = leggi_limite(cartella);
     if (!letto) return std::unexpected(Messaggio{Avviso::altro, letto.error().testo()});
-    if (*letto) parametri.limite_archiviato = (*letto)->valore;
+    if (*letto) parametri.archiviato = (*letto)->valore;
     return {};
 }
 

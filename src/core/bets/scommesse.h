@@ -6,12 +6,13 @@
 #include "results/messaggio.h"
 #include "results/risultato.h"
 
-#include <array>
 #include <cstddef>
 #include <expected>
 #include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace sortimetra {
 
@@ -49,6 +50,11 @@ struct Scommessa {
 
 /// Draws whose outcomes are shown one by one.
 inline constexpr std::size_t kUltimiConcorsi = 10;
+
+/// The three title rows of a bet's grid with so many draws shown; the concorsi of the second row are left to
+/// fill in.
+[[nodiscard]] std::vector<std::vector<std::string>> titoli_scommessa(const Scommessa& scommessa,
+                                                                     std::size_t ultimi);
 
 /// "scommesse lotto": for each wheel and outcome of a bet how often it came (F), how many draws ago (R) and
 /// the longest it stayed away (RS), then the outcomes of the last ten draws, the newest first. Always the ten

@@ -51,7 +51,15 @@ std::string_view senza_virgolette(std::string_view testo) {
 
 // ---- expressions ----
 
-enum class Segno : std::uint8_t { minore, minore_uguale, maggiore, maggiore_uguale, uguale, diverso, contiene };
+enum class Segno : std::uint8_t {
+    minore,
+    minore_uguale,
+    maggiore,
+    maggiore_uguale,
+    uguale,
+    diverso,
+    contiene
+};
 
 struct SegnoScritto {
     std::string_view testo;
@@ -113,13 +121,12 @@ std::optional<std::pair<std::size_t, SegnoScritto>> trova_segno(std::string_view
 std::expected<Confronto, std::string> leggi_confronto(const Tabella& tabella, std::string_view testo) {
     const auto segno = trova_segno(testo);
     if (!segno)
-        return std::unexpected(
-            fmt::format("trovato \"{}\", atteso un confronto: TITOLO, uno fra < <= > >= = != contiene, VALORE",
-                        rifila(testo)));
+        return std::unexpected(fmt::format(
+            "trovato \"{}\", atteso un confronto: TITOLO, uno fra < <= > >= = != contiene, VALORE",
+            rifila(testo)));
     const auto colonna = trova_colonna(tabella, senza_virgolette(testo.substr(0, segno->first)));
     if (!colonna) return std::unexpected(colonna.error());
-    const std::string_view valore =
-        senza_virgolette(testo.substr(segno->first + segno->second.testo.size()));
+    const std::string_view valore = senza_virgolette(testo.substr(segno->first + segno->second.testo.size()));
     Confronto c{.colonna = *colonna, .segno = segno->second.segno, .piegato = piega_nome(valore)};
     if (const auto numero = leggi_numero(valore)) c.numero = numero->valore;
     return c;
@@ -198,8 +205,8 @@ Colonna prendi_righe(const Colonna& colonna, std::span<const std::uint32_t> righ
             if constexpr (std::is_same_v<std::decay_t<decltype(intera)>, ColonnaGruppi>) {
                 presa.numeri.clear();
                 for (const std::uint32_t r : righe) {
-                    const auto inizio = intera.numeri.begin() +
-                                        static_cast<std::ptrdiff_t>(std::size_t{r} * intera.quanti);
+                    const auto inizio =
+                        intera.numeri.begin() + static_cast<std::ptrdiff_t>(std::size_t{r} * intera.quanti);
                     presa.numeri.insert(presa.numeri.end(), inizio,
                                         inizio + static_cast<std::ptrdiff_t>(intera.quanti));
                 }
@@ -268,14 +275,14 @@ std::expected<std::size_t, std::string> trova_colonna(const Tabella& tabella, st
         if (si_chiama(tabella, c, piegato)) trovate.push_back(c);
     if (trovate.size() == 1) return trovate.front();
     if (trovate.size() > 1)
-        return std::unexpected(fmt::format("\"{}\" è il titolo di {} colonne: scrivere il numero di una, da 0",
-                                           nome, trovate.size()));
+        return std::unexpected(fmt::format(
+            "\"{}\" è il titolo di {} colonne: scrivere il numero di una, da 0", nome, trovate.size()));
     const auto numero = intero_opzione(nome);
     if (numero && *numero >= 0 && static_cast<std::size_t>(*numero) < tabella.n_colonne())
         return static_cast<std::size_t>(*numero);
-    return std::unexpected(fmt::format("trovato \"{}\", atteso il titolo di una colonna ({}) o il suo numero da 0 a {}",
-                                       nome, titoli_offerti(tabella),
-                                       tabella.n_colonne() == 0 ? 0 : tabella.n_colonne() - 1));
+    return std::unexpected(
+        fmt::format("trovato \"{}\", atteso il titolo di una colonna ({}) o il suo numero da 0 a {}", nome,
+                    titoli_offerti(tabella), tabella.n_colonne() == 0 ? 0 : tabella.n_colonne() - 1));
 }
 
 std::expected<std::vector<Criterio>, std::string> leggi_criteri(const Tabella& tabella,

@@ -13,8 +13,8 @@
 namespace sortimetra {
 
 // What a user writes to choose rows and columns of a table: the same words on the command line and over the
-// grids. A column is told by its title (in any of the title rows, without regard to case and accents) or, where
-// no title is alike, by its number from 0. Errors are sentences for the user.
+// grids. A column is told by its title (in any of the title rows, without regard to case and accents) or,
+// where no title is alike, by its number from 0. Errors are sentences for the user.
 
 /// The column of a title or number.
 [[nodiscard]] std::expected<std::size_t, std::string> trova_colonna(const Tabella& tabella,
@@ -30,8 +30,8 @@ namespace sortimetra {
                                                                                  std::string_view testo);
 
 /// The rows, in the order given (empty: that of writing), for which an expression holds: `ritardo > 100`,
-/// `Numeri contiene 07 e frequenza <= 20 o ritardo >= 90`. A comparison is a title, one of `< <= > >= = !=` or
-/// `contiene`, and a value; titles and values may stand in double quotes. `e` binds more tightly than `o`.
+/// `Numeri contiene 07 e frequenza <= 20 o ritardo >= 90`. A comparison is a title, one of `< <= > >= = !=`
+/// or `contiene`, and a value; titles and values may stand in double quotes. `e` binds more tightly than `o`.
 /// Numbers compare as numbers, other text without regard to case and accents; where only one of the two is a
 /// number, `<` and the like are false.
 [[nodiscard]] std::expected<std::vector<std::uint32_t>, std::string> filtra(

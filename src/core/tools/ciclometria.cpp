@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
+#include <map>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -120,6 +120,34 @@ std::string senza_estrazione(const Domanda& domanda) {
     return "In archivio non ci sono estrazioni.";
 }
 
+/// "Bari, Roma e Venezia".
+std::string elenco(const std::vector<std::string>& nomi) {
+    std::string testo;
+    for (std::size_t i = 0; i < nomi.size(); ++i) {
+        if (i > 0) testo += i + 1 == nomi.size() ? " e " : ", ";
+        testo += nomi[i];
+    }
+    return testo;
+}
+
+/// The lines of one column, by the first wheel of each value.
+void isotopi_di(const Tabella& tabella, std::size_t colonna, std::vector<std::string>& testi) {
+    std::map<std::string, std::vector<std::string>> ruote;
+    std::vector<std::string> valori;
+    for (std::size_t r = 0; r < tabella.righe(); ++r) {
+        const std::string valore = tabella.testo(r, colonna);
+        if (valore == "...") continue;
+        auto& sue = ruote[valore];
+        if (sue.empty()) valori.push_back(valore);
+        sue.push_back(tabella.testo(r, 0));
+    }
+    const std::string& titolo = tabella.titoli[0][0];
+    for (const std::string& valore : valori)
+        if (ruote[valore].size() > 1)
+            testi.push_back(fmt::format("{} {}: {} a {}", titolo.substr(0, titolo.find(' ')),
+                                        tabella.titoli[1][colonna], valore, elenco(ruote[valore])));
+}
+
 }  // namespace
 
 std::optional<Concorso> concorso_alla_data(const ArchivioEstrazioni& archivio, Data data) {
@@ -157,6 +185,14 @@ Risultato ciclometria(const ArchivioEstrazioni& archivio, const Domanda& domanda
     r.tabelle[1].sfondi = colora(somme, memoria);
     r.tabelle[2].sfondi = colora(distanze, memoria);
     return r;
+}
+
+std::vector<std::string> testi_isotopi(const Risultato& risultato) {
+    std::vector<std::string> testi;
+    for (std::size_t t = 1; t < risultato.tabelle.size(); ++t)
+        for (std::size_t c = 1; c < risultato.tabelle[t].n_colonne(); ++c)
+            isotopi_di(risultato.tabelle[t], c, testi);
+    return testi;
 }
 
 std::optional<std::string> controlla_ciclometria(const Domanda& domanda) {

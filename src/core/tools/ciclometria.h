@@ -8,6 +8,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace sortimetra {
 
@@ -42,6 +43,10 @@ inline constexpr std::array<Colore, 2> kRigheCiclometria{0xFFFFF2, 0xFFFFFF};
 /// last goes on to the end.
 [[nodiscard]] Risultato ciclometria(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                     Avanzamento& avanzamento);
+
+/// The isotopes of a draw in words, one line per table, place and value: "Somma 1°- 2°: 1 a Cagliari e
+/// Firenze".
+[[nodiscard]] std::vector<std::string> testi_isotopi(const Risultato& risultato);
 
 /// A draw is told by its concorso or by its day, not by both.
 [[nodiscard]] std::optional<std::string> controlla_ciclometria(const Domanda& domanda);

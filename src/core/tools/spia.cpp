@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace sortimetra {
@@ -167,6 +168,41 @@ Risultato numeri_spia(const ArchivioEstrazioni& archivio, const Domanda& domanda
     Risultato risultato;
     risultato.tabelle.push_back(tabella_spie(righe));
     return risultato;
+}
+
+std::vector<int> numeri_esaminati(const Risultato& risultato) {
+    if (risultato.tabelle.empty()) return {};
+    const auto& numeri = std::get<ColonnaInteri>(risultato.tabelle[0].colonne[0]).valori;
+    return {numeri.begin(), numeri.end()};
+}
+
+Risultato unisci_spie(const Risultato& prima, const Risultato& altre) {
+    if (prima.tabelle.empty()) return altre;
+    if (altre.tabelle.empty()) return prima;
+    std::vector<std::pair<const Tabella*, std::size_t>> ordine;
+    for (const Risultato* r : {&prima, &altre})
+        for (std::size_t i = 0; i < r->tabelle[0].righe(); ++i) ordine.emplace_back(r->tabelle.data(), i);
+    const auto numero = [](const auto& posto) {
+        return std::get<ColonnaInteri>(posto.first->colonne[0]).valori[posto.second];
+    };
+    std::stable_sort(ordine.begin(), ordine.end(),
+                     [&](const auto& a, const auto& b) { return numero(a) < numero(b); });
+    Risultato insieme = altre;
+    Tabella& t = insieme.tabelle[0];
+    for (std::size_t c = 0; c < t.n_colonne(); ++c)
+        std::visit(
+            [&]<class Tipo>(Tipo& colonna) {
+                if constexpr (requires { colonna.valori; }) {
+                    colonna.valori.clear();
+                    for (const auto& [tabella, riga] : ordine)
+                        colonna.valori.push_back(std::get<Tipo>(tabella->colonne[c]).valori[riga]);
+                }
+            },
+            t.colonne[c]);
+    t.sfondi.clear();
+    for (const auto& [tabella, riga] : ordine)
+        for (std::size_t c = 0; c < t.n_colonne(); ++c) t.sfondi.push_back(tabella->sfondo(riga, c));
+    return insieme;
 }
 
 std::optional<std::string> controlla_spia(const Domanda& domanda) {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace sortimetra {
 
@@ -41,6 +42,13 @@ inline constexpr std::string_view kLegendaVerde =
 /// is cancelled keeps the numbers that it has examined.
 [[nodiscard]] Risultato numeri_spia(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                     Avanzamento& avanzamento);
+
+/// Two answers about different numbers of one scope as one, in number order: how a board grows click by
+/// click.
+[[nodiscard]] Risultato unisci_spie(const Risultato& prima, const Risultato& altre);
+
+/// The numbers that an answer is about.
+[[nodiscard]] std::vector<int> numeri_esaminati(const Risultato& risultato);
 
 /// Why the question cannot be asked: no number, or several wheels one by one; nothing if it can.
 [[nodiscard]] std::optional<std::string> controlla_spia(const Domanda& domanda);

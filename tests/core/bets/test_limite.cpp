@@ -69,9 +69,9 @@ TEST_F(Limite, UnFileCheNonSiLeggeSiDice) {
     Domanda d = domanda("scommesse lotto");
     EXPECT_FALSE(carica_limite(cartella_.percorso(), d).has_value());
     // Only Under/Over asks for it, and only without a limit of its own.
-    d.parametri.per<ParametriScommesse>().decimi = 2000;
+    d.parametri.per<ParametriScommesse>().limite = 200.0F;
     EXPECT_TRUE(carica_limite(cartella_.percorso(), d).has_value());
-    d.parametri.per<ParametriScommesse>().decimi.reset();
+    d.parametri.per<ParametriScommesse>().limite.reset();
     d.parametri.per<ParametriScommesse>().analisi = 1;
     EXPECT_TRUE(carica_limite(cartella_.percorso(), d).has_value());
     EXPECT_FALSE(scrivi_limite(cartella_.percorso(), "1").has_value());
@@ -83,11 +83,11 @@ TEST_F(Limite, UnFileCheNonSiLeggeSiDice) {
 TEST_F(Limite, DallaCartellaONo) {
     Domanda d = domanda("scommesse lotto");
     ASSERT_TRUE(carica_limite(cartella_.percorso(), d).has_value());
-    EXPECT_EQ(d.di<ParametriScommesse>().limite(), 227.5F);
+    EXPECT_EQ(d.di<ParametriScommesse>().in_vigore(), 227.5F);
     EXPECT_FALSE(std::filesystem::exists(file()));
     scrivi("\"227,5\"\r\n");
     ASSERT_TRUE(carica_limite(cartella_.percorso(), d).has_value());
-    EXPECT_EQ(d.di<ParametriScommesse>().limite(), 227.0F);
+    EXPECT_EQ(d.di<ParametriScommesse>().in_vigore(), 227.0F);
 }
 
 TEST(LimiteScritto, UnDecimale) {
@@ -126,7 +126,7 @@ TEST(LimiteScritto, Opzione) {
     Domanda d = domanda("scommesse lotto");
     EXPECT_EQ(kOpzLimite.scrivi(d), std::nullopt);
     EXPECT_TRUE(kOpzLimite.leggi("200.25", d));
-    EXPECT_EQ(d.di<ParametriScommesse>().limite(), 200.3F);
+    EXPECT_EQ(d.di<ParametriScommesse>().in_vigore(), 200.3F);
     EXPECT_EQ(kOpzLimite.scrivi(d), "200,3");
     EXPECT_TRUE(kOpzLimite.leggi("1.227", d));
     EXPECT_EQ(kOpzLimite.scrivi(d), "1,2");

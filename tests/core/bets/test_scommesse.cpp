@@ -22,7 +22,7 @@ Domanda chiedi(int analisi, AmbitoRicerca ambito = {}, std::optional<std::int64_
     Domanda d = domanda("scommesse lotto", ambito);
     auto& parametri = d.parametri.per<ParametriScommesse>();
     parametri.analisi = analisi;
-    parametri.decimi = decimi;
+    if (decimi) parametri.limite = valore_decimi(*decimi);
     return d;
 }
 

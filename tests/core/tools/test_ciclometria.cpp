@@ -140,6 +140,14 @@ TEST(Ciclometria, MenoDiDieciRigheRipetonoLUltima) {
     EXPECT_EQ(tinte(r.tabelle[1], 1), ".111111111");
 }
 
+TEST(Ciclometria, GliIsotopiInParole) {
+    const Risultato r =
+        esegui(al_concorso(1), dieci_ruote({{1, "3 4 80 81 20"}, {4, "5 2 60 61 62"}, {8, "6 1 40 41 43"}}));
+    EXPECT_EQ(testi_isotopi(r), (std::vector<std::string>{"Somma 1°- 2°: 7 a Cagliari, Milano e Torino",
+                                                          "Distanza 3°- 4°: 1 a Cagliari, Milano e Torino"}));
+    EXPECT_TRUE(testi_isotopi({}).empty());
+}
+
 TEST(Ciclometria, ConcorsoODataSenzaEstrazione) {
     const auto archivio = da_testo("1 BA 1 2 3 4 5\n4 BA 6 7 8 9 10\n");
     EXPECT_EQ(esegui(al_concorso(std::nullopt), archivio).tabelle[0].titoli[0][0], "Estrazione - 04/01/2000");

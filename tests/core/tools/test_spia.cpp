@@ -150,6 +150,19 @@ TEST(Spia, LeRigheVannoInOrdineDiNumero) {
     EXPECT_EQ(r.tabelle[0].testo(0, 0) + r.tabelle[0].testo(1, 0) + r.tabelle[0].testo(2, 0), "359");
 }
 
+TEST(Spia, DueRisposteDiventanoUna) {
+    const auto archivio = di_bari({"1 2 3 4 5", "2 5 11 40 90", "1 7 8 9 10", "5 6 7 40 41"});
+    const Risultato insieme = esegui(chiedi({2, 5, 11, 40, 90}), archivio);
+    const Risultato prima = esegui(chiedi({5, 40}), archivio);
+    const Risultato altre = esegui(chiedi({2, 11, 90}), archivio);
+    EXPECT_EQ(unisci_spie(prima, altre), insieme);
+    EXPECT_EQ(unisci_spie(altre, prima), insieme);
+    EXPECT_EQ(unisci_spie({}, prima), prima);
+    EXPECT_EQ(unisci_spie(prima, {}), prima);
+    EXPECT_EQ(numeri_esaminati(insieme), (std::vector<int>{2, 5, 11, 40, 90}));
+    EXPECT_TRUE(numeri_esaminati({}).empty());
+}
+
 TEST(Spia, SenzaEstrazioniNonParte) {
     AmbitoRicerca ambito;
     ambito.tratto = {3, 1};
