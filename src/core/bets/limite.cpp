@@ -6,7 +6,9 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <iterator>
 #include <system_error>
 
 namespace sortimetra {
@@ -95,6 +97,23 @@ std::optional<std::int64_t> leggi_decimi(std::string_view testo) {
 
 std::string testo_decimi(std::int64_t decimi) {
     return fmt::format("{},{}", migliaia(decimi / 10), decimi % 10);
+}
+
+std::string testo_limite(float limite) {
+    // The shortest digits that are this float and no other.
+    constexpr int kCifre = 64;
+    std::array<char, kCifre> cifre{};
+    const auto fine =
+        std::to_chars(cifre.data(), cifre.data() + cifre.size(), limite, std::chars_format::fixed);
+    const std::string_view testo{cifre.data(), static_cast<std::size_t>(fine.ptr - cifre.data())};
+    const auto punto = testo.find('.');
+    std::string italiano{testo.substr(0, punto)};
+    constexpr std::ptrdiff_t kGruppo = 3;
+    const std::ptrdiff_t inizio = limite < 0 ? 1 : 0;
+    for (auto i = std::ssize(italiano) - kGruppo; i > inizio; i -= kGruppo)
+        italiano.insert(static_cast<std::size_t>(i), 1, '.');
+    if (punto != std::string_view::npos) italiano.append(",").append(testo.substr(punto + 1));
+    return italiano;
 }
 
 }  // namespace sortimetra

@@ -42,6 +42,8 @@ struct LimiteArchiviato {
 [[nodiscard]] std::optional<std::int64_t> leggi_decimi(std::string_view testo);
 /// One decimal, the thousands grouped: "227,5", "1.000,0".
 [[nodiscard]] std::string testo_decimi(std::int64_t decimi);
+/// A limit in force with as many decimals as it has: "227", "1.000,3", "1,227".
+[[nodiscard]] std::string testo_limite(float limite);
 [[nodiscard]] constexpr float valore_decimi(std::int64_t decimi) {
     return static_cast<float>(static_cast<double>(decimi) / 10);
 }

@@ -13,7 +13,6 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -124,9 +123,7 @@ void Form_scommesse::metti_in_vigore(float limite) {
     const bool cambiato = limite != valore_;
     valore_ = limite;
     tenuto_ = limite_->text();
-    di_limite(tr("in vigore: %1")
-                  .arg(QLocale{QLocale::Italian}.toString(limite, 'g', QLocale::FloatingPointShortest)),
-              false);
+    di_limite(tr("in vigore: %1").arg(testo_qt(testo_limite(limite))), false);
     if (cambiato && combo1_->currentIndex() == 0) svuota();
 }
 

@@ -57,9 +57,14 @@ GiochiOnline::GiochiOnline(const Sessione& sessione)
 
 QUrl GiochiOnline::indirizzo() const {
     const QSettings impostazioni{file_posti(sessione_), QSettings::IniFormat};
-    QUrl url{impostazioni.value(QStringLiteral("giochi_online/indirizzo")).toString().trimmed(),
-             QUrl::StrictMode};
-    if (!url.isValid() || url.scheme() != QLatin1String{"https"} || url.host().isEmpty()) return {};
+    const QUrl scritto{impostazioni.value(QStringLiteral("giochi_online/indirizzo")).toString().trimmed(),
+                       QUrl::StrictMode};
+    if (!scritto.isValid() || scritto.scheme() != QLatin1String{"https"} || scritto.host().isEmpty())
+        return {};
+    QUrl url;
+    url.setScheme(scritto.scheme());
+    url.setHost(scritto.host());
+    url.setPort(scritto.port());
     url.setPath(QString::fromLatin1(kPercorsoServer));
     return url;
 }

@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
@@ -56,6 +57,8 @@ CasellaEstrazione::CasellaEstrazione(QWidget* padre) : CasellaConcorso{padre} {
 
 void CasellaEstrazione::mostra(Concorso concorso) {
     mostrato_ = concorso;
+    // Writing what stands there already would move the cursor under the user's fingers.
+    if (this->concorso() == concorso) return;
     setValue(concorso);
     if (this->concorso() != concorso) testo()->setText(QString::number(concorso));
 }
@@ -126,7 +129,11 @@ void Form_som_dis_ciclo::componi_domanda() {
 }
 
 void Form_som_dis_ciclo::componi_risposta() {
-    auto* fila = new QHBoxLayout;
+    // A run stops the boards, never the box in which someone is typing.
+    auto* campo = new QWidget;
+    imposta_spento(campo);
+    auto* fila = new QHBoxLayout{campo};
+    fila->setContentsMargins(0, 0, 0, 0);
     fila->setSpacing(4 * kPasso);
     constexpr std::array kColonne{6, 5, 5};
     for (std::size_t i = 0; i < griglie_.size(); ++i) {
@@ -139,7 +146,7 @@ void Form_som_dis_ciclo::componi_risposta() {
         fila->addWidget(g, kColonne[i]);
         griglie_[i] = g;
     }
-    cornice()->risposta()->addLayout(fila, 1);
+    cornice()->risposta()->addWidget(campo, 1);
 }
 
 void Form_som_dis_ciclo::prepara() {

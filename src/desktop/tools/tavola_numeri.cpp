@@ -113,6 +113,7 @@ TavolaNumeri::TavolaNumeri(QWidget* padre) : QWidget{padre} {
 void TavolaNumeri::segna(std::span<const int> numeri) {
     for (int n = 1; n <= kNumeri; ++n)
         casella(n)->segna(std::find(numeri.begin(), numeri.end(), n) != numeri.end());
+    sposta(corrente_);
 }
 
 bool TavolaNumeri::segnato(int numero) const {

@@ -120,6 +120,16 @@ TEST(LimiteScritto, Testo) {
     EXPECT_EQ(testo_decimi(10000), "1.000,0");
     EXPECT_EQ(testo_decimi(12345678), "1.234.567,8");
     EXPECT_EQ(valore_decimi(2275), 227.5F);
+    EXPECT_EQ(testo_limite(227.0F), "227");
+    EXPECT_EQ(testo_limite(227.5F), "227,5");
+    EXPECT_EQ(testo_limite(1000.3F), "1.000,3");
+    EXPECT_EQ(testo_limite(1.227F), "1,227");
+    EXPECT_EQ(testo_limite(0.0F), "0");
+    EXPECT_EQ(testo_limite(-0.5F), "-0,5");
+    EXPECT_EQ(testo_limite(-12.0F), "-12");
+    EXPECT_EQ(testo_limite(-123.0F), "-123");
+    EXPECT_EQ(testo_limite(1e12F), "999.999.995.904");
+    EXPECT_EQ(testo_limite(3e38F).size(), 51U);
 }
 
 TEST(LimiteScritto, Opzione) {
