@@ -1,5 +1,7 @@
 #include "catalogue/ricerche.h"
 
+#include "bets/parametri.h"
+#include "bets/scommesse.h"
 #include "catalogue/elenchi.h"
 #include "catalogue/nomi.h"
 #include "catalogue/segnalimite.h"
@@ -19,6 +21,11 @@
 #include "statistics/tabella_famiglie.h"
 #include "stores/apertura.h"
 #include "text/testi.h"
+#include "tools/ciclometria.h"
+#include "tools/parametri.h"
+#include "tools/spia.h"
+#include "tools/stampa_ciclometria.h"
+#include "tools/stampa_spia.h"
 
 #include <algorithm>
 #include <array>
@@ -92,7 +99,11 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .rapporto = rapporto_segnalimite},
     {.nome = nomi::kSpia,
      .tabelle = kRuote10,
-     .frase = "Quale numero annuncia un altro entro nove concorsi."},
+     .opzioni = kOpzioniSpia,
+     .esegui = numeri_spia,
+     .controlla = controlla_spia,
+     .frase = "Quale numero annuncia un altro entro nove concorsi.",
+     .rapporto = stampa_spia},
     {.nome = nomi::kAmbataCapogioco,
      .tabelle = kRuote10,
      .opzioni = kOpzioniAmbataCapogioco,
@@ -113,7 +124,11 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .frase = "Un gruppo di lunghette tue: esiti, ritardi e probabilità."},
     {.nome = nomi::kCiclometria,
      .tabelle = kRuote10,
-     .frase = "Somme e distanze ciclometriche di un'estrazione."},
+     .opzioni = kOpzioniCiclometria,
+     .esegui = ciclometria,
+     .controlla = controlla_ciclometria,
+     .frase = "Somme e distanze ciclometriche di un'estrazione.",
+     .rapporto = stampa_ciclometria},
     {.nome = nomi::kLunghette,
      .tabelle = kRuote10,
      .frase = "Serie di numeri che crescono passo dopo passo dai più ritardati o frequenti."},
@@ -183,7 +198,12 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .frase = "I tuoi numeri nella sestina."},
     {.nome = nomi::kScommesse,
      .tabelle = kRuote10,
-     .frase = "Le scommesse a quota fissa sul Lotto, ruota per ruota."},
+     .opzioni = kOpzioniScommesse,
+     .esegui = scommesse_lotto,
+     .carica = carica_limite,
+     .frase = "Le scommesse a quota fissa sul Lotto, ruota per ruota.",
+     .ruote = SelezioneRuote::tutte(),
+     .rapporto = rapporto_tabelle_orizzontale},
     {.nome = nomi::kMiglioriRitardi,
      .tabelle = kRuote10,
      .opzioni = kOpzioniMigliori,
@@ -335,7 +355,9 @@ std::string testo_ruote(const Domanda& domanda) {
         default:
             break;
     }
-    if (domanda.di<ParametriStatistica>().tutte_le_ruote) return "Tutte, Nazionale";
+    // The bets and the wheel-by-wheel table of a series show every wheel, whatever is ticked.
+    if (domanda.di<ParametriStatistica>().tutte_le_ruote || domanda.ricerca->esegui == scommesse_lotto)
+        return "Tutte, Nazionale";
     // With no box ticked Bari is what is read.
     const std::string nomi = domanda.ambito.ruote.nomi();
     return nomi.empty() ? std::string{kNomiRuote[0].esteso} : nomi;

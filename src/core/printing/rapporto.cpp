@@ -2,9 +2,13 @@
 
 #include "printing/metriche.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <utility>
 #include <variant>
@@ -192,6 +196,20 @@ void stampa_legenda(EasyPrint& stampante, float y, std::span<const std::string_v
     stampante.PrintLeft(inizio_banda(stampante), y, testo);
 }
 
+void stampa_fondo(EasyPrint& stampante, Colore colore, float x, float y, float larghezza, float altezza) {
+    // A surface keeps a picture by the place of its bytes: one picture per shade, for as long as we run.
+    static std::map<Colore, std::string> figure;
+    std::string& figura = figure[colore];
+    if (figura.empty()) {
+        const auto c = static_cast<std::uint32_t>(colore);
+        figura = fmt::format(
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"8\" height=\"8\" viewBox=\"0 0 8 8\">"
+            "<rect width=\"8\" height=\"8\" fill=\"#{:02x}{:02x}{:02x}\"/></svg>",
+            c & 0xFFU, c >> 8U & 0xFFU, c >> 16U & 0xFFU);
+    }
+    stampante.PrintPicture({.nome = "fondo", .dati = figura}, x, y, larghezza, altezza);
+}
+
 std::string_view parola_combinazione(std::size_t numeri) {
     switch (numeri) {
         case 2:
@@ -307,11 +325,15 @@ std::string_view titolo(const std::vector<std::string>& riga, std::size_t colonn
 std::vector<float> misura_colonne(const Tabella& tabella, int corpo) {
     std::vector<float> larghezze(tabella.n_colonne());
     std::string testo;
+    // Of several title rows only the last that says something stands over each column by itself; the others
+    // span.
+    const auto teste = std::find_if(tabella.titoli.rbegin(), tabella.titoli.rend(), [](const auto& riga) {
+        return std::any_of(riga.begin(), riga.end(), [](const auto& t) { return !t.empty(); });
+    });
     for (std::size_t c = 0; c < larghezze.size(); ++c) {
         double larga = 0;
-        // Of several title rows only the last stands over each column by itself; the others span.
-        if (!tabella.titoli.empty())
-            larga = larghezza_testo({.corpo = corpo, .grassetto = true}, titolo(tabella.titoli.back(), c));
+        if (teste != tabella.titoli.rend())
+            larga = larghezza_testo({.corpo = corpo, .grassetto = true}, titolo(*teste, c));
         for (std::size_t r = 0; r < tabella.righe(); ++r) {
             testo.clear();
             tabella.aggiungi_testo(testo, r, c);
@@ -328,8 +350,10 @@ float somma(const std::vector<float>& larghezze) {
     return s;
 }
 
-PianoTabelle pianifica(const Risultato& risultato) {
+/// How the tables are laid on sheets; lying ones where told, or where an upright one has no room.
+PianoTabelle pianifica(const Risultato& risultato, Orientamento voluto) {
     PianoTabelle piano;
+    piano.orientamento = voluto;
     const auto misura = [&](std::int16_t corpo) {
         piano.corpo = corpo;
         piano.larghezze.clear();
@@ -341,10 +365,8 @@ PianoTabelle pianifica(const Risultato& risultato) {
         return massima;
     };
     float massima = misura(10);
-    if (massima > kBanda) {
-        piano.orientamento = Orientamento::orizzontale;
-        if (massima > kSpazioOrizzontale) massima = misura(8);
-    }
+    if (massima > kBanda) piano.orientamento = Orientamento::orizzontale;
+    if (massima > kSpazioOrizzontale) massima = misura(8);
     const bool verticale = piano.orientamento == Orientamento::verticale;
     const float spazio = verticale ? kBanda : kSpazioOrizzontale;
     const std::size_t per_pagina = verticale ? kRigheVerticale : kRigheOrizzontale;
@@ -466,10 +488,8 @@ void stampa_foglio(EasyPrint& stampante, const FoglioTabella& foglio, const std:
     stampante.FontSize(10);
 }
 
-}  // namespace
-
-Rapporto rapporto_tabelle(const MaterialeRapporto& materiale) {
-    auto piano = std::make_shared<const PianoTabelle>(pianifica(materiale.risultato));
+Rapporto tabelle_su(Orientamento voluto, const MaterialeRapporto& materiale) {
+    auto piano = std::make_shared<const PianoTabelle>(pianifica(materiale.risultato, voluto));
     const int pagine = std::max(static_cast<int>(piano->fogli.size()), 1);
     return {.titolo = materiale.testa.ricerca,
             .orientamento = piano->orientamento,
@@ -493,6 +513,16 @@ Rapporto rapporto_tabelle(const MaterialeRapporto& materiale) {
                 }
                 stampa_piede(stampante, pagina, pagine);
             }};
+}
+
+}  // namespace
+
+Rapporto rapporto_tabelle(const MaterialeRapporto& materiale) {
+    return tabelle_su(Orientamento::verticale, materiale);
+}
+
+Rapporto rapporto_tabelle_orizzontale(const MaterialeRapporto& materiale) {
+    return tabelle_su(Orientamento::orizzontale, materiale);
 }
 
 }  // namespace sortimetra

@@ -107,6 +107,9 @@ void stampa_piede(EasyPrint& stampante, int pagina, int totale);
 /// The lines of a legend under each other, from y on at the band's left edge.
 void stampa_legenda(EasyPrint& stampante, float y, std::span<const std::string_view> righe);
 
+/// A box filled with a shade: what marks a cell on paper, drawn before the cell's text.
+void stampa_fondo(EasyPrint& stampante, Colore colore, float x, float y, float larghezza, float altezza);
+
 /// "(Ambi)", "(Terzine)" … for combinations of 2, 3, 4, 5, 6 and 10 numbers; "" for any other size.
 [[nodiscard]] std::string_view parola_combinazione(std::size_t numeri);
 
@@ -131,6 +134,8 @@ void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<cons
 /// framed. Upright where they fit the band, else lying; a table too wide for that goes on in further pages
 /// with its first column repeated.
 [[nodiscard]] Rapporto rapporto_tabelle(const MaterialeRapporto& materiale);
+/// The same on lying sheets, whatever would fit.
+[[nodiscard]] Rapporto rapporto_tabelle_orizzontale(const MaterialeRapporto& materiale);
 
 /// The fixed table of the 90 numbers' segnalimite, 45 rows in each of two column pairs.
 [[nodiscard]] Rapporto rapporto_segnalimite(const MaterialeRapporto& materiale);

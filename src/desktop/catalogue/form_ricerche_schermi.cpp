@@ -1,5 +1,6 @@
 #include "catalogue/form_ricerche_schermi.h"
 
+#include "bets/form_scommesse.h"
 #include "positional/form_posizione.h"
 #include "positional/form_tab_pos.h"
 #include "positional/form_tab_pos2.h"
@@ -8,6 +9,8 @@
 #include "printing/frm_stampa_fcpb.h"
 #include "screens/stampanti.h"
 #include "statistics/form_stat.h"
+#include "tools/form_som_dis_ciclo.h"
+#include "tools/form_spia.h"
 
 #include <QImage>
 
@@ -44,9 +47,14 @@ constexpr RigaSchermo riga(Schermo schermo) {
 }
 
 constexpr RigaSchermo kSchermi[] = {
-    riga<Form_stat>(Schermo::stat),         riga<Form_posizione>(Schermo::posizione),
-    riga<form_tab_pos>(Schermo::tab_pos),   riga<form_tab_posWFL>(Schermo::tab_pos_wfl),
+    riga<Form_stat>(Schermo::stat),
+    riga<Form_posizione>(Schermo::posizione),
+    riga<form_tab_pos>(Schermo::tab_pos),
+    riga<form_tab_posWFL>(Schermo::tab_pos_wfl),
     riga<form_tab_pos2>(Schermo::tab_pos2),
+    riga<form_spia>(Schermo::spia),
+    riga<Form_som_dis_ciclo>(Schermo::som_dis_ciclo),
+    riga<Form_scommesse>(Schermo::scommesse),
 };
 
 }  // namespace

@@ -278,6 +278,7 @@ void AreaParametri::riporta_tratto() {
 
 void AreaParametri::ruota_premuta(int casella, bool spuntata) {
     if (fermo_) return;
+    if (unica_ && spuntata) ruote_ = SelezioneRuote::nessuna();
     ruote_.clic(casella, spuntata);
     mostra_ruote();
     emit cambiato();

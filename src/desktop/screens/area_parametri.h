@@ -70,6 +70,8 @@ class AreaParametri final : public QFrame {
     [[nodiscard]] AmbitoRicerca ambito() const;
     [[nodiscard]] SelezioneRuote ruote() const { return ruote_; }
     void imposta_ruote(SelezioneRuote ruote);
+    /// A screen that looks at one wheel: a wheel that is ticked clears all others.
+    void imposta_ruota_unica(bool si) { unica_ = si; }
     /// Text of `ComboIntervallo` and of the two boxes with their dates, as a report's head shows them.
     [[nodiscard]] QString testo_intervallo() const;
     [[nodiscard]] QString testo_concorsi() const;
@@ -100,6 +102,7 @@ class AreaParametri final : public QFrame {
     const ArchivioEstrazioni* archivio_ = nullptr;
     SelezioneRuote ruote_;
     Genere genere_ = Genere::lotto;
+    bool unica_ = false;
     bool fermo_ = false;  ///< set while the area itself changes its controls: no rule runs, no signal is sent
 };
 

@@ -50,9 +50,7 @@ FinestraRicerca::FinestraRicerca(Sessione& sessione, const QString& nome, QWidge
     tutto->setContentsMargins(kMargine, kMargine, kMargine, kMargine);
     tutto->addWidget(corpo_);
     scorciatoie();
-    connect(pannello_, &PannelloAvanzamento::annulla, this, [this] {
-        if (corsa_ != nullptr) corsa_->annulla();
-    });
+    connect(pannello_, &PannelloAvanzamento::annulla, this, &FinestraRicerca::ferma_corsa);
     resize(kAllApertura);
 }
 
@@ -150,8 +148,8 @@ EsitoRicerca FinestraRicerca::corri(const Ricerca& ricerca, Domanda domanda, Pan
     domanda.ricerca = &ricerca;
     // Without a cancel button the whole screen is disabled; with one, all but the panel.
     const QWidget* sopra = cornice_ == nullptr ? corpo_ : cornice_->risposta()->parentWidget();
-    CorsaRicerca corsa{annullabile_ ? corpo_ : static_cast<QWidget*>(this),
-                       pannello == nullptr ? pannello_ : pannello, sopra};
+    QWidget* spento = spento_ != nullptr ? spento_ : annullabile_ ? corpo_ : static_cast<QWidget*>(this);
+    CorsaRicerca corsa{spento, pannello == nullptr ? pannello_ : pannello, sopra};
     corsa_ = &corsa;
     Risposta risposta = rispondi(std::move(domanda), *archivio_, sessione_.percorso_programma, corsa);
     corsa_ = nullptr;
@@ -163,6 +161,11 @@ void FinestraRicerca::avvia() {
     if (area() != nullptr) area()->riporta_tratto();
     const EsitoRicerca esito = corri(*ricerca_, domanda(*ricerca_));
     if (esito.risultato == nullptr) return;
+    presenta(esito);
+    di_messaggi(esito);
+}
+
+void FinestraRicerca::presenta(const EsitoRicerca& esito) {
     svuota();
     if (esito.prodotto()) {
         esito_ = esito;
@@ -170,7 +173,10 @@ void FinestraRicerca::avvia() {
     }
     aggiorna_comandi();
     aggiorna_stato();
-    di_messaggi(esito);
+}
+
+void FinestraRicerca::ferma_corsa() {
+    if (corsa_ != nullptr) corsa_->annulla();
 }
 
 void FinestraRicerca::svuota() {

@@ -119,10 +119,17 @@ class FinestraRicerca : public QWidget {
     /// is on, or where the row has no search yet.
     [[nodiscard]] EsitoRicerca corri(const Ricerca& ricerca, Domanda domanda,
                                      PannelloAvanzamento* pannello = nullptr);
+    /// Puts an answer on show in place of the one before: what `avvia` does once it has one.
+    void presenta(const EsitoRicerca& esito);
     /// Shows what a search had to say.
     void di_messaggi(const EsitoRicerca& esito);
     /// A search that can be stopped by the user shows `cmdAnnulla` in the panel.
     void imposta_annullabile(bool si);
+    /// What a run disables, where that is neither the whole window nor, with a cancel button, all but the
+    /// panel.
+    void imposta_spento(QWidget* parte) { spento_ = parte; }
+    /// Tells the run in progress, if there is one, to stop.
+    void ferma_corsa();
 
     [[nodiscard]] bool stampabile() const { return stampa_ != nullptr; }
     /// The answer on show as the printer, and whatever else works on it, is handed it.
@@ -149,6 +156,7 @@ class FinestraRicerca : public QWidget {
     std::function<void(const LavoroStampa&)> stampa_;
     CorsaRicerca* corsa_ = nullptr;
     bool annullabile_ = false;
+    QWidget* spento_ = nullptr;
     bool posto_letto_ = false;
 
     QWidget* corpo_;

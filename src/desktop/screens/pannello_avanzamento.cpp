@@ -99,7 +99,8 @@ CorsaRicerca::~CorsaRicerca() {
 
 bool CorsaRicerca::procedi(std::size_t fatto, std::size_t totale) {
     const qint64 ora = orologio_.elapsed();
-    if (ora < kAttesa || ora - ultimo_giro_ < kGiro) return !annullata_;
+    const bool presto = ora < kAttesa || ora - ultimo_giro_ < kGiro;
+    if (presto && !(pannello_ && pannello_->sempre())) return !annullata_;
     if (pannello_ && sopra_) {
         if (!visto_) pannello_->mostra_su(sopra_);
         visto_ = true;

@@ -26,6 +26,10 @@ class PannelloAvanzamento final : public QFrame {
     /// Shows the panel over the middle of `sopra`, a widget inside the panel's parent.
     void mostra_su(const QWidget* sopra);
     void imposta_annullabile(bool si);
+    /// A run shows the panel at once and lets the windows live at each of its reports, not only once it has
+    /// taken long: for who wants to see every step.
+    void imposta_sempre(bool si) { sempre_ = si; }
+    [[nodiscard]] bool sempre() const { return sempre_; }
 
   signals:
     void annulla();
@@ -39,6 +43,7 @@ class PannelloAvanzamento final : public QFrame {
     QFrame* interna_;
     QPushButton* annulla_;
     double parte_ = 0;
+    bool sempre_ = false;
 };
 
 /// One run of a search on a screen, from construction to destruction: the screen is disabled, the pointer

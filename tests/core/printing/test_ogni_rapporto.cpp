@@ -5,6 +5,7 @@
 #include "stores/dimostrazione.h"
 #include "support/archivi.h"
 #include "support/superficie_registrata.h"
+#include "tools/parametri.h"
 
 #include <gtest/gtest.h>
 
@@ -37,6 +38,7 @@ Domanda domanda_di(const Ricerca& ricerca, const SelezioneRuote& ruote) {
         d.parametri.per<ParametriStatistica>().capogioco = {12, 34};
     else if (ricerca.ammette(kOpzCapogioco))
         d.parametri.per<ParametriStatistica>().capogioco = {12};
+    if (ricerca.ammette(kOpzNumeriSpia)) d.parametri.per<ParametriSpia>().numeri = {5, 12, 40, 41, 77};
     if (ricerca.ammette(kOpzNumeri)) d.parametri.per<ParametriStatistica>().numeri = {5, 12, 40, 41, 77};
     return d;
 }
@@ -143,6 +145,7 @@ TEST(OgniRapporto, OgniPaginaHaLaTesta) {
         SCOPED_TRACE(s.chiave);
         std::set<int> con_logo;
         for (const auto& f : s.foglio.figure()) {
+            if (f.nome != logo().nome) continue;
             con_logo.insert(f.pagina);
             EXPECT_NEAR(f.dimensioni.larghezza, 190, 0.01);
             EXPECT_NEAR(f.dimensioni.altezza, 20, 0.01);
