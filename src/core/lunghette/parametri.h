@@ -15,12 +15,12 @@ namespace sortimetra {
 
 /// What the lunghette take beside the scope: those of the Lotto and those by points alike.
 struct ParametriLunghette {
-    int ricerca = 0;          ///< `Combo1`
-    int opzione = 0;          ///< the index of the chosen `Option1`
-    int lunghezza = 5;        ///< `ComboLunga`, 5 to 20
-    std::vector<int> numeri;  ///< the boxes `txtnumpers`, from the first
-    bool posizione = false;   ///< `Check1`: one number of each place of the draw
-    bool frequente = false;   ///< `Check2`: the draw that most others resemble
+    int ricerca = 0;            ///< `Combo1`
+    int opzione = 0;            ///< the index of the chosen `Option1`
+    int lunghezza = 5;          ///< `ComboLunga`, 5 to 20
+    std::vector<int> numeri{};  ///< the boxes `txtnumpers`, from the first
+    bool posizione = false;     ///< `Check1`: one number of each place of the draw
+    bool frequente = false;     ///< `Check2`: the draw that most others resemble
     /// A lunghetta that stands and is only to be made longer; null for a search from its beginning.
     std::shared_ptr<const Lunghetta> partenza{};
     /// Told of every step while the search runs.
