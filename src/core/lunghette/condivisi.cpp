@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 #include <span>
 #include <utility>
 
@@ -64,8 +65,6 @@ inline std::int32_t quante_righe(const std::array<const Parola*, kColonneRiga>& 
     return n;
 }
 
-using FunzioneConta = std::int32_t (*)(const std::array<const Parola*, kColonneRiga>&, std::size_t,
-                                       std::size_t, unsigned);
 [[gnu::target("avx2,popcnt"), gnu::flatten]] std::int32_t quante_avx2(
     const std::array<const Parola*, kColonneRiga>& colonne, std::size_t parole, std::size_t usate,
     unsigned quanti) {
@@ -75,10 +74,10 @@ std::int32_t quante_comune(const std::array<const Parola*, kColonneRiga>& colonn
                            std::size_t usate, unsigned quanti) {
     return quante_righe(colonne, parole, usate, quanti);
 }
-/// Whichever this machine has; both do the same.
-FunzioneConta conta_di_questa_macchina() {
-    return __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("popcnt") != 0 ? quante_avx2
-                                                                                        : quante_comune;
+/// Of two functions that do the same, the one for what this machine has.
+template <class Funzione>
+Funzione* di_questa_macchina(Funzione* avx2, Funzione* comune) {
+    return __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("popcnt") != 0 ? avx2 : comune;
 }
 
 /// The numbers of a row, each once.
@@ -137,12 +136,51 @@ class TavolaInsiemi {
 constexpr auto con_in_senza = [](std::uint32_t& senza, std::uint32_t con) { senza += con; };
 constexpr auto senza_in_con = [](std::uint32_t senza, std::uint32_t& con) { con += senza; };
 
+/// Four entries of a line: the sums over its two lowest numbers are made within.
+using Quattro [[gnu::vector_size(16)]] = std::uint32_t;
+inline Quattro con_in_senza_di_due(Quattro x) {
+    x += __builtin_shuffle(x, Quattro{1, 1, 3, 3}) & Quattro{~0U, 0, ~0U, 0};
+    return x + (__builtin_shuffle(x, Quattro{2, 3, 2, 3}) & Quattro{~0U, ~0U, 0, 0});
+}
+inline Quattro senza_in_con_di_due(Quattro x) {
+    x += __builtin_shuffle(x, Quattro{0, 0, 2, 2}) & Quattro{0, ~0U, 0, ~0U};
+    return x + (__builtin_shuffle(x, Quattro{0, 1, 0, 1}) & Quattro{0, 0, ~0U, ~0U});
+}
+
 /// Within one line, the sums over the lower ten numbers.
-template <class Unisci>
-void per_le_basse(std::uint32_t* linea, Unisci&& unisci) {
-    for (std::size_t bit = 1; bit < kBassi; bit <<= 1U)
+template <class InQuattro, class Unisci>
+void per_le_basse(std::uint32_t* linea, InQuattro&& di_due, Unisci&& unisci) {
+    for (std::size_t i = 0; i < kBassi; i += 4) {
+        Quattro x;
+        std::memcpy(&x, linea + i, sizeof x);
+        x = di_due(x);
+        std::memcpy(linea + i, &x, sizeof x);
+    }
+    for (std::size_t bit = 4; bit < kBassi; bit <<= 1U)
         for (std::size_t i = 0; i < kBassi; i += 2 * bit)
             for (std::size_t j = i; j < i + bit; ++j) unisci(linea[j], linea[j + bit]);
+}
+
+using LineaPesi = std::array<std::uint32_t, kBassi>;
+
+/// From how many rows have just this set to how many rows share so many numbers with it.
+inline void somma_insiemi(TavolaInsiemi& tavola, const std::vector<LineaPesi>& pesi) {
+    tavola.per_le_alte(con_in_senza);
+    for (std::size_t alta = 0; alta < kBassi; ++alta) {
+        std::uint32_t* linea = tavola.linea(alta);
+        per_le_basse(linea, con_in_senza_di_due, con_in_senza);
+        const LineaPesi& per = pesi[static_cast<std::size_t>(std::popcount(alta))];
+        for (std::size_t i = 0; i < kBassi; ++i) linea[i] *= per[i];
+        per_le_basse(linea, senza_in_con_di_due, senza_in_con);
+    }
+    tavola.per_le_alte(senza_in_con);
+}
+[[gnu::target("avx2,popcnt"), gnu::flatten]] void somma_insiemi_avx2(TavolaInsiemi& tavola,
+                                                                     const std::vector<LineaPesi>& pesi) {
+    somma_insiemi(tavola, pesi);
+}
+void somma_insiemi_comune(TavolaInsiemi& tavola, const std::vector<LineaPesi>& pesi) {
+    somma_insiemi(tavola, pesi);
 }
 
 /// What a set of n numbers adds to the count of rows that share exactly `quanti`: with C(s, j) for the sets
@@ -159,9 +197,9 @@ std::array<std::uint32_t, kNumeriWinForLife + 1> pesi(unsigned quanti) {
 }
 
 /// The same for whole lines, by the upper numbers that a line's sets have: 0 to 10.
-std::vector<std::array<std::uint32_t, kBassi>> linee_di_pesi(unsigned quanti) {
+std::vector<LineaPesi> linee_di_pesi(unsigned quanti) {
     const auto p = pesi(quanti);
-    std::vector<std::array<std::uint32_t, kBassi>> linee(kBitBassi + 1);
+    std::vector<LineaPesi> linee(kBitBassi + 1);
     for (std::size_t alti = 0; alti <= kBitBassi; ++alti)
         for (std::size_t i = 0; i < kBassi; ++i)
             linee[alti][i] = p[alti + static_cast<std::size_t>(std::popcount(i))];
@@ -187,7 +225,7 @@ std::vector<std::int32_t> condivisi_per_colonne(const RigheGioco& righe, int qua
     // The column of what is no number fills up the rows that have fewer.
     std::fill_n(bit.begin() + static_cast<std::ptrdiff_t>(kNessunNumero * parole), parole, Parola{0});
 
-    const FunzioneConta conta = conta_di_questa_macchina();
+    const auto conta = di_questa_macchina(quante_avx2, quante_comune);
     std::vector<std::int32_t> condivisi;
     condivisi.reserve(n);
     std::array<const Parola*, kColonneRiga> colonne{};
@@ -207,25 +245,15 @@ std::vector<std::int32_t> condivisi_per_colonne(const RigheGioco& righe, int qua
 
 std::vector<std::int32_t> condivisi_per_sottoinsiemi(const RigheGioco& righe, int quanti,
                                                      Avanzamento& avanzamento) {
-    constexpr std::size_t kPassi = 4;
+    constexpr std::size_t kPassi = 3;
     const std::size_t n = righe.righe();
     TavolaInsiemi tavola;
     std::vector<std::uint32_t> insiemi(n);
     for (std::size_t r = 0; r < n; ++r) ++tavola.di(insiemi[r] = insieme_di(righe.riga(r)));
     if (!avanzamento.procedi(1, kPassi)) return {};
-
-    const auto peso = linee_di_pesi(static_cast<unsigned>(quanti));
-    tavola.per_le_alte(con_in_senza);
+    di_questa_macchina(somma_insiemi_avx2, somma_insiemi_comune)(
+        tavola, linee_di_pesi(static_cast<unsigned>(quanti)));
     if (!avanzamento.procedi(2, kPassi)) return {};
-    for (std::size_t alta = 0; alta < kBassi; ++alta) {
-        std::uint32_t* linea = tavola.linea(alta);
-        per_le_basse(linea, con_in_senza);
-        const auto& per = peso[static_cast<std::size_t>(std::popcount(alta))];
-        for (std::size_t i = 0; i < kBassi; ++i) linea[i] *= per[i];
-        per_le_basse(linea, senza_in_con);
-    }
-    if (!avanzamento.procedi(3, kPassi)) return {};
-    tavola.per_le_alte(senza_in_con);
 
     std::vector<std::int32_t> condivisi(n);
     for (std::size_t r = 0; r < n; ++r)

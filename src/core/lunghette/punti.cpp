@@ -53,11 +53,15 @@ Cercati primi_della(const Lunghetta& lunghetta, int quante) {
     return cercati;
 }
 
-/// How many of the slots hold a number that stands among the first `posti` cells of a row.
-int presenti(const RigheGioco& righe, std::size_t riga, Cercati cercati, std::size_t posti) {
+/// How many of the slots hold a number that stands among the first `posti` cells of a row, whose numbers are
+/// in ascending order: one that stands twice is met once.
+int presenti(const RigheGioco& righe, std::size_t riga, const Cercati& cercati, std::size_t posti) {
     int n = 0;
-    for (const Numero cella : righe.riga(riga).first(std::min(posti, righe.posti)))
-        n += std::exchange(cercati[cella], std::uint8_t{0});
+    Numero prima = kNessunNumero;
+    for (const Numero cella : righe.riga(riga).first(std::min(posti, righe.posti))) {
+        n += cella == prima ? 0 : cercati[cella];
+        prima = cella;
+    }
     return n;
 }
 

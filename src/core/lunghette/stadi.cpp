@@ -119,14 +119,18 @@ void ric_ambi_lotto(BancoLunghette& banco, Lunghetta& lunghetta, TipoRicerca tip
         const UltimeCoppie& coppie = banco.coppie();
         scegli([&](int a, int b) { return banco.ritardo(coppie.ultima(a, b)); });
     } else {
-        ContaCoppie conta;
+        // In whichever order the two came: the two halves are added where they are asked for.
+        std::vector<std::int32_t> conta(kIndiciCella * kIndiciCella);
         for (std::size_t r = 0; r < righe.righe(); ++r) {
             const auto celle = righe.riga(r);
             for (std::size_t p = 0; p < celle.size(); ++p)
-                for (std::size_t q = p + 1; q < celle.size(); ++q) conta.di(celle[p], celle[q]).esce(1);
+                for (std::size_t q = p + 1; q < celle.size(); ++q)
+                    ++conta[celle[p] * kIndiciCella + celle[q]];
         }
         scegli([&](int a, int b) {
-            return conta.di(static_cast<std::size_t>(a), static_cast<std::size_t>(b)).frequenza;
+            const auto x = static_cast<std::size_t>(a);
+            const auto y = static_cast<std::size_t>(b);
+            return conta[x * kIndiciCella + y] + conta[y * kIndiciCella + x];
         });
     }
     scelta.scrivi(lunghetta);
