@@ -206,9 +206,16 @@ std::vector<LineaPesi> linee_di_pesi(unsigned quanti) {
     return linee;
 }
 
+/// The bit of each number of a game of twenty; what is no number has none.
+constexpr auto kBitDi = [] {
+    std::array<std::uint32_t, kIndiciCella> bit{};
+    for (std::size_t n = 1; n <= kNumeriWinForLife; ++n) bit[n] = 1U << (n - 1);
+    return bit;
+}();
+
 std::uint32_t insieme_di(std::span<const Numero> celle) {
     std::uint32_t insieme = 0;
-    for (const Numero n : celle) insieme |= std::uint32_t{n != kNessunNumero} << ((n - 1U) % 32U);
+    for (const Numero n : celle) insieme |= kBitDi[n];
     return insieme;
 }
 
