@@ -2,6 +2,7 @@
 
 #include "qt_testi.h"
 #include "screens/tema.h"
+#include "text/testi.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -83,7 +84,7 @@ QVariant ModelloElenco::data(const QModelIndex& indice, int ruolo) const {
         case Qt::AccessibleDescriptionRole:
             return testo_qt(v->ricerca->frase);
         case kChiave:
-            return testo_qt(v->ricerca->chiave);
+            return testo_qt(v->ricerca->chiave());
         case kDisponibile:
             return disponibile;
         default:

@@ -1,6 +1,8 @@
 #include "positional/form_tab_pos.h"
 
+#include "catalogue/nomi.h"
 #include "positional/form_tab_pos_dieci.h"
+#include "qt_testi.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
 
@@ -17,8 +19,6 @@ namespace sortimetra {
 namespace {
 
 /// Keys of the two searches of the Lotto that this screen runs one after the other.
-constexpr std::string_view kChiaveTabellone = "tabellone posizionale";
-constexpr std::string_view kChiaveDieci = "i 10 numeri più in ritardo su ogni ruota";
 constexpr const char* kTagDieci = "10num";
 
 }  // namespace
@@ -134,25 +134,25 @@ void form_tab_pos::costruisci(const Domanda& domanda) {
         SchermoTabellone::costruisci(domanda);
         return;
     }
-    if (!costruisci_su(pagina_lotto_, *trova_ricerca(kChiaveTabellone), domanda)) return;
+    if (!costruisci_su(pagina_lotto_, *trova_ricerca(nomi::kTabellone.chiave), domanda)) return;
     dieci_ = {};
     if (property("Tag").toString() == QLatin1String(kTagDieci)) mostra_dieci();
 }
 
 void form_tab_pos::mostra_tabellone() {
     if (!pagina_lotto_->esito().prodotto()) return;
-    mostra_pagina(pagina_lotto_, QString::fromStdString(pagina_lotto_->esito().risultato->titolo));
+    mostra_pagina(pagina_lotto_, testo_qt(pagina_lotto_->esito().titolo()));
     pagina_lotto_->griglia()->setFocus();
 }
 
 void form_tab_pos::mostra_dieci() {
     if (!dieci_.prodotto()) {
-        dieci_ = chiedi(*trova_ricerca(kChiaveDieci), pagina_lotto_->esito().domanda);
+        dieci_ = chiedi(*trova_ricerca(nomi::kDieciNumeri.chiave), pagina_lotto_->esito().domanda);
         if (!dieci_.prodotto()) return;
         griglia_dieci_->mostra(*dieci_.risultato);
-        titolo_dieci_->setText(QString::fromStdString(dieci_.risultato->titolo));
+        titolo_dieci_->setText(testo_qt(dieci_.titolo()));
     }
-    mostra_pagina(pagina_dieci_, QString::fromStdString(dieci_.risultato->titolo));
+    mostra_pagina(pagina_dieci_, testo_qt(dieci_.titolo()));
     griglia_dieci_->setFocus();
 }
 

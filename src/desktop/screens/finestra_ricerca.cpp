@@ -7,7 +7,9 @@
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
+#include "screens/schermi.h"
 #include "screens/tema.h"
+#include "statistics/parametri.h"
 #include "text/testi.h"
 
 #include <QCloseEvent>
@@ -95,9 +97,9 @@ void FinestraRicerca::apri(const Ricerca& ricerca, const ArchivioEstrazioni& arc
     archivio_ = &archivio;
     apritore_ = apritore;
     esito_ = {};
-    const QString titolo = testo_qt(ricerca.titolo);
+    const QString titolo = testo_qt(ricerca.titolo());
     setWindowTitle(titolo);
-    setProperty("Tag", testo_qt(ricerca.tag.empty() ? ricerca.chiave : ricerca.tag));
+    setProperty("Tag", testo_qt(tag_di(ricerca)));
     if (cornice_ != nullptr) {
         cornice_->intitola(titolo, testo_qt(ricerca.frase));
         cornice_->segna_simulato(archivio_simulato());
@@ -136,29 +138,24 @@ bool FinestraRicerca::archivio_simulato() const {
 // ---- question and answer ----
 
 Domanda FinestraRicerca::domanda(const Ricerca& ricerca) const {
-    Domanda d;
-    d.chiave = ricerca.chiave;
+    Domanda d = domanda_intatta(ricerca);
     if (area() != nullptr) d.ambito = area()->ambito();
     d.parametri = parametri();
-    d.cartella = sessione_.percorso_programma;
     return d;
 }
 
 EsitoRicerca FinestraRicerca::corri(const Ricerca& ricerca, Domanda domanda, PannelloAvanzamento* pannello) {
     if (corsa_ != nullptr || archivio_ == nullptr || !ricerca.pronta()) return {};
     // A question that was put to another row asks this one now: its answer is printed as this row's.
-    domanda.chiave = ricerca.chiave;
+    domanda.ricerca = &ricerca;
     // Without a cancel button the whole screen is disabled; with one, all but the panel.
     const QWidget* sopra = cornice_ == nullptr ? corpo_ : cornice_->risposta()->parentWidget();
     CorsaRicerca corsa{annullabile_ ? corpo_ : static_cast<QWidget*>(this),
                        pannello == nullptr ? pannello_ : pannello, sopra};
     corsa_ = &corsa;
-    auto risultato = std::make_shared<const Risultato>(esegui(ricerca, *archivio_, domanda, corsa));
+    Risposta risposta = rispondi(std::move(domanda), *archivio_, sessione_.percorso_programma, corsa);
     corsa_ = nullptr;
-    return {.ricerca = &ricerca,
-            .domanda = std::move(domanda),
-            .risultato = std::move(risultato),
-            .millisecondi = corsa.trascorsi()};
+    return {std::move(risposta), corsa.trascorsi()};
 }
 
 void FinestraRicerca::avvia() {
@@ -188,11 +185,11 @@ const EsitoRicerca* FinestraRicerca::in_mostra() const {
 
 void FinestraRicerca::di_messaggi(const EsitoRicerca& esito) {
     if (esito.risultato == nullptr) return;
-    for (const std::string& m : esito.risultato->messaggi) mostra_messaggio(m);
+    for (const Messaggio& m : esito.risultato->messaggi) mostra_messaggio(m);
 }
 
-void FinestraRicerca::mostra_messaggio(const std::string& testo) {
-    sortimetra::mostra_messaggio(this, testo);
+void FinestraRicerca::mostra_messaggio(const Messaggio& messaggio) {
+    sortimetra::mostra_messaggio(this, messaggio);
 }
 
 void FinestraRicerca::aggiorna_stato() {
@@ -245,14 +242,9 @@ void FinestraRicerca::aggiorna_comandi() {
 LavoroStampa FinestraRicerca::lavoro() {
     const EsitoRicerca* esito = in_mostra();
     if (esito == nullptr) return {};
-    return {.finestra = this,
-            .ricerca = esito->ricerca,
-            .risultato = esito->risultato,
-            .ordine = ordine_in_mostra(),
-            .domanda = esito->domanda,
-            .archivio = archivio_,
-            .concorsi = area() == nullptr ? QString{} : area()->testo_concorsi(),
-            .periodo = area() == nullptr ? QString{} : area()->testo_intervallo()};
+    LavoroStampa lavoro{.finestra = this, .risposta = *esito};
+    lavoro.risposta.ordine = ordine_in_mostra();
+    return lavoro;
 }
 
 void FinestraRicerca::stampa() {
@@ -261,7 +253,7 @@ void FinestraRicerca::stampa() {
 
 void FinestraRicerca::esporta() {
     if (in_corsa() || in_mostra() == nullptr) return;
-    const auto file = esporta_risultato(this, *in_mostra()->risultato, ordine_in_mostra());
+    const auto file = esporta_risultato(this, lavoro().risposta);
     if (file && cornice_ != nullptr) cornice_->scrivi_stato(tr("Scritto in %1").arg(*file));
 }
 

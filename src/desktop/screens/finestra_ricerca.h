@@ -3,8 +3,7 @@
 #include "catalogue/ricerche.h"
 #include "draws/archivio.h"
 #include "files/sessione.h"
-#include "results/domanda.h"
-#include "results/risultato.h"
+#include "results/risposta.h"
 #include "screens/cornice_ricerca.h"
 
 #include <QPointer>
@@ -21,31 +20,23 @@ namespace sortimetra {
 class CorsaRicerca;
 class PannelloAvanzamento;
 
-/// What a run gave: the row that was run, the question that it answers, the result, the time it took.
-struct EsitoRicerca {
-    const Ricerca* ricerca = nullptr;
-    Domanda domanda;
-    std::shared_ptr<const Risultato> risultato;
+/// What a run gave: the answer with its row and its question, and the time it took.
+struct EsitoRicerca : Risposta {
     double millisecondi = 0;
 
     /// Whether there is something to show: a search that was refused has only messages.
-    [[nodiscard]] bool prodotto() const { return risultato != nullptr && risultato->prodotto; }
+    [[nodiscard]] bool prodotto() const { return prodotta(); }
     /// The rows of the first table.
     [[nodiscard]] std::size_t righe() const {
         return risultato == nullptr || risultato->tabelle.empty() ? 0 : risultato->tabelle.front().righe();
     }
 };
 
-/// What a screen hands to the printer: the result on show, in the order on show, and what it was asked.
+/// What a screen hands to the printer, and to whatever else works on what it shows: the answer on show, in
+/// the order on show.
 struct LavoroStampa {
     QWidget* finestra = nullptr;
-    const Ricerca* ricerca = nullptr;
-    std::shared_ptr<const Risultato> risultato;
-    std::vector<std::uint32_t> ordine;  ///< rows of the first table as sorted, empty for the order of writing
-    Domanda domanda;
-    const ArchivioEstrazioni* archivio = nullptr;
-    QString concorsi;  ///< "dal concorso 1 del 22/12/1990 al concorso …"
-    QString periodo;   ///< text of `ComboIntervallo`
+    Risposta risposta;
 };
 
 /// The window under every search screen. It is opened on a search and an archive, makes the question, runs it
@@ -114,7 +105,7 @@ class FinestraRicerca : public QWidget {
     /// An answer or the printer came or went: buttons follow. Those of the frame do so by themselves.
     virtual void aggiorna_comandi();
     /// Shows one message of a search, under the usual title.
-    virtual void mostra_messaggio(const std::string& testo);
+    virtual void mostra_messaggio(const Messaggio& messaggio);
 
     /// Mounts the usual frame, with its buttons connected; once, in the constructor.
     CorniceRicerca* incornicia(CorniceRicerca::Domande domande);

@@ -68,9 +68,10 @@ std::optional<QString> Messaggi::file_da_leggere(QWidget* padre, const QString& 
     return file.isEmpty() ? std::nullopt : std::optional{file};
 }
 
-void mostra_messaggio(QWidget* padre, const std::string& testo) {
-    messaggi().informa(padre, testo == kFileDanneggiato ? testo_qt(kTitoloFileDanneggiato) : kTitoloMessaggi,
-                       testo_qt(testo));
+void mostra_messaggio(QWidget* padre, const Messaggio& messaggio) {
+    const bool danneggiato = messaggio.avviso == Avviso::file_danneggiato;
+    messaggi().informa(padre, danneggiato ? QStringLiteral("Sortimetra 2001") : kTitoloMessaggi,
+                       testo_qt(messaggio.testo));
 }
 
 Messaggi& messaggi() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "results/messaggio.h"
+
 #include <QList>
 #include <QString>
 #include <optional>
@@ -45,7 +47,7 @@ class Messaggi {
 inline const QString kTitoloMessaggi = QStringLiteral("Sortimetra");
 
 /// Shows a message of a search under the title that it has: nearly always the program's name.
-void mostra_messaggio(QWidget* padre, const std::string& testo);
+void mostra_messaggio(QWidget* padre, const Messaggio& messaggio);
 
 /// The one in use: real boxes, unless a test has put its own in their place.
 [[nodiscard]] Messaggi& messaggi();

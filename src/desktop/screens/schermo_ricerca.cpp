@@ -19,7 +19,7 @@ SchermoRicerca::SchermoRicerca(Sessione& sessione, const QString& nome, QWidget*
 }
 
 void SchermoRicerca::prepara() {
-    griglia_->imposta_chiave(testo_qt(ricerca()->chiave));
+    griglia_->imposta_chiave(testo_qt(ricerca()->chiave()));
     inizializza_griglia();
 }
 

@@ -39,7 +39,7 @@ class Form_stat final : public SchermoRicerca {
   protected:
     [[nodiscard]] Parametri parametri() const override;
     void mostra(const EsitoRicerca& esito) override;
-    void mostra_messaggio(const std::string& testo) override;
+    void mostra_messaggio(const Messaggio& messaggio) override;
     void aggiorna_comandi() override;
 
   private:

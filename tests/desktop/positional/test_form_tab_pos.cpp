@@ -1,14 +1,18 @@
+#include "catalogue/rapporti.h"
 #include "positional/form_tab_pos.h"
 #include "positional/form_tab_pos2.h"
 #include "positional/form_tab_pos_dieci.h"
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/form_tab_pos_wfl.h"
 #include "positional/migliori_ritardi.h"
+#include "positional/parametri.h"
+#include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
 #include "support/archivi.h"
+#include "support/superficie_registrata.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -507,7 +511,7 @@ class TestTabelloni final : public QObject {
         QCOMPARE(griglia->columnSpan(0, 1), 2);
         SenzaAvanzamento nessuno;
         Domanda d = prove::domanda(kDieciNumeri);
-        d.parametri.concorso = 800;
+        d.parametri.per<ParametriTabellone>().concorso = 800;
         const Risultato dieci = dieci_piu_in_ritardo(archivio_, d, nessuno);
         for (int p = 0; p < 10; ++p) {
             const auto r = static_cast<std::size_t>(p);
@@ -532,30 +536,53 @@ class TestTabelloni final : public QObject {
         QVERIFY(!form_->isVisible());
     }
 
+    /// What stands on the pages of a report, place by place.
+    static QStringList pagine_di(const Risposta& risposta) {
+        const Rapporto rapporto = prepara_rapporto(risposta);
+        SuperficieRegistrata foglio;
+        EasyPrint stampante{foglio, [](const std::string&, const std::string& t) { QFAIL(t.c_str()); }};
+        SenzaAvanzamento nessuno;
+        sortimetra::stampa(stampante, rapporto, {}, nessuno);
+        QStringList segni{QString::number(rapporto.pagine)};
+        for (const auto& t : foglio.testi())
+            segni << QStringLiteral("%1 %2 %3 %4").arg(t.pagina).arg(t.x).arg(t.y).arg(testo_qt(t.testo));
+        return segni;
+    }
+    /// The same for the search asked afresh: what the page ought to print.
+    [[nodiscard]] QStringList pagine_di(const char* chiave, const Parametri& parametri = {}) const {
+        Domanda d = prove::domanda(chiave);
+        d.parametri = parametri;
+        return pagine_di(prove::rispondi(d, archivio_, cartella_.percorso()));
+    }
+
     void ogni_pagina_stampa_il_suo() {
-        auto& form = apri<form_tab_pos>(kTabellone);
-        clic("cmdopzioni_1");
-        QVERIFY(!controllo<QPushButton>("Command2")->isEnabled());
-        QStringList chiavi;
-        form.imposta_stampa([&](const LavoroStampa& l) {
-            QVERIFY(l.archivio == &archivio_);
-            QVERIFY(l.risultato->chiave == l.ricerca->chiave);
-            chiavi << QString::fromUtf8(l.ricerca->chiave.data(),
-                                        static_cast<qsizetype>(l.ricerca->chiave.size()));
-        });
-        clic("Command2");
-        clic("Command7");
-        clic("Command10");
-        QTest::keyClick(&form, Qt::Key_P, Qt::ControlModifier);
-        QCOMPARE(chiavi, (QStringList{kTabellone, kDieciNumeri, kDieciNumeri}));
+        // From the board to the list and back, and the list first: each prints its own report.
+        for (const char* chiave : {kTabellone, kDieciNumeri}) {
+            auto& form = apri<form_tab_pos>(chiave);
+            QStringList stampate;
+            form.imposta_stampa([&](const LavoroStampa& l) { stampate = pagine_di(l.risposta); });
+            clic("cmdopzioni_1");
+            if (chiave == kTabellone) {
+                clic("Command2");
+                QCOMPARE(stampate, pagine_di(kTabellone));
+                clic("Command7");
+            }
+            clic("Command10");
+            QCOMPARE(stampate, pagine_di(kDieciNumeri));
+            stampate.clear();
+            QTest::keyClick(&form, Qt::Key_P, Qt::ControlModifier);
+            QCOMPARE(stampate, pagine_di(kDieciNumeri));
+            clic("Command9");
+            clic("Command2");
+            QCOMPARE(stampate, pagine_di(kTabellone));
+        }
+        QVERIFY(pagine_di(kTabellone) != pagine_di(kDieciNumeri));
+        QStringList stampate;
         auto& altro = apri<form_tab_pos>(kSestina);
-        altro.imposta_stampa([&](const LavoroStampa& l) {
-            chiavi << QString::fromUtf8(l.ricerca->chiave.data(),
-                                        static_cast<qsizetype>(l.ricerca->chiave.size()));
-        });
+        altro.imposta_stampa([&](const LavoroStampa& l) { stampate = pagine_di(l.risposta); });
         clic("cmdopzioni_1");
         clic("Command3");
-        QCOMPARE(chiavi.last(), QString::fromUtf8(kSestina));
+        QCOMPARE(stampate, pagine_di(kSestina));
     }
 
     // ---- the best delays ----
@@ -570,6 +597,61 @@ class TestTabelloni final : public QObject {
             QCOMPARE(prima->isAncestorOf(l), i < 94);
             QCOMPARE(seconda->isAncestorOf(l), i >= 94);
         }
+    }
+
+    void ogni_famiglia_ha_le_sue_etichette() {
+        QString tutte;
+        std::set<std::size_t> viste;
+        for (const int pagina : {1, 2})
+            for (const FamigliaMigliori& f : famiglie_migliori(pagina)) {
+                const auto [carica, gruppi, ritardi] = etichette_di(f.carica);
+                QCOMPARE(gruppi.size(), f.righe);
+                QCOMPARE(ritardi.size(), f.righe);
+                tutte += testo_qt(f.carica) + QStringLiteral(":");
+                for (const auto* lista : {&gruppi, &ritardi}) {
+                    for (const std::size_t i : *lista) {
+                        QVERIFY2(viste.insert(i).second, qPrintable(QString::number(i)));
+                        QCOMPARE(i >= kPrimaEtichettaPagina2, pagina == 2);
+                        tutte += QStringLiteral(" %1").arg(i);
+                    }
+                    tutte += lista == &gruppi ? QStringLiteral(";") : QStringLiteral("\n");
+                }
+            }
+        QCOMPARE(viste.size(), std::size_t{166});  // 0 to 167 without 112 and 115
+        QVERIFY(!viste.contains(112) && !viste.contains(115));
+        QCOMPARE(etichette_famiglie().size(), std::size_t{32});
+        QCOMPARE(tutte, QString::fromUtf8("carica_vertibili: 0 1 2; 3 4 5\n"
+                                          "carica_simmetrici: 6 7 8; 9 10 11\n"
+                                          "carica_complementari: 12 13 14; 15 16 17\n"
+                                          "carica_distanza45: 18 19 20; 21 22 23\n"
+                                          "carica_consecutivi: 24 25 26; 27 28 29\n"
+                                          "carica_terzine_coesione: 30 31 32; 33 34 35\n"
+                                          "carica_tricifriche: 36 38 58; 37 39 59\n"
+                                          "carica_sestine_circolari: 40 42 44; 41 43 45\n"
+                                          "carica_sestine_esagonali: 46 48 50; 47 49 51\n"
+                                          "carica_sestine_somma: 52 54 56; 53 55 57\n"
+                                          "carica_decine: 60 61 62; 63 64 65\n"
+                                          "carica_cadenze: 66 67 68; 69 70 71\n"
+                                          "carica_figure: 72 73 74; 75 76 77\n"
+                                          "carica_gemelli: 78 79 80; 81 82 83\n"
+                                          "carica_cifre: 84 85 86; 87 88 89\n"
+                                          "carica_radicali: 90 92; 91 93\n"
+                                          "carica_cifra_composta: 94 96; 95 97\n"
+                                          "carica_renard: 98 100; 99 101\n"
+                                          "carica_decine_simmetriche: 102 104; 103 105\n"
+                                          "carica_controfigure: 106 108 110; 107 109 111\n"
+                                          "carica_sestine_consecutive: 113 116 118; 114 117 119\n"
+                                          "carica_sestine_multiple: 120 122 124; 121 123 125\n"
+                                          "carica_terzine_correlative: 126 128 130; 127 129 131\n"
+                                          "carica_grattacielo: 132 134 136; 133 135 137\n"
+                                          "carica_cinquine_dei90: 138 140 142; 139 141 143\n"
+                                          "carica_cinquine_coesione: 144 146; 145 147\n"
+                                          "Carica_cinquine_consecutive: 148 150; 149 151\n"
+                                          "carica_cinquine_correlative: 152 154; 153 155\n"
+                                          "carica_cinquine_dispari: 156; 157\n"
+                                          "carica_cinquine_pari: 158; 159\n"
+                                          "carica_cinquine_pentagonali: 160 162; 161 163\n"
+                                          "carica_cinquine_sun: 164 166; 165 167\n"));
     }
 
     void le_due_pagine_dei_migliori_ritardi() {
@@ -756,23 +838,21 @@ class TestTabelloni final : public QObject {
     /// The labels of a page against the search's own rows.
     void confronta(int pagina, std::optional<Concorso> concorso, int indice_combo) {
         Domanda d = prove::domanda(kMigliori);
-        d.cartella = cartella_.percorso();
-        d.parametri.pagina = pagina;
-        d.parametri.concorso = concorso;
-        d.parametri.indice_combo = indice_combo;
+        QVERIFY(carica_cinquine_migliori(cartella_.percorso(), d));
+        d.parametri.per<ParametriTabellone>().pagina = pagina;
+        d.parametri.per<ParametriTabellone>().concorso = concorso;
+        d.parametri.per<ParametriTabellone>().indice_combo = indice_combo;
         d.ambito.ruote = form_->findChild<AreaParametri*>()->ruote();
         SenzaAvanzamento nessuno;
         const Tabella t = migliori_ritardi(archivio_, d, nessuno).tabelle[0];
         std::size_t riga = 0;
         for (const FamigliaMigliori& f : famiglie_migliori(pagina)) {
-            const auto gruppi =
-                QString::fromUtf8(f.gruppi.data(), static_cast<qsizetype>(f.gruppi.size())).split(' ');
-            const auto ritardi =
-                QString::fromUtf8(f.ritardi.data(), static_cast<qsizetype>(f.ritardi.size())).split(' ');
-            for (qsizetype i = 0; i < gruppi.size(); ++i, ++riga) {
-                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_") + gruppi[i])).toStdString(),
+            const auto [carica, gruppi, ritardi] = etichette_di(f.carica);
+            QCOMPARE(gruppi.size(), f.righe);
+            for (std::size_t i = 0; i < gruppi.size(); ++i, ++riga) {
+                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_%1").arg(gruppi[i]))).toStdString(),
                          t.testo(riga, 1));
-                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_") + ritardi[i])).toStdString(),
+                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_%1").arg(ritardi[i]))).toStdString(),
                          t.testo(riga, 2));
             }
         }

@@ -1,9 +1,11 @@
 #include "positional/form_tab_pos.h"
+#include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/finestra_ricerca.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/schermo_ricerca.h"
+#include "statistics/parametri.h"
 #include "support/archivi.h"
 
 #include <QApplication>
@@ -37,10 +39,10 @@ ArchivioEstrazioni archivio_pieno() {
 /// the question is the estratto, which a row of the table may have.
 Risultato multipli(const ArchivioEstrazioni&, const Domanda& domanda, Avanzamento&) {
     Risultato r;
-    const int passo = domanda.parametri.estratto;
+    const int passo = domanda.di<ParametriStatistica>().estratto;
     if (passo == 0) {
         r.prodotto = false;
-        r.messaggi.emplace_back("Scrivi un numero");
+        r.messaggi.push_back({Avviso::altro, "Scrivi un numero"});
         return r;
     }
     ColonnaInteri numeri;
@@ -58,8 +60,7 @@ Risultato multipli(const ArchivioEstrazioni&, const Domanda& domanda, Avanzament
     return r;
 }
 
-const Ricerca kMultipli{.chiave = "multipli",
-                        .titolo = "I multipli di un numero",
+const Ricerca kMultipli{.nome = nome_e_titolo<"multipli", "I multipli di un numero">,
                         .tabelle = 1,
                         .esegui = multipli,
                         .frase = "Tutti i multipli."};
@@ -88,7 +89,7 @@ class SchermoDueGriglie final : public FinestraRicerca {
   protected:
     void prepara() override { passo->clear(); }
     [[nodiscard]] Parametri parametri() const override {
-        Parametri p;
+        ParametriStatistica p;
         p.estratto = passo->text().toInt();
         return p;
     }
@@ -117,7 +118,7 @@ class SchermoUnaGriglia final : public SchermoRicerca {
 
   protected:
     [[nodiscard]] Parametri parametri() const override {
-        Parametri p;
+        ParametriStatistica p;
         p.estratto = 9;
         return p;
     }
@@ -153,10 +154,8 @@ class TestFinestra final : public QObject {
         Form form{sessione_};
         form.apri(ricerca, archivio_);
         QCOMPARE(form.property("Tag").toString(), QStringLiteral("multipli"));
-        Ricerca con_tag = ricerca;
-        con_tag.tag = "altro";
-        form.apri(con_tag, archivio_);
-        QCOMPARE(form.property("Tag").toString(), QStringLiteral("altro"));
+        form.apri(*trova_ricerca("tabellone posizionale"), archivio_);
+        QCOMPARE(form.property("Tag").toString(), QStringLiteral("tabpos"));
     }
 
     template <class Form>
@@ -227,13 +226,11 @@ class TestFinestra final : public QObject {
         QTest::keyClick(&form, Qt::Key_P, Qt::ControlModifier);
         QCOMPARE(volte, 1);
         QCOMPARE(ricevuto.finestra, &form);
-        QCOMPARE(ricevuto.ricerca, &kMultipli);
-        QCOMPARE(ricevuto.domanda.chiave, std::string_view{"multipli"});
-        QCOMPARE(ricevuto.domanda.parametri.estratto, 40);
-        QCOMPARE(ricevuto.risultato->tabelle.size(), std::size_t{2});
-        QCOMPARE(ricevuto.ordine, (std::vector<std::uint32_t>{1, 0}));
-        QCOMPARE(ricevuto.archivio, &archivio_);
-        QCOMPARE(ricevuto.periodo, QStringLiteral("Tutti i Concorsi"));
+        QCOMPARE(&ricevuto.risposta.ricerca(), &kMultipli);
+        QCOMPARE(ricevuto.risposta.domanda.di<ParametriStatistica>().estratto, 40);
+        QCOMPARE(ricevuto.risposta.risultato->tabelle.size(), std::size_t{2});
+        QCOMPARE(ricevuto.risposta.ordine, (std::vector<std::uint32_t>{1, 0}));
+        QCOMPARE(ricevuto.risposta.ambito->intervallo, std::string{"Tutti i Concorsi"});
 
         MessaggiDiProva detti;
         const QString file = QString::fromStdString((cartella_.percorso() / "multipli.csv").string());
@@ -324,11 +321,8 @@ class TestFinestra final : public QObject {
         // its question.
         auto& form = apri<form_tab_pos>(*trova_ricerca("tabellone posizionale"));
         QStringList stampate;
-        form.imposta_stampa([&](const LavoroStampa& l) {
-            QCOMPARE(l.domanda.chiave, l.ricerca->chiave);
-            stampate << QString::fromUtf8(l.domanda.chiave.data(),
-                                          static_cast<qsizetype>(l.domanda.chiave.size()));
-        });
+        form.imposta_stampa(
+            [&](const LavoroStampa& l) { stampate << testo_qt(l.risposta.ricerca().chiave()); });
         form.conferma();
         form.stampa();
         QTest::mouseClick(bottone("Command7"), Qt::LeftButton);
