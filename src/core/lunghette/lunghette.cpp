@@ -93,6 +93,8 @@ void ricerca_automatica(const Corsa& corsa) {
         if (corsa.osserva) corsa.osserva({.entrato = 0, .lunghetta = l});
     }
     corsa.lunghetta = vincente;
+    // The screen is cleared before the winner is put there: it has no length to go on from.
+    corsa.lunghetta.lunghezza = 0;
     corsa.seme();
 }
 

@@ -1,5 +1,7 @@
 #include "catalogue/form_ricerche_schermi.h"
 
+#include "lunghette/form_lunghette.h"
+#include "lunghette/form_lunghette5.h"
 #include "positional/form_posizione.h"
 #include "positional/form_tab_pos.h"
 #include "positional/form_tab_pos2.h"
@@ -44,9 +46,15 @@ constexpr RigaSchermo riga(Schermo schermo) {
 }
 
 constexpr RigaSchermo kSchermi[] = {
-    riga<Form_stat>(Schermo::stat),         riga<Form_posizione>(Schermo::posizione),
-    riga<form_tab_pos>(Schermo::tab_pos),   riga<form_tab_posWFL>(Schermo::tab_pos_wfl),
+    riga<Form_stat>(Schermo::stat),
+    riga<Form_posizione>(Schermo::posizione),
+    riga<form_tab_pos>(Schermo::tab_pos),
+    riga<form_tab_posWFL>(Schermo::tab_pos_wfl),
     riga<form_tab_pos2>(Schermo::tab_pos2),
+    riga<Form_lunghette>(Schermo::lunghette),
+    riga<Form_lunghette10Lotto>(Schermo::lunghette10),
+    riga<Form_lunghetteWFL>(Schermo::lunghette_wfl),
+    riga<Form_Lunghette5>(Schermo::lunghette5),
 };
 
 }  // namespace

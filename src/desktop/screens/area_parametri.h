@@ -70,6 +70,8 @@ class AreaParametri final : public QFrame {
     [[nodiscard]] AmbitoRicerca ambito() const;
     [[nodiscard]] SelezioneRuote ruote() const { return ruote_; }
     void imposta_ruote(SelezioneRuote ruote);
+    /// Puts wheels, calendar (or hour) and range as another screen has them. No signal is sent.
+    void imposta_ambito(const AmbitoRicerca& ambito);
     /// Text of `ComboIntervallo` and of the two boxes with their dates, as a report's head shows them.
     [[nodiscard]] QString testo_intervallo() const;
     [[nodiscard]] QString testo_concorsi() const;

@@ -123,6 +123,8 @@ class FinestraRicerca : public QWidget {
     void di_messaggi(const EsitoRicerca& esito);
     /// A search that can be stopped by the user shows `cmdAnnulla` in the panel.
     void imposta_annullabile(bool si);
+    /// A cancel stops only what the search is doing at the moment; it is told once, then forgotten.
+    void imposta_annullo_a_passi(bool si) { annullo_a_passi_ = si; }
 
     [[nodiscard]] bool stampabile() const { return stampa_ != nullptr; }
     /// The answer on show as the printer, and whatever else works on it, is handed it.
@@ -149,6 +151,7 @@ class FinestraRicerca : public QWidget {
     std::function<void(const LavoroStampa&)> stampa_;
     CorsaRicerca* corsa_ = nullptr;
     bool annullabile_ = false;
+    bool annullo_a_passi_ = false;
     bool posto_letto_ = false;
 
     QWidget* corpo_;
