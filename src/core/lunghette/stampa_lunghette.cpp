@@ -117,7 +117,7 @@ Rapporto stampa_lunghetta(const MaterialeRapporto& materiale) {
     auto numeri = etichetta<std::vector<std::string>>(materiale.risultato, "lblnum");
     const auto lunghezza = static_cast<std::size_t>(p.frequente ? kLunghezzaMassima : p.lunghezza);
     numeri.resize(std::min(numeri.size(), lunghezza));
-    std::string punteggio = nome_punteggio(testo_punteggio(gioco, p.ricerca)) + ": " +
+    std::string punteggio = nome_punteggio(testo_punteggio(gioco, p.ricerca, p.frequente)) + ": " +
                             etichetta<std::string>(materiale.risultato, "lblRit_freq");
     Intestazione testa = testa_lunghetta(materiale, gioco, p);
     return {.titolo = testa.ricerca,

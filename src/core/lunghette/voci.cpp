@@ -96,11 +96,15 @@ std::string testo_dal_terno(Gioco gioco, int ricerca) {
     return lotto(gioco) ? "(Ottenuto dall'ambo + Frequente)" : "(Ottenuto dall'ambo + frequente)";
 }
 
-std::string testo_punteggio(Gioco gioco, int ricerca) {
+std::string testo_punteggio(Gioco gioco, int ricerca, bool frequente) {
     const VoceLunghette voce = voce_lunghette(gioco, ricerca);
-    const std::string_view misura = voce.tipo == TipoRicerca::ritardo ? "Ritardo" : "Frequenza";
+    const std::string_view misura = voce.tipo == TipoRicerca::ritardo && !frequente ? "Ritardo" : "Frequenza";
     if (lotto(gioco)) return fmt::format("{} per {} della lunghetta finora ricavata", misura, sorte(voce.k));
     return fmt::format("{} per punti {} della lunghetta ricavata", misura, voce.k);
+}
+
+std::string_view testo_opzione_frequente(Gioco gioco) {
+    return gioco == Gioco::win_for_life ? "Più frequente x punti 3" : "Più frequente x punti 5";
 }
 
 std::string_view testo_frequente(Gioco gioco) {

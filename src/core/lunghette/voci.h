@@ -35,12 +35,14 @@ struct VoceLunghette {
 [[nodiscard]] std::string testo_opzione(Gioco gioco, int ricerca, int opzione);
 /// `lbldesc`, beside the terno: what it is worked out from.
 [[nodiscard]] std::string testo_dal_terno(Gioco gioco, int ricerca);
-/// `Label8`, the name of the score.
-[[nodiscard]] std::string testo_punteggio(Gioco gioco, int ricerca);
+/// `Label8`, the name of the score; with `Check2` that is a frequency, whatever the entry.
+[[nodiscard]] std::string testo_punteggio(Gioco gioco, int ricerca, bool frequente = false);
 /// `Check1`.
 inline constexpr std::string_view kConPosizione = "Analisi con Posizione";
 /// `Check2`.
 [[nodiscard]] std::string_view testo_frequente(Gioco gioco);
+/// What the second option says as long as `Check2` is set.
+[[nodiscard]] std::string_view testo_opzione_frequente(Gioco gioco);
 /// Shown where `Check1` meets a length above ten.
 inline constexpr std::string_view kPosizioneDieci =
     "Con l'analisi per posizione la lunghetta può essere al massimo di 10 numeri.";

@@ -217,14 +217,22 @@ void SchermoLunghetta::attiva() {
 void SchermoLunghetta::ricerca_scelta() {
     const int r = combo1_->currentIndex();
     if (r < 0 || ricerca() == nullptr) return;
-    const Gioco gioco = ricerca()->gioco;
-    tavola_->nomina_punteggio(QString::fromStdString(testo_punteggio(gioco, r)));
-    for (std::size_t i = 0; i < option1_.size(); ++i)
-        option1_[i]->setText(QString::fromStdString(testo_opzione(gioco, r, static_cast<int>(i))));
-    lbldesc_->setText(QString::fromStdString(testo_dal_terno(gioco, r)));
+    scrivi_didascalie();
     layout(r);
     option1_[kAmbata]->setChecked(true);
     opzione_scelta(kAmbata);
+}
+
+void SchermoLunghetta::scrivi_didascalie() {
+    const int r = combo1_->currentIndex();
+    if (r < 0 || ricerca() == nullptr) return;
+    const Gioco gioco = ricerca()->gioco;
+    const bool frequente = check2_->isChecked();
+    tavola_->nomina_punteggio(QString::fromStdString(testo_punteggio(gioco, r, frequente)));
+    for (std::size_t i = 0; i < option1_.size(); ++i)
+        option1_[i]->setText(QString::fromStdString(testo_opzione(gioco, r, static_cast<int>(i))));
+    if (frequente) option1_[kAmbo]->setText(testo_qt(testo_opzione_frequente(gioco)));
+    lbldesc_->setText(QString::fromStdString(testo_dal_terno(gioco, r)));
 }
 
 void SchermoLunghetta::layout(int ricerca) {
@@ -282,6 +290,7 @@ void SchermoLunghetta::frequente_cambiata(bool si) {
     check1_->setEnabled(!si);
     for (const Opzione1 o : {kAmbata, kAmbo, kPersonali, kAutomatica}) option1_[o]->setEnabled(!si);
     personali_->setEnabled(!si);
+    scrivi_didascalie();
 }
 
 // ---- question and answer ----

@@ -56,6 +56,8 @@ class SchermoLunghetta : public FinestraRicerca {
     void svuota_label();
     /// The click on `Combo1`: captions, which options there are, the first one chosen.
     void ricerca_scelta();
+    /// The captions that follow from `Combo1` and `Check2`.
+    void scrivi_didascalie();
     void layout(int ricerca);
     void opzione_scelta(int opzione);
     void lunghezza_scelta();

@@ -25,9 +25,9 @@ QString due_cifre(const QString& numero) {
     return numero.size() == 1 ? QStringLiteral("0") + numero : numero;
 }
 
-/// "12 (246)".
+/// "12 (246)", which no line breaks.
 QString detto(const PassoLunghetta& passo) {
-    return QStringLiteral("%1 (%2)").arg(passo.entrato).arg(passo.lunghetta.punteggio.value_or(0));
+    return QStringLiteral("%1\u00A0(%2)").arg(passo.entrato).arg(passo.lunghetta.punteggio.value_or(0));
 }
 
 QString numeri_di(const Lunghetta& lunghetta) {
@@ -161,7 +161,7 @@ TavolaLunghetta::TavolaLunghetta(QWidget* padre)
     colonna->setSpacing(2 * kPasso);
     colonna->addWidget(nome_punteggio_);
     colonna->addWidget(punteggio_);
-    colonna->addWidget(quadro, 4);
+    colonna->addWidget(quadro, 12);
     colonna->addWidget(storia_);
     colonna->addStretch(1);
 }
@@ -192,6 +192,8 @@ void TavolaLunghetta::mostra_passo(const Lunghetta& lunghetta, const std::vector
         return 0;
     };
     for (const PassoLunghetta& p : passi) ultimo = p.entrato;
+    // Without a growth no number is one that it began with.
+    const bool cresciuta = !passi.empty() && passi.front().lunghetta.lunghezza > 0;
     for (std::size_t i = 0; i < kCaselle; ++i) {
         const int n = lunghetta.caselle[i];
         if (n == kCasellaVuota) {
@@ -200,7 +202,7 @@ void TavolaLunghetta::mostra_passo(const Lunghetta& lunghetta, const std::vector
         }
         const int passo = passo_di(n);
         caselle_[i]->scrivi(QString::number(n),
-                            passo == 0                   ? CasellaNumero::Aspetto::seme
+                            passo == 0 && cresciuta      ? CasellaNumero::Aspetto::seme
                             : ultimo != 0 && n == ultimo ? CasellaNumero::Aspetto::ultima
                                                          : CasellaNumero::Aspetto::entrata,
                             passo);
