@@ -73,7 +73,8 @@ Intestazione intestazione(const Risposta& risposta) {
 Rapporto prepara_rapporto(const Risposta& risposta) {
     const FunzioneRapporto rapporto =
         risposta.ricerca().rapporto == nullptr ? rapporto_griglia : risposta.ricerca().rapporto;
-    Rapporto pronto = rapporto({*risposta.risultato, intestazione(risposta), risposta.ordine});
+    Rapporto pronto =
+        rapporto({*risposta.risultato, intestazione(risposta), risposta.ordine, &risposta.domanda});
     pronto.disegna = [disegna = std::move(pronto.disegna), tenuto = risposta.risultato](
                          EasyPrint& stampante, int pagina) { disegna(stampante, pagina); };
     return pronto;

@@ -5,6 +5,10 @@
 #include "catalogue/elenchi.h"
 #include "catalogue/nomi.h"
 #include "catalogue/segnalimite.h"
+#include "lunghette/lunghette.h"
+#include "lunghette/parametri.h"
+#include "lunghette/scomposte.h"
+#include "lunghette/stampa_lunghette.h"
 #include "positional/migliori_ritardi.h"
 #include "positional/parametri.h"
 #include "positional/posizione.h"
@@ -131,7 +135,11 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .rapporto = stampa_ciclometria},
     {.nome = nomi::kLunghette,
      .tabelle = kRuote10,
-     .frase = "Serie di numeri che crescono passo dopo passo dai più ritardati o frequenti."},
+     .opzioni = kOpzioniLunghette,
+     .esegui = lunghette_lotto,
+     .controlla = controlla_lunghette,
+     .frase = "Serie di numeri che crescono passo dopo passo dai più ritardati o frequenti.",
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kPiramide,
      .tabelle = kRuote10,
      .frase = "La piramide di dieci righe costruita sull'archivio."},
@@ -243,7 +251,12 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kLunghette10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto,
-     .frase = "Serie di numeri scelte per i punti che fanno nel 10eLotto."},
+     .opzioni = kOpzioniPunti10,
+     .esegui = lunghette_a_punti,
+     .carica = tutte_le_ruote,
+     .frase = "Serie di numeri scelte per i punti che fanno nel 10eLotto.",
+     .ruote = SelezioneRuote::tutte(),
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kVentiNumeriWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
@@ -269,11 +282,19 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kLunghetteWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
-     .frase = "Serie di numeri scelte per i punti che fanno nel Win for Life."},
+     .opzioni = kOpzioniPuntiWFL,
+     .esegui = lunghette_a_punti,
+     .frase = "Serie di numeri scelte per i punti che fanno nel Win for Life.",
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kLunghetteScomposte,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
-     .frase = "Le cinquine della metà bassa o alta della combinazione."},
+     .opzioni = kOpzioniScomposte,
+     .esegui = lunghette_scomposte,
+     .carica = ogni_ora,
+     .controlla = controlla_scomposte,
+     .frase = "Le cinquine della metà bassa o alta della combinazione.",
+     .rapporto = stampa_scomposte},
     {.nome = nomi::kScomposizione,
      .tabelle = kRuote10,
      .opzioni = kOpzioniScomposizione,

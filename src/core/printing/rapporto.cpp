@@ -234,9 +234,10 @@ int pagine_griglia(std::size_t righe) {
 }
 
 void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<const std::uint32_t> ordine,
-                    int pagina) {
+                    int pagina, std::span<const std::string_view> titoli) {
     const std::size_t righe = tabella.righe();
-    const auto& colonne = righe + 1 >= kSottileDa ? kStrette : kLarghe;
+    auto colonne = righe + 1 >= kSottileDa ? kStrette : kLarghe;
+    for (std::size_t c = 0; c < std::min(colonne.size(), titoli.size()); ++c) colonne[c].titolo = titoli[c];
     const std::size_t primo = static_cast<std::size_t>(pagina - 1) * kBlocchiPagina;
     for (std::size_t b = primo; b < std::min(primo + kBlocchiPagina, blocchi(righe)); ++b) {
         const std::size_t prima_riga = b * kRigheBlocco;
@@ -251,16 +252,21 @@ void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<cons
 // ---- the reports ----
 
 Rapporto rapporto_griglia(const MaterialeRapporto& materiale) {
+    return rapporto_griglia_intitolata(materiale, {});
+}
+
+Rapporto rapporto_griglia_intitolata(const MaterialeRapporto& materiale,
+                                     std::span<const std::string_view> titoli) {
     if (!e_griglia(materiale.risultato)) return rapporto_tabelle(materiale);
     const Tabella& tabella = materiale.risultato.tabelle[0];
     const int pagine = pagine_griglia(tabella.righe());
     return {.titolo = materiale.testa.ricerca,
             .pagine = pagine,
-            .disegna = [&tabella, pagine, testa = materiale.testa,
+            .disegna = [&tabella, pagine, titoli, testa = materiale.testa,
                         ordine = std::vector(materiale.ordine.begin(), materiale.ordine.end())](
                            EasyPrint& stampante, int pagina) {
                 stampa_intestazione(stampante, testa);
-                stampa_griglia(stampante, tabella, ordine, pagina);
+                stampa_griglia(stampante, tabella, ordine, pagina, titoli);
                 stampa_piede(stampante, pagina, pagine);
             }};
 }

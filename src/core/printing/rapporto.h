@@ -3,6 +3,7 @@
 #include "draws/avanzamento.h"
 #include "files/errore.h"
 #include "printing/easy_print.h"
+#include "results/domanda.h"
 #include "results/risultato.h"
 
 #include <cstdint>
@@ -58,6 +59,8 @@ struct MaterialeRapporto {
     const Risultato& risultato;
     Intestazione testa;
     std::span<const std::uint32_t> ordine;
+    /// The question, for a report that tells more of it than the head; null where nobody has asked.
+    const Domanda* domanda = nullptr;
 };
 
 /// Draws the chosen pages, a new page between them, and ends the document. If `avanzamento` says stop the
@@ -120,15 +123,18 @@ inline constexpr std::size_t kRigheBlocco = 45;
 [[nodiscard]] int pagine_griglia(std::size_t righe);
 
 /// One page of a grid of numbers: number or combination, frequency, delay, historic delay. Blocks of 45 rows,
-/// two side by side; a grid of one block has wide columns.
+/// two side by side; a grid of one block has wide columns. `titoli` are for a grid with four of its own.
 void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<const std::uint32_t> ordine,
-                    int pagina);
+                    int pagina, std::span<const std::string_view> titoli = {});
 
 // ---- the reports ----
 
 /// Head and `stampa_griglia`: the report of every grid with the three measures. A result of another shape is
 /// printed by `rapporto_tabelle`.
 [[nodiscard]] Rapporto rapporto_griglia(const MaterialeRapporto& materiale);
+/// The same under four titles of its own, which must outlive the report.
+[[nodiscard]] Rapporto rapporto_griglia_intitolata(const MaterialeRapporto& materiale,
+                                                   std::span<const std::string_view> titoli);
 
 /// All tables of a result as ruled tables whose columns fit their content, cells with a colour of their own
 /// framed. Upright where they fit the band, else lying; a table too wide for that goes on in further pages

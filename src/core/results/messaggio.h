@@ -14,6 +14,7 @@ enum class Avviso : std::uint8_t {
     capigioco,            ///< one of the two head numbers is none
     file_danneggiato,     ///< the list of the cinquine dei 90 cannot be read
     troppe_combinazioni,  ///< a decomposition with more members than is allowed
+    posizione_dieci,      ///< a lunghetta by position has ten numbers at most
 };
 
 /// The text of a message box, and what it is about.

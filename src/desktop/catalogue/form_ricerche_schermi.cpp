@@ -1,6 +1,8 @@
 #include "catalogue/form_ricerche_schermi.h"
 
 #include "bets/form_scommesse.h"
+#include "lunghette/form_lunghette.h"
+#include "lunghette/form_lunghette5.h"
 #include "positional/form_posizione.h"
 #include "positional/form_tab_pos.h"
 #include "positional/form_tab_pos2.h"
@@ -55,6 +57,10 @@ constexpr RigaSchermo kSchermi[] = {
     riga<form_spia>(Schermo::spia),
     riga<Form_som_dis_ciclo>(Schermo::som_dis_ciclo),
     riga<Form_scommesse>(Schermo::scommesse),
+    riga<Form_lunghette>(Schermo::lunghette),
+    riga<Form_lunghette10Lotto>(Schermo::lunghette10),
+    riga<Form_lunghetteWFL>(Schermo::lunghette_wfl),
+    riga<Form_Lunghette5>(Schermo::lunghette5),
 };
 
 }  // namespace

@@ -263,6 +263,21 @@ void AreaParametri::imposta_ruote(SelezioneRuote ruote) {
     emit cambiato();
 }
 
+void AreaParametri::imposta_ambito(const AmbitoRicerca& ambito) {
+    fermo_ = true;
+    ruote_ = ambito.ruote;
+    mostra_ruote();
+    intervallo_->setCurrentIndex(
+        static_cast<int>(genere_ == Genere::win_for_life ? ambito.ora : ambito.intervallo));
+    const std::array<Concorso, 2> estremi{ambito.tratto.da, ambito.tratto.a};
+    for (std::size_t i = 0; i < tratto_.size(); ++i) {
+        tratto_[i]->setValue(estremi[i]);
+        tratto_[i]->testo()->setText(QString::number(tratto_[i]->value()));
+        aggiorna_data(static_cast<int>(i));
+    }
+    fermo_ = false;
+}
+
 QString AreaParametri::testo_intervallo() const {
     return intervallo_->currentText();
 }

@@ -72,6 +72,8 @@ class AreaParametri final : public QFrame {
     void imposta_ruote(SelezioneRuote ruote);
     /// A screen that looks at one wheel: a wheel that is ticked clears all others.
     void imposta_ruota_unica(bool si) { unica_ = si; }
+    /// Puts wheels, calendar (or hour) and range as another screen has them. No signal is sent.
+    void imposta_ambito(const AmbitoRicerca& ambito);
     /// Text of `ComboIntervallo` and of the two boxes with their dates, as a report's head shows them.
     [[nodiscard]] QString testo_intervallo() const;
     [[nodiscard]] QString testo_concorsi() const;

@@ -151,6 +151,7 @@ EsitoRicerca FinestraRicerca::corri(const Ricerca& ricerca, Domanda domanda, Pan
     QWidget* spento = spento_ != nullptr ? spento_ : annullabile_ ? corpo_ : static_cast<QWidget*>(this);
     CorsaRicerca corsa{spento, pannello == nullptr ? pannello_ : pannello, sopra};
     corsa_ = &corsa;
+    corsa.imposta_annullo_a_passi(annullo_a_passi_);
     Risposta risposta = rispondi(std::move(domanda), *archivio_, sessione_.percorso_programma, corsa);
     corsa_ = nullptr;
     return {std::move(risposta), corsa.trascorsi()};
@@ -217,7 +218,6 @@ std::size_t FinestraRicerca::concorsi_in_ambito() const {
         case AreaParametri::Genere::win_for_life:
             return vista_winforlife(*archivio_, ambito).size();
         case AreaParametri::Genere::senza_ruote:
-            return vista_superenalotto(*archivio_, ambito).size();
         case AreaParametri::Genere::lotto:
         case AreaParametri::Genere::solo_ruote:
             break;

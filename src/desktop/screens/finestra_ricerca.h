@@ -130,6 +130,8 @@ class FinestraRicerca : public QWidget {
     void imposta_spento(QWidget* parte) { spento_ = parte; }
     /// Tells the run in progress, if there is one, to stop.
     void ferma_corsa();
+    /// A cancel stops only what the search is doing at the moment; it is told once, then forgotten.
+    void imposta_annullo_a_passi(bool si) { annullo_a_passi_ = si; }
 
     [[nodiscard]] bool stampabile() const { return stampa_ != nullptr; }
     /// The answer on show as the printer, and whatever else works on it, is handed it.
@@ -157,6 +159,7 @@ class FinestraRicerca : public QWidget {
     CorsaRicerca* corsa_ = nullptr;
     bool annullabile_ = false;
     QWidget* spento_ = nullptr;
+    bool annullo_a_passi_ = false;
     bool posto_letto_ = false;
 
     QWidget* corpo_;

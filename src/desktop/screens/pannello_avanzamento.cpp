@@ -100,7 +100,7 @@ CorsaRicerca::~CorsaRicerca() {
 bool CorsaRicerca::procedi(std::size_t fatto, std::size_t totale) {
     const qint64 ora = orologio_.elapsed();
     const bool presto = ora < kAttesa || ora - ultimo_giro_ < kGiro;
-    if (presto && !(pannello_ && pannello_->sempre())) return !annullata_;
+    if (presto && !(pannello_ && pannello_->sempre())) return va_avanti();
     if (pannello_ && sopra_) {
         if (!visto_) pannello_->mostra_su(sopra_);
         visto_ = true;
@@ -109,7 +109,7 @@ bool CorsaRicerca::procedi(std::size_t fatto, std::size_t totale) {
     QApplication::processEvents();
     // Counted from the end of the turn, so that slow painting cannot fill the whole run.
     ultimo_giro_ = orologio_.elapsed();
-    return !annullata_;
+    return va_avanti();
 }
 
 }  // namespace sortimetra

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QFrame>
 #include <QPointer>
+#include <utility>
 
 class QLabel;
 class QPushButton;
@@ -61,6 +62,8 @@ class CorsaRicerca final : public Avanzamento {
     bool procedi(std::size_t fatto, std::size_t totale) override;
     /// The search is told to stop at its next report.
     void annulla() { annullata_ = true; }
+    /// For a search that stops piece by piece: it is told once for each cancel, then goes on.
+    void imposta_annullo_a_passi(bool si) { a_passi_ = si; }
     [[nodiscard]] bool annullata() const { return annullata_; }
     /// Milliseconds since the run began.
     [[nodiscard]] double trascorsi() const { return static_cast<double>(orologio_.nsecsElapsed()) / 1e6; }
@@ -75,6 +78,9 @@ class CorsaRicerca final : public Avanzamento {
     qint64 ultimo_giro_ = 0;
     bool visto_ = false;
     bool annullata_ = false;
+    bool a_passi_ = false;
+
+    [[nodiscard]] bool va_avanti() { return a_passi_ ? !std::exchange(annullata_, false) : !annullata_; }
 };
 
 }  // namespace sortimetra

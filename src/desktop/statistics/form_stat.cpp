@@ -1,5 +1,6 @@
 #include "statistics/form_stat.h"
 
+#include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/casella_cifre.h"
 #include "screens/griglia_risultati.h"
@@ -146,6 +147,18 @@ void Form_stat::componi_comandi() {
 void Form_stat::imposta_serie(std::vector<int> numeri, int sorte) {
     numeri_ = std::move(numeri);
     sorte_ = sorte;
+}
+
+void Form_stat::intitola(const QString& titolo) {
+    setWindowTitle(titolo);
+    cornice()->intitola(titolo, testo_qt(ricerca()->frase));
+}
+
+void Form_stat::proponi_tipi(int quanti, int scelto) {
+    const QSignalBlocker zitto{combo_rit_};
+    while (combo_rit_->count() > quanti) combo_rit_->removeItem(combo_rit_->count() - 1);
+    combo_rit_->setCurrentIndex(scelto);
+    sessione().indice_combo_rit = scelto;
 }
 
 void Form_stat::imposta_analisi(std::function<void(const LavoroStampa&, int)> analisi) {

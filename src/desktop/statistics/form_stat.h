@@ -25,6 +25,10 @@ class Form_stat final : public SchermoRicerca {
 
     /// The user's numbers and the bet of a decomposition, set by the screen that opens it.
     void imposta_serie(std::vector<int> numeri, int sorte);
+    /// Calls the opened screen otherwise than its row does.
+    void intitola(const QString& titolo);
+    /// Leaves of `ComboRit` the first so many entries and chooses one of them.
+    void proponi_tipi(int quanti, int scelto);
 
     /// How a program of the product is started, given its path; false if it cannot be. A test puts its own
     /// here.
