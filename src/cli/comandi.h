@@ -67,6 +67,7 @@ int consegna(const Canali& canali, std::string_view testo, int codice = kRiuscit
 int comando_elenco(Richiesta& richiesta, const Canali& canali);
 int comando_ricerca(Richiesta& richiesta, const Canali& canali);
 int comando_archivio(Richiesta& richiesta, const Canali& canali);
+int comando_gruppi(Richiesta& richiesta, const Canali& canali);
 int comando_importa(Richiesta& richiesta, const Canali& canali);
 int comando_dimostrazione(Richiesta& richiesta, const Canali& canali);
 int comando_stampa(Richiesta& richiesta, const Canali& canali);

@@ -9,6 +9,14 @@
 #include "lunghette/parametri.h"
 #include "lunghette/scomposte.h"
 #include "lunghette/stampa_lunghette.h"
+#include "personal/analisi_serie.h"
+#include "personal/gruppi.h"
+#include "personal/numeri_personali.h"
+#include "personal/parametri.h"
+#include "personal/piramide.h"
+#include "personal/poste.h"
+#include "personal/stampa_personali.h"
+#include "personal/stampa_piramide.h"
 #include "positional/migliori_ritardi.h"
 #include "positional/parametri.h"
 #include "positional/posizione.h"
@@ -111,20 +119,29 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kAmbataCapogioco,
      .tabelle = kRuote10,
      .opzioni = kOpzioniAmbataCapogioco,
-     .esegui = ambatacapogioco,
+     .esegui = ambata_capogioco_o_gruppo,
+     .controlla = controlla_analisi,
      .frase = "Gli 89 ambi formati dal capogioco con ciascun altro numero.",
      .schedine = true},
     {.nome = nomi::kAmboCapogioco,
      .tabelle = kRuote10,
      .opzioni = kOpzioniAmboCapogioco,
-     .esegui = ambo_capogioco,
+     .esegui = ambo_capogioco_o_gruppo,
+     .controlla = controlla_analisi,
      .frase = "I terni formati da due capigioco con ciascun altro numero.",
      .schedine = true},
     {.nome = nomi::kPersonali,
      .tabelle = kRuote10,
-     .frase = "I tuoi numeri: quando sono usciti, insieme e uno per uno."},
+     .opzioni = kOpzioniPersonaliLotto,
+     .esegui = ricerca_lotto,
+     .frase = "I tuoi numeri: quando sono usciti, insieme e uno per uno.",
+     .rapporto = rapporto_personali},
     {.nome = nomi::kGruppi,
      .tabelle = kRuote10,
+     .opzioni = kOpzioniGruppi,
+     .esegui = ricerche_per_gruppi,
+     .carica = carica_gruppo,
+     .controlla = controlla_gruppo,
      .frase = "Un gruppo di lunghette tue: esiti, ritardi e probabilità."},
     {.nome = nomi::kCiclometria,
      .tabelle = kRuote10,
@@ -142,7 +159,11 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .rapporto = stampa_lunghetta},
     {.nome = nomi::kPiramide,
      .tabelle = kRuote10,
-     .frase = "La piramide di dieci righe costruita sull'archivio."},
+     .opzioni = kOpzioniPiramide,
+     .esegui = piramide_statistica,
+     .controlla = controlla_piramide,
+     .frase = "La piramide di dieci righe costruita sull'archivio.",
+     .rapporto = rapporto_piramide},
     {.nome = nomi::kPrimoEstratto,
      .tabelle = kRuote10,
      .esegui = primo_estratto,
@@ -203,7 +224,10 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kPersonaliSuperEnalotto,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
-     .frase = "I tuoi numeri nella sestina."},
+     .opzioni = kOpzioniPersonali,
+     .esegui = ricerca_superenalotto,
+     .frase = "I tuoi numeri nella sestina.",
+     .rapporto = rapporto_personali},
     {.nome = nomi::kScommesse,
      .tabelle = kRuote10,
      .opzioni = kOpzioniScommesse,
@@ -247,7 +271,10 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kPersonali10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto | kTabellaNazionale,
-     .frase = "I tuoi numeri nella combinazione di venti."},
+     .opzioni = kOpzioniPersonali,
+     .esegui = ricerca_10elotto,
+     .frase = "I tuoi numeri nella combinazione di venti.",
+     .rapporto = rapporto_personali},
     {.nome = nomi::kLunghette10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto,
@@ -278,7 +305,10 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kPersonaliWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
-     .frase = "I tuoi numeri nella combinazione di dieci."},
+     .opzioni = kOpzioniPersonaliWinForLife,
+     .esegui = ricerca_winforlife,
+     .frase = "I tuoi numeri nella combinazione di dieci.",
+     .rapporto = rapporto_personali},
     {.nome = nomi::kLunghetteWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
@@ -302,7 +332,11 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie.",
      .schedine = true,
      .dove = Dove::solo_comandi},
-    {.nome = nomi::kSchedine, .frase = "Le poste della piramide.", .dove = Dove::solo_comandi},
+    {.nome = nomi::kSchedine,
+     .esegui = schedine,
+     .carica = carica_poste,
+     .frase = "Le poste della piramide.",
+     .dove = Dove::solo_comandi},
 });
 
 /// The row of a named series.
@@ -311,8 +345,9 @@ constexpr Ricerca riga_di(const Famiglia& famiglia) {
     return {.nome = famiglia.nome,
             .tabelle = kRuote10,
             .opzioni = con_ruote ? Opzioni{kOpzioniSerieConRuote} : Opzioni{kOpzioniSerie},
-            .esegui = serie_speciali,
+            .esegui = serie_o_gruppo,
             .carica = famiglia.su_file ? carica_cinquine : nullptr,
+            .controlla = controlla_analisi,
             .frase = famiglia.frase,
             .famiglia = &famiglia,
             .schedine = famiglia.colonne <= kNumeriSchedina};

@@ -408,7 +408,7 @@ void stampa_cella(EasyPrint& stampante, const Colonna& colonna, float x, float y
     const float posto = larghezza - kAriaCella;
     if (std::holds_alternative<ColonnaInteri>(colonna))
         stampante.PrintRight(x + larghezza - kAriaCella, y, testo, 0, posto);
-    else if (std::holds_alternative<ColonnaTesti>(colonna))
+    else if (!std::holds_alternative<ColonnaGruppi>(colonna))
         stampante.PrintLeft(x + kAriaCella, y, testo, 0, posto);
     else
         stampante.PrintCentre(x + larghezza / 2, y, testo, posto);

@@ -15,6 +15,10 @@ enum class Avviso : std::uint8_t {
     file_danneggiato,     ///< the list of the cinquine dei 90 cannot be read
     troppe_combinazioni,  ///< a decomposition with more members than is allowed
     posizione_dieci,      ///< a lunghetta by position has ten numbers at most
+    gruppo_incompleto,    ///< no group to analyse, or one with a free row
+    nessun_gruppo,        ///< no group has been saved, or none of that name
+    nome_in_uso,          ///< a group of that name is there already
+    nome_non_valido,      ///< a group's name that its file cannot hold
 };
 
 /// The text of a message box, and what it is about.

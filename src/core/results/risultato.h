@@ -47,7 +47,19 @@ struct ColonnaGruppi {
     friend bool operator==(const ColonnaGruppi&, const ColonnaGruppi&) = default;
 };
 
-using Colonna = std::variant<ColonnaInteri, ColonnaTesti, ColonnaGruppi>;
+/// Texts of which there are few, each told many times: dates, wheels, drawn numbers that may be missing. Row
+/// r shows `voci[scelte[r]]`, so that a million dates take four bytes each.
+struct ColonnaVoci {
+    std::vector<std::string> voci;
+    std::vector<std::uint32_t> scelte;
+    /// The texts stand in their own order (days, two-digit numbers): rows sort by it, not by the letters.
+    bool in_ordine = false;
+
+    [[nodiscard]] const std::string& testo(std::size_t riga) const { return voci[scelte[riga]]; }
+    friend bool operator==(const ColonnaVoci&, const ColonnaVoci&) = default;
+};
+
+using Colonna = std::variant<ColonnaInteri, ColonnaTesti, ColonnaGruppi, ColonnaVoci>;
 
 [[nodiscard]] std::size_t lunghezza(const Colonna& colonna);
 

@@ -3,6 +3,9 @@
 #include "bets/form_scommesse.h"
 #include "lunghette/form_lunghette.h"
 #include "lunghette/form_lunghette5.h"
+#include "personal/form_gruppi2.h"
+#include "personal/form_personali.h"
+#include "personal/form_piramide.h"
 #include "positional/form_posizione.h"
 #include "positional/form_tab_pos.h"
 #include "positional/form_tab_pos2.h"
@@ -41,6 +44,8 @@ constexpr RigaSchermo riga(Schermo schermo) {
                 form->imposta_stampa(stampa_lavoro);
                 if constexpr (requires { form->imposta_stampa_immagine(stampa_immagine); })
                     form->imposta_stampa_immagine(stampa_immagine);
+                if constexpr (requires { form->imposta_stampa_rapporto(stampa_rapporto); })
+                    form->imposta_stampa_rapporto(stampa_rapporto);
                 return form;
             },
             [](QWidget& finestra, const Ricerca& ricerca, const ArchivioEstrazioni& archivio) {
@@ -61,6 +66,9 @@ constexpr RigaSchermo kSchermi[] = {
     riga<Form_lunghette10Lotto>(Schermo::lunghette10),
     riga<Form_lunghetteWFL>(Schermo::lunghette_wfl),
     riga<Form_Lunghette5>(Schermo::lunghette5),
+    riga<Form_Personali>(Schermo::personali),
+    riga<Form_Gruppi2>(Schermo::gruppi2),
+    riga<Form_Piramide>(Schermo::piramide),
 };
 
 }  // namespace

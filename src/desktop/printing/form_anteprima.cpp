@@ -426,6 +426,12 @@ FormAnteprima* stampa_risultato(QWidget* finestra, const Risposta& risposta) {
     return anteprima;
 }
 
+void stampa_rapporto(QWidget* finestra, Rapporto rapporto) {
+    auto* anteprima = new FormAnteprima{std::move(rapporto), nullptr, finestra};
+    anteprima->setAttribute(Qt::WA_DeleteOnClose);
+    anteprima->open();
+}
+
 void stampa_lavoro(const LavoroStampa& lavoro) {
     if (lavoro.risposta.prodotta()) stampa_risultato(lavoro.finestra, lavoro.risposta);
 }

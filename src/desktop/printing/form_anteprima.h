@@ -103,6 +103,9 @@ class FormAnteprima final : public QDialog {
 /// once; the window deletes itself when it is closed.
 FormAnteprima* stampa_risultato(QWidget* finestra, const Risposta& risposta);
 
+/// The same for a report that is no answer, and that reads nothing but itself.
+void stampa_rapporto(QWidget* finestra, Rapporto rapporto);
+
 /// The same for what a search screen hands over: `schermo.imposta_stampa(stampa_lavoro)`.
 void stampa_lavoro(const LavoroStampa& lavoro);
 

@@ -425,7 +425,7 @@ void GrigliaRisultati::crea_pulsanti() {
     while (pulsanti_.size() < n) {
         const auto i = static_cast<int>(pulsanti_.size());
         auto* b = new QPushButton{testata_};
-        b->setObjectName(QStringLiteral("cmdcol_%1").arg(i));
+        b->setObjectName(nomi_pulsanti_.arg(primo_pulsante_ + i));
         b->setProperty("tag", QString{});
         b->setIconSize({kFreccia, kFreccia});
         connect(b, &QPushButton::clicked, this, [this, i] { premi(i); });
@@ -703,8 +703,9 @@ void GrigliaRisultati::cerca_corrispondenze() {
             cella.clear();
             tabella->aggiungi_testo(cella, originale, static_cast<std::size_t>(c));
             // Only text columns have letters; numbers need no change of case.
+            const Colonna& colonna = tabella->colonne[static_cast<std::size_t>(c)];
             const bool testo =
-                std::holds_alternative<ColonnaTesti>(tabella->colonne[static_cast<std::size_t>(c)]);
+                std::holds_alternative<ColonnaTesti>(colonna) || std::holds_alternative<ColonnaVoci>(colonna);
             if (testo) cella = QString::fromStdString(cella).toLower().toStdString();
             if (tabellone_ ? cella == cercato : cella.find(cercato) != std::string::npos)
                 corrispondenze_.emplace_back(r, c);

@@ -47,9 +47,10 @@ QRgb smorzato(QRgb fondo) {
 bool e_numerica(const Colonna& colonna) {
     if (std::holds_alternative<ColonnaInteri>(colonna)) return true;
     const auto* testi = std::get_if<ColonnaTesti>(&colonna);
-    if (testi == nullptr) return false;
+    const auto* voci = std::get_if<ColonnaVoci>(&colonna);
+    if (testi == nullptr && voci == nullptr) return false;
     bool qualcuno = false;
-    for (const std::string& t : testi->valori) {
+    for (const std::string& t : voci != nullptr ? voci->voci : testi->valori) {
         const Aspetto a = aspetto(t);
         if (a == Aspetto::testo) return false;
         qualcuno = qualcuno || a == Aspetto::numero;
@@ -136,6 +137,11 @@ QString ModelloRisultato::testo_piu_largo(int colonna) const {
     if (const auto* testi = std::get_if<ColonnaTesti>(&dati)) {
         for (std::size_t r = 1; r < testi->valori.size(); ++r)
             if (testi->valori[r].size() > testi->valori[scelta].size()) scelta = r;
+    }
+    if (const auto* voci = std::get_if<ColonnaVoci>(&dati)) {
+        const auto lungo = std::max_element(voci->voci.begin(), voci->voci.end(),
+                                            [](const auto& a, const auto& b) { return a.size() < b.size(); });
+        return lungo == voci->voci.end() ? QString{} : qtesto(*lungo);
     }
     return qtesto(tabella_->testo(scelta, c));
 }

@@ -7,6 +7,7 @@
 #include "screens/messaggi.h"
 #include "screens/tema.h"
 #include "statistics/form_spec.h"
+#include "statistics/form_stat2.h"
 #include "statistics/parametri.h"
 #include "statistics/serie_speciali.h"
 #include "systems/ric_stat.h"
@@ -136,10 +137,7 @@ void Form_stat::componi_comandi() {
         b->setObjectName(QStringLiteral("Command%1").arg(i + 3));
         b->setIcon(icona(QStringLiteral("analisi")));
         cornice()->riga_comandi()->addWidget(b);
-        connect(b, &QPushButton::clicked, this, [this] {
-            if (esegui_analisi_)
-                esegui_analisi_(lavoro(), combo_comb_->isHidden() ? 0 : combo_comb_->currentIndex() + 1);
-        });
+        connect(b, &QPushButton::clicked, this, &Form_stat::analizza_gruppo);
         analisi_[i] = b;
     }
 }
@@ -161,9 +159,9 @@ void Form_stat::proponi_tipi(int quanti, int scelto) {
     sessione().indice_combo_rit = scelto;
 }
 
-void Form_stat::imposta_analisi(std::function<void(const LavoroStampa&, int)> analisi) {
-    esegui_analisi_ = std::move(analisi);
-    aggiorna_comandi();
+void Form_stat::imposta_stampa(const std::function<void(const LavoroStampa&)>& stampa) {
+    stampa_ = stampa;
+    SchermoRicerca::imposta_stampa(stampa);
 }
 
 void Form_stat::inizializza_griglia() {
@@ -186,6 +184,7 @@ void Form_stat::inizializza_griglia() {
     for (CasellaCifre* c : ambo_capo_) c->clear();
     estratto_->setCurrentIndex(0);
     if (spec_ != nullptr) spec_->close();
+    if (stat2_ != nullptr) stat2_->close();
     griglia()->inizializza({titoli_serie(r.famiglia)});
 }
 
@@ -244,10 +243,9 @@ void Form_stat::aggiorna_comandi() {
                           : !qualcosa ? tr("Avvia prima la ricerca.")
                                       : tr("Passa i numeri del risultato al programma delle schedine."));
     for (QPushButton* b : analisi_) {
-        b->setEnabled(qualcosa && esegui_analisi_ != nullptr);
-        b->setToolTip(esegui_analisi_ == nullptr ? tr("L'analisi di gruppo non è ancora disponibile.")
-                      : qualcosa                 ? tr("Analizza come un gruppo le serie sullo schermo.")
-                                                 : tr("Avvia prima la ricerca."));
+        b->setEnabled(qualcosa);
+        b->setToolTip(qualcosa ? tr("Analizza come un gruppo le serie sullo schermo.")
+                               : tr("Avvia prima la ricerca."));
     }
     combo_comb_->setEnabled(qualcosa && combo_comb_->count() > 0);
 }
@@ -263,6 +261,32 @@ void Form_stat::apri_tabella_ruote() {
         spec_->mostra(esito);
     }
     di_messaggi(esito);
+}
+
+void Form_stat::analizza_gruppo() {
+    const EsitoRicerca* esito = in_mostra();
+    if (in_corsa() || esito == nullptr) return;
+    Domanda d = esito->domanda;
+    auto& p = d.parametri.per<ParametriStatistica>();
+    // The bet is that of the box as it stands, also where the grid itself has no use for it.
+    p.tipo = frame_rit_->isHidden() ? 0 : combo_rit_->currentIndex();
+    p.analisi = true;
+    if (!combo_comb_->isHidden()) {
+        p.combinazioni = combo_comb_->currentIndex() + 1;
+        p.ordine = griglia()->modello()->ordine();
+    }
+    const EsitoRicerca analizzato = corri(*ricerca(), std::move(d));
+    if (analizzato.prodotto()) {
+        if (stat2_ == nullptr) {
+            stat2_ = new Form_stat2{this};
+            connect(stat2_, &Form_stat2::stampa_richiesta, this, [this](const LavoroStampa& lavoro) {
+                if (stampa_) stampa_(lavoro);
+            });
+        }
+        stat2_->imposta_stampabile(stampa_ != nullptr);
+        stat2_->mostra(analizzato);
+    }
+    di_messaggi(analizzato);
 }
 
 void Form_stat::passa_alle_schedine() {

@@ -1,5 +1,6 @@
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
+#include "personal/parametri.h"
 #include "printing/metriche.h"
 #include "statistics/parametri.h"
 #include "stores/dimostrazione.h"
@@ -40,6 +41,13 @@ Domanda domanda_di(const Ricerca& ricerca, const SelezioneRuote& ruote) {
         d.parametri.per<ParametriStatistica>().capogioco = {12};
     if (ricerca.ammette(kOpzNumeriSpia)) d.parametri.per<ParametriSpia>().numeri = {5, 12, 40, 41, 77};
     if (ricerca.ammette(kOpzNumeri)) d.parametri.per<ParametriStatistica>().numeri = {5, 12, 40, 41, 77};
+    if (ricerca.ammette(kOpzNumeriPersonali)) d.parametri.per<ParametriPersonali>().numeri = {5, 17, 90};
+    if (ricerca.ammette(kOpzNumeriPersonaliWinForLife))
+        d.parametri.per<ParametriPersonali>().numeri = {5, 17};
+    if (ricerca.ammette(kOpzLunghette))
+        d.parametri =
+            ParametriGruppi{.lunghette = *leggi_lunghette("1 2 3 4;50 60 70 80"), .sorte = 2, .dettaglio = 1};
+    if (ricerca.ammette(kOpzNumeroPiramide)) d.parametri.per<ParametriPiramide>().numero = 33;
     return d;
 }
 

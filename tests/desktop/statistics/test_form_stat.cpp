@@ -6,6 +6,8 @@
 #include "screens/tema.h"
 #include "statistics/form_spec.h"
 #include "statistics/form_stat.h"
+#include "statistics/form_stat2.h"
+#include "statistics/pannello_gruppo.h"
 #include "support/archivi.h"
 
 #include <QApplication>
@@ -83,7 +85,7 @@ class TestFormStat : public QObject {
     void dieci_e_lotto_apre_con_tutte();
     void la_riga_di_stato();
     void l_archivio_simulato_e_dichiarato();
-    void stampa_e_analisi_aspettano_il_loro_gancio();
+    void la_stampa_aspetta_il_suo_gancio();
     void la_stampa_riceve_cio_che_si_vede();
     void le_schedine_ricevono_il_sistema();
     void l_analisi_riceve_le_combinazioni();
@@ -487,13 +489,12 @@ void TestFormStat::l_archivio_simulato_e_dichiarato() {
     QVERIFY(controllo<QLabel>("lblsimulato")->isVisible());
 }
 
-void TestFormStat::stampa_e_analisi_aspettano_il_loro_gancio() {
+void TestFormStat::la_stampa_aspetta_il_suo_gancio() {
     apri("decine");
     premi("Command1");
     QVERIFY(!controllo<QPushButton>("cmdStampa")->isEnabled());
     QVERIFY(!controllo<QPushButton>("cmdStampa")->toolTip().isEmpty());
-    QVERIFY(!controllo<QPushButton>("Command5")->isEnabled());
-    QVERIFY(!controllo<QPushButton>("Command5")->toolTip().isEmpty());
+    QVERIFY(controllo<QPushButton>("Command5")->isEnabled());
     QCOMPARE(controllo<QPushButton>("Command5")->text(), QStringLiteral("Analisi Gruppo"));
     QCOMPARE(controllo<QPushButton>("Command2")->text(), QStringLiteral("Schedine"));
 }
@@ -570,8 +571,7 @@ void TestFormStat::le_schedine_ricevono_il_sistema() {
 }
 
 void TestFormStat::l_analisi_riceve_le_combinazioni() {
-    int ricevute = -1;
-    form_->imposta_analisi([&](const LavoroStampa&, int n) { ricevute = n; });
+    const auto lunghette = [this] { return form_->analisi()->pannello()->lunghette()->modello(); };
     apri("ambo capogioco");
     QVERIFY(!controllo<QPushButton>("Command4")->isEnabled());
     controllo<QLineEdit>("txtAmboCapo_0")->setText(QStringLiteral("7"));
@@ -584,11 +584,26 @@ void TestFormStat::l_analisi_riceve_le_combinazioni() {
     QCOMPARE(comb->currentText(), QStringLiteral("88"));
     comb->setCurrentIndex(4);
     premi("Command4");
-    QCOMPARE(ricevute, 5);
+    QVERIFY(form_->analisi()->isVisible());
+    QCOMPARE(lunghette()->rowCount(), 5);
+    QCOMPARE(lunghette()->testo(0, 0), QStringLiteral("1 - 7 - 21"));
+    // The first rows are those of the grid as it is shown.
+    form_->griglia()->ordina_colonna(0, Verso::decrescente);
+    premi("Command4");
+    QCOMPARE(lunghette()->testo(0, 0), QStringLiteral("7 - 21 - 90"));
+    QTest::keyClick(form_->analisi(), Qt::Key_Escape);
+    QVERIFY(!form_->analisi()->isVisible());
     apri("gemelli");
     premi("Command1");
     premi("Command5");
-    QCOMPARE(ricevute, 0);
+    QCOMPARE(form_->analisi()->windowTitle(), QStringLiteral("Analisi Gruppo - Gemelli"));
+    QCOMPARE(lunghette()->rowCount(), 1);
+    QCOMPARE(lunghette()->testo(0, 0), QStringLiteral("11 - 22 - 33 - 44 - 55 - 66 - 77 - 88"));
+    apri("ambata capogioco");
+    controllo<QLineEdit>("txtcapogioco")->setText(QStringLiteral("90"));
+    premi("Command1");
+    premi("Command3");
+    QCOMPARE(lunghette()->rowCount(), 89);
 }
 
 void TestFormStat::esporta_in_tre_formati() {
