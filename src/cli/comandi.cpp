@@ -53,8 +53,9 @@ constexpr auto kComandi = std::to_array<Comando>({
     {.nome = "gruppi", .argomenti = "[--json]", .frase = "Elenca i gruppi salvati.", .bit = kComGruppi},
     {.nome = "sistemi",
      .argomenti = "--sistema I [--json]",
-     .frase = "Elenca i sistemi salvati di un gioco.",
-     .bit = kComSistemi},
+     .frase = "Elenca i sistemi salvati di un gioco: nome, data e numero di combinazioni.",
+     .bit = kComSistemi,
+     .esegui = comando_sistemi},
     {.nome = "stampa",
      .argomenti = "CHIAVE [opzioni] -o FILE.pdf",
      .frase = "Esegue una ricerca e ne scrive il rapporto in un file PDF.",
@@ -182,6 +183,9 @@ int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& usci
         return uso_errato(canali, lette.error(), aiuto_di);
     if (!richiesta.argomenti.empty())
         return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()), aiuto_di);
+    if (cerca && richiesta.ricerca->controlla != nullptr)
+        if (const auto perche = richiesta.ricerca->controlla(richiesta.domanda))
+            return uso_errato(canali, *perche, aiuto_di);
     return comando->esegui(richiesta, canali);
 }
 

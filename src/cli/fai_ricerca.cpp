@@ -31,6 +31,12 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
     avanzamento.finito();
 
     const Risultato& r = *risposta.risultato;
+    // A damaged file of the user's is told where a damaged archive would be.
+    for (const Messaggio& m : r.messaggi)
+        if (m.avviso == Avviso::sistema_danneggiato) {
+            lamenta(canali, m.testo);
+            return std::unexpected(kArchivioChiuso);
+        }
     for (const std::string& nota : r.note) canali.errori << nota << '\n';
     if (!r.prodotto && r.messaggi.empty()) lamenta(canali, "la ricerca non ha dati.");
     // A message of a search that went well is part of the JSON object; who reads a table must see it too.

@@ -14,6 +14,8 @@ enum class Avviso : std::uint8_t {
     capigioco,            ///< one of the two head numbers is none
     file_danneggiato,     ///< the list of the cinquine dei 90 cannot be read
     troppe_combinazioni,  ///< a decomposition with more members than is allowed
+    numero_mancante,      ///< a choice of numbers that holds none
+    sistema_danneggiato,  ///< the combinations of a saved system cannot be read to their end
 };
 
 /// The text of a message box, and what it is about.

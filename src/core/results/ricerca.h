@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace sortimetra {
@@ -29,6 +31,10 @@ using FunzioneRapporto = Rapporto (*)(const MaterialeRapporto&);
 using FunzioneCarica = std::expected<void, Messaggio> (*)(const std::filesystem::path& cartella,
                                                           Domanda& domanda);
 
+/// Why the question is wrong usage although each of its options is right; nothing where it is not. Only the
+/// command line asks: a screen cannot be brought to ask such a question.
+using FunzioneControlla = std::optional<std::string> (*)(const Domanda&);
+
 /// Where the user finds a search.
 enum class Dove : std::uint8_t {
     negli_elenchi,  ///< in a list of the catalogue, or behind its button
@@ -43,17 +49,23 @@ struct Ricerca {
     Gioco gioco = Gioco::lotto;
     unsigned tabelle = 0;  ///< archive tables that it walks (stores/apertura.h); 0 needs no archive
     Opzioni opzioni{};     ///< what it takes beside the scope
-    FunzioneRicerca esegui = nullptr;     ///< null until the search is built: listed, but disabled
-    FunzioneCarica carica = nullptr;      ///< null where nothing but the archive is read
-    std::string_view frase{};             ///< what it counts, in one sentence for the user
-    SelezioneRuote ruote{};               ///< wheels ticked when it opens
-    FunzioneRapporto rapporto = nullptr;  ///< how its result is printed; null: as a grid of measures
-    const Famiglia* famiglia = nullptr;   ///< the named series that it measures
-    bool schedine = false;                ///< its grid can be handed to the slip program
-    Dove dove = Dove::negli_elenchi;      ///< how the user comes to it
+    FunzioneRicerca esegui = nullptr;       ///< null until the search is built: listed, but disabled
+    FunzioneCarica carica = nullptr;        ///< null where nothing but the archive is read
+    FunzioneControlla controlla = nullptr;  ///< checks across options; null where there are none
+    std::string_view frase{};               ///< what it counts, in one sentence for the user
+    SelezioneRuote ruote{};                 ///< wheels ticked when it opens
+    FunzioneRapporto rapporto = nullptr;    ///< how its result is printed; null: as a grid of measures
+    const Famiglia* famiglia = nullptr;     ///< the named series that it measures
+    bool schedine = false;                  ///< its grid can be handed to the slip program
+    Dove dove = Dove::negli_elenchi;        ///< how the user comes to it
+    Gioco (*gioco_scelto)(const Domanda&) = nullptr;  ///< null where `gioco` is the game
 
     [[nodiscard]] constexpr std::string_view chiave() const { return nome.chiave; }
     [[nodiscard]] constexpr std::string_view titolo() const { return nome.titolo; }
+    /// The game that a question of this row asks about: where the user chooses it, the choice tells.
+    [[nodiscard]] Gioco gioco_di(const Domanda& domanda) const {
+        return gioco_scelto == nullptr ? gioco : gioco_scelto(domanda);
+    }
     [[nodiscard]] constexpr bool pronta() const { return esegui != nullptr; }
     [[nodiscard]] bool ammette(const Opzione& o) const {
         return std::find(opzioni.begin(), opzioni.end(), &o) != opzioni.end();
