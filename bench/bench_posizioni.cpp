@@ -1,8 +1,7 @@
+#include "positional/parametri.h"
 #include "ricerca.h"
 
 #include <benchmark/benchmark.h>
-
-#include <filesystem>
 
 namespace {
 
@@ -36,12 +35,11 @@ BENCHMARK_CAPTURE(ricerca, dieci_in_ritardo, domanda("i 10 numeri più in ritard
 /// Both pages of the best delays: 31 families over all wheels.
 void migliori_ritardi(benchmark::State& stato) {
     Domanda d = domanda("tabellone migliori ritardi");
-    const auto& r = *sortimetra::trova_ricerca(d.chiave);
-    d.cartella = std::filesystem::path{SORTIMETRA_RADICE} / "data";
+    auto& parametri = d.parametri.per<sortimetra::ParametriTabellone>();
     sortimetra::SenzaAvanzamento nessuno;
     for (auto _ : stato)
-        for (d.parametri.pagina = 1; d.parametri.pagina <= 2; ++d.parametri.pagina)
-            benchmark::DoNotOptimize(esegui(r, sortimetra::misure::archivio(), d, nessuno));
+        for (parametri.pagina = 1; parametri.pagina <= 2; ++parametri.pagina)
+            benchmark::DoNotOptimize(d.ricerca->esegui(sortimetra::misure::archivio(), d, nessuno));
 }
 BENCHMARK(migliori_ritardi)->Unit(benchmark::kMillisecond);
 

@@ -1,4 +1,5 @@
 #include "results/scrittori.h"
+#include "support/archivi.h"
 
 #include <benchmark/benchmark.h>
 
@@ -35,11 +36,10 @@ const Tabella& terni() {
     return tabella;
 }
 
-Risultato come_risultato() {
+Risposta come_risposta() {
     Risultato r;
-    r.chiave = "ricerche su tutti i terni";
     r.tabelle = {terni()};
-    return r;
+    return prove::risposta_da(std::move(r));
 }
 
 template <class Scrivi>
@@ -59,7 +59,7 @@ void scrittore_csv_terni(benchmark::State& stato) {
     misura(stato, [&](std::string& testo) { scrivi_csv(testo, t); });
 }
 void scrittore_json_terni(benchmark::State& stato) {
-    const Risultato r = come_risultato();
+    const Risposta r = come_risposta();
     misura(stato, [&](std::string& testo) { scrivi_json(testo, r); });
 }
 void scrittore_tabella_terni(benchmark::State& stato) {

@@ -4,8 +4,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-
 // The 90 numbers are the yardstick: the machine's speed moves, so compare within one run.
 
 namespace {
@@ -15,18 +13,15 @@ using misure::archivio;
 using misure::domanda;
 using misure::ricerca;
 
-const std::filesystem::path kDati = std::filesystem::path{SORTIMETRA_RADICE} / "data";
-
 void serie(benchmark::State& stato, std::string_view chiave, int combo_rit, bool tutte_le_ruote = false) {
     Domanda d = domanda(chiave, combo_rit);
-    d.cartella = kDati;
-    d.parametri.tutte_le_ruote = tutte_le_ruote;
+    d.parametri.per<ParametriStatistica>().tutte_le_ruote = tutte_le_ruote;
     ricerca(stato, d);
 }
 
 /// The same rows told as texts, member by member.
 void serie_lenta(benchmark::State& stato, std::string_view chiave, int soglia) {
-    const SerieCorrente s = carica_serie(*trova_famiglia(chiave), kDati).value();
+    const SerieCorrente s = prove::serie(*prove::famiglia(chiave));
     std::vector<std::vector<int>> membri;
     for (std::size_t i = 0; i < s.righe(); ++i) membri.emplace_back(s.membro(i).begin(), s.membro(i).end());
     const auto righe = prove::righe_piane(archivio(), domanda(chiave).ambito);
@@ -35,7 +30,7 @@ void serie_lenta(benchmark::State& stato, std::string_view chiave, int soglia) {
 
 void capogioco(benchmark::State& stato, std::string_view chiave, int combo_rit) {
     Domanda d = domanda(chiave, combo_rit);
-    d.parametri.capogioco = {13, 77};
+    d.parametri.per<ParametriStatistica>().capogioco = {13, 77};
     ricerca(stato, d);
 }
 
@@ -47,8 +42,8 @@ void capogioco_lento(benchmark::State& stato, bool all_ambata) {
 
 void scomposizione(benchmark::State& stato, int combo_rit) {
     Domanda d = domanda("scomposizione", combo_rit);
-    for (int n = 1; n <= 20; ++n) d.parametri.numeri.push_back(n * 4);
-    d.parametri.sorte = 5;
+    for (int n = 1; n <= 20; ++n) d.parametri.per<ParametriStatistica>().numeri.push_back(n * 4);
+    d.parametri.per<ParametriStatistica>().sorte = 5;
     ricerca(stato, d);
 }
 

@@ -1,5 +1,5 @@
 #include "cartella.h"
-#include "statistics/famiglie.h"
+#include "statistics/cinquine_dei_90.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -45,7 +45,6 @@ std::vector<Numero> riletta(std::string_view testo) {
 /// say how many numbers stand before. A list is refused with its message or holds what a plain reader finds.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
     static const fuzz::Cartella cartella;
-    static const Famiglia& famiglia = *trova_famiglia("cinquine dei 90");
     if (n < 2) return 0;
     const std::size_t davanti = (dati[0] + std::size_t{dati[1]} * 256) % (kNumeriAttesi + 2);
     std::string testo;
@@ -54,8 +53,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
     testo.append(reinterpret_cast<const char*>(dati) + 2, n - 2);
     cartella.scrivi(kFileCinquine, testo);
 
-    const auto serie = carica_serie(famiglia, cartella.percorso());
-    if (serie ? serie->colonne != 5 || serie->numeri.empty() : serie.error() != kFileDanneggiato)
+    const auto serie = leggi_cinquine_dei_90(cartella.percorso());
+    if (serie ? serie->colonne != 5 || serie->numeri.empty() : serie.error().testo != kFileDanneggiato)
         std::abort();
     if ((serie ? serie->numeri : std::vector<Numero>{}) != riletta(testo)) std::abort();
     return 0;

@@ -108,8 +108,8 @@ void registra_catalogo(const Cartelle& cartelle) {
     for (const RigaSchermo& r : schermi_del_programma()) fatti.insert(r.schermo);
     fatti.insert(Schermo::segnalimite);
     for (const Ricerca& r : ricerche())
-        if (r.pronta() && fatti.erase(r.schermo) != 0)
-            registra("apri_schermo/" + std::string{r.chiave},
+        if (r.pronta() && fatti.erase(schermo_di(r)) != 0)
+            registra("apri_schermo/" + std::string{r.chiave()},
                      [dove, &r](benchmark::State& s) { apri_schermo(s, dove, r); });
 
     for (const char* chiave : {"ritardo e frequenza dei 90 numeri", "ricerche su tutti gli ambi",

@@ -23,8 +23,7 @@ std::shared_ptr<const Tabella> terni(const std::filesystem::path& cartella) {
         if (!archivio) return nullptr;
         Domanda d = prove::domanda("ricerche su tutti i terni");
         d.ambito.ruote = SelezioneRuote::tutte();
-        SenzaAvanzamento zitto;
-        Risultato r = esegui(*trova_ricerca(d.chiave), *archivio, d, zitto);
+        Risultato r = prove::esegui(d, *archivio);
         return std::make_shared<const Tabella>(std::move(r.tabelle.front()));
     }();
     return tabella;

@@ -2,6 +2,8 @@
 #include "cli/cartella_cli.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
+#include "positional/parametri.h"
+#include "statistics/parametri.h"
 #include "stores/importa.h"
 
 #include <nlohmann/json.hpp>
@@ -16,13 +18,13 @@ namespace {
 
 using nlohmann::json;
 
-struct Risposta {
+struct Uscita {
     int codice = -1;
     std::string uscita;
     std::string errori;
 };
 
-Risposta chiama(const std::vector<std::string>& argomenti) {
+Uscita chiama(const std::vector<std::string>& argomenti) {
     std::ostringstream uscita;
     std::ostringstream errori;
     const int codice = esegui_comando(argomenti, uscita, errori);
@@ -81,8 +83,8 @@ std::vector<std::vector<std::string>> leggi_csv(const std::string& testo) {
 TEST(OgniRicerca, DaLeStesseCelleInOgniFormato) {
     for (const Ricerca& r : ricerche()) {
         if (!r.pronta()) continue;
-        SCOPED_TRACE(r.chiave);
-        std::vector<std::string> riga{"ricerca", std::string{r.chiave}, "--cartella",
+        SCOPED_TRACE(r.chiave());
+        std::vector<std::string> riga{"ricerca", std::string{r.chiave()}, "--cartella",
                                       cartella_piccola().string()};
         if (r.ammette(kOpzCapogioco)) riga.insert(riga.end(), {"--capogioco", "12"});
         if (r.ammette(kOpzAmboCapo)) riga.insert(riga.end(), {"--capogioco", "12,13"});
@@ -92,16 +94,15 @@ TEST(OgniRicerca, DaLeStesseCelleInOgniFormato) {
             argomenti.insert(argomenti.end(), {"--formato", formato});
             return chiama(argomenti);
         };
-        const Risposta in_json = con("json");
+        const Uscita in_json = con("json");
         ASSERT_TRUE(json::accept(in_json.uscita)) << in_json.errori;
         const json j = json::parse(in_json.uscita);
-        EXPECT_EQ(j["chiave"], r.chiave);
+        EXPECT_EQ(j["chiave"], r.chiave());
         // A board's title names its draw.
-        if (r.schermo == Schermo::tab_pos || r.schermo == Schermo::tab_pos_wfl ||
-            r.schermo == Schermo::tab_pos2)
+        if (r.ammette(kOpzConcorso))
             EXPECT_NE(j["titolo"].get<std::string>().find('/'), std::string::npos);
         else
-            EXPECT_EQ(j["titolo"], r.titolo);
+            EXPECT_EQ(j["titolo"], r.titolo());
         EXPECT_TRUE(in_json.codice == 0 || (in_json.codice == 1 && !in_json.errori.empty()))
             << in_json.errori;
         for (const json& t : j["tabelle"]) {
@@ -113,7 +114,7 @@ TEST(OgniRicerca, DaLeStesseCelleInOgniFormato) {
                 for (const json& colori : t["sfondi"]) EXPECT_EQ(colori.size(), colonne);
             }
         }
-        const Risposta in_csv = con("csv");
+        const Uscita in_csv = con("csv");
         EXPECT_EQ(in_csv.codice, in_json.codice);
         json attese = json::array();
         if (!j["tabelle"].empty()) {
@@ -121,7 +122,7 @@ TEST(OgniRicerca, DaLeStesseCelleInOgniFormato) {
             for (const json& celle : j["tabelle"][0]["righe"]) attese.push_back(celle);
         }
         EXPECT_EQ(json(leggi_csv(in_csv.uscita)), attese);
-        const Risposta in_tabella = con("tabella");
+        const Uscita in_tabella = con("tabella");
         EXPECT_EQ(in_tabella.codice, in_json.codice);
         EXPECT_EQ(in_tabella.uscita.empty(), j["tabelle"].empty());
     }
@@ -168,7 +169,7 @@ TEST(Caos, NessunaRigaFaCadereIlProgramma) {
     for (const VoceOpzione& o : opzioni())
         // What writes files stays out: the others must leave no trace.
         if (o.nome != "-o" && o.nome != "--cartella") parole.emplace_back(o.nome);
-    for (const Ricerca& r : ricerche()) parole.emplace_back(r.chiave);
+    for (const Ricerca& r : ricerche()) parole.emplace_back(r.chiave());
     std::erase(parole, "-o");
     for (unsigned seme = 0; seme < 4000; ++seme) {
         SCOPED_TRACE(seme);
@@ -177,10 +178,10 @@ TEST(Caos, NessunaRigaFaCadereIlProgramma) {
             return parole[std::uniform_int_distribution<std::size_t>{0, parole.size() - 1}(caso)];
         };
         std::vector<std::string> riga;
-        if (seme % 4 != 0) riga = {"ricerca", std::string{ricerche()[seme % ricerche().size()].chiave}};
+        if (seme % 4 != 0) riga = {"ricerca", std::string{ricerche()[seme % ricerche().size()].chiave()}};
         for (int n = std::uniform_int_distribution<int>{0, 5}(caso); n > 0; --n) riga.push_back(una());
         riga.push_back("--cartella=" + cartella_piccola().string());
-        const Risposta r = chiama(riga);
+        const Uscita r = chiama(riga);
         EXPECT_GE(r.codice, 0);
         EXPECT_LE(r.codice, 3);
         if (r.codice >= 2) {

@@ -253,7 +253,7 @@ TEST_F(Uso, AiutoDiOgniComandoElencaLeSueOpzioni) {
         const auto nomi = nominate(p.uscita);
         std::set<std::string> attese;
         for (const VoceOpzione& o : opzioni())
-            if (o.opzione == 0 && (o.comandi & c.bit) != 0) attese.emplace(o.nome);
+            if (o.ammessa == nullptr && (o.comandi & c.bit) != 0) attese.emplace(o.nome);
         EXPECT_THAT(attese, ::testing::Each(::testing::ResultOf(
                                 [&](const std::string& n) { return nomi.contains(n); }, true)))
             << c.nome;
@@ -282,7 +282,7 @@ TEST_F(Uso, LAiutoVincePerfinoSuUnaRigaSbagliata) {
 
 TEST_F(Uso, NessunaRigaDiAiutoEPiuLargaDiUnTerminale) {
     std::vector<std::vector<std::string>> righe{{"--aiuto"}, {"ricerca", "--aiuto"}, {"importa", "--aiuto"}};
-    for (const Ricerca& r : ricerche()) righe.push_back({"ricerca", std::string{r.chiave}, "--aiuto"});
+    for (const Ricerca& r : ricerche()) righe.push_back({"ricerca", std::string{r.chiave()}, "--aiuto"});
     for (const auto& riga : righe) {
         std::ostringstream uscita;
         std::ostringstream errori;

@@ -81,14 +81,12 @@ TEST(Pdf, LettereFuoriDalComune) {
 
 TEST(Pdf, UnaRicercaIntera) {
     const auto archivio = prove::da_testo("1 BA 1 2 3 4 5\n2 BA 6 7 8 9 90\n3 BA 1 2 3 4 5\n");
-    const Ricerca* ricerca = trova_ricerca("ritardo e frequenza dei 90 numeri");
     SenzaAvanzamento nessuno;
-    const Domanda domanda = prove::domanda(ricerca->chiave);
-    const Risultato r = esegui(*ricerca, archivio, domanda, nessuno);
+    const Risposta risposta = prove::rispondi(prove::domanda("ritardo e frequenza dei 90 numeri"), archivio);
     const prove::CartellaProva cartella;
     const auto file = cartella.percorso() / "novanta.pdf";
     // The way of the command line: through the module beside the program.
-    const auto esito = stampa_pdf(prepara_rapporto(r, domanda, archivio), file, nessuno);
+    const auto esito = stampa_pdf(prepara_rapporto(risposta), file, nessuno);
     ASSERT_TRUE(esito) << esito.error().testo();
     const auto testo = testo_pdf(file, "-layout");
     EXPECT_THAT(testo, HasSubstr("Ritardo e Frequenza dei 90 numeri"));

@@ -1,5 +1,6 @@
 #include "support/archivi.h"
 
+#include "statistics/cinquine_dei_90.h"
 #include "stores/importa.h"
 
 #include <gtest/gtest.h>
@@ -200,6 +201,26 @@ Risultato esegui(Domanda domanda, const ArchivioEstrazioni& archivio, const std:
 Risposta risposta_da(Risultato risultato) {
     return {.domanda = domanda_intatta(*trova_ricerca("ritardo e frequenza dei 90 numeri")),
             .risultato = std::make_shared<const Risultato>(std::move(risultato))};
+}
+
+std::vector<std::string> messaggi(const Risultato& risultato) {
+    std::vector<std::string> testi;
+    for (const Messaggio& m : risultato.messaggi) testi.push_back(m.testo);
+    return testi;
+}
+
+std::filesystem::path cartella_dati() {
+    return std::filesystem::path{SORTIMETRA_RADICE} / "data";
+}
+
+const Famiglia* famiglia(std::string_view chiave) {
+    const Ricerca* ricerca = trova_ricerca(chiave);
+    return ricerca == nullptr ? nullptr : ricerca->famiglia;
+}
+
+SerieCorrente serie(const Famiglia& famiglia) {
+    return famiglia.su_file ? leggi_cinquine_dei_90(cartella_dati()).value_or(SerieCorrente{})
+                            : carica_serie(famiglia);
 }
 
 std::string righe(const Tabella& tabella) {

@@ -4,6 +4,7 @@
 #include "draws/ambito.h"
 #include "draws/archivio.h"
 #include "results/risposta.h"
+#include "statistics/famiglie.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -11,6 +12,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace sortimetra::prove {
 
@@ -44,6 +46,15 @@ namespace sortimetra::prove {
                                const std::filesystem::path& cartella = {});
 /// A made-up answer of the search of the 90 numbers, to be written or printed.
 [[nodiscard]] Risposta risposta_da(Risultato risultato);
+
+/// What message boxes would say.
+[[nodiscard]] std::vector<std::string> messaggi(const Risultato& risultato);
+
+/// The folder of what is shipped beside the programs: a program's folder with its list of cinquine.
+[[nodiscard]] std::filesystem::path cartella_dati();
+/// The family of a search; null if the search measures none. Its members, also those that stand in a file.
+[[nodiscard]] const Famiglia* famiglia(std::string_view chiave);
+[[nodiscard]] SerieCorrente serie(const Famiglia& famiglia);
 
 /// The row of the first table whose first cell is `prima`, its cells joined by blanks; "" if there is none.
 [[nodiscard]] std::string riga(const Risultato& risultato, std::string_view prima);

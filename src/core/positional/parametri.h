@@ -12,11 +12,11 @@ namespace sortimetra {
 
 /// What the boards take.
 struct ParametriTabellone {
-    std::optional<Concorso> concorso;  ///< the concorso box; none typed means the last
-    int pagina = 1;                    ///< page 1 or 2 of the best delays
-    int indice_combo = -1;             ///< `ComboRit` as the statistics screen left it, -1 no selection
+    std::optional<Concorso> concorso{};  ///< the concorso box; none typed means the last
+    int pagina = 1;                      ///< page 1 or 2 of the best delays
+    int indice_combo = -1;               ///< `ComboRit` as the statistics screen left it, -1 no selection
     /// The members of the one family whose numbers stand in a file; null where it cannot be read.
-    std::shared_ptr<const SerieCorrente> cinquine;
+    std::shared_ptr<const SerieCorrente> cinquine{};
 };
 
 inline constexpr Opzione kOpzConcorso =

@@ -2,9 +2,9 @@
 
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
+#include "draws/dieci_e_lotto.h"
 #include "statistics/misure.h"
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -115,13 +115,10 @@ Risultato ambata10elotto(const ArchivioEstrazioni& archivio, const Domanda& doma
     const VistaEstrazioni vista{archivio, domanda.ambito};
     if (vista.vuota()) return senza_estrazioni();
     Posizioni posizioni{kNumeri, 20, static_cast<std::int32_t>(vista.righe())};
-    for (std::size_t i = 0; i < vista.concorsi(); ++i) {
-        const auto record = cerca_concorso(archivio.lotto().concorso, vista.concorso(i));
-        if (!record) continue;
-        escono(posizioni, calc_combinazione_10elotto(archivio.lotto(), *record), 20, static_cast<int>(i) + 1,
-               std::popcount(vista.maschera(i)));
-    }
-    avanzamento.procedi(vista.concorsi(), vista.concorsi());
+    percorri_10elotto(archivio.lotto(), vista, PassoDieciELotto::concorso, avanzamento,
+                      [&](int c, int righe, const Combinazione& combinazione) {
+                          escono(posizioni, combinazione, 20, c, righe);
+                      });
     return posizioni.risultato();
 }
 

@@ -1,12 +1,11 @@
 #include "results/risultato.h"
 
 #include "draws/ambito.h"
+#include "text/numero.h"
 #include "text/testi.h"
 
 #include <algorithm>
-#include <charconv>
 #include <numeric>
-#include <optional>
 #include <type_traits>
 
 namespace sortimetra {
@@ -27,20 +26,10 @@ struct ChiaveCella {
     }
 };
 
-std::optional<double> come_numero(std::string_view testo) {
-    if (testo.starts_with('+')) testo.remove_prefix(1);
-    std::string punto{testo};
-    std::replace(punto.begin(), punto.end(), ',', '.');
-    double valore = 0;
-    const auto [fine, errore] = std::from_chars(punto.data(), punto.data() + punto.size(), valore);
-    if (errore != std::errc{} || fine != punto.data() + punto.size()) return std::nullopt;
-    return valore;
-}
-
 ChiaveCella chiave_cella(std::string_view testo) {
     testo = rifila(testo);
     if (testo.empty()) return {};
-    if (const auto numero = come_numero(testo)) return {*numero < 0 ? 1 : 3, *numero, {}};
+    if (const auto numero = leggi_numero(testo)) return {numero->valore < 0 ? 1 : 3, numero->valore, {}};
     return {testo.front() < '0' ? 2 : 4, 0, minuscolo(testo)};
 }
 

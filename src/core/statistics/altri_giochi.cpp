@@ -2,6 +2,7 @@
 
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
+#include "draws/dieci_e_lotto.h"
 #include "statistics/ambi_terni.h"
 #include "statistics/combinatoria.h"
 #include "statistics/misure.h"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -103,20 +103,10 @@ Risultato ambata10elotto(const ArchivioEstrazioni& archivio, const Domanda& doma
     if (vista.vuota()) return senza_estrazioni();
     const std::int32_t t = vista.t();
     MisureNumeri misure = misure_da(t);
-    std::int32_t c = 0;
-    std::size_t riga = 0;      // ordinal of the draw's first row
-    std::size_t prossima = 0;  // row that the cursor stands on after its moves of ten
-    for (std::size_t i = 0; i < vista.concorsi(); ++i) {
-        riga += static_cast<std::size_t>(std::popcount(vista.maschera(i)));
-        if (prossima >= riga) continue;
-        prossima += kRuote;
-        ++c;
-        const auto record = cerca_concorso(archivio.lotto().concorso, vista.concorso(i));
-        if (!record) continue;
-        const Combinazione combinazione = calc_combinazione_10elotto(archivio.lotto(), *record);
-        escono(misure, std::span{combinazione}.subspan<1>(), c);
-    }
-    avanzamento.procedi(vista.concorsi(), vista.concorsi());
+    percorri_10elotto(archivio.lotto(), vista, PassoDieciELotto::dieci_righe, avanzamento,
+                      [&](int c, int /*righe*/, const Combinazione& combinazione) {
+                          escono(misure, std::span{combinazione}.subspan<1>(), c);
+                      });
     return tabella_numeri(misure, kNumeri, t, Gioco::dieci_e_lotto);
 }
 

@@ -13,14 +13,14 @@ namespace sortimetra {
 
 /// What the searches of the statistics screen take beside the scope; each reads what its options name.
 struct ParametriStatistica {
-    int tipo = 0;                 ///< `ComboRit`: 0 "all'Ambata", 1 "all'Ambo", 2 "al Terno"
-    std::vector<int> capogioco;   ///< one or two capi as typed; a missing one reads 0
-    int estratto = 1;             ///< place 1 to 5 chosen in `cmbEstratto`
-    bool tutte_le_ruote = false;  ///< the wheel-by-wheel table of a series
-    std::vector<int> numeri;      ///< numbers of a decomposition, as typed
-    int sorte = 2;                ///< numbers per combination of a decomposition, 1 to 5
+    int tipo = 0;                  ///< `ComboRit`: 0 "all'Ambata", 1 "all'Ambo", 2 "al Terno"
+    std::vector<int> capogioco{};  ///< one or two capi as typed; a missing one reads 0
+    int estratto = 1;              ///< place 1 to 5 chosen in `cmbEstratto`
+    bool tutte_le_ruote = false;   ///< the wheel-by-wheel table of a series
+    std::vector<int> numeri{};     ///< numbers of a decomposition, as typed
+    int sorte = 2;                 ///< numbers per combination of a decomposition, 1 to 5
     /// The members of the one family whose numbers stand in a file; null where it cannot be read.
-    std::shared_ptr<const SerieCorrente> cinquine;
+    std::shared_ptr<const SerieCorrente> cinquine{};
 };
 
 inline constexpr std::array<std::string_view, 2> kTipi{"ambata", "ambo"};

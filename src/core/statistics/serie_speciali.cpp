@@ -38,6 +38,10 @@ Risultato tabella_serie(const VistaEstrazioni& vista, const SerieCorrente& serie
     if (!std::holds_alternative<ColonnaGruppi>(membri)) {
         eventi.quanti = static_cast<std::uint8_t>(serie.colonne);
         eventi.numeri = serie.numeri;
+        // "1/9 (90)": the label tells the 90 of the first decina last.
+        if (famiglia->etichetta == EtichettaMembro::decina)
+            std::rotate(eventi.numeri.begin(), eventi.numeri.begin() + 1,
+                        eventi.numeri.begin() + static_cast<std::ptrdiff_t>(serie.colonne));
     }
     return tabella_misure(std::move(membri), misura_serie(vista, serie, soglia, avanzamento), vista.t(),
                           std::move(eventi), titoli_serie(famiglia));

@@ -4,6 +4,7 @@
 #include "catalogue/form_ricerche_gruppo.h"
 #include "catalogue/form_ricerche_segnalimite.h"
 #include "catalogue/form_ricerche_ultima.h"
+#include "catalogue/nomi.h"
 #include "printing/form_anteprima.h"
 #include "qt_testi.h"
 #include "screens/giro_di_tab.h"
@@ -51,7 +52,6 @@ constexpr int kLarghezzaDettaglio = 70 * kPasso;
 constexpr int kIndiceSuperEnalotto = 6;
 constexpr int kIndiceAltreSchede = 7;
 constexpr int kGruppi = 6;
-constexpr std::string_view kChiaveSegnalimite = "tabella dei segnalimite cabalistici";
 
 QString percorso(const std::filesystem::path& p) {
     return QString::fromStdString(p.string());
@@ -115,10 +115,7 @@ QIcon campione(const Skin& s) {
 void stampa_senza_archivio(QWidget& finestra, const Ricerca& ricerca) {
     static const ArchivioEstrazioni nessuno;
     SenzaAvanzamento zitto;
-    Domanda domanda;
-    domanda.chiave = ricerca.chiave;
-    stampa_risultato(&finestra, std::make_shared<const Risultato>(esegui(ricerca, nessuno, domanda, zitto)),
-                     domanda, nessuno);
+    stampa_risultato(&finestra, rispondi(domanda_intatta(ricerca), nessuno, {}, zitto));
 }
 
 /// A window of its own, no dialog, menu or tip.
@@ -310,7 +307,7 @@ QWidget* form_ricerche::componi_frame1() {
         if (diretto) piano->addSpacing(2 * kPasso);
         piano->addWidget(cornice);
     }
-    const Ricerca* ritardi = trova_ricerca(kChiaveTabellaRitardi);
+    const Ricerca* ritardi = trova_ricerca(nomi::kMiglioriRitardi.chiave);
     auto* ultimo = cmd_ricerche_[kGruppoTabellaRitardi];
     if (ritardi == nullptr || !costruita(*ritardi)) {
         ultimo->setEnabled(false);
@@ -629,7 +626,7 @@ bool form_ricerche::cerca_attiva() const {
 
 void form_ricerche::cmdRicerche_Click(int indice) {
     if (static_cast<std::size_t>(indice) == kGruppoTabellaRitardi) {
-        const Ricerca* ritardi = trova_ricerca(kChiaveTabellaRitardi);
+        const Ricerca* ritardi = trova_ricerca(nomi::kMiglioriRitardi.chiave);
         if (ritardi == nullptr || !costruita(*ritardi)) return;
         memoria_.scrivi_gruppo(indice);
         apri(*ritardi);
@@ -882,9 +879,9 @@ void form_ricerche::usa_cartella(const std::filesystem::path& cartella) {
 
 bool form_ricerche::costruita(const Ricerca& ricerca) const {
     if (!ricerca.pronta()) return false;
-    return ricerca.schermo == Schermo::segnalimite ||
+    return schermo_di(ricerca) == Schermo::segnalimite ||
            std::any_of(schermi_.begin(), schermi_.end(),
-                       [&](const RigaSchermo& r) { return r.schermo == ricerca.schermo; });
+                       [&](const RigaSchermo& r) { return r.schermo == schermo_di(ricerca); });
 }
 
 QString form_ricerche::impedimento(const Ricerca& ricerca) const {
@@ -907,13 +904,13 @@ void form_ricerche::cmdConferma_Click() {
 void form_ricerche::apri(const Ricerca& ricerca) {
     if (ricerca.tabelle != 0) carica_archivio();
     if (!impedimento(ricerca).isEmpty()) return;
-    if (ricerca.schermo == Schermo::segnalimite) {
+    if (schermo_di(ricerca) == Schermo::segnalimite) {
         mostra_segnalimite(true);
         return;
     }
     const auto riga = std::find_if(schermi_.begin(), schermi_.end(),
-                                   [&](const RigaSchermo& r) { return r.schermo == ricerca.schermo; });
-    auto& finestra = finestre_[ricerca.schermo];
+                                   [&](const RigaSchermo& r) { return r.schermo == schermo_di(ricerca); });
+    auto& finestra = finestre_[schermo_di(ricerca)];
     if (!finestra) {
         finestra.reset(riga->crea(sessione_));
     }
@@ -947,7 +944,8 @@ void form_ricerche::mostra_segnalimite(bool mostra) {
         frame_segnalimite_ = new FrameSegnalimite;
         connect(frame_segnalimite_, &FrameSegnalimite::esci, this, [this] { mostra_segnalimite(false); });
         connect(frame_segnalimite_, &FrameSegnalimite::stampa, this, [this] {
-            if (const Ricerca* r = trova_ricerca(kChiaveSegnalimite)) stampa_senza_archivio(*this, *r);
+            if (const Ricerca* r = trova_ricerca(nomi::kSegnalimiteCabalistici.chiave))
+                stampa_senza_archivio(*this, *r);
         });
         pagine_->addWidget(frame_segnalimite_);
     }

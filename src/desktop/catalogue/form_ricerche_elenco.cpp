@@ -83,7 +83,7 @@ QVariant ModelloElenco::data(const QModelIndex& indice, int ruolo) const {
         case Qt::AccessibleDescriptionRole:
             return testo_qt(v->ricerca->frase);
         case kChiave:
-            return testo_qt(v->ricerca->chiave);
+            return testo_qt(v->ricerca->chiave());
         case kDisponibile:
             return disponibile;
         default:

@@ -27,7 +27,7 @@ bool stampa_immagine(QWidget* finestra, const QImage& immagine) {
 }
 
 /// The row of a screen that is made from the session and has `apri(ricerca, archivio)`, as all that stand on
-/// `SchermoRicerca` or `SchermoConcorso` have.
+/// `FinestraRicerca` have.
 template <class Form>
 constexpr RigaSchermo riga(Schermo schermo) {
     return {schermo,

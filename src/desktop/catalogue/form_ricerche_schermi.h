@@ -3,6 +3,7 @@
 #include "catalogue/ricerche.h"
 #include "draws/archivio.h"
 #include "files/sessione.h"
+#include "screens/schermi.h"
 
 #include <QWidget>
 #include <span>

@@ -1,7 +1,8 @@
 #include "positional/form_tab_pos.h"
 
+#include "catalogue/nomi.h"
 #include "positional/form_tab_pos_dieci.h"
-#include "screens/esporta.h"
+#include "qt_testi.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
 
@@ -18,8 +19,6 @@ namespace sortimetra {
 namespace {
 
 /// Keys of the two searches of the Lotto that this screen runs one after the other.
-constexpr std::string_view kChiaveTabellone = "tabellone posizionale";
-constexpr std::string_view kChiaveDieci = "i 10 numeri più in ritardo su ogni ruota";
 constexpr const char* kTagDieci = "10num";
 
 }  // namespace
@@ -135,42 +134,31 @@ void form_tab_pos::costruisci(const Domanda& domanda) {
         SchermoTabellone::costruisci(domanda);
         return;
     }
-    if (!costruisci_su(pagina_lotto_, *trova_ricerca(kChiaveTabellone), domanda)) return;
-    dieci_ = nullptr;
+    if (!costruisci_su(pagina_lotto_, *trova_ricerca(nomi::kTabellone.chiave), domanda)) return;
+    dieci_ = {};
     if (property("Tag").toString() == QLatin1String(kTagDieci)) mostra_dieci();
 }
 
 void form_tab_pos::mostra_tabellone() {
-    if (!pagina_lotto_->risultato()) return;
-    mostra_pagina(pagina_lotto_, QString::fromStdString(pagina_lotto_->risultato()->titolo));
+    if (!pagina_lotto_->esito().prodotto()) return;
+    mostra_pagina(pagina_lotto_, testo_qt(pagina_lotto_->esito().titolo()));
     pagina_lotto_->griglia()->setFocus();
 }
 
 void form_tab_pos::mostra_dieci() {
-    if (!dieci_) {
-        dieci_ = corri(*trova_ricerca(kChiaveDieci), chiesta());
-        if (!dieci_) return;
-        griglia_dieci_->mostra(*dieci_);
-        titolo_dieci_->setText(QString::fromStdString(dieci_->titolo));
+    if (!dieci_.prodotto()) {
+        dieci_ = chiedi(*trova_ricerca(nomi::kDieciNumeri.chiave), pagina_lotto_->esito().domanda);
+        if (!dieci_.prodotto()) return;
+        griglia_dieci_->mostra(*dieci_.risultato);
+        titolo_dieci_->setText(testo_qt(dieci_.titolo()));
     }
-    mostra_pagina(pagina_dieci_, QString::fromStdString(dieci_->titolo));
+    mostra_pagina(pagina_dieci_, testo_qt(dieci_.titolo()));
     griglia_dieci_->setFocus();
 }
 
-void form_tab_pos::stampa() {
-    if (pagina() == pagina_lotto_)
-        stampa_risultato(*trova_ricerca(kChiaveTabellone), pagina_lotto_->risultato(), chiesta());
-    else if (pagina() == pagina_dieci_)
-        stampa_risultato(*trova_ricerca(kChiaveDieci), dieci_, chiesta());
-    else
-        SchermoTabellone::stampa();
-}
-
-void form_tab_pos::esporta() {
-    if (pagina() == pagina_dieci_ && dieci_ && !in_corsa())
-        esporta_risultato(this, *dieci_, {});
-    else
-        SchermoTabellone::esporta();
+const EsitoRicerca* form_tab_pos::in_mostra() const {
+    if (pagina() == pagina_dieci_) return dieci_.prodotto() ? &dieci_ : nullptr;
+    return SchermoTabellone::in_mostra();
 }
 
 void form_tab_pos::aggiorna_comandi() {

@@ -2,8 +2,6 @@
 
 #include "positional/form_tab_pos_schermo.h"
 
-#include <memory>
-
 namespace sortimetra {
 
 class GrigliaDieci;
@@ -16,14 +14,13 @@ class form_tab_pos final : public SchermoTabellone {
     Q_OBJECT
   public:
     explicit form_tab_pos(Sessione& sessione, QWidget* padre = nullptr);
-    void stampa() override;
-    void esporta() override;
 
   protected:
     [[nodiscard]] TipoTabellone tipo() const override;
     [[nodiscard]] QString etichetta() const override;
     void costruisci(const Domanda& domanda) override;
     void aggiorna_comandi() override;
+    [[nodiscard]] const EsitoRicerca* in_mostra() const override;
 
   private:
     QWidget* componi_pagina_dieci();
@@ -37,7 +34,7 @@ class form_tab_pos final : public SchermoTabellone {
     QLabel* titolo_dieci_ = nullptr;
     GrigliaDieci* griglia_dieci_ = nullptr;
     QPushButton* stampa_dieci_ = nullptr;
-    std::shared_ptr<const Risultato> dieci_;
+    EsitoRicerca dieci_;  ///< of the board on show; empty until it is asked for
 };
 
 }  // namespace sortimetra

@@ -1,11 +1,12 @@
 #include "positional/form_tab_pos2.h"
 
+#include "catalogue/nomi.h"
 #include "positional/form_tab_pos_dieci.h"
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/migliori_ritardi.h"
+#include "positional/parametri.h"
 #include "qt_testi.h"
 #include "screens/area_parametri.h"
-#include "screens/esporta.h"
 #include "screens/giro_di_tab.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/tema.h"
@@ -32,7 +33,6 @@ namespace {
 
 constexpr int kLarghezzaColonna = 70 * kPasso;
 constexpr int kMargineScheda = 2 * kPasso;
-constexpr std::string_view kChiaveDieci = "i 10 numeri più in ritardo su ogni ruota";
 /// Caption once the screen runs.
 constexpr const char* kTitoloInCorsa = "Migliori Ritardi Statistici - Lotto";
 
@@ -229,22 +229,20 @@ bool PaginaMigliori::eventFilter(QObject* oggetto, QEvent* evento) {
     return QWidget::eventFilter(oggetto, evento);
 }
 
-void PaginaMigliori::mostra(const std::shared_ptr<const Risultato>& risultato, const Domanda& domanda,
-                            const QString& ambito) {
-    risultato_ = risultato;
-    domanda_ = domanda;
-    const Tabella& t = risultato->tabelle.front();
+void PaginaMigliori::mostra(const EsitoRicerca& esito, const QString& ambito) {
+    esito_ = esito;
+    const Tabella& t = esito.risultato->tabelle.front();
     for (std::size_t i = 0; i < gruppi_.size() && i < t.righe(); ++i) {
         gruppi_[i]->setText(testo_qt(t.testo(i, 1)));
         ritardi_[i]->setText(testo_qt(t.testo(i, 2)));
     }
     ambito_->setText(ambito);
-    intestazione_->setText(testo_qt(risultato->titolo));
+    intestazione_->setText(testo_qt(esito.titolo()));
     aggiorna_comandi();
 }
 
 void PaginaMigliori::svuota() {
-    risultato_.reset();
+    esito_ = {};
     for (std::size_t i = 0; i < gruppi_.size(); ++i) {
         gruppi_[i]->clear();
         ritardi_[i]->clear();
@@ -259,7 +257,7 @@ void PaginaMigliori::imposta_stampabile(bool si) {
 }
 
 void PaginaMigliori::aggiorna_comandi() {
-    const bool qualcosa = risultato_ != nullptr;
+    const bool qualcosa = esito_.prodotto();
     const QString niente = tr("Non c'è ancora un risultato: avvia la ricerca.");
     stampa_->setEnabled(qualcosa && stampabile_);
     stampa_->setToolTip(!stampabile_ ? tr("La stampa non è ancora disponibile.")
@@ -383,11 +381,11 @@ void form_tab_pos2::iniz() {
 }
 
 void form_tab_pos2::costruisci(const Domanda& domanda) {
-    const auto dieci = corri(*trova_ricerca(kChiaveDieci), domanda);
-    if (!dieci) return;
+    const EsitoRicerca dieci = chiedi(*trova_ricerca(nomi::kDieciNumeri.chiave), domanda);
+    if (!dieci.prodotto()) return;
     chiesta_ = domanda;
-    dieci_->mostra(*dieci);
-    const Concorso c = concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso);
+    dieci_->mostra(*dieci.risultato);
+    const Concorso c = concorso_scelto(*archivio(), tipo(), domanda.di<ParametriTabellone>().concorso);
     const std::string giorno = data_tabellone(*archivio(), tipo(), c);
     concorso_->setText(giorno.empty() ? QString::number(c) : tr("%1 del %2").arg(c).arg(testo_qt(giorno)));
     mostra_pagina(cornice_, QString::fromLatin1(kTitoloInCorsa));
@@ -415,16 +413,16 @@ void form_tab_pos2::CalcolaTabellone2() {
 void form_tab_pos2::calcola(PaginaMigliori* pagina) {
     if (in_corsa() || archivio() == nullptr) return;
     Domanda d = chiesta_;
-    d.chiave = ricerca()->chiave;
     d.ambito.ruote = area_->ruote();
-    d.parametri.pagina = pagina->numero();
-    d.parametri.indice_combo = sessione().indice_combo_rit;
-    const auto risultato = corri(*ricerca(), d, pannelli_[static_cast<std::size_t>(pagina->numero() - 1)]);
-    if (!risultato) return;
+    auto& parametri = d.parametri.per<ParametriTabellone>();
+    parametri.pagina = pagina->numero();
+    parametri.indice_combo = sessione().indice_combo_rit;
+    const EsitoRicerca esito =
+        chiedi(*ricerca(), d, pannelli_[static_cast<std::size_t>(pagina->numero() - 1)]);
+    if (!esito.prodotto()) return;
     const std::string ruote = d.ambito.ruote.nomi();
-    pagina->mostra(risultato, d,
-                   tr("Ruote: %1  ·  al concorso %2")
-                       .arg(ruote.empty() ? tr("Bari") : testo_qt(ruote), concorso_->text()));
+    pagina->mostra(esito, tr("Ruote: %1  ·  al concorso %2")
+                              .arg(ruote.empty() ? tr("Bari") : testo_qt(ruote), concorso_->text()));
 }
 
 void form_tab_pos2::ripeti() {
@@ -444,16 +442,14 @@ void form_tab_pos2::imposta_stampa_immagine(std::function<bool(QWidget*, const Q
     aggiorna_comandi();
 }
 
-void form_tab_pos2::stampa() {
-    PaginaMigliori* p = in_vista();
-    if (p == nullptr || !p->risultato() || in_corsa()) return;
-    if (!stampa_immagine_ || !stampa_immagine_(this, p->immagine()))
-        stampa_risultato(*ricerca(), p->risultato(), p->domanda());
+const EsitoRicerca* form_tab_pos2::in_mostra() const {
+    const PaginaMigliori* p = in_vista();
+    return p != nullptr && p->esito().prodotto() ? &p->esito() : nullptr;
 }
 
-void form_tab_pos2::esporta() {
-    if (const PaginaMigliori* p = in_vista(); p != nullptr && p->risultato() && !in_corsa())
-        esporta_risultato(this, *p->risultato(), {});
+void form_tab_pos2::stampa() {
+    if (in_mostra() == nullptr || in_corsa()) return;
+    if (!stampa_immagine_ || !stampa_immagine_(this, in_vista()->immagine())) SchermoConcorso::stampa();
 }
 
 void form_tab_pos2::aggiorna_comandi() {

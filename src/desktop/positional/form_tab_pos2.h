@@ -6,7 +6,6 @@
 #include <array>
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <span>
 #include <vector>
 
@@ -38,13 +37,11 @@ class PaginaMigliori final : public QWidget {
     PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etichette);
 
     [[nodiscard]] int numero() const { return nomi_.pagina; }
-    [[nodiscard]] const std::shared_ptr<const Risultato>& risultato() const { return risultato_; }
-    [[nodiscard]] const Domanda& domanda() const { return domanda_; }
+    [[nodiscard]] const EsitoRicerca& esito() const { return esito_; }
     /// Puts a widget under the cards, with a heading.
     void aggiungi_sotto(QWidget* widget, const QString& titolo);
     /// Fills the labels; `ambito` says what the figures are about.
-    void mostra(const std::shared_ptr<const Risultato>& risultato, const Domanda& domanda,
-                const QString& ambito);
+    void mostra(const EsitoRicerca& esito, const QString& ambito);
     void svuota();
     void imposta_stampabile(bool si);
     /// A page of the scroll bar down or up.
@@ -80,8 +77,7 @@ class PaginaMigliori final : public QWidget {
     std::vector<QLabel*> ritardi_;  ///< the same
     int colonne_ = 0;
     bool stampabile_ = false;
-    std::shared_ptr<const Risultato> risultato_;
-    Domanda domanda_;
+    EsitoRicerca esito_;
 };
 
 /// "I Migliori Ritardi Statistici": the survey of 31 families of groups, those with the greatest delays of
@@ -102,12 +98,12 @@ class form_tab_pos2 final : public SchermoConcorso {
     /// Prints a picture; without it a page is printed as a report.
     void imposta_stampa_immagine(std::function<bool(QWidget* finestra, const QImage&)> stampa);
     void stampa() override;
-    void esporta() override;
 
   protected:
     [[nodiscard]] TipoTabellone tipo() const override { return TipoTabellone::lotto; }
     void costruisci(const Domanda& domanda) override;
     void aggiorna_comandi() override;
+    [[nodiscard]] const EsitoRicerca* in_mostra() const override;
     void ripeti() override;
     void keyPressEvent(QKeyEvent* evento) override;
 

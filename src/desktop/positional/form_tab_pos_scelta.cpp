@@ -153,7 +153,6 @@ SceltaConcorso::SceltaConcorso(QWidget* padre)
         limiti_->setProperty("riportato", true);
         assegna_ruolo(limiti_, "avviso");
     });
-    connect(casella_->testo(), &QLineEdit::returnPressed, this, &SceltaConcorso::confermato);
     connect(conferma_, &QPushButton::clicked, this, &SceltaConcorso::confermato);
     connect(esci, &QPushButton::clicked, this, &SceltaConcorso::chiuso);
 }

@@ -57,7 +57,7 @@ class SceltaConcorso final : public QFrame {
     void fuoco_su_conferma();
 
   signals:
-    /// `cmdopzioni` 1, or Enter in the box.
+    /// `cmdopzioni` 1. Enter in the box is the window's, as everywhere.
     void confermato();
     /// `cmdopzioni` 0.
     void chiuso();

@@ -1,25 +1,19 @@
 #include "positional/form_tab_pos_schermo.h"
 
 #include "positional/form_tab_pos_scelta.h"
+#include "positional/parametri.h"
 #include "qt_testi.h"
-#include "screens/esporta.h"
 #include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"
-#include "screens/messaggi.h"
-#include "screens/pannello_avanzamento.h"
-#include "screens/posto_finestra.h"
 #include "screens/tema.h"
 #include "text/testi.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -29,25 +23,15 @@
 
 namespace sortimetra {
 
-namespace {
-
-constexpr int kMargine = 4 * kPasso;
-constexpr QSize kAllApertura{1180, 720};
-
-}  // namespace
-
 // ---- SchermoConcorso ----
 
 SchermoConcorso::SchermoConcorso(Sessione& sessione, const QString& nome, QWidget* padre)
-    : QWidget{padre, Qt::Window},
-      sessione_{sessione},
-      pagine_{new QStackedWidget{this}},
+    : FinestraRicerca{sessione, nome, padre},
+      pagine_{new QStackedWidget{corpo()}},
       pagina_scelta_{new QWidget},
-      scelta_{new SceltaConcorso},
-      pannello_{new PannelloAvanzamento{this}} {
-    setObjectName(nome);
-    auto* tutto = new QVBoxLayout{this};
-    tutto->setContentsMargins(kMargine, kMargine, kMargine, kMargine);
+      scelta_{new SceltaConcorso} {
+    auto* tutto = new QVBoxLayout{corpo()};
+    tutto->setContentsMargins(0, 0, 0, 0);
     tutto->addWidget(pagine_);
     auto* mezzo = new QVBoxLayout{pagina_scelta_};
     mezzo->addStretch(2);
@@ -59,93 +43,42 @@ SchermoConcorso::SchermoConcorso(Sessione& sessione, const QString& nome, QWidge
     mezzo->addLayout(riga);
     mezzo->addStretch(3);
     pagine_->addWidget(pagina_scelta_);
-
-    const auto tasto = [this](const QKeySequence& sequenza, auto&& azione) {
-        auto* s = new QShortcut{sequenza, this};
-        s->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(s, &QShortcut::activated, this, azione);
-    };
-    tasto(Qt::Key_F5, [this] {
-        if (pagine_->currentWidget() == pagina_scelta_)
-            conferma();
-        else
-            ripeti();
-    });
-    tasto(Qt::CTRL | Qt::Key_P, [this] { stampa(); });
-    tasto(Qt::CTRL | Qt::Key_E, [this] { esporta(); });
-    tasto(QKeySequence::Find, [this] { trova(); });
     connect(scelta_, &SceltaConcorso::confermato, this, &SchermoConcorso::conferma);
     connect(scelta_, &SceltaConcorso::chiuso, this, &QWidget::close);
 }
 
-SchermoConcorso::~SchermoConcorso() = default;
-
-void SchermoConcorso::apri(const Ricerca& ricerca, const ArchivioEstrazioni& archivio) {
-    ricerca_ = &ricerca;
-    archivio_ = &archivio;
-    setWindowTitle(testo_qt(ricerca.titolo));
-    setProperty("Tag", testo_qt(ricerca.tag));
-    iniz();
-}
-
 void SchermoConcorso::iniz() {
-    QString frase = testo_qt(ricerca_->frase);
-    const bool wfl = tipo() == TipoTabellone::win_for_life;
-    if (wfl ? archivio_->drawit2().simulato : archivio_->drawit().simulato)
-        frase += tr(" Archivio simulato: non sono estrazioni vere.");
-    scelta_->apri(*archivio_, tipo(), frase);
+    QString frase = testo_qt(ricerca()->frase);
+    if (archivio_simulato()) frase += tr(" Archivio simulato: non sono estrazioni vere.");
+    scelta_->apri(*archivio(), tipo(), frase);
     pagine_->setCurrentWidget(pagina_scelta_);
     scelta_->fuoco_su_conferma();
-    aggiorna_comandi();
+}
+
+void SchermoConcorso::avvia() {
+    if (pagine_->currentWidget() == pagina_scelta_)
+        conferma();
+    else
+        ripeti();
 }
 
 void SchermoConcorso::conferma() {
-    if (in_corsa() || archivio_ == nullptr) return;
+    if (in_corsa() || archivio() == nullptr) return;
     scelta_->casella()->riporta();
     scelta_->attesa(true);
-    costruisci(domanda(*ricerca_));
+    costruisci(domanda(*ricerca()));
     scelta_->attesa(false);
 }
 
-Domanda SchermoConcorso::domanda(const Ricerca& ricerca) const {
-    Domanda d;
-    d.chiave = ricerca.chiave;
-    d.parametri.concorso = scelta_->casella()->scritto();
-    d.cartella = sessione_.percorso_programma;
-    return d;
+Parametri SchermoConcorso::parametri() const {
+    return ParametriTabellone{.concorso = scelta_->casella()->scritto()};
 }
 
-std::shared_ptr<const Risultato> SchermoConcorso::corri(const Ricerca& ricerca, Domanda domanda,
-                                                        PannelloAvanzamento* pannello) {
-    if (in_corsa() || !ricerca.pronta()) return nullptr;
-    std::shared_ptr<const Risultato> risultato;
-    {
-        CorsaRicerca corsa{this, pannello == nullptr ? pannello_ : pannello, pagine_};
-        corsa_ = &corsa;
-        risultato = std::make_shared<const Risultato>(esegui(ricerca, *archivio_, std::move(domanda), corsa));
-        corsa_ = nullptr;
-    }
-    for (const std::string& m : risultato->messaggi) mostra_messaggio(this, m);
-    return risultato->prodotto ? risultato : nullptr;
-}
-
-void SchermoConcorso::stampa_risultato(const Ricerca& ricerca,
-                                       const std::shared_ptr<const Risultato>& risultato,
-                                       const Domanda& domanda) {
-    if (in_corsa() || !stampa_ || !risultato) return;
-    stampa_({.finestra = this,
-             .ricerca = &ricerca,
-             .risultato = risultato,
-             .ordine = {},
-             .domanda = domanda,
-             .archivio = archivio_,
-             .concorsi = {},
-             .periodo = {}});
-}
-
-void SchermoConcorso::imposta_stampa(std::function<void(const LavoroStampa&)> stampa) {
-    stampa_ = std::move(stampa);
-    aggiorna_comandi();
+EsitoRicerca SchermoConcorso::chiedi(const Ricerca& ricerca, const Domanda& domanda,
+                                     PannelloAvanzamento* pannello) {
+    EsitoRicerca esito = corri(ricerca, domanda, pannello);
+    di_messaggi(esito);
+    return esito.prodotto() ? esito : EsitoRicerca{};
 }
 
 QWidget* SchermoConcorso::pagina() const {
@@ -159,35 +92,6 @@ void SchermoConcorso::aggiungi_pagina(QWidget* pagina) {
 void SchermoConcorso::mostra_pagina(QWidget* pagina, const QString& titolo) {
     setWindowTitle(titolo);
     pagine_->setCurrentWidget(pagina);
-}
-
-void SchermoConcorso::closeEvent(QCloseEvent* evento) {
-    if (in_corsa()) {
-        evento->ignore();
-        return;
-    }
-    scrivi_posto(*this, sessione_);
-    evento->accept();
-    emit chiuso();
-}
-
-void SchermoConcorso::showEvent(QShowEvent* evento) {
-    if (!evento->spontaneous() && !posto_letto_) {
-        posto_letto_ = true;
-        leggi_posto(*this, sessione_, kAllApertura);
-    }
-    QWidget::showEvent(evento);
-}
-
-void SchermoConcorso::keyPressEvent(QKeyEvent* evento) {
-    if (in_corsa()) return;
-    const bool invio = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
-    if (evento->key() == Qt::Key_Escape)
-        close();
-    else if (auto* bottone = qobject_cast<QPushButton*>(focusWidget()); invio && bottone != nullptr)
-        bottone->click();
-    else
-        QWidget::keyPressEvent(evento);
 }
 
 // ---- PaginaTabellone ----
@@ -271,14 +175,15 @@ void PaginaTabellone::imposta_stampabile(bool si) {
 }
 
 void PaginaTabellone::mostra(const ArchivioEstrazioni& archivio, TipoTabellone tipo, Concorso concorso,
-                             const std::shared_ptr<const Risultato>& risultato, const QString& etichetta) {
-    risultato_ = risultato;
+                             const EsitoRicerca& esito, const QString& etichetta) {
+    esito_ = esito;
+    const auto& risultato = esito_.risultato;
     tipo_ = tipo;
     estrazioni_ = estrazioni_tabellone(archivio, tipo, concorso);
     estrazioni_nazionale_.clear();
     if (tipo == TipoTabellone::lotto)
         estrazioni_nazionale_ = estrazioni_tabellone(archivio, tipo, concorso, true);
-    titolo_->setText(testo_qt(risultato->titolo));
+    titolo_->setText(testo_qt(esito_.titolo()));
     etichetta_->setText(etichetta);
     etichetta_->setVisible(!etichetta.isEmpty());
     const Tabella& tabella = risultato->tabelle.front();
@@ -298,13 +203,13 @@ QString PaginaTabellone::posto(int colonna) const {
         return tr("%1, %2° estratto").arg(testo_qt(nome)).arg(c % kEstratti + 1);
     }
     if (tipo_ == TipoTabellone::primi_estratti)
-        return tr("colonna %1").arg(testo_qt(risultato_->tabelle.front().titoli.front()[c + 1]));
+        return tr("colonna %1").arg(testo_qt(esito_.risultato->tabelle.front().titoli.front()[c + 1]));
     return tr("%1° posto della combinazione").arg(c + 1);
 }
 
 QString PaginaTabellone::spiegazione(int riga, int colonna) const {
-    if (!risultato_) return {};
-    const Tabella& t = risultato_->tabelle.front();
+    if (!esito_.risultato) return {};
+    const Tabella& t = esito_.risultato->tabelle.front();
     const auto r = static_cast<std::size_t>(riga);
     if (r >= t.righe() || colonna < 0 || static_cast<std::size_t>(colonna) >= t.n_colonne()) return {};
     const auto d = static_cast<std::size_t>(std::get<ColonnaInteri>(t.colonne.front()).valori[r]);
@@ -373,13 +278,13 @@ PaginaTabellone* SchermoTabellone::pagina_tabellone() const {
 
 bool SchermoTabellone::costruisci_su(PaginaTabellone* pagina, const Ricerca& ricerca,
                                      const Domanda& domanda) {
-    const auto risultato = corri(ricerca, domanda);
-    if (!risultato) return false;
-    chiesta_ = domanda;
+    const EsitoRicerca esito = chiedi(ricerca, domanda);
+    if (!esito.prodotto()) return false;
     // The page first: columns are fitted to the room that they have.
-    mostra_pagina(pagina, testo_qt(risultato->titolo));
-    pagina->mostra(*archivio(), tipo(), concorso_scelto(*archivio(), tipo(), domanda.parametri.concorso),
-                   risultato, etichetta());
+    mostra_pagina(pagina, testo_qt(esito.titolo()));
+    pagina->mostra(*archivio(), tipo(),
+                   concorso_scelto(*archivio(), tipo(), domanda.di<ParametriTabellone>().concorso), esito,
+                   etichetta());
     pagina->griglia()->setFocus();
     return true;
 }
@@ -388,13 +293,9 @@ void SchermoTabellone::costruisci(const Domanda& domanda) {
     costruisci_su(pagina2_, *ricerca(), domanda);
 }
 
-void SchermoTabellone::stampa() {
-    if (pagina() == pagina2_) stampa_risultato(*ricerca(), pagina2_->risultato(), chiesta_);
-}
-
-void SchermoTabellone::esporta() {
-    if (const PaginaTabellone* p = pagina_tabellone(); p != nullptr && p->risultato() && !in_corsa())
-        esporta_risultato(this, *p->risultato(), {});
+const EsitoRicerca* SchermoTabellone::in_mostra() const {
+    const PaginaTabellone* p = pagina_tabellone();
+    return p != nullptr && p->esito().prodotto() ? &p->esito() : nullptr;
 }
 
 void SchermoTabellone::trova() {

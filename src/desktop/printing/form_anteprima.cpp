@@ -5,10 +5,10 @@
 #include "qt_superficie.h"
 #include "screens/casella_cifre.h"
 #include "screens/esporta.h"
+#include "screens/finestra_ricerca.h"
 #include "screens/giro_di_tab.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
-#include "screens/schermo_ricerca.h"
 #include "screens/stampanti.h"
 #include "screens/tema.h"
 
@@ -413,19 +413,15 @@ void FormAnteprima::closeEvent(QCloseEvent* evento) {
         QDialog::closeEvent(evento);
 }
 
-FormAnteprima* stampa_risultato(QWidget* finestra, std::shared_ptr<const Risultato> risultato,
-                                const Domanda& domanda, const ArchivioEstrazioni& archivio,
-                                const std::vector<std::uint32_t>& ordine) {
-    Rapporto rapporto = prepara_rapporto(*risultato, domanda, archivio, ordine);
-    auto* anteprima = new FormAnteprima{std::move(rapporto), std::move(risultato), finestra};
+FormAnteprima* stampa_risultato(QWidget* finestra, const Risposta& risposta) {
+    auto* anteprima = new FormAnteprima{prepara_rapporto(risposta), risposta.risultato, finestra};
     anteprima->setAttribute(Qt::WA_DeleteOnClose);
     anteprima->open();
     return anteprima;
 }
 
 void stampa_lavoro(const LavoroStampa& lavoro) {
-    if (lavoro.risultato && lavoro.archivio != nullptr)
-        stampa_risultato(lavoro.finestra, lavoro.risultato, lavoro.domanda, *lavoro.archivio, lavoro.ordine);
+    if (lavoro.risposta.prodotta()) stampa_risultato(lavoro.finestra, lavoro.risposta);
 }
 
 }  // namespace sortimetra

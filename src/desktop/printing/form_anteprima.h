@@ -1,8 +1,7 @@
 #pragma once
 
-#include "draws/archivio.h"
 #include "printing/rapporto.h"
-#include "results/domanda.h"
+#include "results/risposta.h"
 
 #include <QDialog>
 #include <QImage>
@@ -97,11 +96,9 @@ class FormAnteprima final : public QDialog {
     PannelloAvanzamento* pannello_;
 };
 
-/// What every screen's "Stampa" does: the report of a result in the preview, over its window. `ordine` is the
-/// grid's row order on the screen. Returns at once; the window deletes itself when it is closed.
-FormAnteprima* stampa_risultato(QWidget* finestra, std::shared_ptr<const Risultato> risultato,
-                                const Domanda& domanda, const ArchivioEstrazioni& archivio,
-                                const std::vector<std::uint32_t>& ordine = {});
+/// What every screen's "Stampa" does: the report of an answer in the preview, over its window. Returns at
+/// once; the window deletes itself when it is closed.
+FormAnteprima* stampa_risultato(QWidget* finestra, const Risposta& risposta);
 
 /// The same for what a search screen hands over: `schermo.imposta_stampa(stampa_lavoro)`.
 void stampa_lavoro(const LavoroStampa& lavoro);

@@ -481,11 +481,11 @@ bool frmStampaFCPB::controlla_scala() {
                                                QStringLiteral("sono superiori a quelle del foglio"),
                                                QStringLiteral("della stampante selezionata."),
                                                QStringLiteral("Posso cambiare la scala?")}))) {
-        case Risposta::annulla:
+        case Assenso::annulla:
             return false;
-        case Risposta::no:
+        case Assenso::no:
             return true;
-        case Risposta::si:
+        case Assenso::si:
             break;
     }
     // A picture that begins beyond the sheet has no free space: it begins at the edge then.

@@ -1,6 +1,7 @@
 #include "screens/esporta.h"
 
 #include "files/file_sicuro.h"
+#include "qt_testi.h"
 #include "results/scrittori.h"
 #include "screens/messaggi.h"
 
@@ -58,9 +59,8 @@ std::optional<QString> chiedi_pdf(QWidget* finestra, const QString& documento) {
                        });
 }
 
-std::optional<QString> esporta_risultato(QWidget* finestra, const Risultato& risultato,
-                                         std::span<const std::uint32_t> ordine) {
-    if (risultato.tabelle.empty()) return std::nullopt;
+std::optional<QString> esporta_risultato(QWidget* finestra, const Risposta& risposta) {
+    if (risposta.risultato->tabelle.empty()) return std::nullopt;
     const QString csv = QWidget::tr("Testo con separatori (*.csv)");
     const QString xlsx = QWidget::tr("Cartella di lavoro (*.xlsx)");
     const QString json = QWidget::tr("JSON (*.json)");
@@ -81,22 +81,21 @@ std::optional<QString> esporta_risultato(QWidget* finestra, const Risultato& ris
         return nome;
     };
     auto scelto =
-        chiedi_file(finestra, QWidget::tr("Esporta il risultato"), QString::fromStdString(risultato.titolo),
+        chiedi_file(finestra, QWidget::tr("Esporta il risultato"), testo_qt(risposta.titolo()),
                     csv + QStringLiteral(";;") + xlsx + QStringLiteral(";;") + json, &filtro, finale);
     if (!scelto) return std::nullopt;
 
     const QString fine = QFileInfo{*scelto}.suffix().toLower();
     const std::filesystem::path file{scelto->toStdU16String()};
-    const RigheScelte righe{.ordine = ordine};
     std::expected<void, ErroreArchivio> esito;
     if (fine == QLatin1String("xlsx")) {
-        esito = scrivi_xlsx(file, risultato, righe);
+        esito = scrivi_xlsx(file, risposta);
     } else {
         std::string testo;
         if (fine == QLatin1String("json"))
-            scrivi_json(testo, risultato, righe);
+            scrivi_json(testo, risposta);
         else
-            scrivi_csv(testo, risultato.tabelle.front(), righe);
+            scrivi_csv(testo, risposta.risultato->tabelle.front(), {.ordine = risposta.ordine});
         esito = scrivi_file(file, testo);
     }
     if (!esito) {

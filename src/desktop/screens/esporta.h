@@ -1,12 +1,10 @@
 #pragma once
 
-#include "results/risultato.h"
+#include "results/risposta.h"
 
 #include <QString>
-#include <cstdint>
 #include <functional>
 #include <optional>
-#include <span>
 
 class QWidget;
 
@@ -23,10 +21,9 @@ std::optional<QString> chiedi_file(QWidget* finestra, const QString& titolo, con
 /// The same for a PDF.
 std::optional<QString> chiedi_pdf(QWidget* finestra, const QString& documento);
 
-/// Asks for a file and writes the result there: CSV, a workbook or JSON, by the file's ending (CSV without a
-/// known one). `ordine` is the first table's order on the screen. The file is written whole or not at all; a
+/// Asks for a file and writes an answer there: CSV, a workbook or JSON, by the file's ending (CSV without a
+/// known one). The first table stands in the order on show. The file is written whole or not at all; a
 /// failure is told in a box. Gives the file's name, nothing if none was written.
-std::optional<QString> esporta_risultato(QWidget* finestra, const Risultato& risultato,
-                                         std::span<const std::uint32_t> ordine);
+std::optional<QString> esporta_risultato(QWidget* finestra, const Risposta& risposta);
 
 }  // namespace sortimetra

@@ -43,7 +43,7 @@ bool Messaggi::chiede(QWidget* padre, const QString& titolo, const QString& test
     return riquadro.clickedButton() != no;
 }
 
-Risposta Messaggi::chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) {
+Assenso Messaggi::chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) {
     QMessageBox riquadro{QMessageBox::Question, titolo, testo, QMessageBox::NoButton, padre};
     const QPushButton* si = riquadro.addButton(QMessageBox::tr("&Sì"), QMessageBox::YesRole);
     const QPushButton* no = riquadro.addButton(QMessageBox::tr("&No"), QMessageBox::NoRole);
@@ -51,8 +51,8 @@ Risposta Messaggi::chiede_o_annulla(QWidget* padre, const QString& titolo, const
     riquadro.setDefaultButton(annulla);
     riquadro.setEscapeButton(annulla);
     riquadro.exec();
-    if (riquadro.clickedButton() == si) return Risposta::si;
-    return riquadro.clickedButton() == no ? Risposta::no : Risposta::annulla;
+    if (riquadro.clickedButton() == si) return Assenso::si;
+    return riquadro.clickedButton() == no ? Assenso::no : Assenso::annulla;
 }
 
 std::optional<QString> Messaggi::file_da_scrivere(QWidget* padre, const QString& titolo,
@@ -68,9 +68,10 @@ std::optional<QString> Messaggi::file_da_leggere(QWidget* padre, const QString& 
     return file.isEmpty() ? std::nullopt : std::optional{file};
 }
 
-void mostra_messaggio(QWidget* padre, const std::string& testo) {
-    messaggi().informa(padre, testo == kFileDanneggiato ? testo_qt(kTitoloFileDanneggiato) : kTitoloMessaggi,
-                       testo_qt(testo));
+void mostra_messaggio(QWidget* padre, const Messaggio& messaggio) {
+    const bool danneggiato = messaggio.avviso == Avviso::file_danneggiato;
+    messaggi().informa(padre, danneggiato ? QStringLiteral("Sortimetra 2001") : kTitoloMessaggi,
+                       testo_qt(messaggio.testo));
 }
 
 Messaggi& messaggi() {
@@ -97,7 +98,7 @@ void MessaggiDiProva::ferma(QWidget*, const QString& titolo, const QString& test
     detti.append({titolo, testo});
 }
 
-Risposta MessaggiDiProva::chiede_o_annulla(QWidget*, const QString& titolo, const QString& testo) {
+Assenso MessaggiDiProva::chiede_o_annulla(QWidget*, const QString& titolo, const QString& testo) {
     detti.append({titolo, testo});
     return risposta_a_tre;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "results/messaggio.h"
+
 #include <QList>
 #include <QString>
 #include <optional>
@@ -9,7 +11,7 @@ class QWidget;
 
 namespace sortimetra {
 
-enum class Risposta { si, no, annulla };
+enum class Assenso { si, no, annulla };
 
 /// Where the windows stop and ask a person. Everything modal goes through here, so that a test can read what
 /// would have been shown and give the answer.
@@ -29,8 +31,8 @@ class Messaggi {
     /// A yes or no question; "no" is the safe answer.
     [[nodiscard]] virtual bool chiede(QWidget* padre, const QString& titolo, const QString& testo);
     /// The same with a third way out; "cancel" is the safe answer.
-    [[nodiscard]] virtual Risposta chiede_o_annulla(QWidget* padre, const QString& titolo,
-                                                    const QString& testo);
+    [[nodiscard]] virtual Assenso chiede_o_annulla(QWidget* padre, const QString& titolo,
+                                                   const QString& testo);
     /// Asks for a file to write; nothing if the user thinks better of it. `filtri` as QFileDialog has them.
     [[nodiscard]] virtual std::optional<QString> file_da_scrivere(QWidget* padre, const QString& titolo,
                                                                   const QString& proposto,
@@ -45,7 +47,7 @@ class Messaggi {
 inline const QString kTitoloMessaggi = QStringLiteral("Sortimetra");
 
 /// Shows a message of a search under the title that it has: nearly always the program's name.
-void mostra_messaggio(QWidget* padre, const std::string& testo);
+void mostra_messaggio(QWidget* padre, const Messaggio& messaggio);
 
 /// The one in use: real boxes, unless a test has put its own in their place.
 [[nodiscard]] Messaggi& messaggi();
@@ -65,7 +67,7 @@ class MessaggiDiProva final : public Messaggi {
     void avvisa(QWidget* padre, const QString& titolo, const QString& testo) override;
     void ferma(QWidget* padre, const QString& titolo, const QString& testo) override;
     bool chiede(QWidget* padre, const QString& titolo, const QString& testo) override;
-    Risposta chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) override;
+    Assenso chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) override;
     std::optional<QString> file_da_scrivere(QWidget* padre, const QString& titolo, const QString& offerto,
                                             const QString& filtri, QString* filtro) override;
     std::optional<QString> file_da_leggere(QWidget* padre, const QString& titolo, const QString& cartella,
@@ -73,7 +75,7 @@ class MessaggiDiProva final : public Messaggi {
 
     QList<Detto> detti;
     bool risposta = false;
-    Risposta risposta_a_tre = Risposta::annulla;
+    Assenso risposta_a_tre = Assenso::annulla;
     std::optional<QString> file;
     QString proposto;  ///< the name that the last file dialog offered
 

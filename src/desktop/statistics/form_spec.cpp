@@ -1,9 +1,9 @@
 #include "statistics/form_spec.h"
 
+#include "qt_testi.h"
 #include "screens/esporta.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
-#include "statistics/serie_speciali.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -32,7 +32,9 @@ Form_spec::Form_spec(QWidget* padre)
     chiudi->setObjectName(QStringLiteral("cmdChiudi"));
     connect(chiudi, &QPushButton::clicked, this, &QWidget::close);
     const auto scrivi = [this] {
-        if (risultato_) esporta_risultato(this, *risultato_, griglia_->modello()->ordine());
+        if (!risposta_) return;
+        risposta_->ordine = griglia_->modello()->ordine();
+        esporta_risultato(this, *risposta_);
     };
     connect(esporta, &QPushButton::clicked, this, scrivi);
     connect(griglia_, &GrigliaRisultati::esporta_richiesta, this, scrivi);
@@ -54,9 +56,10 @@ Form_spec::Form_spec(QWidget* padre)
     resize(1000, 520);
 }
 
-void Form_spec::mostra(const std::shared_ptr<const Risultato>& risultato) {
-    risultato_ = risultato;
-    const QString titolo = QString::fromStdString(risultato->chiave + std::string{kTitoloOgniRuota});
+void Form_spec::mostra(const Risposta& risposta) {
+    risposta_ = risposta;
+    const auto& risultato = risposta.risultato;
+    const QString titolo = testo_qt(risposta.titolo());
     setWindowTitle(titolo);
     titolo_->setText(titolo);
     if (!risultato->tabelle.empty())

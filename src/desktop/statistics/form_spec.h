@@ -1,9 +1,9 @@
 #pragma once
 
-#include "results/risultato.h"
+#include "results/risposta.h"
 
 #include <QWidget>
-#include <memory>
+#include <optional>
 
 class QLabel;
 
@@ -18,9 +18,9 @@ class Form_spec final : public QWidget {
   public:
     explicit Form_spec(QWidget* padre = nullptr);
 
-    /// Shows a result made with the option of all wheels; the title is its key and " - Ritardo per ogni
+    /// Shows an answer made with the option of all wheels; the title is its key and " - Ritardo per ogni
     /// ruota".
-    void mostra(const std::shared_ptr<const Risultato>& risultato);
+    void mostra(const Risposta& risposta);
     /// The text of the family, from the label `descrizione` of the result.
     void descrizione(const Risultato& risultato);
     [[nodiscard]] GrigliaRisultati* griglia() const { return griglia_; }
@@ -32,7 +32,7 @@ class Form_spec final : public QWidget {
     QLabel* titolo_;
     GrigliaRisultati* griglia_;
     QLabel* descrizione_;
-    std::shared_ptr<const Risultato> risultato_;
+    std::optional<Risposta> risposta_;
 };
 
 }  // namespace sortimetra

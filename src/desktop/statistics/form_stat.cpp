@@ -5,9 +5,8 @@
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
-#include "statistics/capogioco.h"
-#include "statistics/famiglie.h"
 #include "statistics/form_spec.h"
+#include "statistics/parametri.h"
 #include "statistics/serie_speciali.h"
 #include "systems/ric_stat.h"
 
@@ -27,9 +26,13 @@ namespace sortimetra {
 
 namespace {
 
-constexpr std::string_view kScomposizione = "scomposizione";
 /// The slip printing program, in the program's folder.
 constexpr const char* kProgrammaSchedine = "stampa.exe";
+
+/// Whether `ComboRit` has a say in a search.
+bool ammette_tipo(const Ricerca& ricerca) {
+    return ricerca.ammette(kOpzTipo) || ricerca.ammette(kOpzTipoTerno);
+}
 
 /// A named frame with its caption and its controls under it.
 QFrame* riquadro(const QString& nome, QLabel* scritta, std::initializer_list<QWidget*> controlli) {
@@ -94,7 +97,7 @@ void Form_stat::componi_riquadri() {
 
     for (QFrame* f : {frame_capogioco_, frame_ambo_capo_, frame_rit_, frame_estratto_}) {
         f->hide();
-        colonna_extra()->addWidget(f);
+        cornice()->colonna_extra()->addWidget(f);
     }
 
     // A choice made by hand asks the question again at once; one made by the program does not.
@@ -112,26 +115,26 @@ void Form_stat::componi_comandi() {
     cmd_spec_ = new QPushButton{tr("Tabella riepilogativa dei ritardi su tutte  le ruote"), this};
     cmd_spec_->setObjectName(QStringLiteral("cmdSpec"));
     cmd_spec_->setIcon(icona(QStringLiteral("tabella")));
-    riga_comandi()->addWidget(cmd_spec_);
+    cornice()->riga_comandi()->addWidget(cmd_spec_);
     connect(cmd_spec_, &QPushButton::clicked, this, &Form_stat::apri_tabella_ruote);
 
     schedine_ = new QPushButton{tr("Schedine"), this};
     schedine_->setObjectName(QStringLiteral("Command2"));
     schedine_->setIcon(icona(QStringLiteral("schedina")));
-    riga_comandi()->addWidget(schedine_);
+    cornice()->riga_comandi()->addWidget(schedine_);
     connect(schedine_, &QPushButton::clicked, this, &Form_stat::passa_alle_schedine);
 
     combo_comb_ = new QComboBox{this};
     combo_comb_->setObjectName(QStringLiteral("ComboComb"));
     etichetta_comb_ = etichetta(tr("N. Comb."), combo_comb_);
-    riga_comandi()->addWidget(etichetta_comb_);
-    riga_comandi()->addWidget(combo_comb_);
+    cornice()->riga_comandi()->addWidget(etichetta_comb_);
+    cornice()->riga_comandi()->addWidget(combo_comb_);
 
     for (std::size_t i = 0; i < analisi_.size(); ++i) {
         auto* b = new QPushButton{tr("Analisi Gruppo"), this};
         b->setObjectName(QStringLiteral("Command%1").arg(i + 3));
         b->setIcon(icona(QStringLiteral("analisi")));
-        riga_comandi()->addWidget(b);
+        cornice()->riga_comandi()->addWidget(b);
         connect(b, &QPushButton::clicked, this, [this] {
             if (esegui_analisi_)
                 esegui_analisi_(lavoro(), combo_comb_->isHidden() ? 0 : combo_comb_->currentIndex() + 1);
@@ -152,14 +155,14 @@ void Form_stat::imposta_analisi(std::function<void(const LavoroStampa&, int)> an
 
 void Form_stat::inizializza_griglia() {
     const Ricerca& r = *ricerca();
-    const bool serie = trova_famiglia(r.chiave) != nullptr;
+    const bool serie = r.famiglia != nullptr;
     frame_capogioco_->setVisible(r.ammette(kOpzCapogioco));
     frame_ambo_capo_->setVisible(r.ammette(kOpzAmboCapo));
     frame_estratto_->setVisible(r.ammette(kOpzEstratto));
-    frame_rit_->setVisible(r.ammette(kOpzTipo));
+    frame_rit_->setVisible(ammette_tipo(r));
     riempi_combo_rit();
     cmd_spec_->setVisible(r.ammette(kOpzTutteLeRuote));
-    schedine_->setVisible(r.ammette(kOpzSchedina) || serie);
+    schedine_->setVisible(r.schedine || serie);
     analisi_[0]->setVisible(r.ammette(kOpzCapogioco));
     analisi_[1]->setVisible(r.ammette(kOpzAmboCapo));
     analisi_[2]->setVisible(serie);
@@ -170,24 +173,24 @@ void Form_stat::inizializza_griglia() {
     for (CasellaCifre* c : ambo_capo_) c->clear();
     estratto_->setCurrentIndex(0);
     if (spec_ != nullptr) spec_->close();
-    griglia()->inizializza({titoli_serie(r.chiave)});
+    griglia()->inizializza({titoli_serie(r.famiglia)});
 }
 
 void Form_stat::riempi_combo_rit() {
     const QSignalBlocker zitto{combo_rit_};
     combo_rit_->clear();
-    if (ricerca()->chiave == kScomposizione)
+    if (ricerca()->ammette(kOpzTipoTerno))
         combo_rit_->addItems({tr("all' Ambata"), tr("all' Ambo"), tr("al Terno")});
     else
         combo_rit_->addItems({tr("all'Ambata"), tr("all'Ambo")});
     combo_rit_->setCurrentIndex(0);
-    if (ricerca()->ammette(kOpzTipo)) sessione().indice_combo_rit = 0;
+    if (ammette_tipo(*ricerca())) sessione().indice_combo_rit = 0;
 }
 
 Parametri Form_stat::parametri() const {
-    Parametri p;
+    ParametriStatistica p;
     const Ricerca& r = *ricerca();
-    if (r.ammette(kOpzTipo)) p.combo_rit = combo_rit_->currentIndex();
+    if (ammette_tipo(r)) p.tipo = combo_rit_->currentIndex();
     if (r.ammette(kOpzCapogioco)) p.capogioco = {capogioco_->numero()};
     if (r.ammette(kOpzAmboCapo)) p.capogioco = {ambo_capo_[0]->numero(), ambo_capo_[1]->numero()};
     if (r.ammette(kOpzEstratto)) p.estratto = estratto_->currentIndex() + 1;
@@ -196,8 +199,8 @@ Parametri Form_stat::parametri() const {
     return p;
 }
 
-void Form_stat::mostra(const std::shared_ptr<const Risultato>& risultato) {
-    SchermoRicerca::mostra(risultato);
+void Form_stat::mostra(const EsitoRicerca& esito) {
+    SchermoRicerca::mostra(esito);
     combo_comb_->clear();
     if (!ricerca()->ammette(kOpzAmboCapo)) return;
     const int righe = griglia()->modello()->rowCount();
@@ -205,26 +208,25 @@ void Form_stat::mostra(const std::shared_ptr<const Risultato>& risultato) {
     combo_comb_->setCurrentIndex(righe - 1);
 }
 
-void Form_stat::mostra_messaggio(const std::string& testo) {
-    const auto senza_titolo = [&] { messaggi().informa(this, {}, QString::fromStdString(testo)); };
-    if (testo == kCapogiocoNonValido) {
-        senza_titolo();
-        capogioco_->setFocus();
-    } else if (testo == kCapigiocoNonValidi) {
-        senza_titolo();
-        ambo_capo_[0]->setFocus();
-    } else {
-        SchermoRicerca::mostra_messaggio(testo);
+void Form_stat::mostra_messaggio(const Messaggio& messaggio) {
+    QWidget* sbagliata = messaggio.avviso == Avviso::capogioco   ? capogioco_
+                         : messaggio.avviso == Avviso::capigioco ? ambo_capo_[0]
+                                                                 : nullptr;
+    if (sbagliata == nullptr) {
+        SchermoRicerca::mostra_messaggio(messaggio);
+        return;
     }
+    // These two messages have no title.
+    messaggi().informa(this, {}, QString::fromStdString(messaggio.testo));
+    sbagliata->setFocus();
 }
 
 void Form_stat::aggiorna_comandi() {
     SchermoRicerca::aggiorna_comandi();
     if (ricerca() == nullptr) return;
-    const bool qualcosa = risultato() != nullptr && !griglia()->vuota();
-    const bool ammessa = ricerca()->ammette(kOpzSchedina);
-    schedine_->setEnabled(qualcosa && ammessa &&
-                          ammette_schedina(ricerca()->chiave, risultato()->tabelle.front()));
+    const bool qualcosa = in_mostra() != nullptr;
+    const bool ammessa = ricerca()->schedine;
+    schedine_->setEnabled(qualcosa && ammessa && ammette_schedina(*in_mostra()));
     schedine_->setToolTip(!ammessa    ? tr("Da questa ricerca non si ricavano schedine.")
                           : !qualcosa ? tr("Avvia prima la ricerca.")
                                       : tr("Passa i numeri del risultato al programma delle schedine."));
@@ -240,21 +242,20 @@ void Form_stat::aggiorna_comandi() {
 void Form_stat::apri_tabella_ruote() {
     if (in_corsa()) return;
     area()->riporta_tratto();
-    Domanda d = domanda();
-    d.parametri.tutte_le_ruote = true;
-    const auto risposta = corri(*ricerca(), std::move(d));
-    if (!risposta) return;
-    if (risposta->prodotto) {
+    Domanda d = domanda(*ricerca());
+    d.parametri.per<ParametriStatistica>().tutte_le_ruote = true;
+    const EsitoRicerca esito = corri(*ricerca(), std::move(d));
+    if (esito.prodotto()) {
         if (spec_ == nullptr) spec_ = new Form_spec{this};
-        spec_->mostra(risposta);
+        spec_->mostra(esito);
     }
-    for (const std::string& m : risposta->messaggi) mostra_messaggio(m);
+    di_messaggi(esito);
 }
 
 void Form_stat::passa_alle_schedine() {
-    if (in_corsa() || risultato() == nullptr || risultato()->tabelle.empty()) return;
-    const auto consegna = scrivi_schedina(sessione().percorso_programma, ricerca()->chiave,
-                                          risultato()->tabelle.front(), oggi());
+    const EsitoRicerca* esito = in_mostra();
+    if (in_corsa() || esito == nullptr) return;
+    const auto consegna = scrivi_schedina(sessione().percorso_programma, *esito, oggi());
     if (!consegna) {
         messaggi().avvisa(this, kTitoloMessaggi, QString::fromStdString(consegna.error().testo()));
         return;
@@ -265,16 +266,6 @@ void Form_stat::passa_alle_schedine() {
     if (!avvia_programma(QString::fromStdU16String(programma.u16string())))
         messaggi().informa(this, kTitoloMessaggi,
                            tr("File Danneggiato!\nReinstalla Sortimetra dal tuo CD-ROM."));
-}
-
-LavoroStampa Form_stat::lavoro() const {
-    return {.finestra = window(),
-            .ricerca = ricerca(),
-            .risultato = risultato(),
-            .ordine = griglia()->modello()->ordine(),
-            .domanda = domanda(),
-            .concorsi = area()->testo_concorsi(),
-            .periodo = area()->testo_intervallo()};
 }
 
 }  // namespace sortimetra

@@ -38,8 +38,8 @@ class Form_stat final : public SchermoRicerca {
 
   protected:
     [[nodiscard]] Parametri parametri() const override;
-    void mostra(const std::shared_ptr<const Risultato>& risultato) override;
-    void mostra_messaggio(const std::string& testo) override;
+    void mostra(const EsitoRicerca& esito) override;
+    void mostra_messaggio(const Messaggio& messaggio) override;
     void aggiorna_comandi() override;
 
   private:
@@ -49,7 +49,6 @@ class Form_stat final : public SchermoRicerca {
     void apri_tabella_ruote();
     /// Hands the whole result to the slip printing program as the system `ric_stat`, and starts it.
     void passa_alle_schedine();
-    [[nodiscard]] LavoroStampa lavoro() const;
 
     QFrame* frame_rit_;
     QComboBox* combo_rit_;

@@ -14,9 +14,7 @@ namespace {
 using prove::riga;
 
 Risultato tabella() {
-    const Ricerca* ricerca = trova_ricerca("Tabella dei segnalimite cabalistici");
-    SenzaAvanzamento nessuno;
-    return esegui(*ricerca, ArchivioEstrazioni{}, {}, nessuno);
+    return prove::esegui(prove::domanda("Tabella dei segnalimite cabalistici"), ArchivioEstrazioni{});
 }
 
 TEST(Segnalimite, NonChiedeUnArchivio) {
@@ -24,13 +22,12 @@ TEST(Segnalimite, NonChiedeUnArchivio) {
     ASSERT_NE(ricerca, nullptr);
     EXPECT_TRUE(ricerca->pronta());
     EXPECT_EQ(ricerca->tabelle, 0U);
-    EXPECT_EQ(ricerca->schermo, Schermo::segnalimite);
+    EXPECT_EQ(ricerca->titolo(), "Tabella dei Segnalimite Cabalistici");
 }
 
 TEST(Segnalimite, NovantaRighe) {
     const Risultato r = tabella();
     EXPECT_TRUE(r.prodotto);
-    EXPECT_EQ(r.titolo, "Tabella dei Segnalimite Cabalistici");
     ASSERT_EQ(r.tabelle.size(), 1U);
     EXPECT_EQ(r.tabelle[0].titoli, (std::vector<std::vector<std::string>>{{"N.", "Segnalimiti"}}));
     ASSERT_EQ(r.tabelle[0].righe(), 90U);

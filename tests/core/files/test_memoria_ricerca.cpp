@@ -1,7 +1,6 @@
 #include "files/memoria_ricerca.h"
 #include "support/archivi.h"
 #include "text/testo_ini.h"
-#include "text/windows1252.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -271,7 +270,6 @@ TEST(MemoriaRicerca, ByteACaso) {
                 ASSERT_EQ(valore_ini(dopo, sezione, chiave), valore_ini(testo, sezione, chiave));
         ASSERT_EQ(con_valore_ini(dopo, "NomeRIC", "1", "Ambata capogioco"), dopo);
         // Any bytes survive the way through UTF-8.
-        ASSERT_EQ(in_windows_1252(da_windows_1252(testo)), testo);
     }
 }
 
@@ -309,14 +307,6 @@ TEST(MemoriaRicerca, DueIstanzeScrivonoInsieme) {
     }
     EXPECT_EQ(leggi(cartella.percorso() / "ric.ini"), atteso);
     EXPECT_EQ(quanti_file(cartella.percorso()), 1U);
-}
-
-TEST(Windows1252, CaratteriDelCodice) {
-    EXPECT_EQ(da_windows_1252("pi\xF9 \x80 \x93x\x94 \x85"), "più € “x” …");
-    EXPECT_EQ(in_windows_1252("più € “x” …"), "pi\xF9 \x80 \x93x\x94 \x85");
-    EXPECT_EQ(in_windows_1252("Ω 漢 🂡"), "? ? ?");
-    EXPECT_EQ(in_windows_1252("a\xC3"), "a?") << "un carattere troncato";
-    EXPECT_EQ(in_windows_1252("\xC0\x80\xC1\xA1\xE0\x80\x80"), "???????") << "forme troppo lunghe";
 }
 
 TEST(Skin, MancanteVale1EVieneCreato) {

@@ -1,4 +1,6 @@
 #include "positional/migliori_ritardi.h"
+#include "positional/parametri.h"
+#include "statistics/cinquine_dei_90.h"
 #include "statistics/famiglie.h"
 #include "statistics/misura_serie.h"
 #include "support/archivi.h"
@@ -18,8 +20,8 @@ SenzaAvanzamento nessuno;
 
 Domanda domanda_pagina(int pagina, AmbitoRicerca ambito = {}) {
     Domanda d = domanda("tabellone migliori ritardi", ambito);
-    d.parametri.pagina = pagina;
-    d.cartella = std::filesystem::path{SORTIMETRA_RADICE} / "data";
+    d.parametri.per<ParametriTabellone>().pagina = pagina;
+    EXPECT_TRUE(carica_cinquine_migliori(cartella_dati(), d));
     return d;
 }
 
@@ -125,7 +127,7 @@ TEST(MiglioriRitardi, UnaRigaSenzaPrimoNumeroContaComeEstrazioneENonPerIGruppi) 
     // 12 and 21 stand in a row whose first cell is empty: not seen, though the draw is the third.
     const auto archivio = da_testo("1 BA 12 21 3 4 5\n2 BA 1 2 3 4 5\n3 BA - 12 21 4 5\n");
     AmbitoRicerca bari;
-    const auto serie = *carica_serie(*trova_caricatore("carica_vertibili"), {});
+    const auto serie = carica_serie(*trova_caricatore("carica_vertibili"));
     const auto misure = misura_serie(VistaEstrazioni{archivio, bari}, serie, 2, nessuno);
     EXPECT_EQ(ritardo(misure[0], 3), 2);
 }
@@ -137,7 +139,7 @@ TEST(MiglioriRitardi, UnAmboSuDueRuoteDiUnConcorsoHaDueUscite) {
         "3 BA 1 2 3 4 5\n3 CA 1 2 3 4 5\n");
     AmbitoRicerca due;
     due.ruote.clic(1, true);
-    const auto serie = *carica_serie(*trova_caricatore("carica_vertibili"), {});
+    const auto serie = carica_serie(*trova_caricatore("carica_vertibili"));
     const auto misure = misura_serie(VistaEstrazioni{archivio, due}, serie, 2, nessuno);
     EXPECT_EQ(misure[0].frequenza, 2);
     EXPECT_EQ(ritardo(misure[0], 3), 1);
@@ -218,11 +220,11 @@ TEST(MiglioriRitardi, FinoAlConcorsoScelto) {
     Domanda d = domanda_pagina(1);
     EXPECT_EQ(della_serie(migliori_ritardi(da_testo(testo), d, nessuno), "Ambi vertibili")[0],
               "13 - 31 R. 600");
-    d.parametri.concorso = 550;
+    d.parametri.per<ParametriTabellone>().concorso = 550;
     const Risultato r = migliori_ritardi(da_testo(testo), d, nessuno);
     EXPECT_EQ(della_serie(r, "Ambi vertibili")[0], "12 - 21 R. 550");
     EXPECT_TRUE(r.note.empty());
-    d.parametri.concorso = 7;
+    d.parametri.per<ParametriTabellone>().concorso = 7;
     EXPECT_EQ(migliori_ritardi(da_testo(testo), d, nessuno).note,
               std::vector<std::string>{"concorso 7 riportato a 500"});
 }
@@ -230,24 +232,24 @@ TEST(MiglioriRitardi, FinoAlConcorsoScelto) {
 TEST(MiglioriRitardi, LaSogliaDelleDecineSimmetricheVieneDallAltraSchermata) {
     const auto archivio = da_testo("1 BA 2 30 50 60 70\n2 BA 1 7 11 31 41\n3 BA 2 30 50 60 70\n");
     Domanda d = domanda_pagina(2);
-    d.parametri.indice_combo = -1;  // every draw counts as out
+    d.parametri.per<ParametriTabellone>().indice_combo = -1;  // every draw counts as out
     EXPECT_EQ(della_serie(migliori_ritardi(archivio, d, nessuno), "Decine simmetriche")[0],
               "01-03-22-24-45-46-67-69-88-90 R. 0");
-    d.parametri.indice_combo = 0;  // one number is enough
+    d.parametri.per<ParametriTabellone>().indice_combo = 0;  // one number is enough
     EXPECT_EQ(della_serie(migliori_ritardi(archivio, d, nessuno), "Decine simmetriche")[0],
               "06-19-27-38-40-51-53-64-72-85 R. 3");
-    d.parametri.indice_combo = 1;
+    d.parametri.per<ParametriTabellone>().indice_combo = 1;
     EXPECT_EQ(della_serie(migliori_ritardi(archivio, d, nessuno), "Decine simmetriche")[0],
               "01-03-22-24-45-46-67-69-88-90 R. 3");
 }
 
 TEST(MiglioriRitardi, SenzaIlFileDelleCinquineIlRestoSiCalcola) {
     const CartellaProva vuota;
-    Domanda d = domanda_pagina(2);
-    d.cartella = vuota.percorso();
-    const Risultato r = migliori_ritardi(da_testo("1 BA 1 2 3 4 5\n"), d, nessuno);
+    Domanda d = domanda("tabellone migliori ritardi");
+    d.parametri.per<ParametriTabellone>().pagina = 2;
+    const Risultato r = prove::esegui(d, da_testo("1 BA 1 2 3 4 5\n"), vuota.percorso());
     EXPECT_TRUE(r.prodotto);
-    EXPECT_EQ(r.messaggi, std::vector<std::string>{std::string{kFileDanneggiato}});
+    EXPECT_EQ(prove::messaggi(r), std::vector<std::string>{std::string{kFileDanneggiato}});
     EXPECT_EQ(della_serie(r, "Cinquine dei  90"), (std::vector<std::string>{" ", " ", " "}));
     EXPECT_EQ(della_serie(r, "Cinquine Sun")[0], "06-07-08-09-10 R. 1");
     EXPECT_EQ(della_serie(r, "Cinquine pari/dispari")[0], "D. 11-13-15-17-19 R. 1");
@@ -258,7 +260,7 @@ TEST(MiglioriRitardi, AmbitoVuoto) {
     nazionale.ruote = SelezioneRuote::nazionale();
     const Risultato r = migliori_ritardi(da_testo("1 BA 1 2 3 4 5\n"), domanda_pagina(1, nazionale), nessuno);
     EXPECT_FALSE(r.prodotto);
-    EXPECT_EQ(r.messaggi, std::vector<std::string>{std::string{kNessunaEstrazione}});
+    EXPECT_EQ(prove::messaggi(r), std::vector<std::string>{std::string{kNessunaEstrazione}});
 }
 
 TEST(MiglioriRitardi, UgualiAiLentiSuArchiviCasuali) {
@@ -272,12 +274,13 @@ TEST(MiglioriRitardi, UgualiAiLentiSuArchiviCasuali) {
         const int n = arrotonda(scelte.size(), ambito.ruote.n_ruote());
         for (const int pagina : {1, 2}) {
             Domanda d = domanda_pagina(pagina, ambito);
-            d.parametri.indice_combo = static_cast<int>(seme % 4) - 1;
+            d.parametri.per<ParametriTabellone>().indice_combo = static_cast<int>(seme % 4) - 1;
             const Risultato r = migliori_ritardi(archivio, d, nessuno);
             std::size_t riga = 0;
             for (const FamigliaMigliori& f : famiglie_migliori(pagina)) {
-                const auto serie = *carica_serie(*trova_caricatore(f.carica), domanda_pagina(1).cartella);
-                const int flag = f.soglia == SogliaFamiglia::ambo ? 1 : d.parametri.indice_combo;
+                const auto serie = prove::serie(*trova_caricatore(f.carica));
+                const int flag =
+                    f.soglia == SogliaFamiglia::ambo ? 1 : d.parametri.per<ParametriTabellone>().indice_combo;
                 std::vector<std::pair<int, std::string>> gruppi;
                 for (std::size_t i = 0; i < serie.righe(); ++i) {
                     int delay = n;

@@ -137,7 +137,7 @@ TEST(Posizione, AmbitoVuoto) {
         const Risultato r = cerca(archivio, domanda("", ambito), nessuno);
         EXPECT_FALSE(r.prodotto);
         EXPECT_TRUE(r.tabelle.empty());
-        EXPECT_EQ(r.messaggi, std::vector<std::string>{std::string{kNessunaEstrazione}});
+        EXPECT_EQ(prove::messaggi(r), std::vector<std::string>{std::string{kNessunaEstrazione}});
     }
 }
 

@@ -1,5 +1,7 @@
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
+#include "positional/parametri.h"
+#include "positional/stampa_migliori.h"
 #include "positional/stampa_posizione.h"
 #include "positional/stampa_tabellone.h"
 #include "positional/tabellone.h"
@@ -63,10 +65,12 @@ struct Stampato {
     std::vector<std::string> avvisi;
 
     explicit Stampato(std::string_view chiave, Domanda d = {}, std::vector<std::uint32_t> ordine = {}) {
-        d.chiave = chiave;
+        d.ricerca = trova_ricerca(chiave);
         SenzaAvanzamento nessuno;
-        risultato = esegui(*trova_ricerca(chiave), archivio_lungo(), d, nessuno);
-        rapporto = prepara_rapporto(risultato, d, archivio_lungo(), ordine);
+        Risposta risposta = prove::rispondi(std::move(d), archivio_lungo(), prove::cartella_dati());
+        risposta.ordine = std::move(ordine);
+        risultato = *risposta.risultato;
+        rapporto = prepara_rapporto(risposta);
         EasyPrint stampante{foglio,
                             [this](const std::string&, const std::string& t) { avvisi.push_back(t); }};
         EXPECT_TRUE(stampa(stampante, rapporto, {}, nessuno));
@@ -352,9 +356,8 @@ TEST(StampaTabellone, IDieciPiuInRitardo) {
 TEST(StampaMigliori, OgniFamigliaNellaSuaScheda) {
     for (const int pagina : {1, 2}) {
         Domanda d;
-        d.parametri.pagina = pagina;
+        d.parametri.per<ParametriTabellone>().pagina = pagina;
         d.ambito.ruote = SelezioneRuote::tutte();
-        d.cartella = std::string{SORTIMETRA_RADICE} + "/data";
         const Stampato s{"tabellone migliori ritardi", d};
         EXPECT_EQ(s.quante("I migliori ritardi statistici all'estrazione n°700 del 30/11/2001"), 1U);
         EXPECT_EQ(s.quante("Ruote: Tutte"), 1U);

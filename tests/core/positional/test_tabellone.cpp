@@ -1,4 +1,5 @@
 #include "draws/combinazioni.h"
+#include "positional/parametri.h"
 #include "positional/tabellone.h"
 #include "support/archivi.h"
 #include "support/lente.h"
@@ -21,7 +22,7 @@ SenzaAvanzamento nessuno;
 Risultato al_concorso(Risultato (*cerca)(const ArchivioEstrazioni&, const Domanda&, Avanzamento&),
                       const ArchivioEstrazioni& archivio, std::optional<Concorso> concorso = {}) {
     Domanda d = domanda("");
-    d.parametri.concorso = concorso;
+    d.parametri.per<ParametriTabellone>().concorso = concorso;
     return cerca(archivio, d, nessuno);
 }
 

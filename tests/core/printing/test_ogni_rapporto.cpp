@@ -1,6 +1,7 @@
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
 #include "printing/metriche.h"
+#include "statistics/parametri.h"
 #include "stores/dimostrazione.h"
 #include "support/archivi.h"
 #include "support/superficie_registrata.h"
@@ -30,14 +31,13 @@ std::vector<const ArchivioEstrazioni*> archivi() {
 
 /// The search as a player might ask it, on one wheel and on all.
 Domanda domanda_di(const Ricerca& ricerca, const SelezioneRuote& ruote) {
-    Domanda d = prove::domanda(ricerca.chiave);
+    Domanda d = prove::domanda(ricerca.chiave());
     d.ambito.ruote = ruote;
-    d.cartella = std::filesystem::path{SORTIMETRA_RADICE} / "data";
     if (ricerca.ammette(kOpzAmboCapo))
-        d.parametri.capogioco = {12, 34};
+        d.parametri.per<ParametriStatistica>().capogioco = {12, 34};
     else if (ricerca.ammette(kOpzCapogioco))
-        d.parametri.capogioco = {12};
-    if (ricerca.ammette(kOpzNumeri)) d.parametri.numeri = {5, 12, 40, 41, 77};
+        d.parametri.per<ParametriStatistica>().capogioco = {12};
+    if (ricerca.ammette(kOpzNumeri)) d.parametri.per<ParametriStatistica>().numeri = {5, 12, 40, 41, 77};
     return d;
 }
 
@@ -54,15 +54,16 @@ std::deque<Stampato> stampa_tutti() {
     std::set<std::string_view> viste;
     SenzaAvanzamento nessuno;
     for (const Ricerca& ricerca : ricerche()) {
-        if (!ricerca.pronta() || !viste.insert(ricerca.chiave).second) continue;
+        if (!ricerca.pronta() || !viste.insert(ricerca.chiave()).second) continue;
         for (const ArchivioEstrazioni* archivio : archivi()) {
             for (const SelezioneRuote& ruote : {SelezioneRuote::tutte(), ricerca.ruote}) {
                 const Domanda domanda = domanda_di(ricerca, ruote);
                 Stampato& s = stampati.emplace_back();
-                s.chiave = ricerca.chiave;
-                s.risultato = esegui(ricerca, *archivio, domanda, nessuno);
+                s.chiave = ricerca.chiave();
+                const Risposta risposta = prove::rispondi(domanda, *archivio, prove::cartella_dati());
+                s.risultato = *risposta.risultato;
                 EXPECT_FALSE(s.risultato.tabelle.empty()) << s.chiave;
-                const Rapporto rapporto = prepara_rapporto(s.risultato, domanda, *archivio);
+                const Rapporto rapporto = prepara_rapporto(risposta);
                 EasyPrint stampante{s.foglio, [](const std::string&, const std::string& t) { FAIL() << t; }};
                 // The first pages: the many behind them are alike.
                 s.pagine = std::min(rapporto.pagine, 6);

@@ -343,11 +343,7 @@ ArchivioEstrazioni tre_concorsi() {
 
 Intestazione testa_di(std::string_view chiave, const AmbitoRicerca& ambito) {
     const auto archivio = tre_concorsi();
-    const Ricerca* ricerca = trova_ricerca(chiave);
-    SenzaAvanzamento nessuno;
-    Domanda domanda = prove::domanda(ricerca->chiave, ambito);
-    const Risultato r = esegui(*ricerca, archivio, domanda, nessuno);
-    return intestazione(r, domanda, archivio);
+    return intestazione(prove::rispondi(prove::domanda(chiave, ambito), archivio));
 }
 
 TEST(TestiTesta, NovantaNumeri) {
@@ -384,12 +380,9 @@ TEST(TestiTesta, ChiNonHaAmbitoHaSoloIlTitolo) {
 
 TEST(Segnalimite, DueColonneDiQuarantacinque) {
     const auto archivio = tre_concorsi();
-    const Ricerca* ricerca = trova_ricerca("tabella dei segnalimite cabalistici");
-    SenzaAvanzamento nessuno;
-    const Domanda domanda = prove::domanda(ricerca->chiave);
-    const Risultato r = esegui(*ricerca, archivio, domanda, nessuno);
-    ASSERT_EQ(r.tabelle.size(), 1U);
-    const Stampato s{prepara_rapporto(r, domanda, archivio)};
+    const Risposta r = prove::rispondi(prove::domanda("tabella dei segnalimite cabalistici"), archivio);
+    ASSERT_EQ(r.risultato->tabelle.size(), 1U);
+    const Stampato s{prepara_rapporto(r)};
     EXPECT_EQ(s.foglio.pagina(), 1);
     EXPECT_NE(s.foglio.trova("Tabella dei Segnalimite Cabalistici"), nullptr);
     EXPECT_EQ(s.foglio.trova("Ricerca:"), nullptr);
@@ -456,7 +449,7 @@ TEST(Tabelle, LarghePrimaInOrizzontalePoiSuPiuFogli) {
 }
 
 TEST(Tabelle, SenzaTabelleIlMessaggio) {
-    const Risultato r = non_avviata("Non ci sono estrazioni per l'intervallo selezionato");
+    const Risultato r = senza_estrazioni();
     const Stampato s{rapporto_griglia({r, kTesta, {}})};
     EXPECT_NE(s.foglio.trova("Non ci sono estrazioni per l'intervallo selezionato"), nullptr);
     EXPECT_TRUE(s.finito);

@@ -1,5 +1,6 @@
 #include "draws/combinazioni.h"
 #include "statistics/altri_giochi.h"
+#include "statistics/parametri.h"
 #include "support/archivi.h"
 #include "support/lente.h"
 
@@ -45,7 +46,7 @@ TEST(SuperEnalotto, OltreLUltimoConcorsoDelLottoNonSiVa) {
 
 TEST(SuperEnalotto, AmbitoVuoto) {
     const Risultato r = ambisuperenalotto(da_testi(kTreConcorsi, "", ""), domanda(""), nessuno);
-    EXPECT_EQ(r.messaggi, std::vector<std::string>{std::string{kNessunaEstrazione}});
+    EXPECT_EQ(prove::messaggi(r), std::vector<std::string>{std::string{kNessunaEstrazione}});
     EXPECT_FALSE(r.prodotto);
 }
 
@@ -225,7 +226,7 @@ TEST(AltriGiochi, AmbiETerniDellaSestinaUgualiAiLenti) {
         EXPECT_TRUE(righe(ternisuperenalotto(archivio, d, nessuno).tabelle[0]) == testo_terni);
 
         for (int estratto = 1; estratto <= 5; ++estratto) {
-            d.parametri.estratto = estratto;
+            d.parametri.per<ParametriStatistica>().estratto = estratto;
             const int t10 = arrotonda(sestine.size(), ambito.ruote.n_ruote());
             std::vector<Conti> dieci(91 * 91, Conti{t10 - 1, 0, t10, 0});
             int c = 0;

@@ -113,7 +113,8 @@ TEST(Ambata, AmbitoVuotoDiceIlPerche) {
     const Risultato r = cerca(archivio, ambito);
     EXPECT_FALSE(r.prodotto);
     EXPECT_TRUE(r.tabelle.empty());
-    EXPECT_EQ(r.messaggi, std::vector<std::string>{"Non ci sono estrazioni per l'intervallo selezionato"});
+    EXPECT_EQ(prove::messaggi(r),
+              std::vector<std::string>{"Non ci sono estrazioni per l'intervallo selezionato"});
 }
 
 /// The same search, told step by step over single rows, with nothing shared with the fast one.

@@ -1,5 +1,6 @@
 #include "statistics/ambi_terni.h"
 #include "statistics/combinatoria.h"
+#include "statistics/parametri.h"
 #include "support/archivi.h"
 #include "support/lente.h"
 
@@ -60,7 +61,7 @@ TEST(Ambi, CellaVuotaOltreLaPrimaNonFaAmbo) {
 TEST(Terni, UnaEstrazione) {
     const auto archivio = da_testo("1 BA 90 1 2 50 7\n");
     Domanda d = domanda("");
-    d.parametri.combo_rit = 1;
+    d.parametri.per<ParametriStatistica>().tipo = 1;
     const Risultato r = tutti_i_terni(archivio, d, nessuno);
     ASSERT_EQ(r.tabelle[0].righe(), 117480U);
     EXPECT_EQ(riga(r, "01-02-07"), "01-02-07 1 0 0");
@@ -171,7 +172,7 @@ TEST(Terni, UgualiAiLentiSuArchiviCasuali) {
         const int t = arrotonda(righe_scelte.size(), ambito.ruote.n_ruote());
         for (const bool per_ambi : {false, true}) {
             Domanda d = domanda("", ambito);
-            d.parametri.combo_rit = per_ambi ? 0 : 1;
+            d.parametri.per<ParametriStatistica>().tipo = per_ambi ? 0 : 1;
             const Risultato r = tutti_i_terni(archivio, d, nessuno);
             ASSERT_EQ(r.prodotto, !righe_scelte.empty());
             if (!r.prodotto) continue;

@@ -1,5 +1,6 @@
 #include "catalogue/ricerche.h"
 #include "statistics/capogioco.h"
+#include "statistics/parametri.h"
 #include "support/archivi.h"
 #include "support/lente_serie.h"
 
@@ -18,10 +19,9 @@ using prove::riga;
 Risultato cerca(const ArchivioEstrazioni& archivio, std::vector<int> capi, int combo_rit = 0,
                 const AmbitoRicerca& ambito = {}, std::string_view chiave = "ambo capogioco") {
     Domanda d = prove::domanda(chiave, ambito);
-    d.parametri.capogioco = std::move(capi);
-    d.parametri.combo_rit = combo_rit;
-    SenzaAvanzamento nessuno;
-    return esegui(*trova_ricerca(chiave), archivio, d, nessuno);
+    d.parametri.per<ParametriStatistica>().capogioco = std::move(capi);
+    d.parametri.per<ParametriStatistica>().tipo = combo_rit;
+    return prove::esegui(d, archivio);
 }
 
 Risultato cerca_ambata(const ArchivioEstrazioni& archivio, std::vector<int> capi,
@@ -65,13 +65,13 @@ TEST(Capogioco, CapiNonValidi) {
         const Risultato r = cerca_ambata(archivio, capi);
         EXPECT_FALSE(r.prodotto);
         EXPECT_TRUE(r.tabelle.empty());
-        EXPECT_EQ(r.messaggi, std::vector<std::string>{"Capogioco specificato non valido"});
+        EXPECT_EQ(prove::messaggi(r), std::vector<std::string>{"Capogioco specificato non valido"});
     }
     for (const auto& capi : std::vector<std::vector<int>>{{}, {5}, {5, 0}, {0, 5}, {5, 91}, {100, 5}}) {
         const Risultato r = cerca(archivio, capi, 1);
         EXPECT_FALSE(r.prodotto);
         EXPECT_TRUE(r.tabelle.empty());
-        EXPECT_EQ(r.messaggi, std::vector<std::string>{"Capigioco specificati non valido"});
+        EXPECT_EQ(prove::messaggi(r), std::vector<std::string>{"Capigioco specificati non valido"});
     }
 }
 
@@ -80,8 +80,8 @@ TEST(Capogioco, LAmbitoVuotoVienePrimaDelCapo) {
     AmbitoRicerca ambito;
     ambito.tratto = {2, 1};
     const std::vector<std::string> messaggi{std::string{kNessunaEstrazione}};
-    EXPECT_EQ(cerca_ambata(archivio, {0}, ambito).messaggi, messaggi);
-    EXPECT_EQ(cerca(archivio, {0, 0}, 0, ambito).messaggi, messaggi);
+    EXPECT_EQ(prove::messaggi(cerca_ambata(archivio, {0}, ambito)), messaggi);
+    EXPECT_EQ(prove::messaggi(cerca(archivio, {0, 0}, 0, ambito)), messaggi);
 }
 
 TEST(AmboCapogioco, AllAmboServonoDueDeiTre) {

@@ -12,7 +12,7 @@ namespace {
 TEST(CinquineDei90, UnaCartellaSenzaListaLaRiceve) {
     const prove::CartellaProva cartella;
     ASSERT_TRUE(prepara_cinquine_dei_90(cartella.percorso()));
-    const auto serie = carica_serie(*trova_famiglia("cinquine dei 90"), cartella.percorso());
+    const auto serie = leggi_cinquine_dei_90(cartella.percorso());
     ASSERT_TRUE(serie);
     EXPECT_EQ(serie->righe(), 436U);
 }

@@ -1,4 +1,5 @@
 #include "files/file_sicuro.h"
+#include "statistics/cinquine_dei_90.h"
 #include "statistics/famiglie.h"
 #include "support/archivi.h"
 
@@ -13,12 +14,9 @@
 namespace sortimetra {
 namespace {
 
-const std::filesystem::path kDati = std::filesystem::path{SORTIMETRA_RADICE} / "data";
-
 SerieCorrente serie(std::string_view chiave) {
-    const Famiglia* f = trova_famiglia(chiave);
-    if (f == nullptr) return {};
-    return carica_serie(*f, kDati).value_or(SerieCorrente{});
+    const Famiglia* f = prove::famiglia(chiave);
+    return f == nullptr ? SerieCorrente{} : prove::serie(*f);
 }
 
 /// Member `i` (from 1) with its numbers in their order.
@@ -101,13 +99,12 @@ TEST(Famiglie, GrandezzaPrimoEUltimoMembro) {
 TEST(Famiglie, OgniChiaveEOgniCaricatoreUnaVolta) {
     std::set<std::string_view> nomi;
     for (const Famiglia& f : famiglie()) {
-        EXPECT_TRUE(nomi.insert(f.chiave).second) << f.chiave;
+        EXPECT_TRUE(nomi.insert(f.nome.chiave).second) << f.nome.chiave;
         EXPECT_TRUE(nomi.insert(f.carica).second) << f.carica;
-        EXPECT_EQ(trova_famiglia(f.chiave), &f);
+        EXPECT_EQ(prove::famiglia(f.nome.chiave), &f);
         EXPECT_EQ(trova_caricatore(f.carica), &f);
     }
-    EXPECT_EQ(trova_famiglia("decine "), nullptr);
-    EXPECT_EQ(trova_caricatore("carica_cinquine_dei90")->chiave, "cinquine dei 90");
+    EXPECT_EQ(trova_caricatore("carica_cinquine_dei90")->nome.chiave, "cinquine dei 90");
 }
 
 TEST(Famiglie, OrdineDentroLeRegole) {
@@ -159,7 +156,7 @@ TEST(Famiglie, FamiglieCheCopronoINumeriUnaVolta) {
 
 TEST(Famiglie, EtichetteBrevi) {
     const auto etichetta = [](std::string_view chiave, std::size_t i) {
-        return etichetta_membro(*trova_famiglia(chiave), serie(chiave), i - 1);
+        return etichetta_membro(*prove::famiglia(chiave), serie(chiave), i - 1);
     };
     EXPECT_EQ(etichetta("decine", 1), "1/9 (90)");
     EXPECT_EQ(etichetta("decine", 2), "10/19");
@@ -180,7 +177,7 @@ TEST(Famiglie, EtichetteBrevi) {
 TEST(Famiglie, OttoFamiglieHannoUnaDescrizione) {
     std::set<std::string_view> con;
     for (const Famiglia& f : famiglie())
-        if (!f.descrizione.empty()) con.insert(f.chiave);
+        if (!f.descrizione.empty()) con.insert(f.nome.chiave);
     EXPECT_EQ(con, (std::set<std::string_view>{"decine", "decine simmetriche", "controfigure", "cadenze",
                                                "figure", "cifre", "gemelli", "radicali"}));
 }
@@ -188,7 +185,7 @@ TEST(Famiglie, OttoFamiglieHannoUnaDescrizione) {
 // ---- the cinquine on file ----
 
 TEST(CinquineDei90, IlFileFornitoContieneTuttiGliAmbi) {
-    const auto testo = leggi_file(kDati / kFileCinquine);
+    const auto testo = leggi_file(prove::cartella_dati() / kFileCinquine);
     ASSERT_TRUE(testo.has_value());
     EXPECT_TRUE(testo->starts_with("436\n"));
     const SerieCorrente s = serie("cinquine dei 90");
@@ -211,8 +208,8 @@ TEST(CinquineDei90, IlFileFornitoContieneTuttiGliAmbi) {
 std::string cinquine_lette(const std::string& testo) {
     const prove::CartellaProva cartella;
     if (!scrivi_file(cartella.percorso() / "n90ridd.rid", testo)) return "?";
-    const auto s = carica_serie(*trova_famiglia("cinquine dei 90"), cartella.percorso());
-    return s ? membro(*s, 1) + " / " + membro(*s, s->righe()) : s.error();
+    const auto s = leggi_cinquine_dei_90(cartella.percorso());
+    return s ? membro(*s, 1) + " / " + membro(*s, s->righe()) : s.error().testo;
 }
 
 std::string ripeti(int volte, const std::string& testo) {
@@ -245,9 +242,9 @@ TEST(CinquineDei90, FileDanneggiato) {
 
 TEST(CinquineDei90, FileMancante) {
     const prove::CartellaProva cartella;
-    const auto s = carica_serie(*trova_famiglia("cinquine dei 90"), cartella.percorso());
+    const auto s = leggi_cinquine_dei_90(cartella.percorso());
     ASSERT_FALSE(s.has_value());
-    EXPECT_EQ(s.error(), kFileDanneggiato);
+    EXPECT_EQ(s.error(), (Messaggio{Avviso::file_danneggiato, std::string{kFileDanneggiato}}));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "files/file_sicuro.h"
 #include "statistics/famiglie.h"
 #include "statistics/misura_serie.h"
+#include "statistics/parametri.h"
 #include "statistics/serie_speciali.h"
 #include "support/archivi.h"
 #include "support/lente_serie.h"
@@ -19,16 +20,12 @@ using prove::archivio_casuale;
 using prove::da_testo;
 using prove::riga;
 
-const std::filesystem::path kDati = std::filesystem::path{SORTIMETRA_RADICE} / "data";
-
 Risultato cerca(const ArchivioEstrazioni& archivio, std::string_view chiave, int combo_rit,
                 const AmbitoRicerca& ambito = {}, bool tutte_le_ruote = false) {
     Domanda d = prove::domanda(chiave, ambito);
-    d.cartella = kDati;
-    d.parametri.combo_rit = combo_rit;
-    d.parametri.tutte_le_ruote = tutte_le_ruote;
-    SenzaAvanzamento nessuno;
-    return esegui(*trova_ricerca(chiave), archivio, d, nessuno);
+    d.parametri.per<ParametriStatistica>().tipo = combo_rit;
+    d.parametri.per<ParametriStatistica>().tutte_le_ruote = tutte_le_ruote;
+    return prove::esegui(d, archivio, prove::cartella_dati());
 }
 
 /// Every text of a table after its first column.
@@ -110,11 +107,11 @@ TEST(SerieSpeciali, TitoliLunghiEBrevi) {
     const Titoli lunghi{{"Numeri", "Frequenza", "Ritardo", "Ritardo Storico"}};
     const Titoli brevi{{"Numeri", "Freq.", "Rit.", "R. S."}};
     for (const Famiglia& f : famiglie()) {
-        SCOPED_TRACE(f.chiave);
-        const bool breve = f.chiave.starts_with("sestine") || f.chiave.starts_with("settine") ||
-                           f.chiave.starts_with("cinquine") || f.chiave == "controfigure" ||
-                           f.chiave == "decine simmetriche";
-        EXPECT_EQ(cerca(archivio, f.chiave, 0).tabelle.at(0).titoli, breve ? brevi : lunghi);
+        SCOPED_TRACE(f.nome.chiave);
+        const bool breve = f.nome.chiave.starts_with("sestine") || f.nome.chiave.starts_with("settine") ||
+                           f.nome.chiave.starts_with("cinquine") || f.nome.chiave == "controfigure" ||
+                           f.nome.chiave == "decine simmetriche";
+        EXPECT_EQ(cerca(archivio, f.nome.chiave, 0).tabelle.at(0).titoli, breve ? brevi : lunghi);
     }
 }
 
@@ -140,20 +137,17 @@ TEST(SerieSpeciali, AmbitoVuoto) {
                                        cerca(da_testo(""), chiave, 0, {}, tutte_le_ruote)}) {
                 EXPECT_FALSE(r.prodotto);
                 EXPECT_TRUE(r.tabelle.empty());
-                EXPECT_EQ(r.messaggi, std::vector<std::string>{std::string{kNessunaEstrazione}});
+                EXPECT_EQ(prove::messaggi(r), std::vector<std::string>{std::string{kNessunaEstrazione}});
             }
 }
 
 TEST(SerieSpeciali, CinquineDei90ConIlFileDanneggiato) {
     const auto archivio = da_testo("1 BA 1 2 3 4 5\n");
     const prove::CartellaProva cartella;
-    Domanda d = prove::domanda("cinquine dei 90");
-    d.cartella = cartella.percorso();
-    SenzaAvanzamento nessuno;
-    const Risultato r = serie_speciali(archivio, d, nessuno);
+    const Risultato r = prove::esegui(prove::domanda("cinquine dei 90"), archivio, cartella.percorso());
     EXPECT_FALSE(r.prodotto);
     EXPECT_TRUE(r.tabelle.empty());
-    EXPECT_EQ(r.messaggi,
+    EXPECT_EQ(prove::messaggi(r),
               std::vector<std::string>{"File danneggiato! Impossibile effettuare Ricerca Statistica!"});
 }
 
@@ -164,14 +158,14 @@ TEST(SerieSpeciali, UgualeAllaLentaSuArchiviCasuali) {
         const auto ambito = ambito_casuale(seme);
         const Famiglia& f = famiglie()[seme % famiglie().size()];
         const int combo_rit = seme / famiglie().size() % 2 == 0 ? 0 : 1;
-        const SerieCorrente s = carica_serie(f, kDati).value();
+        const SerieCorrente s = prove::serie(f);
         std::vector<std::vector<int>> membri;
         for (std::size_t i = 0; i < s.righe(); ++i)
             membri.emplace_back(s.membro(i).begin(), s.membro(i).end());
-        EXPECT_EQ(misure(cerca(archivio, f.chiave, combo_rit, ambito)),
+        EXPECT_EQ(misure(cerca(archivio, f.nome.chiave, combo_rit, ambito)),
                   prove::serie_lenta(prove::righe_piane(archivio, ambito), ambito.ruote.n_ruote(), membri,
                                      combo_rit + 1))
-            << f.chiave;
+            << f.nome.chiave;
     }
 }
 
@@ -350,7 +344,7 @@ TEST(OgniRuota, UgualeAllaLentaSuArchiviCasuali) {
         const int soglia = seme % 2 == 0 ? 1 : 2;
         const Risultato r = cerca(archivio, chiave, soglia - 1, ambito, true);
 
-        const SerieCorrente s = carica_serie(*trova_famiglia(chiave), {}).value();
+        const SerieCorrente s = prove::serie(*prove::famiglia(chiave));
         std::vector<std::vector<std::string>> attesi(s.righe(), std::vector<std::string>(11));
         ambito.ruote = SelezioneRuote::tutte();
         const auto dieci = prove::righe_piane(archivio, ambito);
@@ -425,11 +419,10 @@ TEST(Scomposizione, SottoinsiemiNellOrdineDeiPosti) {
 
 Risultato scomponi(const ArchivioEstrazioni& archivio, std::vector<int> numeri, int sorte, int combo_rit) {
     Domanda d = prove::domanda("scomposizione");
-    d.parametri.numeri = std::move(numeri);
-    d.parametri.sorte = sorte;
-    d.parametri.combo_rit = combo_rit;
-    SenzaAvanzamento nessuno;
-    return esegui(*trova_ricerca("scomposizione"), archivio, d, nessuno);
+    d.parametri.per<ParametriStatistica>().numeri = std::move(numeri);
+    d.parametri.per<ParametriStatistica>().sorte = sorte;
+    d.parametri.per<ParametriStatistica>().tipo = combo_rit;
+    return prove::esegui(d, archivio);
 }
 
 TEST(Scomposizione, NumeriNellOrdineDato) {

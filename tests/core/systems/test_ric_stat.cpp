@@ -1,6 +1,7 @@
 #include "catalogue/ricerche.h"
 #include "files/file_sicuro.h"
 #include "statistics/famiglie.h"
+#include "statistics/parametri.h"
 #include "support/archivi.h"
 #include "systems/ric_stat.h"
 
@@ -19,14 +20,12 @@ using prove::da_testo;
 
 const Data kOggi = leggi_data_iso("2026-07-04").value();
 
-/// The grid of a search over one small archive.
-Tabella griglia(std::string_view chiave, const Parametri& parametri = {}) {
+/// The answer of a search over one small archive.
+Risposta risposta(std::string_view chiave, const Parametri& parametri = {}) {
     const auto archivio = da_testo("1 BA 1 2 3 4 5\n");
     Domanda d = prove::domanda(chiave);
     d.parametri = parametri;
-    SenzaAvanzamento nessuno;
-    Risultato r = esegui(*trova_ricerca(chiave), archivio, d, nessuno);
-    return r.tabelle.empty() ? Tabella{} : std::move(r.tabelle.front());
+    return prove::rispondi(d, archivio, prove::cartella_dati());
 }
 
 std::string testo(const fs::path& file) {
@@ -40,17 +39,21 @@ std::set<std::string> contenuto(const fs::path& cartella) {
     return nomi;
 }
 
-Tabella di_gruppi(std::size_t quanti, std::vector<std::uint8_t> numeri, char separatore = '-') {
+/// A decomposition's answer with these rows.
+Risposta di_gruppi(std::size_t quanti, std::vector<std::uint8_t> numeri, char separatore = '-') {
     Tabella t;
     t.titoli = {{"Numeri"}};
     t.colonne.emplace_back(ColonnaGruppi{quanti, separatore, std::move(numeri)});
-    return t;
+    Risultato r;
+    r.tabelle.push_back(std::move(t));
+    Risposta risposta = prove::risposta_da(std::move(r));
+    risposta.domanda.ricerca = trova_ricerca("scomposizione");
+    return risposta;
 }
 
 TEST(RicStat, AmbiByteSuByte) {
     const CartellaProva dove;
-    const auto c =
-        scrivi_schedina(dove.percorso(), "ambi vertibili", di_gruppi(2, {12, 21, 5, 50, 12, 45}, '.'), kOggi);
+    const auto c = scrivi_schedina(dove.percorso(), di_gruppi(2, {12, 21, 5, 50, 12, 45}, '.'), kOggi);
     ASSERT_TRUE(c.has_value()) << c.error().testo();
     EXPECT_EQ(c->file, "ambo/ric_stat");
     EXPECT_FALSE(c->programma_aperto);
@@ -84,8 +87,7 @@ TEST(RicStat, CartellaELetteraDalNumeroDiNumeri) {
             numeri.push_back(static_cast<std::uint8_t>(i));
             riga += (i > 1 ? "," : "") + std::to_string(i);
         }
-        const auto c =
-            scrivi_schedina(dove.percorso(), "scomposizione", di_gruppi(caso.k, numeri, '.'), kOggi);
+        const auto c = scrivi_schedina(dove.percorso(), di_gruppi(caso.k, numeri, '.'), kOggi);
         ASSERT_TRUE(c.has_value());
         EXPECT_EQ(c->file, caso.file);
         EXPECT_EQ(testo(dove.percorso() / caso.sy), riga + "\r\n");
@@ -95,59 +97,52 @@ TEST(RicStat, CartellaELetteraDalNumeroDiNumeri) {
     }
 }
 
-std::string lette(std::string_view chiave, std::string_view cella) {
-    const Cella c = leggi_cella(chiave, cella);
-    std::string r = std::to_string(c.quanti) + ":";
-    for (const int n : c.numeri)
-        if (n != 0) r += " " + std::to_string(n);
+std::string presi(std::vector<Numero> numeri) {
+    std::string r;
+    for (const int n : combinazione_sistema(numeri)) r += (r.empty() ? "" : " ") + std::to_string(n);
     return r;
 }
 
-TEST(RicStat, DaCellaANumeri) {
-    EXPECT_EQ(lette("ricerche su tutti gli ambi", "01-90"), "2: 1 90");
-    EXPECT_EQ(lette("cinquine a coesione", "02.44.47.59.04"), "5: 2 44 47 59 4");
-    EXPECT_EQ(lette("scomposizione", "5-7-9"), "3: 5 7 9");
-    EXPECT_EQ(lette("scomposizione", "01.02.03.04.05.06.07.08.09.10.11"), "11: 1 2 3 4 5 6 7 8 9 10");
-    EXPECT_EQ(lette("scomposizione", ""), "1:");
+TEST(RicStat, LeCaselleDiUnaCombinazione) {
+    EXPECT_EQ(presi({1, 90}), "1 90 0 0 0 0 0 0 0 0");
+    EXPECT_EQ(presi({2, 44, 47, 59, 4}), "2 44 47 59 4 0 0 0 0 0");
+    EXPECT_EQ(presi({5, 5, 7}), "5 7 0 0 0 0 0 0 0 0");
+    EXPECT_EQ(presi({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}), "1 2 3 4 5 6 7 8 9 10");
+    EXPECT_EQ(presi({}), "0 0 0 0 0 0 0 0 0 0");
 }
 
-TEST(RicStat, EtichetteBreviSciolte) {
-    EXPECT_EQ(lette("decine", "1/9 (90)"), "10: 1 2 3 4 5 6 7 8 9 90");
-    EXPECT_EQ(lette("decine", "10/19"), "10: 10 11 12 13 14 15 16 17 18 19");
-    EXPECT_EQ(lette("cadenze", "1/81"), "9: 1 11 21 31 41 51 61 71 81");
-    EXPECT_EQ(lette("cadenze", "10/90"), "9: 10 20 30 40 50 60 70 80 90");
-    EXPECT_EQ(lette("figure", "9/90"), "10: 9 18 27 36 45 54 63 72 81 90");
-    EXPECT_EQ(lette("gemelli", "11/88"), "8: 11 22 33 44 55 66 77 88");
-    EXPECT_EQ(lette("decine simmetriche", "2/89"), "10: 2 18 20 26 44 47 65 71 73 89");
-    EXPECT_EQ(lette("controfigure", "8/85"), "9: 8 19 30 41 52 63 66 74 85");
-    EXPECT_EQ(lette("radicali", "01.10.11.19"), "4: 1 10 11 19");
+/// The first rows of a family's system, as they are written.
+std::string prima_riga(std::string_view chiave, std::size_t riga = 0) {
+    const auto s = sistema_da_griglia(risposta(chiave));
+    if (!s) return "nessuno";
+    std::string r = std::to_string(s->k) + ":";
+    for (std::size_t i = 0; i < s->k; ++i) r += " " + std::to_string(s->combinazioni.at(riga)[i]);
+    return r;
+}
+
+TEST(RicStat, LeEtichetteBreviHannoILoroNumeri) {
+    EXPECT_EQ(prima_riga("decine"), "10: 1 2 3 4 5 6 7 8 9 90");
+    EXPECT_EQ(prima_riga("decine", 1), "10: 10 11 12 13 14 15 16 17 18 19");
+    EXPECT_EQ(prima_riga("cadenze"), "9: 1 11 21 31 41 51 61 71 81");
+    EXPECT_EQ(prima_riga("cadenze", 9), "9: 10 20 30 40 50 60 70 80 90");
+    EXPECT_EQ(prima_riga("figure", 8), "10: 9 18 27 36 45 54 63 72 81 90");
+    EXPECT_EQ(prima_riga("gemelli"), "8: 11 22 33 44 55 66 77 88");
+    EXPECT_EQ(prima_riga("decine simmetriche", 1), "10: 2 18 20 26 44 47 65 71 73 89");
+    EXPECT_EQ(prima_riga("controfigure", 7), "9: 8 19 30 41 52 63 66 74 85");
+    EXPECT_EQ(prima_riga("radicali"), "4: 1 10 11 19");
+    EXPECT_EQ(prima_riga("cifre"), "nessuno");
 }
 
 TEST(RicStat, NumeroRipetutoLasciaUnoZero) {
     const CartellaProva dove;
-    ASSERT_TRUE(
-        scrivi_schedina(dove.percorso(), "scomposizione", di_gruppi(3, {5, 5, 7, 1, 2, 3}, '-'), kOggi));
+    ASSERT_TRUE(scrivi_schedina(dove.percorso(), di_gruppi(3, {5, 5, 7, 1, 2, 3}, '-'), kOggi));
     EXPECT_EQ(testo(dove.percorso() / "terno/ric_statsyb.txt"), "5,7,0\r\n1,2,3\r\n");
     EXPECT_EQ(testo(dove.percorso() / "terno/ric_statinb.txt"), "5\r\n1\r\n2\r\n3\r\n5\r\n7\r\n");
 }
 
-TEST(RicStat, LaPrimaRigaValePerTutte) {
-    // The k of the first row cuts longer rows and pads shorter ones.
-    Tabella t;
-    t.titoli = {{"Numeri"}};
-    t.colonne.emplace_back(ColonnaTesti{{"01.02.03", "04.05.06.07", "08.09"}});
-    const auto s = sistema_da_griglia("radicali", t);
-    ASSERT_TRUE(s.has_value());
-    EXPECT_EQ(s->k, 3U);
-    const CartellaProva dove;
-    ASSERT_TRUE(fs::create_directory(dove.percorso() / "terno"));
-    ASSERT_TRUE(scrivi_sistema(dove.percorso(), *s).has_value());
-    EXPECT_EQ(testo(dove.percorso() / "terno/ric_statsyb.txt"), "1,2,3\r\n4,5,6\r\n8,9,0\r\n");
-}
-
 TEST(RicStat, GrigliaSenzaRighe) {
     const CartellaProva dove;
-    const auto c = scrivi_schedina(dove.percorso(), "scomposizione", di_gruppi(4, {}), kOggi);
+    const auto c = scrivi_schedina(dove.percorso(), di_gruppi(4, {}), kOggi);
     ASSERT_TRUE(c.has_value());
     EXPECT_EQ(c->file, "quaterna/ric_stat");
     EXPECT_EQ(testo(dove.percorso() / "quaterna/ric_statsyc.txt"), "");
@@ -157,11 +152,9 @@ TEST(RicStat, GrigliaSenzaRighe) {
 
 TEST(RicStat, OgniFamigliaSiConsegnaTranneCifre) {
     for (const Famiglia& f : famiglie()) {
-        SCOPED_TRACE(f.chiave);
-        if (f.chiave == "cinquine dei 90") continue;
-        const Tabella t = griglia(f.chiave);
-        const auto s = sistema_da_griglia(f.chiave, t);
-        if (f.chiave == "cifre") {
+        SCOPED_TRACE(f.nome.chiave);
+        const auto s = sistema_da_griglia(risposta(f.nome.chiave));
+        if (f.nome.chiave == "cifre") {
             EXPECT_FALSE(s.has_value());
             continue;
         }
@@ -169,7 +162,7 @@ TEST(RicStat, OgniFamigliaSiConsegnaTranneCifre) {
         EXPECT_EQ(s->k, f.colonne);
         EXPECT_EQ(s->combinazioni.size(), f.righe);
         // The members' own numbers, whatever the grid shows in their place.
-        const SerieCorrente serie = carica_serie(f, {}).value();
+        const SerieCorrente serie = prove::serie(f);
         for (std::size_t i = 0; i < f.righe; ++i) {
             const auto m = serie.membro(i);
             const auto& c = s->combinazioni[i];
@@ -179,18 +172,15 @@ TEST(RicStat, OgniFamigliaSiConsegnaTranneCifre) {
 }
 
 TEST(RicStat, GriglieSenzaSchedina) {
+    EXPECT_FALSE(ammette_schedina(risposta("ritardo e frequenza dei 90 numeri")));
     EXPECT_FALSE(
-        ammette_schedina("ritardo e frequenza dei 90 numeri", griglia("ritardo e frequenza dei 90 numeri")));
-    Parametri uno;
-    uno.numeri = {5, 6};
-    uno.sorte = 1;
-    EXPECT_FALSE(ammette_schedina("scomposizione", griglia("scomposizione", uno)));
-    EXPECT_FALSE(ammette_schedina("cifre", griglia("cifre")));
-    EXPECT_FALSE(ammette_schedina("decine", Tabella{}));
-    EXPECT_TRUE(ammette_schedina("ricerche su tutti gli ambi", griglia("ricerche su tutti gli ambi")));
-    EXPECT_TRUE(ammette_schedina("decine", griglia("decine")));
+        ammette_schedina(risposta("scomposizione", ParametriStatistica{.numeri = {5, 6}, .sorte = 1})));
+    EXPECT_FALSE(ammette_schedina(risposta("cifre")));
+    EXPECT_FALSE(ammette_schedina(risposta("decine", ParametriStatistica{.tutte_le_ruote = true})));
+    EXPECT_TRUE(ammette_schedina(risposta("ricerche su tutti gli ambi")));
+    EXPECT_TRUE(ammette_schedina(risposta("decine")));
     const CartellaProva dove;
-    EXPECT_FALSE(scrivi_schedina(dove.percorso(), "cifre", griglia("cifre"), kOggi).has_value());
+    EXPECT_FALSE(scrivi_schedina(dove.percorso(), risposta("cifre"), kOggi).has_value());
     EXPECT_TRUE(contenuto(dove.percorso()).empty());
 }
 
@@ -201,7 +191,7 @@ TEST(RicStat, QuelCheCEraSparisce) {
          {"ambo/ric_statsya.txt", "ambo/ric_statnua.txt", "ambo/ric_statina.txt", "ambo/ric_statena.txt",
           "ambo/ric_stat.rr", "tempsya.txt", "tempsyb.txt", "ambo/miosya.txt", "ambo/mio.rr"})
         ASSERT_TRUE(scrivi_file(dove.percorso() / nome, "vecchio"));
-    ASSERT_TRUE(scrivi_schedina(dove.percorso(), "ambi vertibili", di_gruppi(2, {12, 21}), kOggi));
+    ASSERT_TRUE(scrivi_schedina(dove.percorso(), di_gruppi(2, {12, 21}), kOggi));
     EXPECT_EQ(contenuto(dove.percorso()),
               (std::set<std::string>{"ambo", "ambo/mio.rr", "ambo/miosya.txt", "ambo/ric_stat.nn",
                                      "ambo/ric_statina.txt", "ambo/ric_statnua.txt", "ambo/ric_statsya.txt",
@@ -212,7 +202,7 @@ TEST(RicStat, QuelCheCEraSparisce) {
 TEST(RicStat, ProgrammaDelleSchedineGiaAperto) {
     const CartellaProva dove;
     ASSERT_TRUE(scrivi_file(dove.percorso() / "sch", ""));
-    const auto c = scrivi_schedina(dove.percorso(), "ambi vertibili", di_gruppi(2, {12, 21}), kOggi);
+    const auto c = scrivi_schedina(dove.percorso(), di_gruppi(2, {12, 21}), kOggi);
     ASSERT_TRUE(c.has_value());
     EXPECT_TRUE(c->programma_aperto);
     EXPECT_EQ(testo(dove.percorso() / "ambo/ric_statsya.txt"), "12,21\r\n");
@@ -240,7 +230,7 @@ TEST(RicStat, ZeroCombinazioniConIlSistemaRielaborato) {
 TEST(RicStat, CartellaCheNonSiPuoCreare) {
     const CartellaProva dove;
     ASSERT_TRUE(scrivi_file(dove.percorso() / "ambo", "un file, non una cartella"));
-    const auto c = scrivi_schedina(dove.percorso(), "ambi vertibili", di_gruppi(2, {12, 21}), kOggi);
+    const auto c = scrivi_schedina(dove.percorso(), di_gruppi(2, {12, 21}), kOggi);
     ASSERT_FALSE(c.has_value());
     EXPECT_EQ(c.error().file.filename(), "ambo");
     EXPECT_FALSE(fs::exists(dove.percorso() / "trans"));

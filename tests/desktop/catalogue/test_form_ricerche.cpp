@@ -42,8 +42,9 @@ QWidget* crea_finto(Sessione&) {
 }
 void attiva_finto(QWidget& finestra, const Ricerca& ricerca, const ArchivioEstrazioni& archivio) {
     finestra.setWindowTitle(
-        QString::fromUtf8(ricerca.titolo.data(), static_cast<qsizetype>(ricerca.titolo.size())));
-    chiavi_aperte << QString::fromUtf8(ricerca.chiave.data(), static_cast<qsizetype>(ricerca.chiave.size()));
+        QString::fromUtf8(ricerca.titolo().data(), static_cast<qsizetype>(ricerca.titolo().size())));
+    chiavi_aperte << QString::fromUtf8(ricerca.chiave().data(),
+                                       static_cast<qsizetype>(ricerca.chiave().size()));
     ultimo_visto = archivio.ultimo_concorso();
 }
 constexpr RigaSchermo kFinti[] = {{Schermo::stat, crea_finto, attiva_finto}};
@@ -384,7 +385,7 @@ class TestFormRicerche final : public QObject {
             const Ricerca* r = trova_ricerca(indice.data().toString().toStdString());
             QVERIFY(r != nullptr);
             const bool si =
-                r->pronta() && (r->schermo == Schermo::stat || r->schermo == Schermo::segnalimite);
+                r->pronta() && (schermo_di(*r) == Schermo::stat || schermo_di(*r) == Schermo::segnalimite);
             QCOMPARE(indice.data(ModelloElenco::kDisponibile).toBool(), si);
             QCOMPARE(indice.data(Qt::ToolTipRole).toString(),
                      si ? QString{} : QStringLiteral("Non ancora disponibile in questa versione"));

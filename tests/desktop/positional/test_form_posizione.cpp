@@ -235,10 +235,10 @@ class TestFormPosizione final : public QObject {
         clic("Command1");
         clic("cmdcol_1");
         clic("Command2");
-        QVERIFY(ricevuto.risultato != nullptr);
-        QCOMPARE(ricevuto.risultato->tabelle[0].n_colonne(), std::size_t{16});
+        QVERIFY(ricevuto.risposta.risultato != nullptr);
+        QCOMPARE(ricevuto.risposta.risultato->tabelle[0].n_colonne(), std::size_t{16});
         // The order on the screen goes to the printer with it.
-        QCOMPARE(ricevuto.ordine.at(0), 6U);
+        QCOMPARE(ricevuto.risposta.ordine.at(0), 6U);
         QSignalSpy chiuso{form_.get(), &SchermoRicerca::chiuso};
         clic("cmdesci");
         QCOMPARE(chiuso.size(), 1);

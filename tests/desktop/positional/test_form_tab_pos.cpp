@@ -1,14 +1,18 @@
+#include "catalogue/rapporti.h"
 #include "positional/form_tab_pos.h"
 #include "positional/form_tab_pos2.h"
 #include "positional/form_tab_pos_dieci.h"
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/form_tab_pos_wfl.h"
 #include "positional/migliori_ritardi.h"
+#include "positional/parametri.h"
+#include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
 #include "support/archivi.h"
+#include "support/superficie_registrata.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -507,7 +511,7 @@ class TestTabelloni final : public QObject {
         QCOMPARE(griglia->columnSpan(0, 1), 2);
         SenzaAvanzamento nessuno;
         Domanda d = prove::domanda(kDieciNumeri);
-        d.parametri.concorso = 800;
+        d.parametri.per<ParametriTabellone>().concorso = 800;
         const Risultato dieci = dieci_piu_in_ritardo(archivio_, d, nessuno);
         for (int p = 0; p < 10; ++p) {
             const auto r = static_cast<std::size_t>(p);
@@ -532,30 +536,53 @@ class TestTabelloni final : public QObject {
         QVERIFY(!form_->isVisible());
     }
 
+    /// What stands on the pages of a report, place by place.
+    static QStringList pagine_di(const Risposta& risposta) {
+        const Rapporto rapporto = prepara_rapporto(risposta);
+        SuperficieRegistrata foglio;
+        EasyPrint stampante{foglio, [](const std::string&, const std::string& t) { QFAIL(t.c_str()); }};
+        SenzaAvanzamento nessuno;
+        sortimetra::stampa(stampante, rapporto, {}, nessuno);
+        QStringList segni{QString::number(rapporto.pagine)};
+        for (const auto& t : foglio.testi())
+            segni << QStringLiteral("%1 %2 %3 %4").arg(t.pagina).arg(t.x).arg(t.y).arg(testo_qt(t.testo));
+        return segni;
+    }
+    /// The same for the search asked afresh: what the page ought to print.
+    [[nodiscard]] QStringList pagine_di(const char* chiave, const Parametri& parametri = {}) const {
+        Domanda d = prove::domanda(chiave);
+        d.parametri = parametri;
+        return pagine_di(prove::rispondi(d, archivio_, cartella_.percorso()));
+    }
+
     void ogni_pagina_stampa_il_suo() {
-        auto& form = apri<form_tab_pos>(kTabellone);
-        clic("cmdopzioni_1");
-        QVERIFY(!controllo<QPushButton>("Command2")->isEnabled());
-        QStringList chiavi;
-        form.imposta_stampa([&](const LavoroStampa& l) {
-            QVERIFY(l.archivio == &archivio_);
-            QVERIFY(l.risultato->chiave == l.ricerca->chiave);
-            chiavi << QString::fromUtf8(l.ricerca->chiave.data(),
-                                        static_cast<qsizetype>(l.ricerca->chiave.size()));
-        });
-        clic("Command2");
-        clic("Command7");
-        clic("Command10");
-        QTest::keyClick(&form, Qt::Key_P, Qt::ControlModifier);
-        QCOMPARE(chiavi, (QStringList{kTabellone, kDieciNumeri, kDieciNumeri}));
+        // From the board to the list and back, and the list first: each prints its own report.
+        for (const char* chiave : {kTabellone, kDieciNumeri}) {
+            auto& form = apri<form_tab_pos>(chiave);
+            QStringList stampate;
+            form.imposta_stampa([&](const LavoroStampa& l) { stampate = pagine_di(l.risposta); });
+            clic("cmdopzioni_1");
+            if (chiave == kTabellone) {
+                clic("Command2");
+                QCOMPARE(stampate, pagine_di(kTabellone));
+                clic("Command7");
+            }
+            clic("Command10");
+            QCOMPARE(stampate, pagine_di(kDieciNumeri));
+            stampate.clear();
+            QTest::keyClick(&form, Qt::Key_P, Qt::ControlModifier);
+            QCOMPARE(stampate, pagine_di(kDieciNumeri));
+            clic("Command9");
+            clic("Command2");
+            QCOMPARE(stampate, pagine_di(kTabellone));
+        }
+        QVERIFY(pagine_di(kTabellone) != pagine_di(kDieciNumeri));
+        QStringList stampate;
         auto& altro = apri<form_tab_pos>(kSestina);
-        altro.imposta_stampa([&](const LavoroStampa& l) {
-            chiavi << QString::fromUtf8(l.ricerca->chiave.data(),
-                                        static_cast<qsizetype>(l.ricerca->chiave.size()));
-        });
+        altro.imposta_stampa([&](const LavoroStampa& l) { stampate = pagine_di(l.risposta); });
         clic("cmdopzioni_1");
         clic("Command3");
-        QCOMPARE(chiavi.last(), QString::fromUtf8(kSestina));
+        QCOMPARE(stampate, pagine_di(kSestina));
     }
 
     // ---- the best delays ----
@@ -756,10 +783,10 @@ class TestTabelloni final : public QObject {
     /// The labels of a page against the search's own rows.
     void confronta(int pagina, std::optional<Concorso> concorso, int indice_combo) {
         Domanda d = prove::domanda(kMigliori);
-        d.cartella = cartella_.percorso();
-        d.parametri.pagina = pagina;
-        d.parametri.concorso = concorso;
-        d.parametri.indice_combo = indice_combo;
+        QVERIFY(carica_cinquine_migliori(cartella_.percorso(), d));
+        d.parametri.per<ParametriTabellone>().pagina = pagina;
+        d.parametri.per<ParametriTabellone>().concorso = concorso;
+        d.parametri.per<ParametriTabellone>().indice_combo = indice_combo;
         d.ambito.ruote = form_->findChild<AreaParametri*>()->ruote();
         SenzaAvanzamento nessuno;
         const Tabella t = migliori_ritardi(archivio_, d, nessuno).tabelle[0];

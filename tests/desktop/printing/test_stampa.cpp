@@ -1,10 +1,12 @@
 #include "catalogue/form_ricerche_schermi.h"
+#include "catalogue/nomi.h"
 #include "catalogue/ricerche.h"
 #include "printing/form_anteprima.h"
 #include "printing/frm_stampa_fcpb.h"
 #include "screens/casella_cifre.h"
 #include "screens/messaggi.h"
 #include "screens/stampanti.h"
+#include "statistics/parametri.h"
 #include "stores/dimostrazione.h"
 #include "support/archivi.h"
 
@@ -298,14 +300,11 @@ class TestStampa : public QObject {
 
     void il_rapporto_di_una_ricerca() {
         const auto archivio = prove::da_testo("1 BA 1 2 3 4 5\n2 BA 6 7 8 9 90\n");
-        const Ricerca* ricerca = trova_ricerca("ritardo e frequenza dei 90 numeri");
-        SenzaAvanzamento nessuno;
-        const Domanda domanda = prove::domanda(ricerca->chiave);
-        auto risultato = std::make_shared<const Risultato>(esegui(*ricerca, archivio, domanda, nessuno));
+        Risposta risposta = prove::rispondi(prove::domanda("ritardo e frequenza dei 90 numeri"), archivio);
         QWidget finestra;
         finestra.show();
-        const QPointer<FormAnteprima> form = stampa_risultato(&finestra, risultato, domanda, archivio);
-        risultato.reset();  // the window keeps what it prints
+        const QPointer<FormAnteprima> form = stampa_risultato(&finestra, risposta);
+        risposta.risultato.reset();  // the window keeps what it prints
         QVERIFY(form->isVisible());
         QVERIFY(form->windowTitle().contains("Ritardo e Frequenza dei 90 numeri"));
         StampantiDiProva prova{cartella_.path()};
@@ -319,9 +318,9 @@ class TestStampa : public QObject {
         QTest::addColumn<QByteArray>("chiave");
         std::set<std::string_view> viste;
         for (const Ricerca& r : ricerche())
-            if (r.pronta() && r.tabelle != 0 && r.schermo != Schermo::segnalimite && !r.ammette(kOpzNumeri) &&
-                viste.insert(r.chiave).second) {
-                const QByteArray chiave{r.chiave.data(), static_cast<qsizetype>(r.chiave.size())};
+            if (r.pronta() && r.tabelle != 0 && schermo_di(r) != Schermo::segnalimite &&
+                !r.ammette(kOpzNumeri) && viste.insert(r.chiave()).second) {
+                const QByteArray chiave{r.chiave().data(), static_cast<qsizetype>(r.chiave().size())};
                 QTest::newRow(chiave.constData()) << chiave;
             }
     }
@@ -335,8 +334,9 @@ class TestStampa : public QObject {
         sessione.percorso_programma = cartella_.path().toStdString();
         StampantiDiProva prova{cartella_.path()};
         MessaggiDiProva detti;
-        const auto riga = std::find_if(schermi_del_programma().begin(), schermi_del_programma().end(),
-                                       [&](const RigaSchermo& s) { return s.schermo == ricerca.schermo; });
+        const auto riga =
+            std::find_if(schermi_del_programma().begin(), schermi_del_programma().end(),
+                         [&](const RigaSchermo& s) { return s.schermo == schermo_di(ricerca); });
         QVERIFY(riga != schermi_del_programma().end());
         const std::unique_ptr<QWidget> schermo{riga->crea(sessione)};
         riga->attiva(*schermo, ricerca, archivio);
@@ -350,7 +350,7 @@ class TestStampa : public QObject {
                 scrivi(casella, QString::number(capo++));
         // The boards ask for the concorso first; the best delays have their start on the page that follows.
         premi(schermo.get(), schermo->findChild<QPushButton*>("cmdopzioni_1") ? "cmdopzioni_1" : "Command1");
-        if (ricerca.schermo == Schermo::tab_pos2) premi(schermo.get(), "Command8");
+        if (schermo_di(ricerca) == Schermo::tab_pos2) premi(schermo.get(), "Command8");
         QVERIFY2(detti.detti.isEmpty(), qPrintable(detti.detti.value(0).testo));
         // The best delays are printed as they stand, as a picture, in a window that waits to be closed.
         bool immagine = false;
@@ -366,7 +366,7 @@ class TestStampa : public QObject {
         });
         spia.start(10);
         QTest::keyClick(schermo.get(), Qt::Key_P, Qt::ControlModifier);
-        QCOMPARE(immagine, ricerca.schermo == Schermo::tab_pos2);
+        QCOMPARE(immagine, schermo_di(ricerca) == Schermo::tab_pos2);
         if (!immagine) {
             auto* anteprima = trova<FormAnteprima>(schermo.get(), "form_anteprima");
             QVERIFY(anteprima->isVisible());
@@ -481,7 +481,7 @@ class TestStampa : public QObject {
     void troppo_grande_chiede_prima() {
         StampantiDiProva prova{cartella_.path()};
         MessaggiDiProva detti;
-        detti.risposta_a_tre = Risposta::annulla;
+        detti.risposta_a_tre = Assenso::annulla;
         frmStampaFCPB form;
         QVERIFY(!form.StampaFCPB(quadro(), 10, 10, 400, 200));
         QCOMPARE(detti.detti.size(), 1);
@@ -491,7 +491,7 @@ class TestStampa : public QObject {
                  "della stampante selezionata.\nPosso cambiare la scala?");
         QVERIFY(prova.documenti.isEmpty());
 
-        detti.risposta_a_tre = Risposta::si;
+        detti.risposta_a_tre = Assenso::si;
         QVERIFY(in_anteprima(form, quadro(), {10, 10, 400, 200}, [&] {
             QCOMPARE(form.cornice(), QRectF(10, 10, 200, 100));
             QVERIFY(!trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
@@ -501,7 +501,7 @@ class TestStampa : public QObject {
                              [&] { QCOMPARE(form.cornice().size(), QSizeF(200, 100)); }));
         QVERIFY(in_anteprima(form, quadro(), {500, 10, 100, 50},
                              [&] { QCOMPARE(form.cornice(), QRectF(0, 10, 100, 50)); }));
-        detti.risposta_a_tre = Risposta::no;
+        detti.risposta_a_tre = Assenso::no;
         QVERIFY(in_anteprima(form, quadro(), {10, 10, 400, 200}, [&] {
             QCOMPARE(form.cornice(), QRectF(10, 10, 400, 200));
             QVERIFY(trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
@@ -650,7 +650,7 @@ class TestStampa : public QObject {
         for (const RigaSchermo& riga : schermi_del_programma()) {
             if (riga.schermo != Schermo::tab_pos2) continue;
             const std::unique_ptr<QWidget> schermo{riga.crea(sessione)};
-            riga.attiva(*schermo, *trova_ricerca(kChiaveTabellaRitardi), archivio);
+            riga.attiva(*schermo, *trova_ricerca(nomi::kMiglioriRitardi.chiave), archivio);
             schermo->show();
             QVERIFY(QTest::qWaitForWindowActive(schermo.get()));
             premi(schermo.get(), "cmdopzioni_1");

@@ -2,6 +2,7 @@
 #include "screens/area_parametri.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
+#include "screens/schermi.h"
 #include "screens/tema.h"
 #include "statistics/form_spec.h"
 #include "statistics/form_stat.h"
@@ -167,8 +168,7 @@ void TestFormStat::la_griglia_e_la_risposta_della_ricerca() {
     controllo<QLineEdit>("txta")->setText(QStringLiteral("25"));
     premi("Command1");
     Domanda d = prove::domanda(kNovanta, {.ruote = SelezioneRuote::tutte(), .tratto = {3, 25}});
-    SenzaAvanzamento nessuno;
-    const Risultato atteso = esegui(*trova_ricerca(kNovanta), archivio_, d, nessuno);
+    const Risultato atteso = prove::esegui(d, archivio_);
     QVERIFY(form_->risultato() != nullptr);
     QVERIFY(*form_->risultato() == atteso);
 }
@@ -513,11 +513,11 @@ void TestFormStat::la_stampa_riceve_cio_che_si_vede() {
     QTest::mouseClick(controllo<QPushButton>("cmdcol_0"), Qt::LeftButton);
     premi("cmdStampa");
     QCOMPARE(volte, 1);
-    QCOMPARE(ricevuto.risultato->tabelle[0].righe(), 90U);
-    QCOMPARE(ricevuto.ordine.front(), 89U);
-    QCOMPARE(ricevuto.ricerca->chiave, std::string_view{kNovanta});
-    QCOMPARE(ricevuto.periodo, QStringLiteral("Tutti i Concorsi"));
-    QVERIFY(ricevuto.concorsi.contains(QStringLiteral("al concorso 30 del")));
+    QCOMPARE(ricevuto.risposta.risultato->tabelle[0].righe(), 90U);
+    QCOMPARE(ricevuto.risposta.ordine.front(), 89U);
+    QCOMPARE(ricevuto.risposta.ricerca().chiave(), std::string_view{kNovanta});
+    QCOMPARE(ricevuto.risposta.ambito->intervallo, std::string{"Tutti i Concorsi"});
+    QCOMPARE(ricevuto.risposta.ambito->tratto.a, 30);
     QTest::keyClick(form_.get(), Qt::Key_P, Qt::ControlModifier);
     QCOMPARE(volte, 2);
 }
@@ -676,7 +676,7 @@ void TestFormStat::sta_in_1024_per_640() {
 void TestFormStat::ogni_ricerca_di_questo_schermo_si_apre_e_gira() {
     int girate = 0;
     for (const Ricerca& r : ricerche()) {
-        if (r.schermo != Schermo::stat || !r.pronta() || r.chiave == "cinquine dei 90") continue;
+        if (schermo_di(r) != Schermo::stat || !r.pronta() || r.carica != nullptr) continue;
         messaggi_->detti.clear();
         form_->imposta_serie({3, 7, 21, 44}, 2);
         form_->apri(r, archivio_);
@@ -684,11 +684,11 @@ void TestFormStat::ogni_ricerca_di_questo_schermo_si_apre_e_gira() {
         controllo<QLineEdit>("txtAmboCapo_0")->setText(QStringLiteral("7"));
         controllo<QLineEdit>("txtAmboCapo_1")->setText(QStringLiteral("21"));
         form_->avvia();
-        const QByteArray nome{r.chiave.data(), static_cast<qsizetype>(r.chiave.size())};
+        const QByteArray nome{r.chiave().data(), static_cast<qsizetype>(r.chiave().size())};
         QVERIFY2(messaggi_->detti.isEmpty(), nome.constData());
         QVERIFY2(righe() > 0, nome.constData());
         QCOMPARE(form_->windowTitle(),
-                 QString::fromUtf8(r.titolo.data(), static_cast<qsizetype>(r.titolo.size())));
+                 QString::fromUtf8(r.titolo().data(), static_cast<qsizetype>(r.titolo().size())));
         ++girate;
     }
     QVERIFY2(girate >= 2, qPrintable(QString::number(girate)));

@@ -1,0 +1,208 @@
+#include "screens/cornice_ricerca.h"
+
+#include "screens/area_parametri.h"
+#include "screens/freccia.h"
+#include "screens/giro_di_tab.h"
+#include "screens/tema.h"
+
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace sortimetra {
+
+namespace {
+
+constexpr int kLarghezzaColonna = 70 * kPasso;
+constexpr int kMargine = 4 * kPasso;
+
+/// The controls inside a widget that take the keyboard, in the order in which they were put there. The inner
+/// parts of a combo or a spin box are the box itself.
+QList<QWidget*> tasti_di(const QWidget* dentro) {
+    QList<QWidget*> trovati;
+    for (QWidget* w : dentro->findChildren<QWidget*>()) {
+        const QWidget* padre = w->parentWidget();
+        const bool interno = qobject_cast<const QComboBox*>(padre) != nullptr ||
+                             qobject_cast<const QAbstractSpinBox*>(padre) != nullptr ||
+                             qobject_cast<const QLineEdit*>(padre) != nullptr;
+        // The list of a combo that has been opened once is a window of its own.
+        const bool altrove = w->window() != dentro->window();
+        if (!interno && !altrove && w->focusProxy() == nullptr && (w->focusPolicy() & Qt::TabFocus) != 0)
+            trovati << w;
+    }
+    return trovati;
+}
+
+void battezza(QPushButton* bottone, const char* nome, const char* figura) {
+    bottone->setObjectName(QString::fromLatin1(nome));
+    bottone->setIcon(icona(QString::fromLatin1(figura)));
+}
+
+}  // namespace
+
+CorniceRicerca::CorniceRicerca(Domande domande, QWidget* padre)
+    : QWidget{padre},
+      area_{domande == Domande::con_parametri ? new AreaParametri : nullptr},
+      scorri_{new QScrollArea{this}},
+      extra_{new QVBoxLayout},
+      freccia_{new FrecciaAnimata{this}},
+      avvia_{new QPushButton{tr("Avvia &Ricerca"), this}},
+      riga_titolo_{new QHBoxLayout},
+      titolo_{new QLabel{this}},
+      frase_{new QLabel{this}},
+      campo_{new QWidget{this}},
+      risposta_{new QVBoxLayout{campo_}},
+      riga_comandi_{new QHBoxLayout},
+      simulato_{new QLabel{tr("Archivio simulato"), this}},
+      stato_{new QLabel{this}},
+      cmd_stampa_{new QPushButton{tr("&Stampa"), this}},
+      cmd_esporta_{new QPushButton{tr("&Esporta…"), this}},
+      cmd_chiudi_{new QPushButton{tr("&Chiudi"), this}} {
+    auto* riga = new QHBoxLayout{this};
+    riga->setContentsMargins(0, 0, 0, 0);
+    riga->setSpacing(kMargine);
+    riga->addLayout(componi_domande());
+    riga->addLayout(componi_risposta(), 1);
+}
+
+QBoxLayout* CorniceRicerca::componi_domande() {
+    // It scrolls where the window is low; the start button never does.
+    auto* contenuto = new QWidget;
+    auto* domande = new QVBoxLayout{contenuto};
+    domande->setContentsMargins(0, 0, 0, 0);
+    domande->setSpacing(3 * kPasso);
+    if (area_ != nullptr) domande->addWidget(area_);
+    extra_->setSpacing(3 * kPasso);
+    domande->addLayout(extra_);
+    domande->addStretch(1);
+    scorri_->setWidget(contenuto);
+    scorri_->setWidgetResizable(true);
+    scorri_->setFrameShape(QFrame::NoFrame);
+    scorri_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scorri_->setFocusPolicy(Qt::NoFocus);
+    scorri_->viewport()->setAutoFillBackground(false);
+    contenuto->setAutoFillBackground(false);
+
+    avvia_->setObjectName(QStringLiteral("Command1"));
+    avvia_->setIcon(icona(QStringLiteral("avvia"), TintaIcona::su_accento));
+    avvia_->setToolTip(tr("Avvia la ricerca (F5)"));
+    avvia_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    assegna_ruolo(avvia_, "primario");
+    auto* riga_avvia = new QHBoxLayout;
+    riga_avvia->setSpacing(2 * kPasso);
+    riga_avvia->addWidget(freccia_);
+    riga_avvia->addWidget(avvia_, 1);
+    auto* sinistra = new QVBoxLayout;
+    sinistra->setSpacing(3 * kPasso);
+    sinistra->addWidget(scorri_, 1);
+    sinistra->addLayout(riga_avvia);
+    return sinistra;
+}
+
+QBoxLayout* CorniceRicerca::componi_risposta() {
+    titolo_->setObjectName(QStringLiteral("lbltitolo"));
+    assegna_ruolo(titolo_, "titolo");
+    frase_->setObjectName(QStringLiteral("lblfrase"));
+    frase_->setWordWrap(true);
+    assegna_ruolo(frase_, "quieto");
+    riga_titolo_->setSpacing(2 * kPasso);
+    riga_titolo_->addWidget(titolo_, 1);
+    riga_comandi_->setSpacing(2 * kPasso);
+    risposta_->setContentsMargins(0, 0, 0, 0);
+    risposta_->setSpacing(2 * kPasso);
+
+    auto* destra = new QVBoxLayout;
+    destra->setSpacing(2 * kPasso);
+    auto* testata = new QVBoxLayout;
+    testata->setSpacing(0);
+    testata->addLayout(riga_titolo_);
+    testata->addWidget(frase_);
+    destra->addLayout(testata);
+    destra->addWidget(campo_, 1);
+    auto* comandi = new QHBoxLayout;
+    comandi->addLayout(riga_comandi_);
+    comandi->addStretch(1);
+    destra->addLayout(comandi);
+    destra->addLayout(componi_piede());
+    return destra;
+}
+
+QBoxLayout* CorniceRicerca::componi_piede() {
+    stato_->setObjectName(QStringLiteral("lblstato"));
+    stato_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    assegna_ruolo(stato_, "quieto");
+    simulato_->setObjectName(QStringLiteral("lblsimulato"));
+    simulato_->setToolTip(tr("Estrazioni simulate, non reali: servono a provare il programma."));
+    simulato_->hide();
+    assegna_ruolo(simulato_, "avviso");
+    battezza(cmd_stampa_, "cmdStampa", "stampa");
+    battezza(cmd_esporta_, "cmdEsporta", "esporta");
+    battezza(cmd_chiudi_, "cmdChiudi", "chiudi");
+    cmd_chiudi_->setToolTip(tr("Torna al catalogo (Esc)"));
+    auto* piede = new QHBoxLayout;
+    piede->setSpacing(2 * kPasso);
+    piede->addWidget(simulato_);
+    piede->addWidget(stato_, 1);
+    piede->addWidget(cmd_stampa_);
+    piede->addWidget(cmd_esporta_);
+    piede->addWidget(cmd_chiudi_);
+    return piede;
+}
+
+void CorniceRicerca::intitola(const QString& titolo, const QString& frase) {
+    titolo_->setText(titolo);
+    titolo_->setToolTip(titolo);
+    frase_->setText(frase);
+}
+
+void CorniceRicerca::segna_simulato(bool si) {
+    simulato_->setVisible(si);
+}
+
+void CorniceRicerca::scrivi_stato(const QString& testo) {
+    stato_->setToolTip(testo);
+    stato_->setText(stato_->fontMetrics().elidedText(testo, Qt::ElideRight, stato_->width()));
+}
+
+void CorniceRicerca::resizeEvent(QResizeEvent* evento) {
+    QWidget::resizeEvent(evento);
+    // The line's own width is known only once the layout has run.
+    QMetaObject::invokeMethod(this, [this] { scrivi_stato(stato_->toolTip()); }, Qt::QueuedConnection);
+}
+
+void CorniceRicerca::abilita_stampa(bool collegata, bool qualcosa) {
+    cmd_stampa_->setEnabled(collegata && qualcosa);
+    cmd_stampa_->setToolTip(!collegata ? tr("La stampa non è ancora disponibile.")
+                            : qualcosa ? tr("Stampa il risultato (Ctrl+P)")
+                                       : tr("Non c'è ancora un risultato da stampare."));
+}
+
+void CorniceRicerca::abilita_esporta(bool qualcosa) {
+    cmd_esporta_->setEnabled(qualcosa);
+    cmd_esporta_->setToolTip(qualcosa ? tr("Scrive il risultato in un file CSV, XLSX o JSON (Ctrl+E)")
+                                      : tr("Non c'è ancora un risultato da esportare."));
+}
+
+void CorniceRicerca::ordina_tabulazione() {
+    QList<QWidget*> giro = tasti_di(scorri_->widget());
+    giro << avvia_ << tasti_di(campo_);
+    for (int i = 0; i < riga_comandi_->count(); ++i)
+        if (QWidget* w = riga_comandi_->itemAt(i)->widget(); w != nullptr) giro << w;
+    giro << cmd_stampa_ << cmd_esporta_ << cmd_chiudi_;
+    giro_di_tab(giro);
+}
+
+void CorniceRicerca::adatta_colonna() {
+    const int barra = scorri_->verticalScrollBar()->sizeHint().width();
+    const int contenuto = scorri_->widget()->minimumSizeHint().width() + barra;
+    scorri_->setFixedWidth(std::max(kLarghezzaColonna, contenuto));
+}
+
+}  // namespace sortimetra

@@ -1,0 +1,313 @@
+#include "screens/finestra_ricerca.h"
+
+#include "qt_testi.h"
+#include "screens/area_parametri.h"
+#include "screens/esporta.h"
+#include "screens/freccia.h"
+#include "screens/messaggi.h"
+#include "screens/pannello_avanzamento.h"
+#include "screens/posto_finestra.h"
+#include "screens/schermi.h"
+#include "screens/tema.h"
+#include "statistics/parametri.h"
+#include "text/testi.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QSettings>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace sortimetra {
+
+namespace {
+
+constexpr int kMargine = 4 * kPasso;
+constexpr QSize kAllApertura{1180, 720};
+
+QString durata(double ms) {
+    if (ms >= 1000) return QStringLiteral("%1 s").arg(QString::number(ms / 1000, 'f', 1).replace('.', ','));
+    if (ms >= 10) return QStringLiteral("%1 ms").arg(QString::number(ms, 'f', 0));
+    return QStringLiteral("%1 ms").arg(QString::number(ms, 'f', 1).replace('.', ','));
+}
+
+QString conto(std::size_t quanti, const QString& uno, const QString& molti) {
+    return testo_qt(migliaia(static_cast<std::int64_t>(quanti))) + QLatin1Char{' '} +
+           (quanti == 1 ? uno : molti);
+}
+
+}  // namespace
+
+FinestraRicerca::FinestraRicerca(Sessione& sessione, const QString& nome, QWidget* padre)
+    : QWidget{padre, Qt::Window},
+      sessione_{sessione},
+      corpo_{new QWidget{this}},
+      pannello_{new PannelloAvanzamento{this}} {
+    setObjectName(nome);
+    auto* tutto = new QVBoxLayout{this};
+    tutto->setContentsMargins(kMargine, kMargine, kMargine, kMargine);
+    tutto->addWidget(corpo_);
+    scorciatoie();
+    connect(pannello_, &PannelloAvanzamento::annulla, this, [this] {
+        if (corsa_ != nullptr) corsa_->annulla();
+    });
+    resize(kAllApertura);
+}
+
+FinestraRicerca::~FinestraRicerca() = default;
+
+CorniceRicerca* FinestraRicerca::incornicia(CorniceRicerca::Domande domande) {
+    cornice_ = new CorniceRicerca{domande, corpo_};
+    auto* tutto = new QVBoxLayout{corpo_};
+    tutto->setContentsMargins(0, 0, 0, 0);
+    tutto->addWidget(cornice_);
+    connect(cornice_->primario(), &QPushButton::clicked, this, &FinestraRicerca::avvia);
+    connect(cornice_->cmd_stampa(), &QPushButton::clicked, this, &FinestraRicerca::stampa);
+    connect(cornice_->cmd_esporta(), &QPushButton::clicked, this, &FinestraRicerca::esporta);
+    connect(cornice_->cmd_chiudi(), &QPushButton::clicked, this, &QWidget::close);
+    if (area() != nullptr) {
+        connect(area(), &AreaParametri::cambiato, this, [this] { svuota(); });
+        connect(area(), &AreaParametri::tratto_cambiato, this, [this] { svuota(); });
+    }
+    return cornice_;
+}
+
+void FinestraRicerca::scorciatoie() {
+    const auto tasto = [this](const QKeySequence& sequenza, auto&& azione) {
+        auto* s = new QShortcut{sequenza, this};
+        s->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(s, &QShortcut::activated, this, azione);
+    };
+    tasto(Qt::Key_F5, [this] { avvia(); });
+    tasto(Qt::CTRL | Qt::Key_P, [this] { stampa(); });
+    tasto(Qt::CTRL | Qt::Key_E, [this] { esporta(); });
+    tasto(QKeySequence::Find, [this] { trova(); });
+}
+
+AreaParametri* FinestraRicerca::area() const {
+    return cornice_ == nullptr ? nullptr : cornice_->area();
+}
+
+// ---- opening ----
+
+void FinestraRicerca::apri(const Ricerca& ricerca, const ArchivioEstrazioni& archivio, QWidget* apritore) {
+    ricerca_ = &ricerca;
+    archivio_ = &archivio;
+    apritore_ = apritore;
+    esito_ = {};
+    const QString titolo = testo_qt(ricerca.titolo());
+    setWindowTitle(titolo);
+    setProperty("Tag", testo_qt(tag_di(ricerca)));
+    if (cornice_ != nullptr) {
+        cornice_->intitola(titolo, testo_qt(ricerca.frase));
+        cornice_->segna_simulato(archivio_simulato());
+    }
+    prepara();
+    if (ricerca.gioco == Gioco::win_for_life)
+        attivaWFL();
+    else
+        attiva();
+    aggiorna_comandi();
+    if (cornice_ == nullptr) return;
+    aggiorna_stato();
+    cornice_->ordina_tabulazione();
+    cornice_->primario()->setFocus();
+}
+
+void FinestraRicerca::attiva() {
+    if (area() == nullptr) return;
+    // SuperEnalotto knows no wheels, but for the search that divides its draws by their number.
+    const bool ruote = ricerca_->gioco != Gioco::superenalotto || ricerca_->ammette(kOpzEstratto);
+    area()->configura(ruote ? AreaParametri::Genere::lotto : AreaParametri::Genere::senza_ruote);
+    area()->apri(*archivio_, ricerca_->ruote);
+}
+
+void FinestraRicerca::attivaWFL() {
+    if (area() == nullptr) return;
+    area()->configura(AreaParametri::Genere::win_for_life);
+    area()->apri(*archivio_, ricerca_->ruote);
+}
+
+bool FinestraRicerca::archivio_simulato() const {
+    return ricerca_->gioco == Gioco::win_for_life ? archivio_->drawit2().simulato
+                                                  : archivio_->drawit().simulato;
+}
+
+// ---- question and answer ----
+
+Domanda FinestraRicerca::domanda(const Ricerca& ricerca) const {
+    Domanda d = domanda_intatta(ricerca);
+    if (area() != nullptr) d.ambito = area()->ambito();
+    d.parametri = parametri();
+    return d;
+}
+
+EsitoRicerca FinestraRicerca::corri(const Ricerca& ricerca, Domanda domanda, PannelloAvanzamento* pannello) {
+    if (corsa_ != nullptr || archivio_ == nullptr || !ricerca.pronta()) return {};
+    // A question that was put to another row asks this one now: its answer is printed as this row's.
+    domanda.ricerca = &ricerca;
+    // Without a cancel button the whole screen is disabled; with one, all but the panel.
+    const QWidget* sopra = cornice_ == nullptr ? corpo_ : cornice_->risposta()->parentWidget();
+    CorsaRicerca corsa{annullabile_ ? corpo_ : static_cast<QWidget*>(this),
+                       pannello == nullptr ? pannello_ : pannello, sopra};
+    corsa_ = &corsa;
+    Risposta risposta = rispondi(std::move(domanda), *archivio_, sessione_.percorso_programma, corsa);
+    corsa_ = nullptr;
+    return {std::move(risposta), corsa.trascorsi()};
+}
+
+void FinestraRicerca::avvia() {
+    if (in_corsa() || ricerca_ == nullptr || archivio_ == nullptr) return;
+    if (area() != nullptr) area()->riporta_tratto();
+    const EsitoRicerca esito = corri(*ricerca_, domanda(*ricerca_));
+    if (esito.risultato == nullptr) return;
+    svuota();
+    if (esito.prodotto()) {
+        esito_ = esito;
+        mostra(esito_);
+    }
+    aggiorna_comandi();
+    aggiorna_stato();
+    di_messaggi(esito);
+}
+
+void FinestraRicerca::svuota() {
+    esito_ = {};
+    aggiorna_comandi();
+    aggiorna_stato();
+}
+
+const EsitoRicerca* FinestraRicerca::in_mostra() const {
+    return esito_.prodotto() ? &esito_ : nullptr;
+}
+
+void FinestraRicerca::di_messaggi(const EsitoRicerca& esito) {
+    if (esito.risultato == nullptr) return;
+    for (const Messaggio& m : esito.risultato->messaggi) mostra_messaggio(m);
+}
+
+void FinestraRicerca::mostra_messaggio(const Messaggio& messaggio) {
+    sortimetra::mostra_messaggio(this, messaggio);
+}
+
+void FinestraRicerca::aggiorna_stato() {
+    if (archivio_ == nullptr || cornice_ == nullptr) return;
+    QStringList parti;
+    if (esito_.prodotto()) parti << conto(esito_.righe(), tr("riga"), tr("righe"));
+    if (area() != nullptr)
+        parti << conto(concorsi_in_ambito(), tr("concorso in ambito"), tr("concorsi in ambito"));
+    if (esito_.prodotto()) {
+        parti << durata(esito_.millisecondi);
+        for (const std::string& nota : esito_.risultato->note) parti << QString::fromStdString(nota);
+    }
+    cornice_->scrivi_stato(parti.join(QStringLiteral("  ·  ")));
+}
+
+std::size_t FinestraRicerca::concorsi_in_ambito() const {
+    const AmbitoRicerca ambito = area()->ambito();
+    switch (area()->genere()) {
+        case AreaParametri::Genere::win_for_life:
+            return vista_winforlife(*archivio_, ambito).size();
+        case AreaParametri::Genere::senza_ruote:
+            return vista_superenalotto(*archivio_, ambito).size();
+        case AreaParametri::Genere::lotto:
+        case AreaParametri::Genere::solo_ruote:
+            break;
+    }
+    if (ricerca_->gioco == Gioco::superenalotto) return vista_superenalotto(*archivio_, ambito).size();
+    return VistaEstrazioni{*archivio_, ambito}.concorsi();
+}
+
+void FinestraRicerca::imposta_annullabile(bool si) {
+    annullabile_ = si;
+    pannello_->imposta_annullabile(si);
+}
+
+// ---- paper and files ----
+
+void FinestraRicerca::imposta_stampa(std::function<void(const LavoroStampa&)> stampa) {
+    stampa_ = std::move(stampa);
+    aggiorna_comandi();
+}
+
+void FinestraRicerca::aggiorna_comandi() {
+    if (cornice_ == nullptr) return;
+    const bool qualcosa = in_mostra() != nullptr;
+    cornice_->abilita_stampa(stampabile(), qualcosa);
+    cornice_->abilita_esporta(qualcosa);
+}
+
+LavoroStampa FinestraRicerca::lavoro() {
+    const EsitoRicerca* esito = in_mostra();
+    if (esito == nullptr) return {};
+    LavoroStampa lavoro{.finestra = this, .risposta = *esito};
+    lavoro.risposta.ordine = ordine_in_mostra();
+    return lavoro;
+}
+
+void FinestraRicerca::stampa() {
+    if (!in_corsa() && stampabile() && in_mostra() != nullptr) stampa_(lavoro());
+}
+
+void FinestraRicerca::esporta() {
+    if (in_corsa() || in_mostra() == nullptr) return;
+    const auto file = esporta_risultato(this, lavoro().risposta);
+    if (file && cornice_ != nullptr) cornice_->scrivi_stato(tr("Scritto in %1").arg(*file));
+}
+
+// ---- the window ----
+
+void FinestraRicerca::keyPressEvent(QKeyEvent* evento) {
+    if (in_corsa()) return;
+    switch (evento->key()) {
+        case Qt::Key_Escape:
+            close();
+            return;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            // On a button Enter presses that button, as everywhere.
+            if (auto* bottone = qobject_cast<QPushButton*>(focusWidget()); bottone != nullptr)
+                bottone->click();
+            else
+                avvia();
+            return;
+        default:
+            QWidget::keyPressEvent(evento);
+    }
+}
+
+void FinestraRicerca::showEvent(QShowEvent* evento) {
+    if (!evento->spontaneous()) {
+        if (cornice_ != nullptr) cornice_->adatta_colonna();
+        if (!std::exchange(posto_letto_, true)) {
+            const QSettings posti{file_posti(sessione_), QSettings::IniFormat};
+            if (cornice_ != nullptr)
+                cornice_->freccia()->imposta_animata(posti.value(QStringLiteral("frecce"), true).toBool());
+            leggi_posto(*this, sessione_, kAllApertura);
+        }
+        if (cornice_ != nullptr) cornice_->freccia()->avvia();
+    }
+    QWidget::showEvent(evento);
+}
+
+void FinestraRicerca::closeEvent(QCloseEvent* evento) {
+    if (corsa_ != nullptr) {
+        if (annullabile_) corsa_->annulla();
+        evento->ignore();
+        return;
+    }
+    scrivi_posto(*this, sessione_);
+    // The opener first: a moment without any window would end the program.
+    if (apritore_) {
+        apritore_->show();
+        apritore_->raise();
+        apritore_->activateWindow();
+        apritore_ = nullptr;
+    }
+    evento->accept();
+    emit chiuso();
+}
+
+}  // namespace sortimetra

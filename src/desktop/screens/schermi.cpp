@@ -1,0 +1,68 @@
+#include "screens/schermi.h"
+
+#include "catalogue/nomi.h"
+
+#include <algorithm>
+
+namespace sortimetra {
+
+namespace {
+
+struct PostoRicerca {
+    NomeRicerca nome;
+    Schermo schermo;
+    std::string_view tag;  ///< "" for the key
+};
+
+/// The searches that have another screen than `Form_stat`.
+constexpr PostoRicerca kRighe[] = {
+    {nomi::kUltimi, Schermo::ultimi, {}},
+    {nomi::kFiltri, Schermo::filtri, {}},
+    {nomi::kSistemiRealizzati, Schermo::filtri, {}},
+    {nomi::kPosizione, Schermo::posizione, "lotto"},
+    {nomi::kTabellone, Schermo::tab_pos, "tabpos"},
+    {nomi::kDieciNumeri, Schermo::tab_pos, "10num"},
+    {nomi::kSegnalimiteCabalistici, Schermo::segnalimite, {}},
+    {nomi::kSpia, Schermo::spia, {}},
+    {nomi::kPersonali, Schermo::personali, "lotto"},
+    {nomi::kGruppi, Schermo::gruppi2, {}},
+    {nomi::kCiclometria, Schermo::som_dis_ciclo, {}},
+    {nomi::kLunghette, Schermo::lunghette, {}},
+    {nomi::kPiramide, Schermo::piramide, {}},
+    {nomi::kTabellonePrimiEstratti, Schermo::tab_pos, "tabpos_s"},
+    {nomi::kTabelloneSestina, Schermo::tab_pos, "tabpos_s6"},
+    {nomi::kPosizioneSuperEnalotto, Schermo::posizione, "superenalotto"},
+    {nomi::kPersonaliSuperEnalotto, Schermo::personali, "superenalotto"},
+    {nomi::kScommesse, Schermo::scommesse, {}},
+    {nomi::kMiglioriRitardi, Schermo::tab_pos2, "10num"},
+    {nomi::kTabellone10eLotto, Schermo::tab_pos, "tabpos_10"},
+    {nomi::kPosizione10eLotto, Schermo::posizione, "10 e lotto"},
+    {nomi::kPersonali10eLotto, Schermo::personali, "10 e lotto"},
+    {nomi::kLunghette10eLotto, Schermo::lunghette10, {}},
+    {nomi::kTabelloneWinForLife, Schermo::tab_pos_wfl, "tabpos_10"},
+    {nomi::kPosizioneWinForLife, Schermo::posizione, "Win for Life"},
+    {nomi::kPersonaliWinForLife, Schermo::personali, "Win for Life"},
+    {nomi::kLunghetteWinForLife, Schermo::lunghette_wfl, {}},
+    {nomi::kLunghetteScomposte, Schermo::lunghette5, {}},
+};
+
+const PostoRicerca* riga_di(const Ricerca& ricerca) {
+    const auto* riga = std::find_if(std::begin(kRighe), std::end(kRighe),
+                                    [&](const PostoRicerca& r) { return r.nome.chiave == ricerca.chiave(); });
+    return riga == std::end(kRighe) ? nullptr : riga;
+}
+
+}  // namespace
+
+Schermo schermo_di(const Ricerca& ricerca) {
+    if (ricerca.dove == Dove::solo_comandi) return Schermo::nessuno;
+    const PostoRicerca* riga = riga_di(ricerca);
+    return riga == nullptr ? Schermo::stat : riga->schermo;
+}
+
+std::string_view tag_di(const Ricerca& ricerca) {
+    const PostoRicerca* riga = riga_di(ricerca);
+    return riga == nullptr || riga->tag.empty() ? ricerca.chiave() : riga->tag;
+}
+
+}  // namespace sortimetra
