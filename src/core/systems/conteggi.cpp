@@ -26,9 +26,11 @@ constexpr std::size_t kInsieme = 4;
 struct Condizioni {
     static constexpr std::span<const GrigliaMisura> kGriglie = kCondizioni;
     static constexpr bool mostra(std::size_t, std::size_t) { return true; }
-    static void valori(Lista c, Specchi specchi, int* v) {
-        v[0] = calcola_simmetrie(c, specchi);
-        v[1] = calcola_paralleli(c, specchi);
+    template <std::size_t K>
+    static void valori(std::span<const Valore, K> c, Specchi specchi, int* v) {
+        const Coppie coppie = calcola_coppie(c, specchi);
+        v[0] = coppie.simmetrie;
+        v[1] = coppie.paralleli;
         v[2] = v[0] + v[1];
         v[3] = calcola_interruzioni(c);
         v[4] = calcola_pari(c);
@@ -39,7 +41,8 @@ struct Somme1 {
     static constexpr std::span<const GrigliaMisura> kGriglie = kSomme1;
     /// The halves of two numbers would be the numbers.
     static constexpr bool mostra(std::size_t g, std::size_t k) { return g == 0 || k > 2; }
-    static void valori(Lista c, Specchi, int* v) {
+    template <std::size_t K>
+    static void valori(std::span<const Valore, K> c, Specchi, int* v) {
         v[0] = somma_generale(c);
         v[1] = somma_s1(c);
         v[2] = somma_s2(c);
@@ -50,7 +53,8 @@ struct Somme2 {
     static constexpr std::span<const GrigliaMisura> kGriglie = kSomme2;
     /// The Codomino of two numbers is their sum.
     static constexpr bool mostra(std::size_t g, std::size_t k) { return g != 0 || k > 2; }
-    static void valori(Lista c, Specchi, int* v) {
+    template <std::size_t K>
+    static void valori(std::span<const Valore, K> c, Specchi, int* v) {
         v[0] = codomino(c);
         v[1] = resto(c);
         v[2] = somma_decine(c);
@@ -64,7 +68,8 @@ struct Distanze {
         return g == kGrigliaSomma ? k > 2 : g + 1 < k;
     }
     /// Of twenty numbers the distances beyond the ninth stand in the sum alone.
-    static void valori(Lista c, Specchi, int* v) {
+    template <std::size_t K>
+    static void valori(std::span<const Valore, K> c, Specchi, int* v) {
         int totale = 0;
         for (std::size_t j = 1; j < c.size(); ++j) {
             const int d = distanza(c, j);
@@ -78,7 +83,8 @@ struct Distanze {
 struct Passi {
     static constexpr std::span<const GrigliaMisura> kGriglie = kConsecutivita;
     static constexpr bool mostra(std::size_t, std::size_t) { return true; }
-    static void valori(Lista c, Specchi, int* v) {
+    template <std::size_t K>
+    static void valori(std::span<const Valore, K> c, Specchi, int* v) {
         const Consecutivita passi{c};
         for (int s = 1; s <= kPassi; ++s) v[s - 1] = passi.passo(s);
         v[kGrigliaSomma] = passi.somma();
@@ -335,12 +341,9 @@ class ConteggioGruppi final : public ContoMisure {
                 const int v = blocco.numeri[i * K + j];
                 if (!e_numero(v)) continue;
                 esce(numeri_[static_cast<std::size_t>(v)], d);
-                ++presenti[decina_di(v)];
-                if (v != kSenzaCadenza) ++presenti[cadenza_di(v)];
+                insieme(presenti, decina_di(v), d);
+                if (v != kSenzaCadenza) insieme(presenti, cadenza_di(v), d);
             }
-            for (std::size_t g = 0; g < presenti.size(); ++g)
-                for (std::size_t m = 0; m < std::min<std::size_t>(presenti[g], kInsieme); ++m)
-                    ritardi_[g][m] = base_.concorsi - d;
         }
     }
 
@@ -363,6 +366,12 @@ class ConteggioGruppi final : public ContoMisure {
     }
 
   private:
+    /// One more number of a group in this row: as many together as there are now came in draw `d`.
+    void insieme(std::array<std::uint8_t, kGruppiNumeri.size()>& presenti, std::size_t gruppo,
+                 std::int32_t d) {
+        const std::size_t m = presenti[gruppo]++;
+        if (m < kInsieme) ritardi_[gruppo][m] = base_.concorsi - d;
+    }
     [[nodiscard]] Tabella gruppi(std::string_view nome, std::size_t primo, std::size_t quanti) const {
         Tabella t;
         t.nome = nome;

@@ -54,35 +54,122 @@ template <class Vale>
     return calcola_paralleli(c, kSpecchiWinForLife);
 }
 
+/// Both counts of a list of known length at once, some lanes of a register a step: the measures that cost
+/// most. Numbers far from those of any game take the plain way, since their sums could wrap.
+struct Coppie {
+    int simmetrie = 0;
+    int paralleli = 0;
+};
+template <std::size_t K>
+[[nodiscard]] constexpr Coppie calcola_coppie(std::span<const Valore, K> c, Specchi specchi) {
+    constexpr std::size_t kCorsie = (K + 7) / 8 * 8;
+    constexpr int kVicino = 4096;
+    constexpr Valore kNessuno = 20000;
+    std::array<Valore, kCorsie> v{};
+    bool lontano = false;
+    for (std::size_t i = 0; i < kCorsie; ++i) {
+        v[i] = i < K ? c[i] : kNessuno;
+        lontano |= i < K && (v[i] > kVicino || v[i] < -kVicino);
+    }
+    if (lontano) return {calcola_simmetrie(c, specchi), calcola_paralleli(c, specchi)};
+    std::array<Valore, kCorsie> simmetrie{};
+    std::array<Valore, kCorsie> paralleli{};
+    for (std::size_t i = 0; i < K; ++i) {
+        const auto simmetrico = static_cast<Valore>(specchi.simmetria - v[i]);
+        const auto parallelo = static_cast<Valore>(v[i] + specchi.parallelo);
+        for (std::size_t j = 0; j < kCorsie; ++j) {
+            simmetrie[j] = static_cast<Valore>(simmetrie[j] + (v[j] == simmetrico ? 1 : 0));
+            paralleli[j] = static_cast<Valore>(paralleli[j] + (v[j] == parallelo ? 1 : 0));
+        }
+    }
+    Coppie totali;
+    for (std::size_t j = 0; j < kCorsie; ++j) {
+        totali.simmetrie += simmetrie[j];
+        totali.paralleli += paralleli[j];
+    }
+    // Each symmetrical pair was met from both ends; no number is its own, since the sums are odd.
+    totali.simmetrie /= 2;
+    return totali;
+}
+
 /// The characters of a number written without leading zeros, as bits 0 to 9, the sign at bit 10. 0 has none.
 [[nodiscard]] constexpr unsigned cifre_di(int n) {
     unsigned bit = n < 0 ? 1U << 10U : 0;
     for (n = n < 0 ? -n : n; n > 0; n /= 10) bit |= 1U << static_cast<unsigned>(n % 10);
     return bit;
 }
-inline constexpr auto kCifre = [] {
-    std::array<std::uint16_t, 100> cifre{};
-    for (std::size_t n = 0; n < cifre.size(); ++n)
-        cifre[n] = static_cast<std::uint16_t>(cifre_di(static_cast<int>(n)));
-    return cifre;
+
+/// First digit of a number written with two digits at least; a sign counts nothing.
+[[nodiscard]] constexpr int cifra_decine(int n) {
+    if (n < 10) return 0;
+    while (n >= 10) n /= 10;
+    return n;
+}
+[[nodiscard]] constexpr int cifra_unita(int n) {
+    return (n < 0 ? -n : n) % 10;
+}
+
+/// How a number is written, looked up for those of two digits.
+struct Scrittura {
+    std::uint16_t cifre = 0;
+    std::uint8_t decine = 0;
+    std::uint8_t unita = 0;
+};
+[[nodiscard]] constexpr Scrittura scrittura_di(int n) {
+    return {static_cast<std::uint16_t>(cifre_di(n)), static_cast<std::uint8_t>(cifra_decine(n)),
+            static_cast<std::uint8_t>(cifra_unita(n))};
+}
+inline constexpr auto kScritture = [] {
+    std::array<Scrittura, 100> scritture{};
+    for (std::size_t n = 0; n < scritture.size(); ++n) scritture[n] = scrittura_di(static_cast<int>(n));
+    return scritture;
 }();
+[[nodiscard]] constexpr Scrittura scrittura(int n) {
+    return n >= 0 && n < 100 ? kScritture[static_cast<std::size_t>(n)] : scrittura_di(n);
+}
+
+namespace dettaglio {
+
+/// Where each number of a list stands among the others in ascending order; equal ones by their place.
+template <std::size_t Corsie>
+[[nodiscard]] constexpr std::array<std::int32_t, Corsie> posti_crescenti(Lista c) {
+    // No two keys are equal, and what fills the lanes comes last: no branch that could be guessed wrong.
+    std::array<std::int32_t, Corsie> chiavi{};
+    for (std::size_t i = 0; i < Corsie; ++i)
+        chiavi[i] =
+            (i < c.size() ? std::int32_t{c[i]} : std::int32_t{1} << 20) * 32 + static_cast<std::int32_t>(i);
+    std::array<std::int32_t, Corsie> posti{};
+    for (std::size_t j = 0; j < c.size(); ++j)
+        for (std::size_t i = 0; i < Corsie; ++i) posti[i] += chiavi[j] < chiavi[i] ? 1 : 0;
+    return posti;
+}
+
+template <std::size_t Corsie>
+[[nodiscard]] constexpr int interruzioni(Lista c) {
+    std::array<unsigned, Corsie> cifre{};
+    bool in_ordine = true;
+    for (std::size_t i = 0; i + 1 < c.size(); ++i) in_ordine &= c[i] <= c[i + 1];
+    if (in_ordine) {
+        for (std::size_t i = 0; i < c.size(); ++i) cifre[i] = scrittura(c[i]).cifre;
+    } else {
+        const auto posti = posti_crescenti<Corsie>(c);
+        for (std::size_t i = 0; i < c.size(); ++i)
+            cifre[static_cast<std::size_t>(posti[i])] = scrittura(c[i]).cifre;
+    }
+    int n = 0;
+    for (std::size_t i = 0; i + 1 < c.size(); ++i) n += (cifre[i] & cifre[i + 1]) == 0 ? 1 : 0;
+    return n;
+}
+
+}  // namespace dettaglio
 
 /// Neighbours, in ascending order whatever order the list has, whose written forms share no character: 12
 /// and 25 are joined by their 2, 19 and 23 are an interruption.
 [[nodiscard]] constexpr int calcola_interruzioni(Lista c) {
-    std::array<Valore, kListaMassima> ordinati{};
-    for (std::size_t i = 0; i < c.size(); ++i) {
-        std::size_t j = i;
-        for (; j > 0 && ordinati[j - 1] > c[i]; --j) ordinati[j] = ordinati[j - 1];
-        ordinati[j] = c[i];
-    }
-    const auto cifre = [](int n) -> unsigned {
-        return n >= 0 && n < 100 ? kCifre[static_cast<std::size_t>(n)] : cifre_di(n);
-    };
-    int n = 0;
-    for (std::size_t i = 0; i + 1 < c.size(); ++i)
-        n += (cifre(ordinati[i]) & cifre(ordinati[i + 1])) == 0 ? 1 : 0;
-    return n;
+    if (c.size() <= 4) return dettaglio::interruzioni<4>(c);
+    if (c.size() <= 8) return dettaglio::interruzioni<8>(c);
+    if (c.size() <= 12) return dettaglio::interruzioni<12>(c);
+    return dettaglio::interruzioni<kListaMassima>(c);
 }
 
 [[nodiscard]] constexpr int calcola_pari(Lista c) {
@@ -124,24 +211,14 @@ inline constexpr auto kCifre = [] {
     return somma(c) % static_cast<int>(c.size());
 }
 
-/// First digit of a number written with two digits at least; a sign counts nothing.
-[[nodiscard]] constexpr int cifra_decine(int n) {
-    if (n < 0) return 0;
-    if (n < 10) return 0;
-    while (n >= 10) n /= 10;
-    return n;
-}
-[[nodiscard]] constexpr int cifra_unita(int n) {
-    return (n < 0 ? -n : n) % 10;
-}
 [[nodiscard]] constexpr int somma_decine(Lista c) {
     int s = 0;
-    for (const Valore v : c) s += cifra_decine(v);
+    for (const Valore v : c) s += scrittura(v).decine;
     return s;
 }
 [[nodiscard]] constexpr int somma_cadenze(Lista c) {
     int s = 0;
-    for (const Valore v : c) s += cifra_unita(v);
+    for (const Valore v : c) s += scrittura(v).unita;
     return s;
 }
 

@@ -22,14 +22,14 @@ struct ParametriSistemi {
     int sistema = 0;     ///< the ticked box of `CheckSistema`
     int statistica = 0;  ///< the entry of `Combo1`, a `Statistica`
     /// 10eLotto: the ten places 1 to 20 that make a combination, ascending; empty until they are chosen.
-    std::vector<int> posizioni;
+    std::vector<int> posizioni{};
     /// Win for Life: numbers that a draw must hold, and those that must stand in its places 1 to 10; 0 is an
     /// empty box. At most one of the two lists is filled.
-    std::vector<int> contenenti;
-    std::vector<int> nelle_posizioni;
-    std::string nome;  ///< the saved system that is looked at
+    std::vector<int> contenenti{};
+    std::vector<int> nelle_posizioni{};
+    std::string nome{};  ///< the saved system that is looked at
     /// That system as it was found on disk; null where there is none of the name.
-    std::shared_ptr<const VoceSistema> salvato;
+    std::shared_ptr<const VoceSistema> salvato{};
 };
 
 /// Exactly ten different places of the twenty, ascending; nothing for any other list.

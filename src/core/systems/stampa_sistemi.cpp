@@ -122,7 +122,8 @@ constexpr float kCima = 56;  ///< of the strips
 constexpr float kFondo = 276;
 constexpr float kTraStrisce = 3.3F;
 constexpr float kMargine = 10;
-/// A table of which less than this would stand at a strip's foot begins in the next.
+/// A table of at most so many rows is kept in one piece, of a longer one so many stand at a strip's foot.
+constexpr std::size_t kRigheUnite = 20;
 constexpr std::size_t kRigheMinime = 4;
 
 /// Where the next piece goes.
@@ -138,10 +139,13 @@ class Strisce {
         y_ = kCima;
         larga_ = 0;
     }
+    /// Tables of another width stand in a strip of their own.
+    void allinea(float larga) {
+        if (!intatta() && larga != larga_) prossima();
+    }
     /// Puts a piece there; a strip that the sheet has no room for begins a new one.
     void metti(Pezzo pezzo, std::size_t linee, std::vector<std::vector<Pezzo>>& pagine) {
         const float larga = larghezza(pezzo.bordi);
-        if (larga > larga_ && !intatta()) prossima();
         if (pagine.empty() || x_ + larga > kMargine + kBanda + 0.1F) {
             pagine.emplace_back();
             x_ = kMargine;
@@ -175,10 +179,11 @@ Bordi bordi_griglia(const Tabella& t) {
 void disponi(const Tabella& t, const std::string& titolo, Strisce& strisce,
              std::vector<std::vector<Pezzo>>& pagine) {
     const std::size_t testa = t.titoli.size() + (titolo.empty() ? 0 : 1);
+    const std::size_t unite = t.righe() <= kRigheUnite ? t.righe() : kRigheMinime;
+    strisce.allinea(larghezza(bordi_griglia(t)));
     for (std::size_t riga = 0; riga < t.righe();) {
         const std::size_t restano = t.righe() - riga;
-        if (!strisce.intatta() && strisce.posto() < testa + std::min(restano, kRigheMinime))
-            strisce.prossima();
+        if (!strisce.intatta() && strisce.posto() < testa + std::min(restano, unite)) strisce.prossima();
         const std::size_t righe = std::min(restano, strisce.posto() - testa);
         // One line of air under it.
         strisce.metti({.tabella = &t,

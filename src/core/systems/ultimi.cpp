@@ -82,6 +82,7 @@ std::vector<Colonna21> ultimi_WinForLife(Cursore cursore, const ArchivioEstrazio
 /// The rows of one draw, the two repetitions still empty.
 std::vector<std::int32_t> misura(Lista c, Specchi specchi) {
     std::vector<std::int32_t> righe;
+    righe.reserve(RigheUltimi{c.size()}.quante());
     const int simmetrie = calcola_simmetrie(c, specchi);
     const int paralleli = calcola_paralleli(c, specchi);
     righe.insert(righe.end(),
