@@ -6,10 +6,13 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
+#include <memory>
 #include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -44,9 +47,9 @@ class MilioneDiRighe {
         std::mt19937 caso{1};
         std::string testo;
         for (int i = 0; i < kRighe; ++i) {
-            std::array<unsigned, 10> numeri{};
-            for (std::size_t j = 0; j < g.k; ++j) numeri[j] = caso() % 90 + 1;
-            std::sort(numeri.begin(), numeri.begin() + static_cast<std::ptrdiff_t>(g.k));
+            std::vector<unsigned> numeri(g.k);
+            for (unsigned& n : numeri) n = caso() % 90 + 1;
+            std::sort(numeri.begin(), numeri.end());
             for (std::size_t j = 0; j < g.k; ++j) {
                 if (j > 0) testo += ',';
                 testo += std::to_string(numeri[j]);

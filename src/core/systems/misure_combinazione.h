@@ -62,6 +62,8 @@ struct Coppie {
 };
 template <std::size_t K>
 [[nodiscard]] constexpr Coppie calcola_coppie(std::span<const Valore, K> c, Specchi specchi) {
+    // Six pairs are counted sooner than lanes are filled.
+    if constexpr (K <= 4) return {calcola_simmetrie(c, specchi), calcola_paralleli(c, specchi)};
     constexpr std::size_t kCorsie = (K + 7) / 8 * 8;
     constexpr int kVicino = 4096;
     constexpr Valore kNessuno = 20000;
