@@ -10,7 +10,7 @@
 namespace sortimetra {
 
 /// How a walk of 10eLotto, which has no rows of its own, goes over the rows of the chosen wheels.
-enum class PassoDieciELotto {
+enum class PassoDieciELotto : unsigned char {
     concorso,     ///< every draw of the view
     dieci_righe,  ///< moves of ten rows: with fewer than ten wheels draws are passed over in proportion
 };

@@ -171,6 +171,22 @@ lxw_error scrivi_foglio(lxw_worksheet* foglio, const Tabella& tabella, const Rig
     return LXW_NO_ERROR;
 }
 
+/// A last sheet with what the answer is of.
+lxw_error scrivi_ambito(lxw_workbook* libro, const Risposta& risposta, std::set<std::string>& nomi,
+                        Formati& formati) {
+    if (!risposta.ambito) return LXW_NO_ERROR;
+    ColonnaTesti voci;
+    ColonnaTesti valori;
+    for (VoceAmbito& voce : voci_ambito(risposta)) {
+        voci.valori.emplace_back(voce.nome);
+        valori.valori.push_back(std::move(voce.valore));
+    }
+    Tabella tabella;
+    tabella.colonne = {std::move(voci), std::move(valori)};
+    lxw_worksheet* foglio = workbook_add_worksheet(libro, nome_foglio("Ambito", nomi).c_str());
+    return foglio == nullptr ? LXW_ERROR_MEMORY_MALLOC_FAILED : scrivi_foglio(foglio, tabella, {}, formati);
+}
+
 std::string motivo(lxw_error errore) {
     switch (errore) {
         case LXW_ERROR_WORKSHEET_INDEX_OUT_OF_RANGE:
@@ -207,11 +223,17 @@ std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& fil
         }
         errore = scrivi_foglio(foglio, risultato.tabelle[i], i == 0 ? prima : RigheScelte{}, formati);
     }
+    if (errore == LXW_NO_ERROR) errore = scrivi_ambito(libro, risposta, nomi, formati);
     // Closing writes the file and frees the workbook, whatever came before.
     const lxw_error chiusura = workbook_close(libro);
     if (errore == LXW_NO_ERROR) errore = chiusura;
     if (errore != LXW_NO_ERROR) return std::unexpected(ErroreArchivio{file, motivo(errore)});
     return sicuro->conferma();
+}
+
+std::expected<std::string, ErroreArchivio> byte_xlsx(const Risposta& risposta, std::size_t massimo) {
+    return byte_scritti(
+        [&](const std::filesystem::path& file) { return scrivi_xlsx(file, risposta, massimo); });
 }
 
 }  // namespace sortimetra

@@ -492,10 +492,28 @@ void scrivi_csv(std::string& testo, const Tabella& tabella, RigheScelte scelte) 
     metti_righe<Csv>(penna, tabella, {tabella, scelte});
 }
 
-void scrivi_stringa_json(std::string& testo, std::string_view stringa) {
-    Penna penna{testo};
-    Json::testo(penna, stringa);
+namespace {
+
+/// The members beyond the usual ones: what the answer is of, where it has a scope.
+void ambito_json(Penna& penna, const std::optional<AmbitoDetto>& ambito) {
+    if (!ambito) return;
+    const auto testo = [&](std::string_view nome, std::string_view valore) {
+        penna.aggiungi(nome);
+        Json::testo(penna, valore);
+    };
+    testo(",\n\"ambito\": {\"ruote\": ", ambito->ruote);
+    testo(", \"intervallo\": ", ambito->intervallo);
+    penna.aggiungi(", \"da\": " + std::to_string(ambito->tratto.da));
+    penna.aggiungi(", \"a\": " + std::to_string(ambito->tratto.a));
+    testo(", \"dal\": ", ambito->dal ? testo_data(*ambito->dal) : "");
+    testo(", \"al\": ", ambito->al ? testo_data(*ambito->al) : "");
+    penna.aggiungi(", \"T\": " + std::to_string(ambito->t));
+    testo(", \"archivio\": ", ambito->archivio);
+    penna.aggiungi("}");
+    if (ambito->simulato) penna.aggiungi(",\n\"simulato\": true");
 }
+
+}  // namespace
 
 void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massimo) {
     const Risultato& risultato = *risposta.risultato;
@@ -524,7 +542,17 @@ void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massi
     std::vector<std::string> messaggi;
     for (const Messaggio& m : risultato.messaggi) messaggi.push_back(m.testo);
     lista_testi_json(penna, messaggi);
+    ambito_json(penna, risposta.ambito);
     penna.aggiungi("}\n");
+}
+
+void scrivi_intestazione_csv(std::string& testo, const Risposta& risposta) {
+    for (const VoceAmbito& voce : voci_ambito(risposta)) {
+        Tabella riga;
+        riga.colonne = {ColonnaTesti{{std::string{voce.nome}}}, ColonnaTesti{{voce.valore}}};
+        scrivi_csv(testo, riga);
+    }
+    testo += '\n';
 }
 
 std::size_t larghezza_terminale(std::string_view testo) {
@@ -538,11 +566,19 @@ void scrivi_tabella(std::string& testo, const Tabella& tabella, RigheScelte scel
     Impaginatore{tabella, scelte}.scrivi(penna);
 }
 
-void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t massimo) {
+void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t massimo, bool intestazione) {
     const Risultato& risultato = *risposta.risultato;
     const RigheScelte prima{.ordine = risposta.ordine, .massimo = massimo};
     testo += su_una_linea(risposta.titolo());
     testo += '\n';
+    if (intestazione) {
+        for (const VoceAmbito& voce : voci_ambito(risposta))
+            if (voce.nome != "Ricerca")
+                testo += std::string{voce.nome} + ": " + su_una_linea(voce.valore) + "\n";
+    } else if (risposta.ambito && risposta.ambito->simulato) {
+        testo += kArchivioSimulato;
+        testo += '\n';
+    }
     for (std::size_t i = 0; i < risultato.tabelle.size(); ++i) {
         const Tabella& t = risultato.tabelle[i];
         testo += '\n';

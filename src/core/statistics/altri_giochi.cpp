@@ -20,14 +20,14 @@ namespace sortimetra {
 
 namespace {
 
-MisureNumeri misure_da(std::int32_t t) {
+MisureNumeri misure_da(Estrazioni t) {
     MisureNumeri misure;
     misure.fill({.ultimo = inizio_ambata(t)});
     return misure;
 }
 
 template <std::size_t Quanti>
-std::vector<Misura> gruppi_da(std::int32_t t) {
+std::vector<Misura> gruppi_da(Estrazioni t) {
     return std::vector<Misura>(Quanti, Misura{.ultimo = inizio_ambata(t)});
 }
 
@@ -52,7 +52,7 @@ Risultato cerca_superenalotto(const ArchivioEstrazioni& archivio, const Domanda&
                               Avanzamento& avanzamento, Prepara&& prepara, Conta&& conta, Finisci&& finisci) {
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
     if (righe.empty()) return senza_estrazioni();
-    const auto t = static_cast<std::int32_t>(righe.size());
+    const Estrazioni t{static_cast<std::int32_t>(righe.size())};
     auto misure = prepara(t);
     percorri_righe(righe, archivio.superenalotto().concorso, avanzamento,
                    [&](int c, std::size_t riga) { conta(misure, archivio.superenalotto(), riga, c); });
@@ -68,7 +68,7 @@ Risultato cerca_numeri_superenalotto(const ArchivioEstrazioni& archivio, const D
         [&](MisureNumeri& misure, const TabellaSuperEnalotto& tabella, std::size_t riga, std::int32_t c) {
             escono(misure, numeri(tabella, riga), c);
         },
-        [posti](const MisureNumeri& misure, std::int32_t t) {
+        [posti](const MisureNumeri& misure, Estrazioni t) {
             return tabella_numeri(misure, kNumeri, t, Gioco::superenalotto, posti);
         });
 }
@@ -101,7 +101,7 @@ Risultato ambata10elotto(const ArchivioEstrazioni& archivio, const Domanda& doma
                          Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
     if (vista.vuota()) return senza_estrazioni();
-    const std::int32_t t = vista.t();
+    const Estrazioni t = vista.t();
     MisureNumeri misure = misure_da(t);
     percorri_10elotto(archivio.lotto(), vista, PassoDieciELotto::dieci_righe, avanzamento,
                       [&](int c, int /*righe*/, const Combinazione& combinazione) {
@@ -115,7 +115,7 @@ Risultato ambataWinForLife(const ArchivioEstrazioni& archivio, const Domanda& do
     const TabellaWinForLife& tabella = archivio.winforlife();
     const auto righe = vista_winforlife(archivio, domanda.ambito);
     if (righe.empty()) return senza_estrazioni();
-    const auto t = static_cast<std::int32_t>(righe.size());
+    const Estrazioni t{static_cast<std::int32_t>(righe.size())};
     MisureNumeri misure = misure_da(t);
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         escono(misure, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]), c);
@@ -131,7 +131,7 @@ Risultato ambisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& d
                       [&](std::size_t a, std::size_t b) { esce(misure[indice_ambo(a, b)], c); });
     };
     return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kAmbi>, conta,
-                               [](const std::vector<Misura>& misure, std::int32_t t) {
+                               [](const std::vector<Misura>& misure, Estrazioni t) {
                                    return tabella_ambi(misure, t, Gioco::superenalotto);
                                });
 }
@@ -145,7 +145,7 @@ Risultato ternisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& 
         });
     };
     return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kTerni>, conta,
-                               [](const std::vector<Misura>& misure, std::int32_t t) {
+                               [](const std::vector<Misura>& misure, Estrazioni t) {
                                    return tabella_terni(misure, t, Gioco::superenalotto);
                                });
 }
@@ -154,7 +154,7 @@ Risultato ambi10ruoteSuperenalotto(const ArchivioEstrazioni& archivio, const Dom
                                    Avanzamento& avanzamento) {
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
     if (righe.empty()) return senza_estrazioni();
-    const int t = quoziente_pari(righe.size(), domanda.ambito.ruote.n_ruote());
+    const Estrazioni t{quoziente_pari(righe.size(), domanda.ambito.ruote.n_ruote())};
     const auto posto = static_cast<std::size_t>(domanda.di<ParametriStatistica>().estratto - 1);
     std::vector<Misura> misure = gruppi_da<kAmbi>(t);
     std::int32_t c = 0;

@@ -251,7 +251,8 @@ template <std::size_t K>
 class ConteggioPosizioni final : public ContoMisure {
   public:
     explicit ConteggioPosizioni(const BaseConteggio& base)
-        : base_{base}, misure_((kNumeri + 1) * K, Misura{.ultimo = inizio_ambata(base.concorsi)}) {}
+        : base_{base},
+          misure_((kNumeri + 1) * K, Misura{.ultimo = inizio_ambata(Estrazioni{base.concorsi})}) {}
 
     void conta(const BloccoCombinazioni& blocco) override {
         for (std::size_t i = 0; i < blocco.estrazioni.size(); ++i)
@@ -270,7 +271,7 @@ class ConteggioPosizioni final : public ContoMisure {
                 const Misura& m = misure_[n * K + j];
                 const bool mai = m.frequenza == 0;
                 f.valori.push_back(mai ? kCellaPuntini : m.frequenza);
-                r.valori.push_back(ritardo(m, base_.concorsi));
+                r.valori.push_back(ritardo(m, Estrazioni{base_.concorsi}));
                 rs.valori.push_back(mai ? kCellaPuntini : m.storico);
             }
             t.colonne.emplace_back(std::move(f));
@@ -356,7 +357,7 @@ class ConteggioGruppi final : public ContoMisure {
             const Misura& m = numeri_[n];
             const std::int32_t celle[] = {static_cast<std::int32_t>(n),
                                           m.frequenza,  // NOLINT(*-avoid-c-arrays)
-                                          ritardo(m, base_.concorsi), m.storico};
+                                          ritardo(m, Estrazioni{base_.concorsi}), m.storico};
             for (std::size_t c = 0; c < 4; ++c) colonne[c].valori.push_back(celle[c]);
         }
         for (ColonnaInteri& c : colonne) t.colonne.emplace_back(std::move(c));

@@ -23,14 +23,14 @@ std::string riga(const Risultato& r, std::size_t a, std::size_t b, std::size_t c
 }
 
 TEST(TerniPerAmbi, NullaSortito) {
-    const Risultato r = TerniPerAmbi{7}.risultato(senza_nomi());
+    const Risultato r = TerniPerAmbi{Estrazioni{7}}.risultato(senza_nomi());
     ASSERT_EQ(r.tabelle[0].righe(), kTerni);
     EXPECT_EQ(riga(r, 1, 2, 3), "0 7 0");
     EXPECT_EQ(riga(r, 88, 89, 90), "0 7 0");
 }
 
 TEST(TerniPerAmbi, UnAmboSortitoDueVolte) {
-    TerniPerAmbi terni{10};
+    TerniPerAmbi terni{Estrazioni{10}};
     terni.esce(1, 2, 3);
     terni.esce(1, 2, 8);
     terni.esce(2, 3, 9);
@@ -45,7 +45,7 @@ TEST(TerniPerAmbi, ComeUnaMisuraPerTerno) {
     for (unsigned seme = 0; seme < 12; ++seme) {
         SCOPED_TRACE(seme);
         std::mt19937 dado{seme};
-        const auto t = static_cast<std::int32_t>(dado() % 60 + 1);
+        const Estrazioni t{static_cast<std::int32_t>(dado() % 60 + 1)};
         // Few numbers, among them the first and the last, so that terni meet often.
         constexpr std::array<std::size_t, 7> kScelti{1, 2, 3, 45, 88, 89, 90};
         std::vector<Misura> misure(kTerni, Misura{.ultimo = inizio_ambata(t)});
@@ -71,7 +71,7 @@ TEST(TerniPerAmbi, ComeUnaMisuraPerTerno) {
 TEST(TerniPerAmbi, LaTabellaPrendeLaColonnaData) {
     ColonnaInteri nomi = senza_nomi();
     nomi.valori.front() = 4;
-    const Risultato r = TerniPerAmbi{7}.risultato(nomi);
+    const Risultato r = TerniPerAmbi{Estrazioni{7}}.risultato(nomi);
     EXPECT_EQ(r.tabelle[0].testo(0, 0), "4");
     EXPECT_EQ(r.tabelle[0].titoli[0], kTitoliMisure);
 }
