@@ -441,6 +441,19 @@ std::unique_ptr<ContoMisure> crea_conteggio(Statistica statistica, const BaseCon
     }
 }
 
+bool riempie(Statistica statistica, std::size_t griglia, std::size_t k) {
+    switch (statistica) {
+        case Statistica::distanza:
+            return Distanze::mostra(griglia, k);
+        case Statistica::somme1:
+            return Somme1::mostra(griglia, k);
+        case Statistica::somme2:
+            return Somme2::mostra(griglia, k);
+        default:
+            return true;
+    }
+}
+
 std::span<const GrigliaMisura> griglie_misura(Statistica statistica) {
     switch (statistica) {
         case Statistica::distanza:

@@ -52,6 +52,9 @@ class ContoMisure {
 /// The title above each grid of a statistic, for combinations of k numbers.
 [[nodiscard]] std::vector<std::string> titoli_griglie(Statistica statistica, std::size_t k);
 
+/// Whether combinations of k numbers fill a grid of a statistic, by its place among them.
+[[nodiscard]] bool riempie(Statistica statistica, std::size_t griglia, std::size_t k);
+
 /// The measures of a statistic that counts values: its grids without those that show something else.
 [[nodiscard]] std::span<const GrigliaMisura> griglie_misura(Statistica statistica);
 

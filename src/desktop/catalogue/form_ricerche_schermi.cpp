@@ -8,6 +8,8 @@
 #include "printing/frm_stampa_fcpb.h"
 #include "screens/stampanti.h"
 #include "statistics/form_stat.h"
+#include "systems/form_filtri.h"
+#include "systems/form_ultimi.h"
 
 #include <QImage>
 
@@ -46,7 +48,8 @@ constexpr RigaSchermo riga(Schermo schermo) {
 constexpr RigaSchermo kSchermi[] = {
     riga<Form_stat>(Schermo::stat),         riga<Form_posizione>(Schermo::posizione),
     riga<form_tab_pos>(Schermo::tab_pos),   riga<form_tab_posWFL>(Schermo::tab_pos_wfl),
-    riga<form_tab_pos2>(Schermo::tab_pos2),
+    riga<form_tab_pos2>(Schermo::tab_pos2), riga<Form_filtri>(Schermo::filtri),
+    riga<Form_Ultimi>(Schermo::ultimi),
 };
 
 }  // namespace

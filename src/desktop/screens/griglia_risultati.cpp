@@ -425,7 +425,7 @@ void GrigliaRisultati::crea_pulsanti() {
     while (pulsanti_.size() < n) {
         const auto i = static_cast<int>(pulsanti_.size());
         auto* b = new QPushButton{testata_};
-        b->setObjectName(QStringLiteral("cmdcol_%1").arg(i));
+        b->setObjectName(nomi_pulsanti_.arg(primo_pulsante_ + i));
         b->setProperty("tag", QString{});
         b->setIconSize({kFreccia, kFreccia});
         connect(b, &QPushButton::clicked, this, [this, i] { premi(i); });
@@ -481,7 +481,7 @@ void GrigliaRisultati::adatta_colonne() {
     font_titoli.setBold(true);
     const QFontMetrics titoli{font_titoli};
     const bool dipinti = testata_->righe_dipinte() > 0;
-    margine_ = kMargineCella;
+    margine_ = compatta_ ? kMargineStretto : kMargineCella;
     std::vector<int> larghezze;
     std::vector<int> strette;
     const int blanco = tabellone_ ? kMargineStrettoTabellone : kMargineStretto;
@@ -490,10 +490,10 @@ void GrigliaRisultati::adatta_colonne() {
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
         // Painted titles have no arrow beside them: it stands in the strip of buttons above.
         const int testata = titoli.horizontalAdvance(titolo) + (dipinti ? 0 : kFreccia + kPasso);
-        const int margine = tabellone_ ? kMargineTabellone : kMargineCella;
-        const int minima = tabellone_ ? kColonnaMinimaTabellone
-                           : dipinti  ? kColonnaMinimaDipinta
-                                      : kColonnaMinima;
+        const int margine = tabellone_ ? kMargineTabellone : compatta_ ? kMargineStretto : kMargineCella;
+        const int minima = tabellone_             ? kColonnaMinimaTabellone
+                           : dipinti || compatta_ ? kColonnaMinimaDipinta
+                                                  : kColonnaMinima;
         const int contenuto = std::max(testo, testata);
         const int l = std::clamp(contenuto + 2 * margine + kPasso, minima, kColonnaMassima);
         larghezze.push_back(l);

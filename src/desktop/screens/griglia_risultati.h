@@ -54,6 +54,11 @@ class GrigliaRisultati final : public QWidget {
 
     /// The key of the search: three of them have a sort rule of their own (see `premi`).
     void imposta_chiave(const QString& chiave) { chiave_ = chiave; }
+    /// Other names for the sort buttons, where a screen has several lists: "%1" stands for `primo` and up.
+    void imposta_pulsanti(const QString& nomi, int primo) {
+        nomi_pulsanti_ = nomi;
+        primo_pulsante_ = primo;
+    }
     /// What an empty grid says.
     void imposta_frase_vuota(const QString& frase);
     /// Keeps the first column in sight when the table is wider than the window.
@@ -63,6 +68,8 @@ class GrigliaRisultati final : public QWidget {
     /// middle, and follow the window's width; the row under the pointer is tinted; finding means the whole
     /// cell.
     void imposta_tabellone(bool si);
+    /// One of many small lists on a board: columns with less air.
+    void imposta_compatta(bool si) { compatta_ = si; }
     /// Shows "Stampa" in the context menu as working.
     void imposta_stampabile(bool si) { stampabile_ = si; }
 
@@ -128,12 +135,15 @@ class GrigliaRisultati final : public QWidget {
     std::vector<std::pair<int, int>> corrispondenze_;  ///< row and column of the grid as it is sorted now
     std::optional<std::size_t> corrente_;              ///< the one gone to; none before the first
     QString chiave_;
+    QString nomi_pulsanti_ = QStringLiteral("cmdcol_%1");
+    int primo_pulsante_ = 0;
     std::optional<std::pair<int, Verso>> ordinamento_;
     std::optional<std::pair<int, Verso>> ultimo_titolo_;  ///< last click on a title, kept between searches
     int margine_ = 0;                                     ///< blank on each side of a cell's text
     int riga_sotto_ = -1;
     bool blocca_ = false;
     bool tabellone_ = false;
+    bool compatta_ = false;
     bool stampabile_ = false;
 };
 
