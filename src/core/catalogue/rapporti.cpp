@@ -1,6 +1,7 @@
 #include "catalogue/rapporti.h"
 
 #include "statistics/parametri.h"
+#include "systems/stampa_sistemi.h"
 #include "text/testi.h"
 
 #include <string>
@@ -55,7 +56,11 @@ Intestazione intestazione(const Risposta& risposta) {
         if (const auto capi = testo_capi(parametri.capogioco); !capi.empty()) testa.ricerca += " " + capi;
     if (ricerca.ammette(kOpzEstratto))
         testa.ricerca += " (" + std::to_string(parametri.estratto) + "° Estratto)";
-    if (!risposta.ambito) return testa;
+    const auto finita = [&] {
+        if (ricerca.gioco == Gioco::sistemi) completa_intestazione(testa, risposta.domanda);
+        return testa;
+    };
+    if (!risposta.ambito) return finita();
 
     const AmbitoDetto& ambito = *risposta.ambito;
     testa.ruote = testo_ruote(risposta);
@@ -67,7 +72,7 @@ Intestazione intestazione(const Risposta& risposta) {
         testa.periodo += ": " + testo_data(*ambito.dal) + " - " + testo_data(*ambito.al);
         testa.date = testo_data(*ambito.dal) + "-" + testo_data(*ambito.al);
     }
-    return testa;
+    return finita();
 }
 
 Rapporto prepara_rapporto(const Risposta& risposta) {

@@ -32,6 +32,10 @@
 #include "statistics/serie_speciali.h"
 #include "statistics/tabella_famiglie.h"
 #include "stores/apertura.h"
+#include "systems/filtri.h"
+#include "systems/parametri.h"
+#include "systems/stampa_sistemi.h"
+#include "systems/ultimi.h"
 #include "text/testi.h"
 #include "tools/ciclometria.h"
 #include "tools/parametri.h"
@@ -63,14 +67,29 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kUltimi,
      .gioco = Gioco::sistemi,
      .tabelle = kTutteLeTabelle,
-     .frase = "Gli ultimi venti concorsi, visti attraverso le misure delle loro combinazioni."},
+     .opzioni = kOpzioniUltimi,
+     .esegui = ultimi_concorsi,
+     .controlla = controlla_ultimi,
+     .frase = "Gli ultimi venti concorsi, visti attraverso le misure delle loro combinazioni.",
+     .rapporto = rapporto_ultimi,
+     .gioco_scelto = gioco_ultimi},
     {.nome = nomi::kFiltri,
      .gioco = Gioco::sistemi,
      .tabelle = kTutteLeTabelle,
-     .frase = "Quante volte ogni misura di una combinazione si è presentata nell'archivio."},
+     .opzioni = kOpzioniFiltri,
+     .esegui = ricerche_filtri,
+     .controlla = controlla_filtri,
+     .frase = "Quante volte ogni misura di una combinazione si è presentata nell'archivio.",
+     .rapporto = rapporto_filtri,
+     .gioco_scelto = gioco_filtri},
     {.nome = nomi::kSistemiRealizzati,
      .gioco = Gioco::sistemi,
-     .frase = "Le stesse misure, contate sulle combinazioni di un sistema salvato."},
+     .opzioni = kOpzioniSalvati,
+     .esegui = ricerche_Sistemi,
+     .carica = carica_sistema,
+     .frase = "Le stesse misure, contate sulle combinazioni di un sistema salvato.",
+     .rapporto = rapporto_filtri,
+     .gioco_scelto = gioco_filtri},
     {.nome = nomi::kNovantaNumeri,
      .tabelle = kRuote10,
      .esegui = novanta_numeri,
@@ -396,18 +415,22 @@ static_assert(ogni_nome_ha_la_sua_riga(), "a list names a search that has no row
 
 /// The entry of `ComboIntervallo` as a report tells it.
 std::string testo_intervallo(const Domanda& domanda) {
-    if (domanda.ricerca->gioco != Gioco::win_for_life)
+    if (domanda.ricerca->gioco_di(domanda) != Gioco::win_for_life)
         return std::string{kIntervalli[domanda.ambito.intervallo].testo};
     const std::string ora{kOre[domanda.ambito.ora]};
     return domanda.ambito.ora == 0 ? ora : "ore " + ora;
 }
 
 std::string testo_ruote(const Domanda& domanda) {
-    switch (domanda.ricerca->gioco) {
+    switch (domanda.ricerca->gioco_di(domanda)) {
         case Gioco::superenalotto:
             return "SuperEnalotto";
         case Gioco::win_for_life:
             return "Win for Life";
+        case Gioco::dieci_e_lotto:
+            // Where the game is a choice of the search its draws are whole, whatever wheels are ticked.
+            if (domanda.ricerca->gioco == Gioco::sistemi) return "10eLotto";
+            break;
         default:
             break;
     }
@@ -421,14 +444,22 @@ std::string testo_ruote(const Domanda& domanda) {
 
 /// T of a question: the draws in scope as every measure counts them.
 std::int32_t conta_t(const Domanda& domanda, const ArchivioEstrazioni& archivio) {
-    switch (domanda.ricerca->gioco) {
+    switch (domanda.ricerca->gioco_di(domanda)) {
         case Gioco::superenalotto:
             return static_cast<std::int32_t>(vista_superenalotto(archivio, domanda.ambito).size());
         case Gioco::win_for_life:
             return static_cast<std::int32_t>(vista_winforlife(archivio, domanda.ambito).size());
+        case Gioco::dieci_e_lotto:
+            if (domanda.ricerca->gioco == Gioco::sistemi) {
+                AmbitoRicerca ambito = domanda.ambito;
+                ambito.ruote = {};
+                return VistaEstrazioni{archivio, ambito}.t();
+            }
+            break;
         default:
-            return VistaEstrazioni{archivio, domanda.ambito}.t();
+            break;
     }
+    return VistaEstrazioni{archivio, domanda.ambito}.t();
 }
 
 }  // namespace
@@ -471,7 +502,7 @@ Domanda domanda_intatta(const Ricerca& ricerca) {
 
 std::optional<AmbitoDetto> ambito_detto(const Domanda& domanda, const ArchivioEstrazioni& archivio) {
     if (domanda.ricerca->tabelle == 0) return std::nullopt;
-    const bool wfl = domanda.ricerca->gioco == Gioco::win_for_life;
+    const bool wfl = domanda.ricerca->gioco_di(domanda) == Gioco::win_for_life;
     const Concorso ultimo = wfl ? archivio.ultimo_concorso_winforlife() : archivio.ultimo_concorso();
     const Fonte& fonte = wfl ? archivio.drawit2() : archivio.drawit();
     const TrattoConcorsi tratto = domanda.ambito.tratto.riportato(ultimo);

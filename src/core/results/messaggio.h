@@ -19,6 +19,8 @@ enum class Avviso : std::uint8_t {
     nessun_gruppo,        ///< no group has been saved, or none of that name
     nome_in_uso,          ///< a group of that name is there already
     nome_non_valido,      ///< a group's name that its file cannot hold
+    numero_mancante,      ///< a choice of numbers that holds none
+    sistema_danneggiato,  ///< the combinations of a saved system cannot be read to their end
 };
 
 /// The text of a message box, and what it is about.

@@ -58,9 +58,14 @@ struct Ricerca {
     const Famiglia* famiglia = nullptr;     ///< the named series that it measures
     bool schedine = false;                  ///< its grid can be handed to the slip program
     Dove dove = Dove::negli_elenchi;        ///< how the user comes to it
+    Gioco (*gioco_scelto)(const Domanda&) = nullptr;  ///< null where `gioco` is the game
 
     [[nodiscard]] constexpr std::string_view chiave() const { return nome.chiave; }
     [[nodiscard]] constexpr std::string_view titolo() const { return nome.titolo; }
+    /// The game that a question of this row asks about: where the user chooses it, the choice tells.
+    [[nodiscard]] Gioco gioco_di(const Domanda& domanda) const {
+        return gioco_scelto == nullptr ? gioco : gioco_scelto(domanda);
+    }
     [[nodiscard]] constexpr bool pronta() const { return esegui != nullptr; }
     [[nodiscard]] bool ammette(const Opzione& o) const {
         return std::find(opzioni.begin(), opzioni.end(), &o) != opzioni.end();

@@ -459,6 +459,8 @@ QString form_ricerche::impedimento(const Ricerca& ricerca) const {
     if (!costruita(ricerca)) return tr("Non ancora disponibile in questa versione");
     if (ricerca.tabelle == 0 || !archivio_cercato_) return {};
     if (!archivio_) return tr("Serve un archivio delle estrazioni");
+    // Where the game is chosen on the screen, what is there can be asked.
+    if (ricerca.gioco == Gioco::sistemi) return {};
     const bool vuole_win = (ricerca.tabelle & kTabellaWinForLife) != 0;
     const bool vuole_lotto = (ricerca.tabelle & ~unsigned{kTabellaWinForLife}) != 0;
     if (vuole_win && archivio_->drawit2().file.empty())

@@ -14,6 +14,8 @@
 #include "printing/frm_stampa_fcpb.h"
 #include "screens/stampanti.h"
 #include "statistics/form_stat.h"
+#include "systems/form_filtri.h"
+#include "systems/form_ultimi.h"
 #include "tools/form_som_dis_ciclo.h"
 #include "tools/form_spia.h"
 
@@ -69,6 +71,8 @@ constexpr RigaSchermo kSchermi[] = {
     riga<Form_Personali>(Schermo::personali),
     riga<Form_Gruppi2>(Schermo::gruppi2),
     riga<Form_Piramide>(Schermo::piramide),
+    riga<Form_filtri>(Schermo::filtri),
+    riga<Form_Ultimi>(Schermo::ultimi),
 };
 
 }  // namespace

@@ -186,6 +186,12 @@ void FinestraRicerca::svuota() {
     aggiorna_stato();
 }
 
+void FinestraRicerca::riprendi(const EsitoRicerca& esito) {
+    esito_ = esito;
+    aggiorna_comandi();
+    aggiorna_stato();
+}
+
 const EsitoRicerca* FinestraRicerca::in_mostra() const {
     return esito_.prodotto() ? &esito_ : nullptr;
 }
@@ -203,7 +209,7 @@ void FinestraRicerca::aggiorna_stato() {
     if (archivio_ == nullptr || cornice_ == nullptr) return;
     QStringList parti;
     if (esito_.prodotto()) parti << conto(esito_.righe(), tr("riga"), tr("righe"));
-    if (area() != nullptr)
+    if (area() != nullptr && ricerca_->tabelle != 0)
         parti << conto(concorsi_in_ambito(), tr("concorso in ambito"), tr("concorsi in ambito"));
     if (esito_.prodotto()) {
         parti << durata(esito_.millisecondi);
@@ -222,7 +228,8 @@ std::size_t FinestraRicerca::concorsi_in_ambito() const {
         case AreaParametri::Genere::solo_ruote:
             break;
     }
-    if (ricerca_->gioco == Gioco::superenalotto) return vista_superenalotto(*archivio_, ambito).size();
+    if (ricerca_->gioco_di(domanda(*ricerca_)) == Gioco::superenalotto)
+        return vista_superenalotto(*archivio_, ambito).size();
     return VistaEstrazioni{*archivio_, ambito}.concorsi();
 }
 

@@ -121,6 +121,8 @@ class FinestraRicerca : public QWidget {
                                      PannelloAvanzamento* pannello = nullptr);
     /// Puts an answer on show in place of the one before: what `avvia` does once it has one.
     void presenta(const EsitoRicerca& esito);
+    /// Tells buttons and bottom line of an answer that a page of the screen has kept; none for an empty one.
+    void riprendi(const EsitoRicerca& esito);
     /// Shows what a search had to say.
     void di_messaggi(const EsitoRicerca& esito);
     /// A search that can be stopped by the user shows `cmdAnnulla` in the panel.
@@ -135,7 +137,7 @@ class FinestraRicerca : public QWidget {
 
     [[nodiscard]] bool stampabile() const { return stampa_ != nullptr; }
     /// The answer on show as the printer, and whatever else works on it, is handed it.
-    [[nodiscard]] LavoroStampa lavoro();
+    [[nodiscard]] virtual LavoroStampa lavoro();
     [[nodiscard]] bool archivio_simulato() const;
     [[nodiscard]] const ArchivioEstrazioni* archivio() const { return archivio_; }
     [[nodiscard]] Sessione& sessione() const { return sessione_; }

@@ -481,7 +481,7 @@ void GrigliaRisultati::adatta_colonne() {
     font_titoli.setBold(true);
     const QFontMetrics titoli{font_titoli};
     const bool dipinti = testata_->righe_dipinte() > 0;
-    margine_ = kMargineCella;
+    margine_ = compatta_ ? kMargineStretto : kMargineCella;
     std::vector<int> larghezze;
     std::vector<int> strette;
     const int blanco = tabellone_ ? kMargineStrettoTabellone : kMargineStretto;
@@ -490,10 +490,10 @@ void GrigliaRisultati::adatta_colonne() {
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
         // Painted titles have no arrow beside them: it stands in the strip of buttons above.
         const int testata = titoli.horizontalAdvance(titolo) + (dipinti ? 0 : kFreccia + kPasso);
-        const int margine = tabellone_ ? kMargineTabellone : kMargineCella;
-        const int minima = tabellone_ ? kColonnaMinimaTabellone
-                           : dipinti  ? kColonnaMinimaDipinta
-                                      : kColonnaMinima;
+        const int margine = tabellone_ ? kMargineTabellone : compatta_ ? kMargineStretto : kMargineCella;
+        const int minima = tabellone_             ? kColonnaMinimaTabellone
+                           : dipinti || compatta_ ? kColonnaMinimaDipinta
+                                                  : kColonnaMinima;
         const int contenuto = std::max(testo, testata);
         const int l = std::clamp(contenuto + 2 * margine + kPasso, minima, kColonnaMassima);
         larghezze.push_back(l);

@@ -68,6 +68,8 @@ class GrigliaRisultati final : public QWidget {
     /// middle, and follow the window's width; the row under the pointer is tinted; finding means the whole
     /// cell.
     void imposta_tabellone(bool si);
+    /// One of many small lists on a board: columns with less air.
+    void imposta_compatta(bool si) { compatta_ = si; }
     /// Shows "Stampa" in the context menu as working.
     void imposta_stampabile(bool si) { stampabile_ = si; }
 
@@ -141,6 +143,7 @@ class GrigliaRisultati final : public QWidget {
     int riga_sotto_ = -1;
     bool blocca_ = false;
     bool tabellone_ = false;
+    bool compatta_ = false;
     bool stampabile_ = false;
 };
 
