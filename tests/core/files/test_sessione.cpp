@@ -1,0 +1,118 @@
+#include "files/file_sicuro.h"
+#include "files/sessione.h"
+#include "support/archivi.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace sortimetra {
+namespace {
+
+namespace fs = std::filesystem;
+using prove::CartellaProva;
+
+/// A home folder of its own, with folders in it that hold an archive or none.
+class SessioneTest : public ::testing::Test {
+  protected:
+    SessioneTest() {
+        ::setenv("HOME", casa().c_str(), 1);
+        ::unsetenv("XDG_CONFIG_HOME");
+        ::unsetenv("XDG_DATA_HOME");
+    }
+    [[nodiscard]] const fs::path& casa() const { return casa_.percorso(); }
+    [[nodiscard]] fs::path con_archivio(const fs::path& nome) const {
+        fs::create_directories(casa() / nome / "archivio");
+        return casa() / nome;
+    }
+    [[nodiscard]] fs::path consueta() const { return casa() / ".local/share/sortimetra"; }
+
+  private:
+    CartellaProva casa_;
+};
+
+TEST_F(SessioneTest, SenzaUnaSceltaVaneiDatiDellUtente) {
+    EXPECT_EQ(file_impostazioni(), casa() / ".config/sortimetra/impostazioni.ini");
+    EXPECT_EQ(cartella_ricordata(), std::nullopt);
+    EXPECT_EQ(cartella_programma(), consueta());
+    ::setenv("XDG_DATA_HOME", (casa() / "dati").c_str(), 1);
+    EXPECT_EQ(cartella_programma(), casa() / "dati/sortimetra");
+    // A relative path is none.
+    ::setenv("XDG_DATA_HOME", "dati", 1);
+    EXPECT_EQ(cartella_programma(), consueta());
+}
+
+TEST_F(SessioneTest, LaCartellaSceltaSiRicorda) {
+    // Blanks, accents, quotes: a folder's name may hold them all.
+    for (const char* nome : {"lotto", "le mie estrazioni", "perché no", " con spazi ai lati ",
+                             "\"fra virgolette\"", "a=b;c#d"}) {
+        SCOPED_TRACE(nome);
+        const auto cartella = con_archivio(nome);
+        ASSERT_TRUE(ricorda_cartella(cartella));
+        EXPECT_EQ(cartella_ricordata(), cartella);
+        EXPECT_EQ(cartella_programma(), cartella);
+    }
+    // What is chosen for this one time wins.
+    EXPECT_EQ(cartella_programma(casa() / "altra"), casa() / "altra");
+}
+
+TEST_F(SessioneTest, UnaCartellaRelativaSiRicordaIntera) {
+    const auto prima = fs::current_path();
+    const auto cartella = con_archivio("lotto");
+    fs::current_path(casa());
+    ASSERT_TRUE(ricorda_cartella("lotto"));
+    fs::current_path(prima);
+    EXPECT_EQ(cartella_programma(), cartella);
+}
+
+TEST_F(SessioneTest, UnaCartellaSparitaTornaQuandoTorna) {
+    const auto cartella = con_archivio("disco");
+    ASSERT_TRUE(ricorda_cartella(cartella));
+    fs::rename(cartella, casa() / "staccato");
+    EXPECT_EQ(cartella_programma(), consueta());
+    fs::rename(casa() / "staccato", cartella);
+    EXPECT_EQ(cartella_programma(), cartella);
+}
+
+TEST_F(SessioneTest, IlRestoDelleImpostazioniResta) {
+    fs::create_directories(casa() / ".config/sortimetra");
+    ASSERT_TRUE(scrivi_file(file_impostazioni(), "[Altro]\nx=1\n[Cartelle]\ncartella=/prima\nultima=/y\n"));
+    EXPECT_EQ(cartella_programma(), consueta());
+    const auto cartella = con_archivio("lotto");
+    ASSERT_TRUE(ricorda_cartella(cartella));
+    EXPECT_EQ(leggi_file(file_impostazioni()),
+              "[Altro]\nx=1\n[Cartelle]\ncartella=" + cartella.string() + "\nultima=/y\n");
+}
+
+TEST_F(SessioneTest, ImpostazioniCheNonLoSono) {
+    fs::create_directories(casa() / ".config/sortimetra");
+    const auto qui = con_archivio("lotto");
+    for (const std::string& testo :
+         {std::string{}, std::string{"\0\xff[Cartelle]", 12}, std::string{"[Cartelle]"},
+          std::string{"[Cartelle]\ncartella=\n"}, std::string{"[Cartelle]\ncartella=lotto\n"},
+          std::string{"cartella="} + qui.string() + "\n"}) {
+        SCOPED_TRACE(testo);
+        ASSERT_TRUE(scrivi_file(file_impostazioni(), testo));
+        EXPECT_EQ(cartella_programma(), consueta());
+    }
+    // A folder in the place of the file: nothing is remembered, and it is said.
+    fs::remove(file_impostazioni());
+    fs::create_directory(file_impostazioni());
+    EXPECT_EQ(cartella_programma(), consueta());
+    const auto esito = ricorda_cartella(qui);
+    ASSERT_FALSE(esito);
+    EXPECT_EQ(esito.error().file, file_impostazioni());
+}
+
+TEST_F(SessioneTest, UnNomeSuDueRigheNonSiRicorda) {
+    const auto prima = con_archivio("lotto");
+    ASSERT_TRUE(ricorda_cartella(prima));
+    const auto esito = ricorda_cartella(con_archivio("due\nrighe"));
+    ASSERT_FALSE(esito);
+    EXPECT_EQ(cartella_programma(), prima);
+}
+
+}  // namespace
+}  // namespace sortimetra
