@@ -249,6 +249,7 @@ std::string detto(std::string_view nome, std::string_view frase) {
 std::string completamento_bash_cli() {
     std::string comandi;
     for (const Comando* c : comandi_pronti()) comandi += fmt::format(" {}", c->nome);
+    const std::string dopo_aiuto = fmt::format("        aiuto) _sortimetra_scelte \"$cur\"{} ;;\n", comandi);
     std::string t = fmt::format("# bash: Tab dopo sortimetra-cli. {}\n{}", kFattoDa, kComuneBash);
     t += "\n_sortimetra_cli() {\n"
          "    local cur=${COMP_WORDS[COMP_CWORD]} comando='' chiave='' atteso='' parola i\n";
@@ -261,14 +262,15 @@ std::string completamento_bash_cli() {
          "    elif [[ $cur == -* ]]; then\n"
          "        _sortimetra_scelte \"$cur\" \"${opzioni[@]%%|*}\"\n"
          "    elif [[ ! $comando ]]; then\n";
-    t += fmt::format("        _sortimetra_scelte \"$cur\"{}\n", comandi);
+    t += fmt::format("        _sortimetra_scelte \"$cur\"{} aiuto\n", comandi);
     t += fmt::format(
         "    elif [[ ! $chiave ]]; then\n        case $comando in\n        {})\n"
         "            _sortimetra_scelte \"$cur\"",
         comandi_con_chiave());
     for (const Ricerca* r : ricerche_pronte())
         t += fmt::format(" \\\n                {}", apici(r->chiave()));
-    t += "\n            ;;\n        esac\n    fi\n}\n\ncomplete -F _sortimetra_cli sortimetra-cli\n";
+    t += fmt::format("\n            ;;\n{}", dopo_aiuto);
+    t += "        esac\n    fi\n}\n\ncomplete -F _sortimetra_cli sortimetra-cli\n";
     return t;
 }
 
@@ -301,6 +303,7 @@ std::string completamento_zsh_cli() {
     std::string t = fmt::format("#compdef sortimetra-cli\n# zsh: Tab dopo sortimetra-cli. {}\n\n", kFattoDa);
     t += "_sortimetra-cli_comandi() {\n    local -a comandi=(\n";
     for (const Comando* c : comandi_pronti()) t += fmt::format("        {}\n", detto(c->nome, c->frase));
+    t += fmt::format("        {}\n", detto("aiuto", "Spiega un comando"));
     t += "    )\n    _describe -t comandi comando comandi\n}\n\n"
          "_sortimetra-cli_chiavi() {\n    local -a chiavi=(\n";
     for (const Ricerca* r : ricerche_pronte()) t += fmt::format("        {}\n", detto(r->chiave(), r->frase));
@@ -324,7 +327,8 @@ std::string completamento_zsh_cli() {
     t += casi(voce_zsh);
     t += fmt::format(
         "    posti=('1:comando:_sortimetra-cli_comandi')\n"
-        "    case $comando in\n    {}) posti+=('2:CHIAVE:_sortimetra-cli_chiavi') ;;\n    esac\n"
+        "    case $comando in\n    {}) posti+=('2:CHIAVE:_sortimetra-cli_chiavi') ;;\n"
+        "    aiuto) posti+=('2:comando:_sortimetra-cli_comandi') ;;\n    esac\n"
         "    _arguments -S : $opzioni $posti\n}}\n\n_sortimetra-cli \"$@\"\n",
         comandi_con_chiave());
     return t;

@@ -142,7 +142,10 @@ std::string manuale_cli() {
              "quali numeri usciranno.") +
          paragrafo(
              "Le opzioni stanno dove si vuole, ciascuna una volta sola; il valore segue uno spazio o "
-             "\"=\": --da 100, --da=100. Gli elenchi sono uniti da virgole.");
+             "\"=\": --da 100, --da=100. Gli elenchi sono uniti da virgole.") +
+         paragrafo(
+             "\"sortimetra-cli aiuto COMANDO\", --help e -h fanno ciò che fa --aiuto, --version ciò che fa "
+             "--versione.");
     t += sezione("COMANDI");
     for (const Comando* c : comandi_pronti()) t += comando(*c);
     t += sezione("OPZIONI DI OGNI COMANDO") + voci(voci_di_ogni_comando());

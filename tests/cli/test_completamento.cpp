@@ -115,6 +115,8 @@ class Bash : public ProgrammaTest {
 TEST_F(Bash, IComandi) {
     EXPECT_THAT(offerte({"dim"}), ElementsAre("dimostrazione"));
     EXPECT_THAT(offerte({""}), IsSupersetOf({"elenco", "ricerca", "archivio", "importa", "stampa"}));
+    EXPECT_THAT(offerte({"aiu"}), ElementsAre("aiuto"));
+    EXPECT_THAT(offerte({"aiuto", "imp"}), ElementsAre("importa"));
     // An option may come before the command; its value is not the command.
     EXPECT_THAT(offerte({"--cartella", "elenco", "arch"}), ElementsAre("archivio"));
     EXPECT_THAT(offerte({"--cartella", "=", "elenco", "arch"}), ElementsAre("archivio"));

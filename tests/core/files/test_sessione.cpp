@@ -7,6 +7,8 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <optional>
+#include <string>
 
 namespace sortimetra {
 namespace {
@@ -14,14 +16,31 @@ namespace {
 namespace fs = std::filesystem;
 using prove::CartellaProva;
 
+/// An environment variable for the rest of its life; what stood there comes back at the end.
+class Ambiente {
+  public:
+    Ambiente(const char* nome, const std::optional<std::string>& valore) : nome_{nome} {
+        if (const char* c_era = std::getenv(nome)) prima_ = c_era;
+        metti(valore);
+    }
+    Ambiente(const Ambiente&) = delete;
+    Ambiente& operator=(const Ambiente&) = delete;
+    ~Ambiente() { metti(prima_); }
+
+  private:
+    void metti(const std::optional<std::string>& valore) const {
+        if (valore)
+            setenv(nome_, valore->c_str(), 1);
+        else
+            unsetenv(nome_);
+    }
+    const char* nome_;
+    std::optional<std::string> prima_;
+};
+
 /// A home folder of its own, with folders in it that hold an archive or none.
 class SessioneTest : public ::testing::Test {
   protected:
-    SessioneTest() {
-        ::setenv("HOME", casa().c_str(), 1);
-        ::unsetenv("XDG_CONFIG_HOME");
-        ::unsetenv("XDG_DATA_HOME");
-    }
     [[nodiscard]] const fs::path& casa() const { return casa_.percorso(); }
     [[nodiscard]] fs::path con_archivio(const fs::path& nome) const {
         fs::create_directories(casa() / nome / "archivio");
@@ -31,7 +50,18 @@ class SessioneTest : public ::testing::Test {
 
   private:
     CartellaProva casa_;
+    Ambiente home_{"HOME", casa_.percorso().string()};
+    Ambiente impostazioni_{"XDG_CONFIG_HOME", std::nullopt};
+    Ambiente dati_{"XDG_DATA_HOME", std::nullopt};
 };
+
+TEST_F(SessioneTest, CartelleDelProgramma) {
+    Sessione s;
+    s.percorso_programma = "/casa";
+    EXPECT_EQ(s.percorso_archivio(), "/casa/archivio");
+    EXPECT_EQ(s.percorso_ridotti(), "/casa/ridotti");
+    EXPECT_EQ(s.percorso_skin(), "/casa/skin");
+}
 
 TEST_F(SessioneTest, SenzaUnaSceltaVaneiDatiDellUtente) {
     EXPECT_EQ(file_impostazioni(), casa() / ".config/sortimetra/impostazioni.ini");
@@ -112,6 +142,10 @@ TEST_F(SessioneTest, UnNomeSuDueRigheNonSiRicorda) {
     const auto esito = ricorda_cartella(con_archivio("due\nrighe"));
     ASSERT_FALSE(esito);
     EXPECT_EQ(cartella_programma(), prima);
+}
+
+TEST_F(SessioneTest, LaCartellaDelProgrammaCheGira) {
+    EXPECT_EQ(cartella_eseguibile(), std::filesystem::canonical(SORTIMETRA_BIN));
 }
 
 }  // namespace
