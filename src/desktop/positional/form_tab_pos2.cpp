@@ -65,39 +65,54 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
     : nomi_{nomi},
       ambito_{new QLabel},
       intestazione_{new QLabel},
-      freccia_{new QPushButton{nomi.pagina == 1 ? tr("Pagina &avanti") : tr("Pagina &indietro"), this}},
+      freccia_{new QPushButton{nomi_.pagina == 1 ? tr("Pagina &avanti") : tr("Pagina &indietro"), this}},
       stampa_{new QPushButton{tr("&Stampa"), this}},
       esporta_{new QPushButton{tr("Es&porta…"), this}},
       scorri_{new QScrollArea{this}},
       contenuto_{new QWidget},
       campo_{new QWidget} {
     setObjectName(QString::fromLatin1(nomi.cornice));
+    componi_contenuto(etichette);
+    auto* tutto = new QVBoxLayout{this};
+    tutto->setContentsMargins(0, 0, 0, 0);
+    tutto->setSpacing(2 * kPasso);
+    tutto->addLayout(componi_testata());
+    tutto->addWidget(scorri_, 1);
+    tutto->addLayout(componi_piede());
+    svuota();
+}
+
+QBoxLayout* PaginaMigliori::componi_testata() {
     auto* titolo = new QLabel{tr("I Migliori Ritardi Statistici"), this};
     assegna_ruolo(titolo, "titolo");
-    auto* quale = new QLabel{tr("pagina %1 di 2").arg(nomi.pagina), this};
+    auto* quale = new QLabel{tr("pagina %1 di 2").arg(nomi_.pagina), this};
     assegna_ruolo(quale, "quieto");
-    ambito_->setObjectName(QStringLiteral("lblambito_%1").arg(nomi.pagina));
+    freccia_->setObjectName(QString::fromLatin1(nomi_.freccia));
+    freccia_->setIcon(icona(nomi_.pagina == 1 ? QStringLiteral("destra") : QStringLiteral("sinistra")));
+    if (nomi_.pagina == 1) freccia_->setLayoutDirection(Qt::RightToLeft);
+    assegna_ruolo(freccia_, "piatto");
+
+    auto* testata = new QHBoxLayout;
+    testata->setSpacing(2 * kPasso);
+    testata->addWidget(titolo);
+    testata->addWidget(quale);
+    testata->addStretch(1);
+    testata->addWidget(freccia_);
+    connect(freccia_, &QPushButton::clicked, this, &PaginaMigliori::volta);
+    return testata;
+}
+
+void PaginaMigliori::componi_contenuto(std::span<QLabel* const> etichette) {
+    ambito_->setObjectName(QStringLiteral("lblambito_%1").arg(nomi_.pagina));
     ambito_->setWordWrap(true);
     assegna_ruolo(ambito_, "quieto");
 
-    freccia_->setObjectName(QString::fromLatin1(nomi.freccia));
-    freccia_->setIcon(icona(nomi.pagina == 1 ? QStringLiteral("destra") : QStringLiteral("sinistra")));
-    if (nomi.pagina == 1) freccia_->setLayoutDirection(Qt::RightToLeft);
-    assegna_ruolo(freccia_, "piatto");
-
-    stampa_->setObjectName(QString::fromLatin1(nomi.stampa));
-    stampa_->setIcon(icona(QStringLiteral("stampa")));
-    esporta_->setIcon(icona(QStringLiteral("esporta")));
-    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
-    esci_bottone->setObjectName(QString::fromLatin1(nomi.esci));
-    esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
-
-    intestazione_->setObjectName(QString::fromLatin1(nomi.intestazione));
+    intestazione_->setObjectName(QString::fromLatin1(nomi_.intestazione));
     assegna_ruolo(intestazione_, "titolo");
     intestazione_->hide();
 
     // Families that follow one another under the same caption share a card.
-    const auto famiglie = famiglie_migliori(nomi.pagina);
+    const auto famiglie = famiglie_migliori(nomi_.pagina);
     for (std::size_t i = 0; i < famiglie.size();) {
         std::size_t dopo = i + 1;
         while (dopo < famiglie.size() && famiglie[dopo].titolo == famiglie[i].titolo) ++dopo;
@@ -124,34 +139,28 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
     scorri_->viewport()->setAutoFillBackground(false);
     contenuto_->setAutoFillBackground(false);
     scorri_->viewport()->installEventFilter(this);
+}
 
-    auto* testata = new QHBoxLayout;
-    testata->setSpacing(2 * kPasso);
-    testata->addWidget(titolo);
-    testata->addWidget(quale);
-    testata->addStretch(1);
-    testata->addWidget(freccia_);
+QBoxLayout* PaginaMigliori::componi_piede() {
+    stampa_->setObjectName(QString::fromLatin1(nomi_.stampa));
+    stampa_->setIcon(icona(QStringLiteral("stampa")));
+    esporta_->setIcon(icona(QStringLiteral("esporta")));
+    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
+    esci_bottone->setObjectName(QString::fromLatin1(nomi_.esci));
+    esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
+
     auto* piede = new QHBoxLayout;
     piede->setSpacing(2 * kPasso);
     piede->addStretch(1);
     piede->addWidget(stampa_);
     piede->addWidget(esporta_);
     piede->addWidget(esci_bottone);
-    auto* tutto = new QVBoxLayout{this};
-    tutto->setContentsMargins(0, 0, 0, 0);
-    tutto->setSpacing(2 * kPasso);
-    tutto->addLayout(testata);
-    tutto->addWidget(scorri_, 1);
-    tutto->addLayout(piede);
-
     // In the order of reading: the arrow at the top, then the commands.
     giro_di_tab({freccia_, stampa_, esporta_, esci_bottone});
-
-    connect(freccia_, &QPushButton::clicked, this, &PaginaMigliori::volta);
     connect(stampa_, &QPushButton::clicked, this, &PaginaMigliori::stampa);
     connect(esporta_, &QPushButton::clicked, this, &PaginaMigliori::esporta);
     connect(esci_bottone, &QPushButton::clicked, this, &PaginaMigliori::esci);
-    svuota();
+    return piede;
 }
 
 QWidget* PaginaMigliori::componi_scheda(std::size_t prima, std::size_t dopo,

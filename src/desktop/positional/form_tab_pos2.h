@@ -59,6 +59,9 @@ class PaginaMigliori final : public QWidget {
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
+    [[nodiscard]] QBoxLayout* componi_testata();
+    void componi_contenuto(std::span<QLabel* const> etichette);
+    [[nodiscard]] QBoxLayout* componi_piede();
     QWidget* componi_scheda(std::size_t prima, std::size_t dopo, std::span<QLabel* const> etichette);
     void disponi_schede();
     void aggiorna_comandi();

@@ -83,6 +83,17 @@ SceltaConcorso::SceltaConcorso(QWidget* padre)
       conferma_{new QPushButton{tr("Con&ferma"), this}} {
     setObjectName(QStringLiteral("Frame1"));
     assegna_ruolo(this, "scheda");
+    setFixedWidth(130 * kPasso);
+    componi();
+    connect(casella_, &CasellaConcorso::testo_cambiato, this, &SceltaConcorso::aggiorna_data);
+    connect(casella_, &CasellaTabellone::riportato, this, [this](int da, int a) {
+        limiti_->setText(tr("Il concorso %1 è fuori dai limiti: riportato a %2.").arg(da).arg(a));
+        limiti_->setProperty("riportato", true);
+        assegna_ruolo(limiti_, "avviso");
+    });
+}
+
+void SceltaConcorso::componi() {
     auto* titolo =
         new QLabel{tr("Tabellone posizionale dei numeri ritardatari all'estrazione del ..."), this};
     titolo->setWordWrap(true);
@@ -112,26 +123,12 @@ SceltaConcorso::SceltaConcorso(QWidget* padre)
     }());
     messaggio_->hide();
 
-    auto* esci = new QPushButton{tr("&Esci"), this};
-    esci->setObjectName(QStringLiteral("cmdopzioni_0"));
-    esci->setIcon(icona(QStringLiteral("chiudi")));
-    conferma_->setObjectName(QStringLiteral("cmdopzioni_1"));
-    conferma_->setIcon(icona(QStringLiteral("tabella"), TintaIcona::su_accento));
-    conferma_->setToolTip(tr("Mostra il tabellone a questo concorso (F5)"));
-    assegna_ruolo(conferma_, "primario");
-
     auto* riga = new QHBoxLayout;
     riga->setSpacing(2 * kPasso);
     riga->addWidget(casella_);
     riga->addWidget(del);
     riga->addWidget(data_);
     riga->addStretch(1);
-    auto* comandi = new QHBoxLayout;
-    comandi->setSpacing(2 * kPasso);
-    comandi->addWidget(messaggio_);
-    comandi->addStretch(1);
-    comandi->addWidget(esci);
-    comandi->addWidget(conferma_);
     auto* colonna = new QVBoxLayout{this};
     colonna->setContentsMargins(6 * kPasso, 6 * kPasso, 6 * kPasso, 6 * kPasso);
     colonna->setSpacing(2 * kPasso);
@@ -142,19 +139,28 @@ SceltaConcorso::SceltaConcorso(QWidget* padre)
     colonna->addLayout(riga);
     colonna->addWidget(limiti_);
     colonna->addSpacing(4 * kPasso);
-    colonna->addLayout(comandi);
-    setFixedWidth(130 * kPasso);
+    colonna->addLayout(componi_comandi());
+}
+
+QBoxLayout* SceltaConcorso::componi_comandi() {
+    auto* esci = new QPushButton{tr("&Esci"), this};
+    esci->setObjectName(QStringLiteral("cmdopzioni_0"));
+    esci->setIcon(icona(QStringLiteral("chiudi")));
+    conferma_->setObjectName(QStringLiteral("cmdopzioni_1"));
+    conferma_->setIcon(icona(QStringLiteral("tabella"), TintaIcona::su_accento));
+    conferma_->setToolTip(tr("Mostra il tabellone a questo concorso (F5)"));
+    assegna_ruolo(conferma_, "primario");
+    auto* comandi = new QHBoxLayout;
+    comandi->setSpacing(2 * kPasso);
+    comandi->addWidget(messaggio_);
+    comandi->addStretch(1);
+    comandi->addWidget(esci);
+    comandi->addWidget(conferma_);
     // The primary button is reached first; the box only by whoever wants another draw.
     giro_di_tab({casella_, conferma_, esci});
-
-    connect(casella_, &CasellaConcorso::testo_cambiato, this, &SceltaConcorso::aggiorna_data);
-    connect(casella_, &CasellaTabellone::riportato, this, [this](int da, int a) {
-        limiti_->setText(tr("Il concorso %1 è fuori dai limiti: riportato a %2.").arg(da).arg(a));
-        limiti_->setProperty("riportato", true);
-        assegna_ruolo(limiti_, "avviso");
-    });
     connect(conferma_, &QPushButton::clicked, this, &SceltaConcorso::confermato);
     connect(esci, &QPushButton::clicked, this, &SceltaConcorso::chiuso);
+    return comandi;
 }
 
 void SceltaConcorso::apri(const ArchivioEstrazioni& archivio, TipoTabellone tipo, const QString& frase) {

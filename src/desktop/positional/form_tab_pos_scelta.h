@@ -6,6 +6,7 @@
 #include <QFrame>
 #include <optional>
 
+class QBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -63,6 +64,8 @@ class SceltaConcorso final : public QFrame {
     void chiuso();
 
   private:
+    void componi();
+    QBoxLayout* componi_comandi();
     void aggiorna_data();
 
     CasellaTabellone* casella_;

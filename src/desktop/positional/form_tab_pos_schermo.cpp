@@ -118,22 +118,6 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     stato_->setFont(carattere_tabellare(font()));
     assegna_ruolo(stato_, "quieto");
 
-    stampa_->setObjectName(stampa);
-    stampa_->setIcon(icona(QStringLiteral("stampa")));
-    auto* esporta_bottone = new QPushButton{icona(QStringLiteral("esporta")), tr("Es&porta…"), this};
-    esporta_bottone->setToolTip(tr("Scrive il tabellone in un file CSV, XLSX o JSON (Ctrl+E)"));
-    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
-    esci_bottone->setObjectName(esci);
-    esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
-    comandi_->setSpacing(2 * kPasso);
-    auto* piede = new QHBoxLayout;
-    piede->setSpacing(2 * kPasso);
-    piede->addStretch(1);
-    piede->addLayout(comandi_);
-    piede->addWidget(stampa_);
-    piede->addWidget(esporta_bottone);
-    piede->addWidget(esci_bottone);
-
     auto* testata = new QVBoxLayout;
     testata->setSpacing(0);
     testata->addWidget(titolo_);
@@ -145,17 +129,36 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     colonna->addWidget(griglia_, 1);
     // A line of its own: beside long captions there would be no room for it in a narrow window.
     colonna->addWidget(stato_);
-    colonna->addLayout(piede);
+    stampa_->setObjectName(stampa);
+    colonna->addLayout(componi_piede(esci));
 
     for (QTableView* v : griglia_->findChildren<QTableView*>()) v->viewport()->installEventFilter(this);
     connect(griglia_->vista()->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &PaginaTabellone::racconta);
-    connect(esci_bottone, &QPushButton::clicked, this, &PaginaTabellone::esci);
-    connect(stampa_, &QPushButton::clicked, this, &PaginaTabellone::stampa);
-    connect(esporta_bottone, &QPushButton::clicked, this, &PaginaTabellone::esporta);
     connect(griglia_, &GrigliaRisultati::stampa_richiesta, this, &PaginaTabellone::stampa);
     connect(griglia_, &GrigliaRisultati::esporta_richiesta, this, &PaginaTabellone::esporta);
     imposta_stampabile(false);
+}
+
+QBoxLayout* PaginaTabellone::componi_piede(const QString& nome_esci) {
+    stampa_->setIcon(icona(QStringLiteral("stampa")));
+    auto* esporta_bottone = new QPushButton{icona(QStringLiteral("esporta")), tr("Es&porta…"), this};
+    esporta_bottone->setToolTip(tr("Scrive il tabellone in un file CSV, XLSX o JSON (Ctrl+E)"));
+    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
+    esci_bottone->setObjectName(nome_esci);
+    esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
+    comandi_->setSpacing(2 * kPasso);
+    auto* piede = new QHBoxLayout;
+    piede->setSpacing(2 * kPasso);
+    piede->addStretch(1);
+    piede->addLayout(comandi_);
+    piede->addWidget(stampa_);
+    piede->addWidget(esporta_bottone);
+    piede->addWidget(esci_bottone);
+    connect(esci_bottone, &QPushButton::clicked, this, &PaginaTabellone::esci);
+    connect(stampa_, &QPushButton::clicked, this, &PaginaTabellone::stampa);
+    connect(esporta_bottone, &QPushButton::clicked, this, &PaginaTabellone::esporta);
+    return piede;
 }
 
 QPushButton* PaginaTabellone::aggiungi_comando(const QString& nome, const QString& scritta,

@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+class QBoxLayout;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -92,6 +93,7 @@ class PaginaTabellone final : public QWidget {
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
+    [[nodiscard]] QBoxLayout* componi_piede(const QString& nome_esci);
     [[nodiscard]] QString posto(int colonna) const;
     void racconta(const QModelIndex& cella);
 

@@ -151,44 +151,8 @@ void FormAnteprima::componi() {
     auto* destra = new QVBoxLayout;
     destra->setSpacing(3 * kPasso);
 
-    indietro_->setObjectName(QStringLiteral("cmdIndietro"));
-    indietro_->setIcon(icona(QStringLiteral("su")));
-    indietro_->setToolTip(tr("Pagina precedente (Pag ↑)"));
-    indietro_->setAccessibleName(tr("Pagina precedente"));
-    avanti_->setObjectName(QStringLiteral("cmdAvanti"));
-    avanti_->setIcon(icona(QStringLiteral("giu")));
-    avanti_->setToolTip(tr("Pagina seguente (Pag ↓)"));
-    avanti_->setAccessibleName(tr("Pagina seguente"));
-    for (QPushButton* b : {indietro_, avanti_}) b->setAutoDefault(false);
-    txt_pagina_->setObjectName(QStringLiteral("txtPagina"));
-    txt_pagina_->setAccessibleName(tr("Pagina mostrata"));
-    txt_pagina_->setFixedWidth(16 * kPasso);
-    auto* pagine = new QHBoxLayout;
-    pagine->setSpacing(2 * kPasso);
-    pagine->addWidget(indietro_);
-    pagine->addWidget(avanti_);
-    pagine->addWidget(etichetta(tr("Pa&gina"), txt_pagina_));
-    pagine->addWidget(txt_pagina_);
-    auto* di = new QLabel{tr("di %1").arg(rapporto_.pagine), corpo_};
-    assegna_ruolo(di, "quieto");
-    pagine->addWidget(di);
-    pagine->addStretch(1);
-    destra->addLayout(pagine);
-    connect(indietro_, &QPushButton::clicked, this, [this] { vai(pagina_ - 1); });
-    connect(avanti_, &QPushButton::clicked, this, [this] { vai(pagina_ + 1); });
-    connect(txt_pagina_, &QLineEdit::editingFinished, this, [this] { vai(txt_pagina_->numero()); });
-
-    grandezza_->setObjectName(QStringLiteral("cmbGrandezza"));
-    grandezza_->addItem(tr("Pagina intera"), kPaginaIntera);
-    grandezza_->addItem(tr("Larghezza della pagina"), kLarghezzaPagina);
-    for (const int p : kPercentuali) grandezza_->addItem(QStringLiteral("%1%").arg(p), p);
-    auto* quanto = new QHBoxLayout;
-    quanto->setSpacing(2 * kPasso);
-    quanto->addWidget(etichetta(tr("&Grandezza"), grandezza_));
-    quanto->addWidget(grandezza_, 1);
-    destra->addLayout(quanto);
-    connect(grandezza_, &QComboBox::currentIndexChanged, this, [this] { adatta(); });
-
+    destra->addLayout(componi_pagine());
+    destra->addLayout(componi_grandezza());
     destra->addStretch(1);
     esito_->setObjectName(QStringLiteral("lblesito"));
     esito_->setWordWrap(true);
@@ -215,6 +179,48 @@ void FormAnteprima::componi() {
     connect(stampa_subito, &QShortcut::activated, this, &FormAnteprima::stampa);
     pannello_->imposta_annullabile(true);
     pannello_->imposta_scritta(tr("Stampa in corso…"));
+}
+
+QBoxLayout* FormAnteprima::componi_pagine() {
+    indietro_->setObjectName(QStringLiteral("cmdIndietro"));
+    indietro_->setIcon(icona(QStringLiteral("su")));
+    indietro_->setToolTip(tr("Pagina precedente (Pag ↑)"));
+    indietro_->setAccessibleName(tr("Pagina precedente"));
+    avanti_->setObjectName(QStringLiteral("cmdAvanti"));
+    avanti_->setIcon(icona(QStringLiteral("giu")));
+    avanti_->setToolTip(tr("Pagina seguente (Pag ↓)"));
+    avanti_->setAccessibleName(tr("Pagina seguente"));
+    for (QPushButton* b : {indietro_, avanti_}) b->setAutoDefault(false);
+    txt_pagina_->setObjectName(QStringLiteral("txtPagina"));
+    txt_pagina_->setAccessibleName(tr("Pagina mostrata"));
+    txt_pagina_->setFixedWidth(16 * kPasso);
+    auto* pagine = new QHBoxLayout;
+    pagine->setSpacing(2 * kPasso);
+    pagine->addWidget(indietro_);
+    pagine->addWidget(avanti_);
+    pagine->addWidget(etichetta(tr("Pa&gina"), txt_pagina_));
+    pagine->addWidget(txt_pagina_);
+    auto* di = new QLabel{tr("di %1").arg(rapporto_.pagine), corpo_};
+    assegna_ruolo(di, "quieto");
+    pagine->addWidget(di);
+    pagine->addStretch(1);
+    connect(indietro_, &QPushButton::clicked, this, [this] { vai(pagina_ - 1); });
+    connect(avanti_, &QPushButton::clicked, this, [this] { vai(pagina_ + 1); });
+    connect(txt_pagina_, &QLineEdit::editingFinished, this, [this] { vai(txt_pagina_->numero()); });
+    return pagine;
+}
+
+QBoxLayout* FormAnteprima::componi_grandezza() {
+    grandezza_->setObjectName(QStringLiteral("cmbGrandezza"));
+    grandezza_->addItem(tr("Pagina intera"), kPaginaIntera);
+    grandezza_->addItem(tr("Larghezza della pagina"), kLarghezzaPagina);
+    for (const int p : kPercentuali) grandezza_->addItem(QStringLiteral("%1%").arg(p), p);
+    auto* quanto = new QHBoxLayout;
+    quanto->setSpacing(2 * kPasso);
+    quanto->addWidget(etichetta(tr("&Grandezza"), grandezza_));
+    quanto->addWidget(grandezza_, 1);
+    connect(grandezza_, &QComboBox::currentIndexChanged, this, [this] { adatta(); });
+    return quanto;
 }
 
 QFrame* FormAnteprima::componi_opzioni() {

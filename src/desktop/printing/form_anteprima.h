@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+class QBoxLayout;
 class QComboBox;
 class QFrame;
 class QLabel;
@@ -70,6 +71,8 @@ class FormAnteprima final : public QDialog {
 
   private:
     void componi();
+    QBoxLayout* componi_pagine();
+    QBoxLayout* componi_grandezza();
     QFrame* componi_opzioni();
     void adatta();
     void riporta(CasellaCifre* casella) const;

@@ -205,6 +205,28 @@ frmStampaFCPB::frmStampaFCPB(QWidget* padre)
 }
 
 void frmStampaFCPB::componi() {
+    componi_immagini();
+    auto* riga = new QHBoxLayout{this};
+    riga->setContentsMargins(4 * kPasso, 4 * kPasso, 4 * kPasso, 4 * kPasso);
+    riga->setSpacing(4 * kPasso);
+    riga->addWidget(preview_, 1);
+    auto* colonna = new QVBoxLayout;
+    colonna->setSpacing(2 * kPasso);
+    colonna->addLayout(componi_misure());
+    componi_posto(colonna);
+    componi_foglio(colonna);
+    auto* riga_zoom = new QHBoxLayout;
+    riga_zoom->addWidget(zoom_);
+    colonna->addLayout(riga_zoom, 1);
+    componi_bottoni(colonna);
+    riga->addLayout(colonna);
+    const auto bottone = [this](const char* nome) { return findChild<QPushButton*>(QLatin1String{nome}); };
+    giro_di_tab({preview_, txt_x_, txt_y_, txt_w_, txt_h_, txt_scala_, bottone("cmdScala"), txt_copie_,
+                 proporzioni_, centro_, bottone("cmdOrigine"), bottone("cmdMax"), bottone("cmdPdf"),
+                 cmd_stampa_, bottone("cmdChiudi")});
+}
+
+void frmStampaFCPB::componi_immagini() {
     for (QLabel* nascosto : {pic_copia_, pic_copia_temp_}) nascosto->hide();
     pic_copia_->setObjectName(QStringLiteral("picCopia"));
     pic_copia_temp_->setObjectName(QStringLiteral("picCopiaTemp"));
@@ -216,14 +238,15 @@ void frmStampaFCPB::componi() {
     zoom_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     zoom_->installEventFilter(this);
     zoom_->setAccessibleName(tr("Immagine ingrandita"));
+    connect(preview_, &PicPreview::spostata, this, [this](double dx, double dy) {
+        const QSignalBlocker zitto{centro_};
+        centro_->setChecked(false);
+        cornice_.translate(dx, dy);
+        mostra_valori();
+    });
+}
 
-    auto* riga = new QHBoxLayout{this};
-    riga->setContentsMargins(4 * kPasso, 4 * kPasso, 4 * kPasso, 4 * kPasso);
-    riga->setSpacing(4 * kPasso);
-    riga->addWidget(preview_, 1);
-
-    auto* colonna = new QVBoxLayout;
-    colonna->setSpacing(2 * kPasso);
+QGridLayout* frmStampaFCPB::componi_misure() {
     auto* moduli = new QGridLayout;
     moduli->setHorizontalSpacing(2 * kPasso);
     moduli->setVerticalSpacing(2 * kPasso);
@@ -265,8 +288,19 @@ void frmStampaFCPB::componi() {
     txt_copie_->setText(QStringLiteral("1"));
     txt_copie_->setMaxLength(3);
     scritta(n, tr("C&opie:"), txt_copie_);
-    colonna->addLayout(moduli);
+    connect(txt_x_, &QLineEdit::editingFinished, this, &frmStampaFCPB::cambia_posto);
+    connect(txt_y_, &QLineEdit::editingFinished, this, &frmStampaFCPB::cambia_posto);
+    connect(txt_w_, &QLineEdit::editingFinished, this, [this] { cambia_misura(true); });
+    connect(txt_h_, &QLineEdit::editingFinished, this, [this] { cambia_misura(false); });
+    connect(ok, &QPushButton::clicked, this, &frmStampaFCPB::applica_scala);
+    connect(txt_scala_, &QLineEdit::returnPressed, this, &frmStampaFCPB::applica_scala);
+    connect(txt_copie_, &QLineEdit::editingFinished, this, [this] {
+        if (leggi_misura(txt_copie_->text()).value_or(0) < 1) txt_copie_->setText(QStringLiteral("1"));
+    });
+    return moduli;
+}
 
+void frmStampaFCPB::componi_posto(QBoxLayout* colonna) {
     proporzioni_->setObjectName(QStringLiteral("chkProporzioni"));
     proporzioni_->setChecked(true);
     centro_->setObjectName(QStringLiteral("chkCentro"));
@@ -280,7 +314,19 @@ void frmStampaFCPB::componi() {
         b->setAutoDefault(false);
         colonna->addWidget(b);
     }
+    connect(centro_, &QCheckBox::toggled, this, [this](bool si) {
+        if (si) centra();
+        mostra_valori();
+    });
+    connect(origine, &QPushButton::clicked, this, [this] {
+        centro_->setChecked(false);
+        cornice_.moveTo(0, 0);
+        mostra_valori();
+    });
+    connect(massimo, &QPushButton::clicked, this, &frmStampaFCPB::usa_tutto);
+}
 
+void frmStampaFCPB::componi_foglio(QBoxLayout* colonna) {
     fra_foglio_->setObjectName(QStringLiteral("fraFoglio"));
     lbl_fg_w_->setObjectName(QStringLiteral("lblFgW"));
     lbl_fg_h_->setObjectName(QStringLiteral("lblFgH"));
@@ -299,10 +345,9 @@ void frmStampaFCPB::componi() {
         l->hide();
         colonna->addWidget(l);
     }
-    auto* riga_zoom = new QHBoxLayout;
-    riga_zoom->addWidget(zoom_);
-    colonna->addLayout(riga_zoom, 1);
+}
 
+void frmStampaFCPB::componi_bottoni(QBoxLayout* colonna) {
     cmd_stampa_->setObjectName(QStringLiteral("cmdStampa"));
     cmd_stampa_->setIcon(icona(QStringLiteral("stampa"), TintaIcona::su_accento));
     cmd_stampa_->setAutoDefault(false);
@@ -320,42 +365,13 @@ void frmStampaFCPB::componi() {
     bottoni->addWidget(cmd_stampa_, 1);
     bottoni->addWidget(chiudi);
     colonna->addLayout(bottoni);
-    riga->addLayout(colonna);
-    giro_di_tab({preview_, txt_x_, txt_y_, txt_w_, txt_h_, txt_scala_, ok, txt_copie_, proporzioni_, centro_,
-                 origine, massimo, pdf, cmd_stampa_, chiudi});
+    connect(cmd_stampa_, &QPushButton::clicked, this, &frmStampaFCPB::stampa);
+    connect(pdf, &QPushButton::clicked, this, &frmStampaFCPB::salva_pdf);
+    connect(chiudi, &QPushButton::clicked, this, &QDialog::reject);
 
     timer_->setObjectName(QStringLiteral("Timer1"));
     timer_->setSingleShot(true);
     timer_->setInterval(30);
-
-    connect(txt_x_, &QLineEdit::editingFinished, this, &frmStampaFCPB::cambia_posto);
-    connect(txt_y_, &QLineEdit::editingFinished, this, &frmStampaFCPB::cambia_posto);
-    connect(txt_w_, &QLineEdit::editingFinished, this, [this] { cambia_misura(true); });
-    connect(txt_h_, &QLineEdit::editingFinished, this, [this] { cambia_misura(false); });
-    connect(ok, &QPushButton::clicked, this, &frmStampaFCPB::applica_scala);
-    connect(txt_scala_, &QLineEdit::returnPressed, this, &frmStampaFCPB::applica_scala);
-    connect(txt_copie_, &QLineEdit::editingFinished, this, [this] {
-        if (leggi_misura(txt_copie_->text()).value_or(0) < 1) txt_copie_->setText(QStringLiteral("1"));
-    });
-    connect(centro_, &QCheckBox::toggled, this, [this](bool si) {
-        if (si) centra();
-        mostra_valori();
-    });
-    connect(origine, &QPushButton::clicked, this, [this] {
-        centro_->setChecked(false);
-        cornice_.moveTo(0, 0);
-        mostra_valori();
-    });
-    connect(massimo, &QPushButton::clicked, this, &frmStampaFCPB::usa_tutto);
-    connect(preview_, &PicPreview::spostata, this, [this](double dx, double dy) {
-        const QSignalBlocker zitto{centro_};
-        centro_->setChecked(false);
-        cornice_.translate(dx, dy);
-        mostra_valori();
-    });
-    connect(cmd_stampa_, &QPushButton::clicked, this, &frmStampaFCPB::stampa);
-    connect(pdf, &QPushButton::clicked, this, &frmStampaFCPB::salva_pdf);
-    connect(chiudi, &QPushButton::clicked, this, &QDialog::reject);
     // The label "in corso" must be on the screen before the printer keeps the thread busy.
     connect(timer_, &QTimer::timeout, this, [this] {
         const int copie = std::max(1, static_cast<int>(leggi_misura(txt_copie_->text()).value_or(1)));

@@ -11,8 +11,10 @@
 #include <optional>
 #include <variant>
 
+class QBoxLayout;
 class QCheckBox;
 class QFrame;
+class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -91,6 +93,11 @@ class frmStampaFCPB final : public QDialog {
 
   private:
     void componi();
+    void componi_immagini();
+    QGridLayout* componi_misure();
+    void componi_posto(QBoxLayout* colonna);
+    void componi_foglio(QBoxLayout* colonna);
+    void componi_bottoni(QBoxLayout* colonna);
     /// Name of the default printer, "" after a message.
     [[nodiscard]] QString GetDefPrinterName();
     bool OpenDocPrinter(const QString& nome);

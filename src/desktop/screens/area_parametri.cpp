@@ -122,6 +122,18 @@ AreaParametri::AreaParametri(QWidget* padre)
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(kPasso);
 
+    componi_ruote();
+    colonna->addWidget(riquadro_ruote_);
+    componi_intervallo();
+    colonna->addWidget(titolo_intervallo_);
+    colonna->addWidget(intervallo_);
+    componi_concorsi();
+    colonna->addWidget(riquadro_concorsi_);
+    configura(Genere::lotto);
+    mostra_ruote();
+}
+
+void AreaParametri::componi_ruote() {
     auto* ruote = new QGridLayout{riquadro_ruote_};
     ruote->setContentsMargins(0, 0, 0, 2 * kPasso);
     ruote->setSpacing(kPasso);
@@ -142,19 +154,20 @@ AreaParametri::AreaParametri(QWidget* padre)
     ruote->setRowMinimumHeight(1 + kRuote / 2, kPasso);
     ruote->setColumnStretch(0, 1);
     ruote->setColumnStretch(1, 1);
-    colonna->addWidget(riquadro_ruote_);
+}
 
+void AreaParametri::componi_intervallo() {
     intervallo_->setObjectName(QStringLiteral("ComboIntervallo"));
     intervallo_->setMaxVisibleItems(21);
     intervallo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     intervallo_->setMinimumContentsLength(12);
     titolo_intervallo_->setBuddy(intervallo_);
-    colonna->addWidget(titolo_intervallo_);
-    colonna->addWidget(intervallo_);
     connect(intervallo_, &QComboBox::currentIndexChanged, this, [this] {
         if (!fermo_) emit cambiato();
     });
+}
 
+void AreaParametri::componi_concorsi() {
     auto* concorsi = new QGridLayout{riquadro_concorsi_};
     concorsi->setContentsMargins(0, 2 * kPasso, 0, 0);
     concorsi->setHorizontalSpacing(2 * kPasso);
@@ -193,9 +206,6 @@ AreaParametri::AreaParametri(QWidget* padre)
     // A blank row parts the two boxes.
     concorsi->setRowMinimumHeight(2, kPasso);
     concorsi->setColumnStretch(0, 1);
-    colonna->addWidget(riquadro_concorsi_);
-    configura(Genere::lotto);
-    mostra_ruote();
 }
 
 void AreaParametri::configura(Genere genere) {

@@ -83,6 +83,9 @@ class AreaParametri final : public QFrame {
     void tratto_cambiato();
 
   private:
+    void componi_ruote();
+    void componi_intervallo();
+    void componi_concorsi();
     void ruota_premuta(int casella, bool spuntata);
     void mostra_ruote();
     void aggiorna_data(int quale);
