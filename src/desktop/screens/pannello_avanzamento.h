@@ -26,6 +26,8 @@ class PannelloAvanzamento final : public QFrame {
     /// Shows the panel over the middle of `sopra`, a widget inside the panel's parent.
     void mostra_su(const QWidget* sopra);
     void imposta_annullabile(bool si);
+    /// What `cmdAnnulla` says; at first "Annulla Ricerca".
+    void imposta_annulla(const QString& testo);
 
   signals:
     void annulla();
