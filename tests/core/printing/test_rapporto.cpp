@@ -2,7 +2,8 @@
 #include "catalogue/ricerche.h"
 #include "printing/rapporto.h"
 #include "statistics/parametri.h"
-#include "stores/dimostrazione.h"
+#include "stores/apertura.h"
+#include "stores/importa.h"
 #include "support/archivi.h"
 #include "support/superficie_registrata.h"
 
@@ -420,14 +421,17 @@ TEST(TestiTesta, LaTabellaDiOgniRuotaTieneLeMaiuscole) {
 
 /// Every sheet of every kind of report says that its draws never took place; none does of real ones.
 TEST(Simulato, OgniFoglioLoDice) {
-    static const ArchivioEstrazioni finto = ArchivioEstrazioni::componi(archivio_dimostrativo()).value();
+    const prove::CartellaProva cartella;
+    SenzaAvanzamento nessuno;
+    ASSERT_TRUE(crea_dimostrazione(cartella.percorso(), nessuno));
+    const auto finto = apri_archivio(cartella.percorso());
+    ASSERT_TRUE(finto);
     for (const char* chiave :
          {"ricerche su tutti gli ambi", "tabellone posizionale", "i 10 numeri più in ritardo su ogni ruota",
           "tabellone migliori ritardi", "tabellone posizionale combinazione win for life",
           "frequenza e ritardo dei 90 numeri per posizione (10 e lotto)"}) {
         SCOPED_TRACE(chiave);
-        Risposta risposta = prove::rispondi(prove::domanda(chiave), finto, prove::cartella_dati());
-        risposta.ambito->simulato = true;  // as it is where the archive was opened from its file
+        Risposta risposta = prove::rispondi(prove::domanda(chiave), *finto, prove::cartella_dati());
         const Rapporto rapporto = prepara_rapporto(risposta);
         const Stampato s{rapporto};
         for (int p = 1; p <= rapporto.pagine; ++p) {
