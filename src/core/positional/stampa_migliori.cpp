@@ -43,7 +43,8 @@ void stampa_scheda(EasyPrint& stampante, const Schede& schede, const Tabella& ta
     const std::string famiglia = tabella.testo(r, 0);
     const float x =
         inizio_banda(stampante) + schede.tra_colonne * static_cast<float>(scheda % schede.per_fila);
-    const float cima = kPrimaScheda + schede.tra_file * static_cast<float>(scheda / schede.per_fila);
+    const std::size_t fila = scheda / schede.per_fila;
+    const float cima = kPrimaScheda + schede.tra_file * static_cast<float>(fila);
     stampante.PrintShape(x, cima, schede.larga, schede.alta, 2);
     stampante.FontBold(true);
     stampante.ForeColor(kBluScuro);

@@ -291,7 +291,8 @@ void stampa_lista_dieci(EasyPrint& stampante, const Tabella& tabella, const Posa
         PosaDieci suo = posa;
         suo.larga = larga;
         suo.x += (larga + posa.spazio) * static_cast<float>(g % kGruppiBanda);
-        suo.y += posa.tra_fasce * static_cast<float>(g / kGruppiBanda);
+        const std::size_t fascia = g / kGruppiBanda;
+        suo.y += posa.tra_fasce * static_cast<float>(fascia);
         stampa_gruppo(stampante, tabella, g, suo);
     }
 }

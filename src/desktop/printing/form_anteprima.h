@@ -65,7 +65,7 @@ class FormAnteprima final : public QDialog {
                                 const QString& tasto);
     void aggiorna_pagina();
     /// False if nothing was printed.
-    bool stampa_pagine(PagineScelte pagine);
+    bool stampa_pagine(PagineScelte scelte);
     void riporta(CasellaCifre* casella) const;
     /// Whether the pages make sense; says so under the boxes if not.
     bool pagine_valide();
