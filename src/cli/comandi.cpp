@@ -18,9 +18,13 @@ namespace {
 
 constexpr auto kComandi = std::to_array<Comando>({
     {.nome = "elenco",
-     .argomenti = "[--json]",
+     .argomenti = "[PAROLE] [--json]",
      .frase = "Elenca le ricerche del catalogo: scheda, gruppo, nome, chiave, e se qui si possono eseguire.",
+     .dettaglio =
+         "Con alcune parole elenca soltanto le ricerche che le hanno nel nome, nel gioco, nel gruppo o "
+         "nella loro frase: elenco ambi ritardo.",
      .bit = kComElenco,
+     .parole = true,
      .esegui = comando_elenco},
     {.nome = "ricerca",
      .argomenti = "CHIAVE [opzioni]",
@@ -124,19 +128,24 @@ int consegna(const Canali& canali, std::string_view testo, int codice) {
     canali.uscita.write(testo.data(), static_cast<std::streamsize>(testo.size()));
     canali.uscita.flush();
     if (canali.uscita.good()) return codice;
-    // Who closed the pipe has read enough, and knows.
     const int motivo = errno;
-    if (motivo != EPIPE)
-        lamenta(canali, fmt::format("l'uscita non si può scrivere{}{}.", motivo != 0 ? ": " : "",
-                                    motivo != 0 ? motivo_sistema(motivo) : ""));
+    // Who closed the pipe has read enough, and got what was wanted.
+    if (motivo == EPIPE) return codice;
+    lamenta(canali, fmt::format("l'uscita non si può scrivere{}{}.", motivo != 0 ? ": " : "",
+                                motivo != 0 ? motivo_sistema(motivo) : ""));
     return kSenzaDati;
 }
 
 int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori,
-                   bool terminale) {
-    const Canali canali{uscita, errori, terminale};
-    const auto parole = separa(argomenti);
+                   const Terminale& terminale) {
+    const Canali canali{uscita, errori, terminale.errori, terminale.larghezza};
+    auto parole = separa(argomenti);
     if (!parole) return uso_errato(canali, parole.error());
+    // "aiuto ricerca" asks what "ricerca --aiuto" does.
+    if (!parole->argomenti.empty() && parole->argomenti.front() == "aiuto") {
+        parole->argomenti.erase(parole->argomenti.begin());
+        if (!data(*parole, "--aiuto")) parole->date.push_back({.nome = "--aiuto", .valore = std::nullopt});
+    }
 
     Richiesta richiesta;
     richiesta.argomenti = parole->argomenti;
@@ -180,7 +189,7 @@ int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& usci
     const std::string aiuto_di = cerca ? fmt::format("{} '{}'", nome, richiesta.ricerca->chiave()) : nome;
     if (const auto lette = leggi_opzioni(*parole, comando->bit, nome, richiesta); !lette)
         return uso_errato(canali, lette.error(), aiuto_di);
-    if (!richiesta.argomenti.empty())
+    if (!richiesta.argomenti.empty() && !comando->parole)
         return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()), aiuto_di);
     return comando->esegui(richiesta, canali);
 }

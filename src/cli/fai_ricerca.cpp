@@ -4,15 +4,75 @@
 #include "cli/apri.h"
 #include "cli/avanzamento_riga.h"
 #include "files/sessione.h"
+#include "results/selezione.h"
+#include "stores/apertura.h"
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <memory>
+#include <numeric>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace sortimetra {
 
-std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canali& canali) {
+namespace {
+
+/// A concorso of `--da` or `--a`, once the game's draws are known: of a date the first on or after it
+/// (`primo`), or the last on or before it.
+Concorso concorso_di(const Data& data, bool primo, const std::vector<Concorso>& concorsi,
+                     const std::vector<Data>& date) {
+    if (primo) {
+        const auto da = std::lower_bound(date.begin(), date.end(), data);
+        return da == date.end() ? (concorsi.empty() ? 0 : concorsi.back() + 1)
+                                : concorsi[static_cast<std::size_t>(da - date.begin())];
+    }
+    const auto a = std::upper_bound(date.begin(), date.end(), data);
+    return a == date.begin() ? 0 : concorsi[static_cast<std::size_t>(a - date.begin()) - 1];
+}
+
+/// Puts one end of the range into the question, with a remark where it is brought back into the archive.
+void applica_estremo(const EstremoTratto& estremo, bool primo, const ArchivioEstrazioni& archivio,
+                     Domanda& domanda, const Canali& canali) {
+    if (!estremo.concorso && !estremo.data) return;
+    const bool wfl = domanda.ricerca->gioco == Gioco::win_for_life;
+    const Concorso ultimo = wfl ? archivio.ultimo_concorso_winforlife() : archivio.ultimo_concorso();
+    const Concorso chiesto =
+        estremo.concorso ? *estremo.concorso
+        : wfl ? concorso_di(*estremo.data, primo, archivio.winforlife().concorso, archivio.winforlife().data)
+              : concorso_di(*estremo.data, primo, archivio.lotto().concorso, archivio.lotto().data);
+    TrattoConcorsi& tratto = domanda.ambito.tratto;
+    (primo ? tratto.da : tratto.a) = chiesto;
+    if (domanda.ricerca->tabelle == 0 || ultimo == 0) return;
+    const Concorso usato = primo ? tratto.riportato(ultimo).da : tratto.riportato(ultimo).a;
+    if (usato != chiesto)
+        canali.errori << fmt::format("{}: {} riportato a {}\n", primo ? "--da" : "--a",
+                                     estremo.data ? testo_data(*estremo.data) : std::to_string(chiesto),
+                                     usato);
+}
+
+/// Remarks on a question that is answered otherwise than one might think.
+void nota_domanda(const Richiesta& richiesta, const Canali& canali) {
+    const Ricerca& r = *richiesta.ricerca;
+    const bool legge_ruote = (r.tabelle & kTabellaNazionale) != 0 && r.gioco != Gioco::sistemi;
+    if (richiesta.senza_ruote && legge_ruote)
+        canali.errori << "--ruote nessuna: si leggono le estrazioni di Bari e T vale 0\n";
+}
+
+/// What a search had to say, on the channel of errors. A message of a search that went well is part of the
+/// JSON object; who reads a table must see it too.
+void racconta(const Risultato& r, bool in_json, const Canali& canali) {
+    for (const std::string& nota : r.note) canali.errori << nota << '\n';
+    if (!r.prodotto && r.messaggi.empty()) lamenta(canali, "la ricerca non ha dati.");
+    if (!r.prodotto || !in_json)
+        for (const Messaggio& m : r.messaggi) lamenta(canali, m.testo);
+}
+
+}  // namespace
+
+std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canali& canali, bool in_json) {
     const Ricerca& ricerca = *richiesta.ricerca;
     if (!ricerca.pronta()) {
         lamenta(canali, fmt::format("la ricerca \"{}\" non è ancora disponibile.", ricerca.chiave()));
@@ -26,30 +86,53 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
         if (!aperto) return std::unexpected(kArchivioChiuso);
         archivio = std::move(*aperto);
     }
+    Domanda domanda = richiesta.domanda;
+    applica_estremo(richiesta.da, true, archivio, domanda, canali);
+    applica_estremo(richiesta.a, false, archivio, domanda, canali);
+    nota_domanda(richiesta, canali);
     AvanzamentoRiga avanzamento{canali, "ricerca in corso"};
-    Risposta risposta = rispondi(richiesta.domanda, archivio, sessione.percorso_programma, avanzamento);
+    Risposta risposta = rispondi(std::move(domanda), archivio, sessione.percorso_programma, avanzamento);
     avanzamento.finito();
-
-    const Risultato& r = *risposta.risultato;
-    for (const std::string& nota : r.note) canali.errori << nota << '\n';
-    if (!r.prodotto && r.messaggi.empty()) lamenta(canali, "la ricerca non ha dati.");
-    // A message of a search that went well is part of the JSON object; who reads a table must see it too.
-    if (!r.prodotto || richiesta.formato != Formato::Json)
-        for (const Messaggio& m : r.messaggi) lamenta(canali, m.testo);
+    racconta(*risposta.risultato, in_json, canali);
     return risposta;
 }
 
-std::optional<int> ordina_risposta(const Richiesta& richiesta, Risposta& risposta, const Canali& canali) {
-    const auto& o = richiesta.ordina;
-    const auto& tabelle = risposta.risultato->tabelle;
-    if (!o || tabelle.empty() || tabelle.front().n_colonne() == 0) return std::nullopt;
-    const Tabella& prima = tabelle.front();
-    if (o->colonna >= prima.n_colonne())
-        return uso_errato(canali,
-                          fmt::format("--ordina: trovato \"{}\", atteso il numero di una colonna da 0 a {}.",
-                                      o->colonna, prima.n_colonne() - 1),
+std::optional<int> disponi_risposta(const Richiesta& richiesta, Risposta& risposta, const Canali& canali) {
+    if (risposta.risultato->tabelle.empty()) return std::nullopt;
+    const Tabella& prima = risposta.risultato->tabelle.front();
+    const auto errato = [&](std::string_view opzione, const std::string& perche) {
+        return uso_errato(canali, fmt::format("{}: {}.", opzione, perche),
                           fmt::format("ricerca '{}'", risposta.ricerca().chiave()));
-    risposta.ordine = ordina(prima, o->colonna, o->verso);
+    };
+    if (prima.n_colonne() == 0) return std::nullopt;
+    if (richiesta.ordina) {
+        const auto criteri = leggi_criteri(prima, *richiesta.ordina);
+        if (!criteri) return errato("--ordina", criteri.error());
+        risposta.ordine = ordina(prima, *criteri);
+    }
+    if (!richiesta.dove && !richiesta.colonne) return std::nullopt;
+
+    std::vector<std::uint32_t> righe = risposta.ordine;
+    if (righe.empty()) {
+        righe.resize(prima.righe());
+        std::iota(righe.begin(), righe.end(), 0U);
+    }
+    if (richiesta.dove) {
+        auto tenute = filtra(prima, *richiesta.dove, righe);
+        if (!tenute) return errato("--dove", tenute.error());
+        righe = std::move(*tenute);
+    }
+    std::vector<std::size_t> colonne(prima.n_colonne());
+    std::iota(colonne.begin(), colonne.end(), std::size_t{0});
+    if (richiesta.colonne) {
+        auto scelte = leggi_colonne(prima, *richiesta.colonne);
+        if (!scelte) return errato("--colonne", scelte.error());
+        colonne = std::move(*scelte);
+    }
+    auto disposto = std::make_shared<Risultato>(*risposta.risultato);
+    disposto->tabelle.front() = seleziona(prima, righe, colonne);
+    risposta.risultato = std::move(disposto);
+    risposta.ordine.clear();
     return std::nullopt;
 }
 

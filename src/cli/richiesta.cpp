@@ -1,6 +1,7 @@
 #include "cli/richiesta.h"
 
 #include "cli/simili.h"
+#include "text/data.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -16,14 +17,9 @@ namespace {
 
 // ---- values ----
 
-bool metti(std::int32_t& dove, std::optional<std::int32_t> valore) {
-    if (valore) dove = *valore;
-    return valore.has_value();
-}
-
 // ---- words ----
 
-constexpr std::array<std::string_view, 3> kFormati{"tabella", "csv", "json"};
+constexpr std::array<std::string_view, 4> kFormati{"tabella", "csv", "json", "xlsx"};
 constexpr std::array<std::string_view, 13> kRuoteParole{"BA", "CA", "FI", "GE", "MI",    "NA",     "PA",
                                                         "RM", "TO", "VE", "NZ", "TUTTE", "nessuna"};
 
@@ -55,7 +51,7 @@ bool leggi_ruote(std::string_view valore, Richiesta& r) {
     const auto parole = pezzi_opzione(valore);
     if (parole.size() == 1 && minuscolo(parole.front()) == "nessuna") {
         r.domanda.ambito.ruote = scelte;
-        return true;
+        return r.senza_ruote = true;
     }
     for (const std::string_view p : parole) {
         const auto w = ruota(p);
@@ -115,11 +111,16 @@ std::string spiega_intervallo(std::string_view valore, const Richiesta& r) {
     return fmt::format("trovato \"{}\", atteso uno fra {}.{}", valore, elenco, volevi_dire(valore, voci));
 }
 
+bool leggi_estremo(std::string_view valore, EstremoTratto& estremo) {
+    estremo.concorso = intero_opzione(valore);
+    if (!estremo.concorso) estremo.data = leggi_data_italiana(rifila(valore));
+    return estremo.concorso || estremo.data;
+}
 bool leggi_da(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.ambito.tratto.da, intero_opzione(valore));
+    return leggi_estremo(valore, r.da);
 }
 bool leggi_a(std::string_view valore, Richiesta& r) {
-    return metti(r.domanda.ambito.tratto.a, intero_opzione(valore));
+    return leggi_estremo(valore, r.a);
 }
 
 bool leggi_percorso(std::string_view valore, std::optional<std::filesystem::path>& dove) {
@@ -160,19 +161,29 @@ bool leggi_formato(std::string_view valore, Richiesta& r) {
     return p.has_value();
 }
 
+/// Taken as typed; what it means shows once the table is there.
+bool leggi_parole(std::string_view valore, std::optional<std::string>& dove) {
+    dove = rifila(valore);
+    return !dove->empty();
+}
+/// The ways are checked at once, the columns when there are any.
 bool leggi_ordina(std::string_view valore, Richiesta& r) {
-    const auto due_punti = valore.find(':');
-    const auto colonna =
-        intero_opzione(valore.substr(0, due_punti), 0, std::numeric_limits<std::int32_t>::max());
-    if (!colonna) return false;
-    Ordinamento o{.colonna = static_cast<std::size_t>(*colonna)};
-    if (due_punti != std::string_view::npos) {
-        const std::string verso = minuscolo(rifila(valore.substr(due_punti + 1)));
-        if (verso != "asc" && verso != "desc") return false;
-        if (verso == "asc") o.verso = Verso::crescente;
+    for (const std::string_view pezzo : pezzi_opzione(valore)) {
+        const auto due_punti = pezzo.rfind(':');
+        const std::string verso =
+            due_punti == std::string_view::npos ? "desc" : minuscolo(rifila(pezzo.substr(due_punti + 1)));
+        if (rifila(pezzo.substr(0, due_punti)).empty() || (verso != "asc" && verso != "desc")) return false;
     }
-    r.ordina = o;
-    return true;
+    return leggi_parole(valore, r.ordina);
+}
+bool leggi_dove(std::string_view valore, Richiesta& r) {
+    return leggi_parole(valore, r.dove);
+}
+bool leggi_colonne_scelte(std::string_view valore, Richiesta& r) {
+    return leggi_parole(valore, r.colonne);
+}
+bool leggi_intestazione(std::string_view, Richiesta& r) {
+    return r.intestazione = true;
 }
 
 bool leggi_prime(std::string_view valore, Richiesta& r) {
@@ -221,44 +232,66 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .spiega = spiega_intervallo},
     {.nome = "--da",
      .meta = "N",
-     .atteso = "il numero di un concorso",
-     .frase = "Il primo concorso. Se manca: 1.",
+     .atteso = "il numero di un concorso o una data gg/mm/aaaa",
+     .frase = "Il primo concorso, o la data dalla quale contare: --da 01/01/2020. Se manca: 1.",
      .comandi = kCerca,
      .leggi = leggi_da},
     {.nome = "--a",
      .meta = "N",
-     .atteso = "il numero di un concorso",
-     .frase = "L'ultimo concorso. Se manca: l'ultimo dell'archivio.",
+     .atteso = "il numero di un concorso o una data gg/mm/aaaa",
+     .frase = "L'ultimo concorso, o la data fino alla quale contare. Se manca: l'ultimo dell'archivio.",
      .comandi = kCerca,
      .leggi = leggi_a},
     // What comes out.
     {.nome = "--formato",
      .meta = "FORMATO",
-     .atteso = "tabella|csv|json",
+     .atteso = "tabella|csv|json|xlsx",
      .frase =
-         "tabella (allineata, da leggere), csv (la prima tabella, campi divisi da \";\") o json (tutte le "
-         "tabelle con titoli, colori e messaggi). Se manca: tabella.",
+         "tabella (allineata, da leggere), csv (la prima tabella, campi divisi da \";\"), json (tutte le "
+         "tabelle con titoli, colori e messaggi) o xlsx (una cartella di lavoro). Se manca: quello del nome "
+         "di -o, altrimenti tabella.",
      .comandi = kComRicerca,
      .parole = kFormati,
      .leggi = leggi_formato},
     {.nome = "--ordina",
      .meta = "COLONNA[:asc|desc]",
-     .atteso = "il numero di una colonna, da 0, poi se serve :asc o :desc",
+     .atteso = "colonne unite da virgole, ciascuna con :asc o :desc se serve",
      .frase =
-         "Ordina la prima tabella per una colonna, contata da 0: --ordina 2 mette in testa i ritardi più "
-         "lunghi, --ordina 2:asc i più brevi. Se manca il verso: desc.",
+         "Ordina la prima tabella per una colonna, detta col titolo o col numero da 0: --ordina Ritardo "
+         "mette "
+         "in testa i ritardi più lunghi, --ordina Ritardo:asc i più brevi; di più colonne unite da virgole "
+         "decide la prima. Se manca il verso: desc.",
      .comandi = kCerca,
      .leggi = leggi_ordina},
+    {.nome = "--dove",
+     .meta = "ESPRESSIONE",
+     .atteso = "un confronto come \"ritardo>100\"",
+     .frase = "Soltanto le righe per cui vale: --dove \"ritardo>100 e frequenza<=20\". Un confronto è un "
+              "titolo, uno "
+              "fra < <= > >= = != e contiene, un valore; più confronti si uniscono con e, o.",
+     .comandi = kComRicerca,
+     .leggi = leggi_dove},
+    {.nome = "--colonne",
+     .meta = "ELENCO",
+     .atteso = "titoli o numeri di colonne uniti da virgole",
+     .frase = "Soltanto queste colonne, in quest'ordine: --colonne Numeri,Ritardo.",
+     .comandi = kComRicerca,
+     .leggi = leggi_colonne_scelte},
     {.nome = "--prime",
      .meta = "N",
      .atteso = "un numero di righe",
      .frase = "Soltanto le prime N righe della prima tabella.",
      .comandi = kComRicerca,
      .leggi = leggi_prime},
+    {.nome = "--intestazione",
+     .frase = "Davanti alla tabella o al csv dice di che cosa sono: ruote, intervallo, concorsi, archivio.",
+     .comandi = kComRicerca,
+     .leggi = leggi_intestazione},
     {.nome = "-o",
      .meta = "FILE",
      .atteso = "il nome di un file",
-     .frase = "Scrive in un file, che viene sostituito soltanto se tutto riesce. Se manca: sull'uscita.",
+     .frase = "Scrive in un file, che viene sostituito soltanto se tutto riesce; - è l'uscita. Se manca: "
+              "sull'uscita.",
      .comandi = kComRicerca,
      .leggi = leggi_file_uscita},
     {.nome = "-o",
@@ -309,11 +342,11 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .comandi = kOgniComando,
      .leggi = leggi_cartella},
     {.nome = "--aiuto",
-     .frase = "Spiega il comando, o la ricerca, e le sue opzioni.",
+     .frase = "Spiega il comando, o la ricerca, e le sue opzioni; anche --help, -h.",
      .comandi = kOgniComando,
      .leggi = leggi_aiuto},
     {.nome = "--versione",
-     .frase = "Dice la versione del programma.",
+     .frase = "Dice la versione del programma; anche --version.",
      .comandi = kOgniComando,
      .leggi = leggi_versione},
 });
@@ -333,6 +366,13 @@ std::optional<std::string_view> valore_atteso(std::string_view nome) {
         if (n == nome && !trovato) trovato = meta.empty() ? std::string_view{} : atteso;
     });
     return trovato;
+}
+
+/// The name under which an option stands in the table.
+std::string nome_proprio(const std::string& nome) {
+    if (nome == "--help" || nome == "-h") return "--aiuto";
+    if (nome == "--version") return "--versione";
+    return nome;
 }
 
 /// "-" followed by something that is no digit: an option, even one that does not exist.
@@ -364,7 +404,12 @@ std::expected<Parole, std::string> separa(std::span<const std::string> parole) {
             p.argomenti.push_back(parola);
             continue;
         }
-        OpzioneData data{.nome = parola, .valore = std::nullopt};
+        OpzioneData data{.nome = nome_proprio(parola), .valore = std::nullopt};
+        // "-ordina" is a slip for "--ordina", no file of that name.
+        if (parola.starts_with("-o") && parola.size() > 2 && !valore_atteso("-" + parola)) {
+            data.nome = "-o";
+            data.valore = parola.substr(2);
+        }
         if (const auto uguale = parola.find('='); parola[1] == '-' && uguale != std::string::npos) {
             data.nome = parola.substr(0, uguale);
             data.valore = parola.substr(uguale + 1);
@@ -398,9 +443,8 @@ std::string opzione_estranea(std::string_view nome, unsigned comando, std::strin
         for (const Opzione* o : ricerca->opzioni) nomi.push_back(o->nome);
     for (const VoceOpzione& v : kOpzioni)
         if (conosce(v, comando, ricerca)) nomi.push_back(v.nome);
-    const bool inglese = nome == "--help" || nome == "-h" || nome == "-?";
     return fmt::format("opzione sconosciuta {}.{}", nome,
-                       inglese ? std::string{" Volevi dire \"--aiuto\"?"} : volevi_dire(nome, nomi));
+                       nome == "-?" ? std::string{" Volevi dire \"--aiuto\"?"} : volevi_dire(nome, nomi));
 }
 
 /// Reads one option of the search itself. Nothing if it has no such option.

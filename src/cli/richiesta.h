@@ -17,12 +17,12 @@
 namespace sortimetra {
 
 /// How a table leaves the program.
-enum class Formato : std::uint8_t { Tabella, Csv, Json };
+enum class Formato : std::uint8_t { Tabella, Csv, Json, Xlsx };
 
-/// `--ordina`: a column from 0, and the way a click on the grid's button would sort it.
-struct Ordinamento {
-    std::size_t colonna = 0;
-    Verso verso = Verso::decrescente;
+/// `--da` or `--a`: a concorso, or a date that becomes one once the archive is open.
+struct EstremoTratto {
+    std::optional<Concorso> concorso;
+    std::optional<Data> data;
 };
 
 /// A command line that has been read: every option as a value.
@@ -31,10 +31,17 @@ struct Richiesta {
     const Ricerca* ricerca = nullptr;  ///< the search of `ricerca` and `stampa`, set before options are read
     Domanda domanda;
     std::optional<std::filesystem::path> cartella;
-    std::optional<std::filesystem::path> file;  ///< `-o`
-    Formato formato = Formato::Tabella;
+    std::optional<std::filesystem::path> file;  ///< `-o`; "-" is standard output
+    std::optional<Formato> formato;             ///< none: what the ending of `-o` says, else the table
     bool json = false;
-    std::optional<Ordinamento> ordina;
+    EstremoTratto da;
+    EstremoTratto a;
+    bool senza_ruote = false;  ///< `--ruote nessuna`
+    // What is printed of the first table, as typed: titles are known once the search has run.
+    std::optional<std::string> ordina;
+    std::optional<std::string> dove;
+    std::optional<std::string> colonne;
+    bool intestazione = false;
     std::optional<std::size_t> prime;
     std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;

@@ -4,6 +4,7 @@
 #include "printing/metriche.h"
 #include "qt_testi.h"
 #include "text/testi.h"
+#include "text/utf8.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -159,7 +160,7 @@ const SuperficieQt::Glifo& SuperficieQt::glifo(Stile& stile, char32_t carattere)
 bool SuperficieQt::a_glifi(Stile& stile, std::string_view testo, double& larghezza) {
     larghezza = 0;
     while (!testo.empty()) {
-        const char32_t c = prossimo_carattere(testo);
+        const char32_t c = prendi_lettera(testo);
         if (!semplice(c)) return false;
         const Glifo& g = glifo(stile, c);
         if (g.indice == 0) return false;
@@ -218,7 +219,7 @@ Esito SuperficieQt::scrivi(std::string_view testo) {
         stile_raccolto_ = &s;
         colore_raccolto_ = stato.colore;
         for (std::string_view resto = testo; !resto.empty();) {
-            const Glifo& g = glifo(s, prossimo_carattere(resto));
+            const Glifo& g = glifo(s, prendi_lettera(resto));
             glifi_.append(g.indice);
             posti_.append(QPointF{std::round(x), y});
             x += g.avanzamento;

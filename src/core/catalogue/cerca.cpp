@@ -9,10 +9,6 @@ namespace sortimetra {
 
 namespace {
 
-/// The bare letters of the small letters U+00E0 to U+00FF, "\0" where there is none.
-constexpr std::string_view kSenzaAccento{"aaaaaa\0ceeeeiiii\0nooooo\0\0uuuuy\0y", 32};
-static_assert(kSenzaAccento.size() == 32);
-
 struct Pagliaio {
     std::string nome;  ///< name, game and group
     std::string tutto;
@@ -78,25 +74,6 @@ std::vector<VoceElenco> voci(const Elenco& elenco) {
 const std::vector<VoceElenco>& tutte_le_voci() {
     static const std::vector<VoceElenco> tutte = raccogli();
     return tutte;
-}
-
-std::string piega(std::string_view testo) {
-    const std::string basso = minuscolo(testo);
-    std::string piegato;
-    piegato.reserve(basso.size());
-    for (std::size_t i = 0; i < basso.size(); ++i) {
-        // U+00E0 to U+00FF in UTF-8 are C3 A0 to C3 BF.
-        if (basso[i] == '\xC3' && i + 1 < basso.size()) {
-            const auto d = static_cast<unsigned char>(basso[i + 1]);
-            if (d >= 0xA0 && d <= 0xBF && kSenzaAccento[d - 0xA0] != '\0') {
-                piegato += kSenzaAccento[d - 0xA0];
-                ++i;
-                continue;
-            }
-        }
-        piegato += basso[i];
-    }
-    return piegato;
 }
 
 std::vector<VoceElenco> cerca(std::string_view testo) {

@@ -26,9 +26,6 @@ struct VoceElenco {
 /// stand in no list.
 [[nodiscard]] const std::vector<VoceElenco>& tutte_le_voci();
 
-/// The text in which searches are found: lower case, without accents ("Più" gives "piu").
-[[nodiscard]] std::string piega(std::string_view testo);
-
 /// The searches of all games that hold every word of `testo`, in any order and without regard to case and
 /// accents. Those that hold them in their name and place (game, group) come first, then those that need their
 /// sentence. A text without words finds nothing.

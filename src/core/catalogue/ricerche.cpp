@@ -379,10 +379,14 @@ std::span<const Scheda> schede() {
 }
 
 const Ricerca* trova_ricerca(std::string_view nome) {
+    const auto cerca = [](auto&& stessa) {
+        const auto it = std::find_if(kRicerche.begin(), kRicerche.end(), stessa);
+        return it == kRicerche.end() ? nullptr : &*it;
+    };
     const std::string chiave = minuscolo(nome);
-    const auto it = std::find_if(kRicerche.begin(), kRicerche.end(),
-                                 [&](const Ricerca& r) { return r.chiave() == chiave; });
-    return it == kRicerche.end() ? nullptr : &*it;
+    if (const Ricerca* r = cerca([&](const Ricerca& q) { return q.chiave() == chiave; })) return r;
+    const std::string piegata = piega_nome(nome);
+    return cerca([&](const Ricerca& q) { return piega_nome(q.chiave()) == piegata; });
 }
 
 const std::vector<const Opzione*>& opzioni_ricerche() {

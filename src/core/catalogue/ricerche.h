@@ -19,7 +19,8 @@ namespace sortimetra {
 /// else does not compile.
 [[nodiscard]] std::span<const Ricerca> ricerche();
 
-/// The search of a list name or key, without regard to case; null if there is none.
+/// The search of a list name or key, without regard to case, accents and the number of blanks between words;
+/// null if there is none.
 [[nodiscard]] const Ricerca* trova_ricerca(std::string_view nome);
 
 /// The options of all searches, each once, in the order of the help.

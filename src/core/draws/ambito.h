@@ -147,7 +147,7 @@ class VistaEstrazioni {
     [[nodiscard]] int n_ruote() const { return n_ruote_; }
     /// T, the draws in scope as every measure counts them: rows over wheels, rounded. Where wheels lack rows
     /// it is smaller than `concorsi()`, and delays come out smaller than the true count. That is meant.
-    [[nodiscard]] int t() const { return quoziente_pari(righe_, n_ruote_); }
+    [[nodiscard]] Estrazioni t() const { return Estrazioni{quoziente_pari(righe_, n_ruote_)}; }
 
     /// The five numbers of each wheel of the i-th draw (from 0), wheel w at 5w; NAZIONALE stands at 0.
     [[nodiscard]] const Numero* numeri(std::size_t i) const { return base_ + record_[i] * passo_; }

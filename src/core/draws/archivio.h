@@ -19,6 +19,18 @@ namespace sortimetra {
 /// The number of a draw, counted from 1 over the whole archive; it does not restart with the year.
 using Concorso = std::int32_t;
 
+/// A number of draws, such as T. It reads as a whole number, but none becomes one unsaid: a concorso counts
+/// over the whole archive, and in the place of T it would give delays of thousands.
+class Estrazioni {
+  public:
+    constexpr Estrazioni() = default;
+    explicit constexpr Estrazioni(std::int32_t quante) : quante_{quante} {}
+    constexpr operator std::int32_t() const { return quante_; }  // NOLINT(*-explicit-*): see above
+
+  private:
+    std::int32_t quante_ = 0;
+};
+
 /// A number 1 to 90, or 0 where a cell is empty.
 using Numero = std::uint8_t;
 

@@ -316,4 +316,23 @@ std::expected<InizioFile, ErroreArchivio> leggi_inizio(const std::filesystem::pa
     return InizioFile{*grandezza, std::move(*byte)};
 }
 
+std::expected<std::string, ErroreArchivio> byte_scritti(
+    const std::function<std::expected<void, ErroreArchivio>(const std::filesystem::path&)>& scrivi) {
+    std::error_code errore;
+    const auto cartella = std::filesystem::temp_directory_path(errore);
+    if (errore) return std::unexpected(ErroreArchivio{{}, "manca una cartella per i file di passaggio"});
+    std::string modello = (cartella / "sortimetra-XXXXXX").string();
+    // A folder of our own: nobody else can put a file in the place of the one that is written.
+    if (::mkdtemp(modello.data()) == nullptr)
+        return std::unexpected(ErroreArchivio{modello, "la cartella non si può creare"});
+    const auto file = std::filesystem::path{modello} / "uscita";
+    std::expected<std::string, ErroreArchivio> byte{std::string{}};
+    if (const auto scritto = scrivi(file); !scritto)
+        byte = std::unexpected(scritto.error());
+    else
+        byte = leggi_file(file);
+    std::filesystem::remove_all(modello, errore);
+    return byte;
+}
+
 }  // namespace sortimetra

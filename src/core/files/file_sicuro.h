@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -82,5 +83,10 @@ struct InizioFile {
 
 /// What a failed call of the system means to a user, in Italian: "permesso negato", "il disco è pieno".
 [[nodiscard]] std::string_view motivo_sistema(int codice);
+
+/// The bytes of a file that only a whole file's writer can make: it writes a passing one, which is read and
+/// removed.
+[[nodiscard]] std::expected<std::string, ErroreArchivio> byte_scritti(
+    const std::function<std::expected<void, ErroreArchivio>(const std::filesystem::path&)>& scrivi);
 
 }  // namespace sortimetra

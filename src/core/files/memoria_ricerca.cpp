@@ -29,7 +29,7 @@ constexpr std::size_t kLunghezzaValore = 249;
 /// These files hold a few hundred bytes. What is larger is no such file: it is neither read nor changed.
 constexpr std::size_t kDimensioneMassima = 1U << 20U;
 
-/// How long an instance waits for another one that is writing, before it lets the change go.
+/// How long an instance waits for another one that is writing, where it waits at all.
 constexpr std::chrono::milliseconds kAttesa{3000};
 
 struct Predefinito {
@@ -79,9 +79,10 @@ std::string file_predefinito() {
 /// itself, so that it leaves no file behind, and ends with the process whatever happens.
 class ChiaveCartella {
   public:
-    explicit ChiaveCartella(const fs::path& cartella)
+    explicit ChiaveCartella(const fs::path& cartella, Attesa attesa = Attesa::breve)
         : fd_(::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        const auto fine = std::chrono::steady_clock::now() + kAttesa;
+        const auto fine = std::chrono::steady_clock::now() +
+                          (attesa == Attesa::breve ? kAttesa : std::chrono::milliseconds{0});
         while (fd_ >= 0 && !(presa_ = ::flock(fd_, LOCK_EX | LOCK_NB) == 0)) {
             if (std::chrono::steady_clock::now() >= fine) break;
             std::this_thread::sleep_for(std::chrono::milliseconds{1});
@@ -93,6 +94,8 @@ class ChiaveCartella {
         if (fd_ >= 0) ::close(fd_);
     }
     explicit operator bool() const { return presa_; }
+    /// Whether somebody else has it: there is no folder to lock otherwise.
+    [[nodiscard]] bool altrui() const { return fd_ >= 0 && !presa_; }
 
   private:
     int fd_;
@@ -114,7 +117,8 @@ bool MemoriaRicerca::esiste() const {
 }
 
 std::string MemoriaRicerca::leggi_memoria(std::string_view tipo, std::string_view chiave) const {
-    const auto testo = leggi_file(file_, kDimensioneMassima);
+    const auto letto = leggi_file(file_, kDimensioneMassima);
+    const auto testo = aggiornato(letto ? std::optional{*letto} : std::nullopt);
     if (!testo) return "0";
     const auto valore = tipo == "tipo"   ? valore_ini(*testo, kTipoRic, "index")
                         : tipo == "nome" ? valore_ini(*testo, kNomeRic, chiave)
@@ -131,8 +135,8 @@ void MemoriaRicerca::crea_memoria() {
 void MemoriaRicerca::crea_se_manca() {
     std::error_code errore;
     fs::create_directories(file_.parent_path(), errore);
-    const ChiaveCartella chiave{file_.parent_path()};
-    if (chiave && !esiste()) scrivi_piccolo(file_, file_predefinito());
+    da_creare_ = true;
+    riprova();
 }
 
 void MemoriaRicerca::scrivi_gruppo(int indice) {
@@ -145,14 +149,42 @@ void MemoriaRicerca::scrivi_selezione(int gruppo, std::string_view nome, int pri
 }
 
 void MemoriaRicerca::scrivi(std::initializer_list<Scrittura> scritture) {
-    const ChiaveCartella chiave{file_.parent_path()};
-    if (!chiave) return;
-    const auto prima = leggi_file(file_, kDimensioneMassima);
+    sospese_.insert(sospese_.end(), scritture);
+    riprova();
+}
+
+std::optional<std::string> MemoriaRicerca::aggiornato(const std::optional<std::string>& prima) const {
+    if (!prima && !in_sospeso()) return std::nullopt;
+    std::string testo = prima ? *prima : da_creare_ ? file_predefinito() : std::string{};
+    for (const auto& s : sospese_) testo = con_valore_ini(testo, s.sezione, s.chiave, s.valore);
+    return testo;
+}
+
+bool MemoriaRicerca::riprova() {
+    if (!in_sospeso()) return true;
+    const ChiaveCartella chiave{file_.parent_path(), Attesa::nessuna};
+    if (chiave.altrui()) return false;
+    if (chiave) scrivi_sospese();
+    sospese_.clear();
+    da_creare_ = false;
+    return true;
+}
+
+void MemoriaRicerca::completa() {
+    if (!in_sospeso()) return;
+    const ChiaveCartella chiave{file_.parent_path(), Attesa::breve};
+    scrivi_sospese();
+    sospese_.clear();
+    da_creare_ = false;
+}
+
+void MemoriaRicerca::scrivi_sospese() {
+    const auto letto = leggi_file(file_, kDimensioneMassima);
     // There, but not readable: better an old memory than one written over.
-    if (!prima && esiste()) return;
-    std::string testo = prima ? *prima : std::string{};
-    for (const auto& s : scritture) testo = con_valore_ini(testo, s.sezione, s.chiave, s.valore);
-    if ((!prima || testo != *prima) && testo.size() <= kDimensioneMassima) scrivi_piccolo(file_, testo);
+    if (!letto && esiste()) return;
+    const auto testo = aggiornato(letto ? std::optional{*letto} : std::nullopt);
+    if (testo && (!letto || *testo != *letto) && testo->size() <= kDimensioneMassima)
+        scrivi_piccolo(file_, *testo);
 }
 
 std::optional<int> leggi_skin(const fs::path& percorso_skin) {
@@ -161,21 +193,19 @@ std::optional<int> leggi_skin(const fs::path& percorso_skin) {
     const auto testo = leggi_file(file, kDimensioneMassima);
     if (!testo && fs::exists(file, errore)) return std::nullopt;
     const std::string_view numero = testo ? rifila(*testo) : std::string_view{};
-    if (numero.empty()) {
-        scrivi_skin(percorso_skin, 1);
-        return 1;
-    }
+    if (numero.empty()) return 1;
     int indice = 0;
     const auto [fine, esito] = std::from_chars(numero.data(), numero.data() + numero.size(), indice);
     if (esito != std::errc{} || fine != numero.data() + numero.size()) return std::nullopt;
     return indice;
 }
 
-void scrivi_skin(const fs::path& percorso_skin, int indice) {
+bool scrivi_skin(const fs::path& percorso_skin, int indice, Attesa attesa) {
     std::error_code errore;
     fs::create_directories(percorso_skin, errore);
-    if (const ChiaveCartella chiave{percorso_skin})
-        scrivi_piccolo(percorso_skin / "skn.dat", std::to_string(indice) + "\r\n");
+    const ChiaveCartella chiave{percorso_skin, attesa};
+    if (chiave) scrivi_piccolo(percorso_skin / "skn.dat", std::to_string(indice) + "\r\n");
+    return !chiave.altrui();
 }
 
 }  // namespace sortimetra

@@ -24,43 +24,41 @@ namespace sortimetra {
 namespace {
 
 constexpr std::array<FamigliaMigliori, 16> kPagina1{{
-    {"Ambi vertibili", "carica_vertibili", 3, "0 1 2", "3 4 5"},
-    {"Ambi simmetrici", "carica_simmetrici", 3, "6 7 8", "9 10 11"},
-    {"Ambi complementari", "carica_complementari", 3, "12 13 14", "15 16 17"},
-    {"Ambi a distanza 45", "carica_distanza45", 3, "18 19 20", "21 22 23"},
-    {"Ambi consecutivi", "carica_consecutivi", 3, "24 25 26", "27 28 29"},
-    {"Terzine a coesione", "carica_terzine_coesione", 3, "30 31 32", "33 34 35"},
-    {"Sestine tricifriche", "carica_tricifriche", 3, "36 38 58", "37 39 59"},
-    {"Sestine circolari", "carica_sestine_circolari", 3, "40 42 44", "41 43 45"},
-    {"Sestine esagonali", "carica_sestine_esagonali", 3, "46 48 50", "47 49 51"},
-    {"Sestine somma 273", "carica_sestine_somma", 3, "52 54 56", "53 55 57"},
-    {"Decine", "carica_decine", 3, "60 61 62", "63 64 65", true},
-    {"Cadenze", "carica_cadenze", 3, "66 67 68", "69 70 71", true},
-    {"Figure", "carica_figure", 3, "72 73 74", "75 76 77", true},
-    {"Gemelli", "carica_gemelli", 3, "78 79 80", "81 82 83", true},
-    {"Cifre", "carica_cifre", 3, "84 85 86", "87 88 89", true},
-    {"Radicali", "carica_radicali", 2, "90 92", "91 93"},
+    {"Ambi vertibili", "carica_vertibili", 3},
+    {"Ambi simmetrici", "carica_simmetrici", 3},
+    {"Ambi complementari", "carica_complementari", 3},
+    {"Ambi a distanza 45", "carica_distanza45", 3},
+    {"Ambi consecutivi", "carica_consecutivi", 3},
+    {"Terzine a coesione", "carica_terzine_coesione", 3},
+    {"Sestine tricifriche", "carica_tricifriche", 3},
+    {"Sestine circolari", "carica_sestine_circolari", 3},
+    {"Sestine esagonali", "carica_sestine_esagonali", 3},
+    {"Sestine somma 273", "carica_sestine_somma", 3},
+    {"Decine", "carica_decine", 3, true},
+    {"Cadenze", "carica_cadenze", 3, true},
+    {"Figure", "carica_figure", 3, true},
+    {"Gemelli", "carica_gemelli", 3, true},
+    {"Cifre", "carica_cifre", 3, true},
+    {"Radicali", "carica_radicali", 2},
 }};
 
 constexpr std::array<FamigliaMigliori, 16> kPagina2{{
-    {"Sestine di cifra composta", "carica_cifra_composta", 2, "94 96", "95 97"},
-    {"Settine Renard", "carica_renard", 2, "98 100", "99 101"},
-    {"Decine simmetriche", "carica_decine_simmetriche", 2, "102 104", "103 105", false,
-     SogliaFamiglia::combo_rit},
-    {"Controfigure", "carica_controfigure", 3, "106 108 110", "107 109 111", false,
-     SogliaFamiglia::combo_rit},
-    {"Sestine consecutive", "carica_sestine_consecutive", 3, "113 116 118", "114 117 119"},
-    {"Sestine passo multiplo", "carica_sestine_multiple", 3, "120 122 124", "121 123 125"},
-    {"Terzine correlative simmetriche", "carica_terzine_correlative", 3, "126 128 130", "127 129 131"},
-    {"Grattacielo dei 90", "carica_grattacielo", 3, "132 134 136", "133 135 137"},
-    {"Cinquine dei  90", "carica_cinquine_dei90", 3, "138 140 142", "139 141 143"},
-    {"Cinquine a coesione", "carica_cinquine_coesione", 2, "144 146", "145 147"},
-    {"Cinquine consecutive", "Carica_cinquine_consecutive", 2, "148 150", "149 151"},
-    {"Cinquine correlative", "carica_cinquine_correlative", 2, "152 154", "153 155"},
-    {"Cinquine pari/dispari", "carica_cinquine_dispari", 1, "156", "157", false, SogliaFamiglia::ambo, "D. "},
-    {"Cinquine pari/dispari", "carica_cinquine_pari", 1, "158", "159", false, SogliaFamiglia::ambo, "P. "},
-    {"Cinquine pentagonali", "carica_cinquine_pentagonali", 2, "160 162", "161 163"},
-    {"Cinquine Sun", "carica_cinquine_sun", 2, "164 166", "165 167"},
+    {"Sestine di cifra composta", "carica_cifra_composta", 2},
+    {"Settine Renard", "carica_renard", 2},
+    {"Decine simmetriche", "carica_decine_simmetriche", 2, false, SogliaFamiglia::combo_rit},
+    {"Controfigure", "carica_controfigure", 3, false, SogliaFamiglia::combo_rit},
+    {"Sestine consecutive", "carica_sestine_consecutive", 3},
+    {"Sestine passo multiplo", "carica_sestine_multiple", 3},
+    {"Terzine correlative simmetriche", "carica_terzine_correlative", 3},
+    {"Grattacielo dei 90", "carica_grattacielo", 3},
+    {"Cinquine dei  90", "carica_cinquine_dei90", 3},
+    {"Cinquine a coesione", "carica_cinquine_coesione", 2},
+    {"Cinquine consecutive", "Carica_cinquine_consecutive", 2},
+    {"Cinquine correlative", "carica_cinquine_correlative", 2},
+    {"Cinquine pari/dispari", "carica_cinquine_dispari", 1, false, SogliaFamiglia::ambo, "D. "},
+    {"Cinquine pari/dispari", "carica_cinquine_pari", 1, false, SogliaFamiglia::ambo, "P. "},
+    {"Cinquine pentagonali", "carica_cinquine_pentagonali", 2},
+    {"Cinquine Sun", "carica_cinquine_sun", 2},
 }};
 
 /// A group as the page tells it: ambi with " - " between the numbers, all others with "-".
@@ -84,7 +82,7 @@ std::string testo_gruppo(const FamigliaMigliori& migliori, const Famiglia& famig
 }
 
 /// Members of a series by delay, longest first; equal ones keep the family's order.
-std::vector<std::size_t> per_ritardo(const std::vector<Misura>& misure, std::int32_t n) {
+std::vector<std::size_t> per_ritardo(const std::vector<Misura>& misure, Estrazioni n) {
     std::vector<std::size_t> ordine(misure.size());
     std::iota(ordine.begin(), ordine.end(), std::size_t{0});
     std::stable_sort(ordine.begin(), ordine.end(), [&](std::size_t a, std::size_t b) {
@@ -120,7 +118,7 @@ Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& do
     ambito.tratto.a = concorso_scelto(archivio, TipoTabellone::lotto, parametri.concorso, &r.note);
     const VistaEstrazioni vista{archivio, ambito};
     if (ambito.tratto.a < 1 || vista.vuota()) return senza_estrazioni();
-    const std::int32_t n = vista.t();
+    const Estrazioni n = vista.t();
     r.titolo =
         titolo_migliori(ambito.tratto.a, data_tabellone(archivio, TipoTabellone::lotto, ambito.tratto.a));
 

@@ -20,14 +20,11 @@ enum class SogliaFamiglia : unsigned char {
     combo_rit,  ///< more numbers than the selection index that the statistics screen's combo was left at
 };
 
-/// One family of the two pages of best delays: which series, how many of its groups are shown, and the place
-/// of the first of them among the screen's labels (group label, then delay label).
+/// One family of the two pages of best delays: which series, and how many of its groups are shown.
 struct FamigliaMigliori {
     std::string_view titolo{};     ///< caption, as the page shows it
     std::string_view carica{};     ///< loader of the series
     std::size_t righe = 0;         ///< groups shown, those with the greatest delays
-    std::string_view gruppi{};     ///< indexes of the group labels, blanks between them
-    std::string_view ritardi{};    ///< indexes of the delay labels
     bool etichette_brevi = false;  ///< groups are told by the family's short labels
     SogliaFamiglia soglia = SogliaFamiglia::ambo;
     std::string_view prefisso{};  ///< before the group's text
@@ -46,7 +43,7 @@ struct FamigliaMigliori {
 /// "tabellone migliori ritardi": the groups of each family with the greatest delays over the chosen wheels,
 /// up to the chosen concorso. Calendar and range do not apply. `pagina` 1 or 2.
 ///
-/// One table, "Serie", "Gruppo", "Ritardo" ("R. 12"), one row per pair of labels in the order of the page; a
+/// One table, "Serie", "Gruppo", "Ritardo" ("R. 12"), `righe` rows per family in the order of the page; a
 /// family with fewer groups leaves the rest empty. On page 1 the answer of `dieci_piu_in_ritardo` is
 /// attached. Where the file of the cinquine dei 90 cannot be read, its rows are empty and its message is
 /// given, and the other families are computed.

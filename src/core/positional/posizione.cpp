@@ -2,9 +2,9 @@
 
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
+#include "draws/dieci_e_lotto.h"
 #include "statistics/misure.h"
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -18,7 +18,7 @@ namespace {
 /// The measures of every number in every place. Index 0 of the numbers takes empty cells and is never shown.
 class Posizioni {
   public:
-    Posizioni(int numeri, std::size_t posti, std::int32_t n)
+    Posizioni(int numeri, std::size_t posti, Estrazioni n)
         : numeri_{static_cast<std::size_t>(numeri)},
           posti_{posti},
           n_{n},
@@ -60,7 +60,7 @@ class Posizioni {
   private:
     std::size_t numeri_;
     std::size_t posti_;
-    std::int32_t n_;
+    Estrazioni n_;
     std::vector<Misura> misure_;
 };
 
@@ -101,7 +101,7 @@ Risultato ambataSuperEnalotto(const ArchivioEstrazioni& archivio, const Domanda&
     constexpr std::size_t kSestina = 6;
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
     if (righe.empty()) return senza_estrazioni();
-    Posizioni posizioni{kNumeri, kSestina + 1, static_cast<std::int32_t>(righe.size())};
+    Posizioni posizioni{kNumeri, kSestina + 1, Estrazioni{static_cast<std::int32_t>(righe.size())}};
     percorri_righe(righe, archivio.superenalotto().concorso, avanzamento, [&](int c, std::size_t riga) {
         const Combinazione combinazione = calc_combinazione_superenalotto(archivio.superenalotto(), riga);
         escono(posizioni, combinazione, kSestina, c);
@@ -114,14 +114,11 @@ Risultato ambata10elotto(const ArchivioEstrazioni& archivio, const Domanda& doma
                          Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
     if (vista.vuota()) return senza_estrazioni();
-    Posizioni posizioni{kNumeri, 20, static_cast<std::int32_t>(vista.righe())};
-    for (std::size_t i = 0; i < vista.concorsi(); ++i) {
-        const auto record = cerca_concorso(archivio.lotto().concorso, vista.concorso(i));
-        if (!record) continue;
-        escono(posizioni, calc_combinazione_10elotto(archivio.lotto(), *record), 20, static_cast<int>(i) + 1,
-               std::popcount(vista.maschera(i)));
-    }
-    avanzamento.procedi(vista.concorsi(), vista.concorsi());
+    Posizioni posizioni{kNumeri, 20, Estrazioni{static_cast<std::int32_t>(vista.righe())}};
+    percorri_10elotto(archivio.lotto(), vista, PassoDieciELotto::concorso, avanzamento,
+                      [&](int c, int righe, const Combinazione& combinazione) {
+                          escono(posizioni, combinazione, 20, c, righe);
+                      });
     return posizioni.risultato();
 }
 
@@ -130,7 +127,7 @@ Risultato ambataWinForLife(const ArchivioEstrazioni& archivio, const Domanda& do
     const TabellaWinForLife& tabella = archivio.winforlife();
     const auto righe = vista_winforlife(archivio, domanda.ambito);
     if (righe.empty()) return senza_estrazioni();
-    Posizioni posizioni{kNumeriWinForLife, 10, static_cast<std::int32_t>(righe.size())};
+    Posizioni posizioni{kNumeriWinForLife, 10, Estrazioni{static_cast<std::int32_t>(righe.size())}};
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         escono(posizioni, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]), 10, c);
     });

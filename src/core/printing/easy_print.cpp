@@ -1,6 +1,7 @@
 #include "printing/easy_print.h"
 
 #include "text/testi.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -165,7 +166,7 @@ std::string_view EasyPrint::ritaglia(std::string_view riga, float larghezza_max,
     if (TextWidth(riga) <= larghezza_max) return riga;
     std::vector<std::size_t> confini;  // where a character begins
     for (std::size_t i = 0; i < riga.size(); ++i)
-        if ((static_cast<unsigned char>(riga[i]) & 0xC0U) != 0x80U || i == 0) confini.push_back(i);
+        if (!continua_lettera(riga[i]) || i == 0) confini.push_back(i);
     confini.push_back(riga.size());
     const auto parte = [&](std::size_t caratteri) {
         const std::size_t n = confini.size() - 1;

@@ -1,6 +1,7 @@
 #include "printing/metriche.h"
 
 #include "text/testi.h"
+#include "text/utf8.h"
 
 #include <array>
 #include <cstdint>
@@ -71,39 +72,11 @@ bool a_passo_fisso(const Carattere& carattere) {
 
 }  // namespace
 
-char32_t prossimo_carattere(std::string_view& testo) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(testo[i]); };
-    const unsigned char primo = byte(0);
-    const std::size_t lunghezza = primo < 0x80               ? 1
-                                  : (primo & 0xE0U) == 0xC0U ? 2
-                                  : (primo & 0xF0U) == 0xE0U ? 3
-                                  : (primo & 0xF8U) == 0xF0U ? 4
-                                                             : 0;
-    char32_t c = U'\uFFFD';
-    std::size_t letti = 1;
-    if (lunghezza == 1) {
-        c = primo;
-    } else if (lunghezza != 0 && lunghezza <= testo.size()) {
-        char32_t valore = primo & (0xFFU >> (lunghezza + 1));
-        bool intera = true;
-        for (std::size_t i = 1; i < lunghezza; ++i) {
-            intera = intera && (byte(i) & 0xC0U) == 0x80U;
-            valore = valore << 6U | (byte(i) & 0x3FU);
-        }
-        if (intera) {
-            c = valore;
-            letti = lunghezza;
-        }
-    }
-    testo.remove_prefix(letti);
-    return c;
-}
-
 double larghezza_testo(const Carattere& carattere, std::string_view testo) {
     const bool fisso = a_passo_fisso(carattere);
     double somma = 0;
     while (!testo.empty()) {
-        const char32_t c = prossimo_carattere(testo);
+        const char32_t c = prendi_lettera(testo);
         somma += fisso ? (c < 0x20 ? 0 : kPasso) : avanzamento(c, carattere.grassetto);
     }
     return somma / kEm * carattere.corpo * kMillimetriPerPunto;

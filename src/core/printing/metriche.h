@@ -16,7 +16,4 @@ namespace sortimetra {
 /// every text.
 [[nodiscard]] double altezza_testo(const Carattere& carattere);
 
-/// Takes the first character of UTF-8 text away; a broken byte counts as one character, U+FFFD.
-[[nodiscard]] char32_t prossimo_carattere(std::string_view& testo);
-
 }  // namespace sortimetra

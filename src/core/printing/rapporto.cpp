@@ -1,6 +1,7 @@
 #include "printing/rapporto.h"
 
 #include "printing/metriche.h"
+#include "results/risposta.h"
 
 #include <algorithm>
 #include <array>

@@ -114,9 +114,8 @@ void stampa_piede(EasyPrint& stampante, int pagina, int totale);
 /// Height of the sheet that the foot keeps for itself: a table ends above it.
 inline constexpr float kAltezzaPiede = 15;
 
-/// What every sheet says that was printed from draws that never took place.
-inline constexpr std::string_view kArchivioSimulato = "Archivio simulato";
-/// The same report with that remark at the foot of each of its pages, in the middle.
+/// The same report with "Archivio simulato" at the foot of each of its pages, in the middle: its draws never
+/// took place.
 [[nodiscard]] Rapporto segna_simulato(Rapporto rapporto);
 
 /// The lines of a legend under each other, from y on at the band's left edge.

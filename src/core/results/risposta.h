@@ -54,4 +54,15 @@ struct Risposta {
     [[nodiscard]] bool prodotta() const { return risultato != nullptr && risultato->prodotto; }
 };
 
+/// What an answer is of, line by line, as files and terminals tell it: "Ricerca", "Ruote", "Concorsi" … with
+/// their values. Its title alone for a search without a scope.
+struct VoceAmbito {
+    std::string_view nome;
+    std::string valore;
+};
+[[nodiscard]] std::vector<VoceAmbito> voci_ambito(const Risposta& risposta);
+
+/// What stands beside every result of the demonstration archive.
+inline constexpr std::string_view kArchivioSimulato = "Archivio simulato";
+
 }  // namespace sortimetra

@@ -1,12 +1,11 @@
 #include "results/risultato.h"
 
 #include "draws/ambito.h"
+#include "text/numero.h"
 #include "text/testi.h"
 
 #include <algorithm>
-#include <charconv>
 #include <numeric>
-#include <optional>
 #include <type_traits>
 
 namespace sortimetra {
@@ -27,20 +26,10 @@ struct ChiaveCella {
     }
 };
 
-std::optional<double> come_numero(std::string_view testo) {
-    if (testo.starts_with('+')) testo.remove_prefix(1);
-    std::string punto{testo};
-    std::replace(punto.begin(), punto.end(), ',', '.');
-    double valore = 0;
-    const auto [fine, errore] = std::from_chars(punto.data(), punto.data() + punto.size(), valore);
-    if (errore != std::errc{} || fine != punto.data() + punto.size()) return std::nullopt;
-    return valore;
-}
-
 ChiaveCella chiave_cella(std::string_view testo) {
     testo = rifila(testo);
     if (testo.empty()) return {};
-    if (const auto numero = come_numero(testo)) return {*numero < 0 ? 1 : 3, *numero, {}};
+    if (const auto numero = leggi_numero(testo)) return {numero->valore < 0 ? 1 : 3, numero->valore, {}};
     return {testo.front() < '0' ? 2 : 4, 0, minuscolo(testo)};
 }
 
@@ -58,12 +47,13 @@ void ordina_interi(std::vector<std::uint32_t>& ordine, const std::vector<std::in
     constexpr unsigned kBitRiga = 31;
     std::vector<std::uint64_t> parole(valori.size());
     for (std::size_t i = 0; i < valori.size(); ++i) {
-        const std::uint64_t p = posto(valori[i]);
+        const std::uint64_t p = posto(valori[ordine[i]]);
         parole[i] = (verso == Verso::crescente ? p : kMassimo - p) << kBitRiga | i;
     }
     std::sort(parole.begin(), parole.end());
+    const std::vector<std::uint32_t> prima = ordine;
     for (std::size_t i = 0; i < parole.size(); ++i)
-        ordine[i] = static_cast<std::uint32_t>(parole[i] & ((std::uint64_t{1} << kBitRiga) - 1));
+        ordine[i] = prima[parole[i] & ((std::uint64_t{1} << kBitRiga) - 1)];
 }
 
 template <class Minore>
@@ -157,9 +147,11 @@ Risultato senza_estrazioni() {
     return non_avviata({Avviso::nessuna_estrazione, std::string{kNessunaEstrazione}});
 }
 
-std::vector<std::uint32_t> ordina(const Tabella& tabella, std::size_t colonna, Verso verso) {
-    std::vector<std::uint32_t> ordine(tabella.righe());
-    std::iota(ordine.begin(), ordine.end(), 0U);
+namespace {
+
+/// Puts rows that stand in some order into that of a column; rows equal in it stay as they stood.
+void riordina_per(const Tabella& tabella, const Criterio& criterio, std::vector<std::uint32_t>& ordine) {
+    const auto [colonna, verso] = criterio;
     const Colonna& c = tabella.colonne[colonna];
     if (const auto* interi = std::get_if<ColonnaInteri>(&c)) {
         ordina_interi(ordine, interi->valori, verso);
@@ -177,7 +169,21 @@ std::vector<std::uint32_t> ordina(const Tabella& tabella, std::size_t colonna, V
         for (const auto& t : testi) chiavi.push_back(chiave_cella(t));
         riordina(ordine, verso, [&](auto a, auto b) { return chiavi[a] < chiavi[b]; });
     }
+}
+
+}  // namespace
+
+std::vector<std::uint32_t> ordina(const Tabella& tabella, std::span<const Criterio> criteri) {
+    std::vector<std::uint32_t> ordine(tabella.righe());
+    std::iota(ordine.begin(), ordine.end(), 0U);
+    // The last first: what a later sort finds equal keeps the order of the one before.
+    for (std::size_t i = criteri.size(); i-- > 0;) riordina_per(tabella, criteri[i], ordine);
     return ordine;
+}
+
+std::vector<std::uint32_t> ordina(const Tabella& tabella, std::size_t colonna, Verso verso) {
+    const Criterio criterio{colonna, verso};
+    return ordina(tabella, std::span{&criterio, 1});
 }
 
 }  // namespace sortimetra

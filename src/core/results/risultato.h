@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -117,5 +118,14 @@ enum class Verso { crescente, decrescente };
 /// Beside numbers, an empty cell comes first and text stands where its first character falls: "..." after the
 /// negative numbers and before 0.
 [[nodiscard]] std::vector<std::uint32_t> ordina(const Tabella& tabella, std::size_t colonna, Verso verso);
+
+/// A column by which rows are ordered.
+struct Criterio {
+    std::size_t colonna = 0;
+    Verso verso = Verso::decrescente;
+    friend bool operator==(const Criterio&, const Criterio&) = default;
+};
+/// The same by several columns: the first decides, the next ones where it finds rows equal.
+[[nodiscard]] std::vector<std::uint32_t> ordina(const Tabella& tabella, std::span<const Criterio> criteri);
 
 }  // namespace sortimetra

@@ -1,12 +1,13 @@
 #include "files/file_sicuro.h"
 #include "results/scrittori.h"
 #include "text/data.h"
+#include "text/numero.h"
 #include "text/testi.h"
+#include "text/utf8.h"
 
 #include <xlsxwriter.h>
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <map>
 #include <memory>
@@ -26,48 +27,25 @@ constexpr std::size_t kColonnaLarga = 60;
 /// A text that is a number to a spreadsheet, with the format that shows it as the grid does.
 struct Tipizzato {
     double valore = 0;
-    std::string formato;  ///< empty for a plain whole number
+    std::string formato{};  ///< empty for a plain whole number
 };
 
-/// "12", "-3", "12,50", "1.443,33", "12,50%". Not "01", nor "01.02": names of numbers, which stay texts.
+/// What `leggi_numero` reads, but for texts that a number would not show again: "01", "+5", "12 %". "12.345"
+/// without decimals may be a name.
 std::optional<Tipizzato> tipizza(std::string_view testo) {
-    std::string cifre;
-    std::size_t decimali = 0;
-    bool virgola = false;
-    bool punti = false;
-    const bool percento = testo.ends_with('%');
-    if (percento) testo.remove_suffix(1);
-    std::string_view t = testo;
-    if (t.starts_with('-')) {
-        cifre += '-';
-        t.remove_prefix(1);
+    const auto letto = leggi_numero(testo);
+    if (!letto || letto->zero_davanti || testo.starts_with('+') || testo.find(' ') != std::string_view::npos)
+        return std::nullopt;
+    if (letto->punti && letto->decimali == 0) return std::nullopt;
+    Tipizzato n{.valore = letto->valore};
+    if (letto->percento || letto->decimali > 0) {
+        n.formato = letto->punti ? "#,##0" : "0";
+        if (letto->decimali > 0)
+            n.formato += "." + std::string(static_cast<std::size_t>(letto->decimali), '0');
     }
-    const std::size_t intere = std::min(t.find(','), t.size());
-    if (intere == 0 || (intere > 1 && t.front() == '0')) return std::nullopt;
-    for (std::size_t i = 0; i < t.size(); ++i) {
-        if (t[i] >= '0' && t[i] <= '9') {
-            cifre += t[i];
-            if (virgola) ++decimali;
-        } else if (t[i] == ',' && !virgola) {
-            virgola = true;
-            cifre += '.';
-        } else if (t[i] == '.' && i > 0 && i < intere && (intere - i) % 4 == 0 && intere < t.size()) {
-            punti = true;  // only before a decimal sign: "12.345" alone may be a name
-        } else {
-            return std::nullopt;
-        }
-    }
-    if (virgola && decimali == 0) return std::nullopt;
-    Tipizzato n;
-    const auto [fine, errore] = std::from_chars(cifre.data(), cifre.data() + cifre.size(), n.valore);
-    if (errore != std::errc{} || fine != cifre.data() + cifre.size()) return std::nullopt;
-    if (percento || virgola) {
-        n.formato = punti ? "#,##0" : "0";
-        if (decimali > 0) n.formato += "." + std::string(decimali, '0');
-        if (percento) {
-            n.formato += '%';
-            n.valore /= 100;
-        }
+    if (letto->percento) {
+        n.formato += '%';
+        n.valore /= 100;
     }
     return n;
 }
@@ -112,10 +90,8 @@ class Formati {
 /// A sheet's name: at most 31 characters, none of []:*?/\, no two alike.
 std::string nome_foglio(std::string_view nome, std::set<std::string>& usati) {
     // Room for a number that tells two alike apart; no letter of several bytes is cut.
-    std::size_t fine = std::min<std::size_t>(nome.size(), 28);
-    while (fine < nome.size() && fine > 0 && (static_cast<unsigned char>(nome[fine]) & 0xC0U) == 0x80) --fine;
     std::string n;
-    for (const char c : nome.substr(0, fine))
+    for (const char c : tronca_lettere(nome, 28))
         n += std::string_view{"[]:*?/\\'"}.find(c) == std::string_view::npos ? c : '_';
     if (n.empty()) n = "risultati";
     std::string unico = n;
@@ -195,6 +171,22 @@ lxw_error scrivi_foglio(lxw_worksheet* foglio, const Tabella& tabella, const Rig
     return LXW_NO_ERROR;
 }
 
+/// A last sheet with what the answer is of.
+lxw_error scrivi_ambito(lxw_workbook* libro, const Risposta& risposta, std::set<std::string>& nomi,
+                        Formati& formati) {
+    if (!risposta.ambito) return LXW_NO_ERROR;
+    ColonnaTesti voci;
+    ColonnaTesti valori;
+    for (VoceAmbito& voce : voci_ambito(risposta)) {
+        voci.valori.emplace_back(voce.nome);
+        valori.valori.push_back(std::move(voce.valore));
+    }
+    Tabella tabella;
+    tabella.colonne = {std::move(voci), std::move(valori)};
+    lxw_worksheet* foglio = workbook_add_worksheet(libro, nome_foglio("Ambito", nomi).c_str());
+    return foglio == nullptr ? LXW_ERROR_MEMORY_MALLOC_FAILED : scrivi_foglio(foglio, tabella, {}, formati);
+}
+
 std::string motivo(lxw_error errore) {
     switch (errore) {
         case LXW_ERROR_WORKSHEET_INDEX_OUT_OF_RANGE:
@@ -231,11 +223,17 @@ std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& fil
         }
         errore = scrivi_foglio(foglio, risultato.tabelle[i], i == 0 ? prima : RigheScelte{}, formati);
     }
+    if (errore == LXW_NO_ERROR) errore = scrivi_ambito(libro, risposta, nomi, formati);
     // Closing writes the file and frees the workbook, whatever came before.
     const lxw_error chiusura = workbook_close(libro);
     if (errore == LXW_NO_ERROR) errore = chiusura;
     if (errore != LXW_NO_ERROR) return std::unexpected(ErroreArchivio{file, motivo(errore)});
     return sicuro->conferma();
+}
+
+std::expected<std::string, ErroreArchivio> byte_xlsx(const Risposta& risposta, std::size_t massimo) {
+    return byte_scritti(
+        [&](const std::filesystem::path& file) { return scrivi_xlsx(file, risposta, massimo); });
 }
 
 }  // namespace sortimetra

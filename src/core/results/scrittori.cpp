@@ -1,6 +1,8 @@
 #include "results/scrittori.h"
 
+#include "text/numero.h"
 #include "text/testi.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -279,25 +281,6 @@ void tabella_json(Penna& penna, const Tabella& tabella, const RigheScelte& scelt
 
 // ---- terminal ----
 
-/// One code point of UTF-8 and its length; a byte that begins none counts as one unknown character.
-struct Carattere {
-    char32_t codice;
-    std::size_t byte;
-};
-Carattere leggi_carattere(std::string_view t) {
-    const auto b = [&](std::size_t i) { return static_cast<unsigned char>(t[i]); };
-    const unsigned primo = b(0);
-    const std::size_t n = primo < 0x80 ? 1 : primo >= 0xF0 ? 4 : primo >= 0xE0 ? 3 : primo >= 0xC2 ? 2 : 0;
-    if (n == 1) return {primo, 1};
-    if (n == 0 || t.size() < n || primo > 0xF4) return {U'\uFFFD', 1};
-    char32_t codice = primo & (0x7FU >> n);
-    for (std::size_t i = 1; i < n; ++i) {
-        if ((b(i) & 0xC0U) != 0x80) return {U'\uFFFD', 1};
-        codice = codice << 6U | (b(i) & 0x3FU);
-    }
-    return {codice, n};
-}
-
 std::size_t larghezza(char32_t c) {
     struct Tratto {
         char32_t da, a;
@@ -320,14 +303,6 @@ std::string su_una_linea(std::string_view testo) {
     for (char& c : t)
         if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = ' ';
     return t;
-}
-
-/// "12", "-3", "12,50", "1.443,33", "12,50%": a text that stands to the right, as numbers do.
-bool sembra_numero(std::string_view t) {
-    if (t.starts_with('-') || t.starts_with('+')) t.remove_prefix(1);
-    if (t.ends_with('%')) t.remove_suffix(1);
-    return !t.empty() && t.front() >= '0' && t.front() <= '9' &&
-           t.find_first_not_of("0123456789.,") == std::string_view::npos;
 }
 
 /// Lays out a table: widths and sides first, then the lines.
@@ -468,7 +443,7 @@ class Impaginatore {
                 const std::string t = su_una_linea(l.testi[righe_[i]]);
                 massima = std::max(massima, larghezza_terminale(t));
                 piena = piena || !t.empty();
-                numeri = numeri && (t.empty() || sembra_numero(t));
+                numeri = numeri && (t.empty() || leggi_numero(t));
             }
             a_destra_[c] = numeri && piena;
         }
@@ -517,10 +492,28 @@ void scrivi_csv(std::string& testo, const Tabella& tabella, RigheScelte scelte) 
     metti_righe<Csv>(penna, tabella, {tabella, scelte});
 }
 
-void scrivi_stringa_json(std::string& testo, std::string_view stringa) {
-    Penna penna{testo};
-    Json::testo(penna, stringa);
+namespace {
+
+/// The members beyond the usual ones: what the answer is of, where it has a scope.
+void ambito_json(Penna& penna, const std::optional<AmbitoDetto>& ambito) {
+    if (!ambito) return;
+    const auto testo = [&](std::string_view nome, std::string_view valore) {
+        penna.aggiungi(nome);
+        Json::testo(penna, valore);
+    };
+    testo(",\n\"ambito\": {\"ruote\": ", ambito->ruote);
+    testo(", \"intervallo\": ", ambito->intervallo);
+    penna.aggiungi(", \"da\": " + std::to_string(ambito->tratto.da));
+    penna.aggiungi(", \"a\": " + std::to_string(ambito->tratto.a));
+    testo(", \"dal\": ", ambito->dal ? testo_data(*ambito->dal) : "");
+    testo(", \"al\": ", ambito->al ? testo_data(*ambito->al) : "");
+    penna.aggiungi(", \"T\": " + std::to_string(ambito->t));
+    testo(", \"archivio\": ", ambito->archivio);
+    penna.aggiungi("}");
+    if (ambito->simulato) penna.aggiungi(",\n\"simulato\": true");
 }
+
+}  // namespace
 
 void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massimo) {
     const Risultato& risultato = *risposta.risultato;
@@ -549,16 +542,22 @@ void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massi
     std::vector<std::string> messaggi;
     for (const Messaggio& m : risultato.messaggi) messaggi.push_back(m.testo);
     lista_testi_json(penna, messaggi);
+    ambito_json(penna, risposta.ambito);
     penna.aggiungi("}\n");
+}
+
+void scrivi_intestazione_csv(std::string& testo, const Risposta& risposta) {
+    for (const VoceAmbito& voce : voci_ambito(risposta)) {
+        Tabella riga;
+        riga.colonne = {ColonnaTesti{{std::string{voce.nome}}}, ColonnaTesti{{voce.valore}}};
+        scrivi_csv(testo, riga);
+    }
+    testo += '\n';
 }
 
 std::size_t larghezza_terminale(std::string_view testo) {
     std::size_t somma = 0;
-    while (!testo.empty()) {
-        const auto [codice, byte] = leggi_carattere(testo);
-        somma += larghezza(codice);
-        testo.remove_prefix(byte);
-    }
+    while (!testo.empty()) somma += larghezza(prendi_lettera(testo));
     return somma;
 }
 
@@ -567,11 +566,19 @@ void scrivi_tabella(std::string& testo, const Tabella& tabella, RigheScelte scel
     Impaginatore{tabella, scelte}.scrivi(penna);
 }
 
-void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t massimo) {
+void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t massimo, bool intestazione) {
     const Risultato& risultato = *risposta.risultato;
     const RigheScelte prima{.ordine = risposta.ordine, .massimo = massimo};
     testo += su_una_linea(risposta.titolo());
     testo += '\n';
+    if (intestazione) {
+        for (const VoceAmbito& voce : voci_ambito(risposta))
+            if (voce.nome != "Ricerca")
+                testo += std::string{voce.nome} + ": " + su_una_linea(voce.valore) + "\n";
+    } else if (risposta.ambito && risposta.ambito->simulato) {
+        testo += kArchivioSimulato;
+        testo += '\n';
+    }
     for (std::size_t i = 0; i < risultato.tabelle.size(); ++i) {
         const Tabella& t = risultato.tabelle[i];
         testo += '\n';

@@ -33,14 +33,15 @@ struct RigheScelte {
 /// end, LF after each record. Title rows first.
 void scrivi_csv(std::string& testo, const Tabella& tabella, RigheScelte scelte = {});
 
-/// Appends an answer as one JSON object and a line end, keys in the order "chiave", "titolo",
-/// "tabelle", "etichette", "messaggi"; every cell is a string. The first table stands in the order on
+/// Appends what an answer is of as CSV records, a name and its value each, and an empty line.
+void scrivi_intestazione_csv(std::string& testo, const Risposta& risposta);
+
+/// Appends an answer as one JSON object and a line end, keys in the order "chiave", "titolo", "tabelle",
+/// "etichette", "messaggi", then "ambito" where the search has a scope, and "simulato" where the archive is;
+/// every cell is a string. The first table stands in the order on
 /// show, at most `massimo` rows of it. Bytes that are no UTF-8 become U+FFFD, so that the object can always
 /// be read.
 void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massimo = kOgniRiga);
-
-/// Appends a JSON string, quotes included.
-void scrivi_stringa_json(std::string& testo, std::string_view stringa);
 
 /// Appends a table aligned for a terminal: columns two blanks apart, numbers to the right, texts to the left,
 /// a line under the titles, a merged title over the columns that it spans.
@@ -48,7 +49,10 @@ void scrivi_tabella(std::string& testo, const Tabella& tabella, RigheScelte scel
 
 /// Appends an answer for a terminal: title, tables (each under its name where there are several),
 /// labels. Messages are not part of it.
-void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t massimo = kOgniRiga);
+/// With `intestazione` the lines of `voci_ambito` stand under the title; without, a simulated archive says so
+/// there.
+void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t massimo = kOgniRiga,
+                      bool intestazione = false);
 
 /// Columns that a text takes on a terminal: 2 for East Asian wide characters and emoji, 0 for combining
 /// marks.
@@ -56,9 +60,12 @@ void scrivi_terminale(std::string& testo, const Risposta& risposta, std::size_t 
 
 /// Writes an answer as a workbook, one sheet a table, whole or not at all. Whole numbers, decimals and
 /// percentages are typed numbers (shown as the grid shows them), back and fore colours are kept, title rows
-/// stay in sight. The first table as in `scrivi_json`.
+/// stay in sight. The first table as in `scrivi_json`; the last sheet tells what the answer is of.
 [[nodiscard]] std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& file,
                                                               const Risposta& risposta,
                                                               std::size_t massimo = kOgniRiga);
+/// The bytes of such a workbook, for a pipe.
+[[nodiscard]] std::expected<std::string, ErroreArchivio> byte_xlsx(const Risposta& risposta,
+                                                                   std::size_t massimo = kOgniRiga);
 
 }  // namespace sortimetra

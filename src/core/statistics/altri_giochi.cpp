@@ -2,6 +2,7 @@
 
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
+#include "draws/dieci_e_lotto.h"
 #include "statistics/ambi_terni.h"
 #include "statistics/combinatoria.h"
 #include "statistics/misure.h"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -20,14 +20,14 @@ namespace sortimetra {
 
 namespace {
 
-MisureNumeri misure_da(std::int32_t t) {
+MisureNumeri misure_da(Estrazioni t) {
     MisureNumeri misure;
     misure.fill({.ultimo = inizio_ambata(t)});
     return misure;
 }
 
 template <std::size_t Quanti>
-std::vector<Misura> gruppi_da(std::int32_t t) {
+std::vector<Misura> gruppi_da(Estrazioni t) {
     return std::vector<Misura>(Quanti, Misura{.ultimo = inizio_ambata(t)});
 }
 
@@ -52,7 +52,7 @@ Risultato cerca_superenalotto(const ArchivioEstrazioni& archivio, const Domanda&
                               Avanzamento& avanzamento, Prepara&& prepara, Conta&& conta, Finisci&& finisci) {
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
     if (righe.empty()) return senza_estrazioni();
-    const auto t = static_cast<std::int32_t>(righe.size());
+    const Estrazioni t{static_cast<std::int32_t>(righe.size())};
     auto misure = prepara(t);
     percorri_righe(righe, archivio.superenalotto().concorso, avanzamento,
                    [&](int c, std::size_t riga) { conta(misure, archivio.superenalotto(), riga, c); });
@@ -68,7 +68,7 @@ Risultato cerca_numeri_superenalotto(const ArchivioEstrazioni& archivio, const D
         [&](MisureNumeri& misure, const TabellaSuperEnalotto& tabella, std::size_t riga, std::int32_t c) {
             escono(misure, numeri(tabella, riga), c);
         },
-        [posti](const MisureNumeri& misure, std::int32_t t) {
+        [posti](const MisureNumeri& misure, Estrazioni t) {
             return tabella_numeri(misure, kNumeri, t, Gioco::superenalotto, posti);
         });
 }
@@ -101,22 +101,12 @@ Risultato ambata10elotto(const ArchivioEstrazioni& archivio, const Domanda& doma
                          Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
     if (vista.vuota()) return senza_estrazioni();
-    const std::int32_t t = vista.t();
+    const Estrazioni t = vista.t();
     MisureNumeri misure = misure_da(t);
-    std::int32_t c = 0;
-    std::size_t riga = 0;      // ordinal of the draw's first row
-    std::size_t prossima = 0;  // row that the cursor stands on after its moves of ten
-    for (std::size_t i = 0; i < vista.concorsi(); ++i) {
-        riga += static_cast<std::size_t>(std::popcount(vista.maschera(i)));
-        if (prossima >= riga) continue;
-        prossima += kRuote;
-        ++c;
-        const auto record = cerca_concorso(archivio.lotto().concorso, vista.concorso(i));
-        if (!record) continue;
-        const Combinazione combinazione = calc_combinazione_10elotto(archivio.lotto(), *record);
-        escono(misure, std::span{combinazione}.subspan<1>(), c);
-    }
-    avanzamento.procedi(vista.concorsi(), vista.concorsi());
+    percorri_10elotto(archivio.lotto(), vista, PassoDieciELotto::dieci_righe, avanzamento,
+                      [&](int c, int /*righe*/, const Combinazione& combinazione) {
+                          escono(misure, std::span{combinazione}.subspan<1>(), c);
+                      });
     return tabella_numeri(misure, kNumeri, t, Gioco::dieci_e_lotto);
 }
 
@@ -125,7 +115,7 @@ Risultato ambataWinForLife(const ArchivioEstrazioni& archivio, const Domanda& do
     const TabellaWinForLife& tabella = archivio.winforlife();
     const auto righe = vista_winforlife(archivio, domanda.ambito);
     if (righe.empty()) return senza_estrazioni();
-    const auto t = static_cast<std::int32_t>(righe.size());
+    const Estrazioni t{static_cast<std::int32_t>(righe.size())};
     MisureNumeri misure = misure_da(t);
     percorri_righe(righe, tabella.concorso, avanzamento, [&](int c, std::size_t riga) {
         escono(misure, calc_combinazione_WinForLife(tabella, tabella.concorso[riga]), c);
@@ -141,7 +131,7 @@ Risultato ambisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& d
                       [&](std::size_t a, std::size_t b) { esce(misure[indice_ambo(a, b)], c); });
     };
     return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kAmbi>, conta,
-                               [](const std::vector<Misura>& misure, std::int32_t t) {
+                               [](const std::vector<Misura>& misure, Estrazioni t) {
                                    return tabella_ambi(misure, t, Gioco::superenalotto);
                                });
 }
@@ -155,7 +145,7 @@ Risultato ternisuperenalotto(const ArchivioEstrazioni& archivio, const Domanda& 
         });
     };
     return cerca_superenalotto(archivio, domanda, avanzamento, gruppi_da<kTerni>, conta,
-                               [](const std::vector<Misura>& misure, std::int32_t t) {
+                               [](const std::vector<Misura>& misure, Estrazioni t) {
                                    return tabella_terni(misure, t, Gioco::superenalotto);
                                });
 }
@@ -164,7 +154,7 @@ Risultato ambi10ruoteSuperenalotto(const ArchivioEstrazioni& archivio, const Dom
                                    Avanzamento& avanzamento) {
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
     if (righe.empty()) return senza_estrazioni();
-    const int t = quoziente_pari(righe.size(), domanda.ambito.ruote.n_ruote());
+    const Estrazioni t{quoziente_pari(righe.size(), domanda.ambito.ruote.n_ruote())};
     const auto posto = static_cast<std::size_t>(domanda.di<ParametriStatistica>().estratto - 1);
     std::vector<Misura> misure = gruppi_da<kAmbi>(t);
     std::int32_t c = 0;

@@ -23,7 +23,7 @@ Risultato ambatalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda
     const VistaEstrazioni vista{archivio, domanda.ambito};
     if (vista.vuota()) return senza_estrazioni();
 
-    const int t = vista.t();
+    const Estrazioni t = vista.t();
     MisureNumeri misure;
     misure.fill({.ultimo = inizio_ambata(t)});
     if (numeri_per_estrazione == 1)

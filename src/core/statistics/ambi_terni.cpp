@@ -61,11 +61,11 @@ std::vector<Misura> misura_ambi(const VistaEstrazioni& vista, Avanzamento& avanz
     return misure;
 }
 
-Risultato tabella_ambi(std::span<const Misura> misure, std::int32_t t, Gioco gioco) {
+Risultato tabella_ambi(std::span<const Misura> misure, Estrazioni t, Gioco gioco) {
     return tabella_misure(nomi_ambi(), misure, t, {.gioco = gioco, .presenti = 2});
 }
 
-Risultato tabella_terni(std::span<const Misura> misure, std::int32_t t, Gioco gioco) {
+Risultato tabella_terni(std::span<const Misura> misure, Estrazioni t, Gioco gioco) {
     return tabella_misure(nomi_terni(), misure, t, {.gioco = gioco, .presenti = 3});
 }
 
@@ -78,7 +78,7 @@ Risultato ambilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, 
 Risultato ternilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
     const VistaEstrazioni vista{archivio, domanda.ambito};
     if (vista.vuota()) return senza_estrazioni();
-    const int t = vista.t();
+    const Estrazioni t = vista.t();
     std::vector<Misura> misure(kTerni, Misura{.ultimo = inizio_ambata(t)});
     const auto conta = [celle = misure.data()](int c) {
         return [celle, c](std::size_t x, std::size_t y, std::size_t z) {

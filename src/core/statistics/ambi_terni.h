@@ -40,7 +40,7 @@ namespace sortimetra {
 
 /// The finished tables of measures of all ambi and of all terni of a game, in ascending order; T for the
 /// delays.
-[[nodiscard]] Risultato tabella_ambi(std::span<const Misura> misure, std::int32_t t, Gioco gioco);
-[[nodiscard]] Risultato tabella_terni(std::span<const Misura> misure, std::int32_t t, Gioco gioco);
+[[nodiscard]] Risultato tabella_ambi(std::span<const Misura> misure, Estrazioni t, Gioco gioco);
+[[nodiscard]] Risultato tabella_terni(std::span<const Misura> misure, Estrazioni t, Gioco gioco);
 
 }  // namespace sortimetra

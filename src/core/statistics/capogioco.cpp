@@ -17,7 +17,7 @@ namespace {
 
 /// The measures of the games made of the head numbers and one more number, by that number. Only these are
 /// ever touched; all other ambi and terni keep their start values.
-MisureNumeri misure_iniziali(int t) {
+MisureNumeri misure_iniziali(Estrazioni t) {
     MisureNumeri misure;
     misure.fill({.ultimo = inizio_ambata(t)});
     return misure;
@@ -83,7 +83,7 @@ class Righe {
         eventi_.senza.resize(misure_.size());
         eventi_.senza.back() = true;
     }
-    [[nodiscard]] Risultato risultato(std::int32_t t) && {
+    [[nodiscard]] Risultato risultato(Estrazioni t) && {
         if (!eventi_.senza.empty()) eventi_.senza.resize(misure_.size());
         return tabella_misure(std::move(numeri_), misure_, t, std::move(eventi_));
     }
@@ -103,7 +103,7 @@ Risultato ambatacapogioco(const ArchivioEstrazioni& archivio, const Domanda& dom
     const int k = capo(domanda, 0);
     if (!valido(k)) return non_avviata({Avviso::capogioco, std::string{kCapogiocoNonValido}});
 
-    const int t = vista.t();
+    const Estrazioni t = vista.t();
     MisureNumeri misure = misure_iniziali(t);
     percorri(vista, avanzamento, [&](int c, const Numero* riga) {
         if (riga[0] == 0 || !contiene(riga, k)) return;
@@ -126,7 +126,7 @@ Risultato ambo_capogioco(const ArchivioEstrazioni& archivio, const Domanda& doma
     const int k2 = capo(domanda, 1);
     if (!valido(k1) || !valido(k2)) return non_avviata({Avviso::capigioco, std::string{kCapigiocoNonValidi}});
 
-    const int t = vista.t();
+    const Estrazioni t = vista.t();
     const bool all_ambata = domanda.di<ParametriStatistica>().tipo == 0;
     MisureNumeri misure = misure_iniziali(t);
     if (all_ambata)
@@ -157,7 +157,11 @@ Risultato ambo_capogioco(const ArchivioEstrazioni& archivio, const Domanda& doma
                 else
                     righe.riga_intatta({a, b, c}, intatta);
             }
-    return std::move(righe).risultato(t);
+    Risultato r = std::move(righe).risultato(t);
+    r.note.emplace_back(
+        "La griglia ha tutti i 7.744 terni con almeno un capogioco; misurati sono gli 88 che li hanno "
+        "entrambi.");
+    return r;
 }
 
 }  // namespace sortimetra

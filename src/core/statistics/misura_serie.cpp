@@ -167,9 +167,9 @@ void chiudi_ritardi(Misura& m, std::uint64_t uscite, std::int32_t primo) {
 /// Counts up to 64 W members in one walk. Rows are joined to draws by OR, and 64 draws at a time are turned
 /// over, so that a member's draws become one word.
 template <int Soglia, std::size_t W>
-class Conteggio {
+class Contatore {
   public:
-    Conteggio(const SerieCorrente& serie, std::size_t primo, std::span<Misura> misure)
+    Contatore(const SerieCorrente& serie, std::size_t primo, std::span<Misura> misure)
         : tavole_{strati<W>(serie, primo, misure.size())}, misure_{misure} {}
 
     void riga(std::int32_t c, const Numero* numeri) {
@@ -241,7 +241,7 @@ bool conta(const VistaEstrazioni& vista, const SerieCorrente& serie, std::span<M
     const std::size_t parti = (misure.size() + kPasso - 1) / kPasso;
     for (std::size_t p = 0; p < parti; ++p) {
         const std::size_t primo = p * kPasso;
-        const auto conteggio = std::make_unique<Conteggio<Soglia, W>>(
+        const auto conteggio = std::make_unique<Contatore<Soglia, W>>(
             serie, primo, misure.subspan(primo, std::min(kPasso, misure.size() - primo)));
         Parte parte{avanzamento, p, parti};
         const bool prosegui = percorri(vista, parte, [&c = *conteggio](int concorso, const Numero* numeri) {

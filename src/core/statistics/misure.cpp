@@ -4,14 +4,14 @@
 
 namespace sortimetra {
 
-Risultato tabella_misure(Colonna numeri, std::span<const Misura> misure, std::int32_t t, Eventi eventi,
+Risultato tabella_misure(Colonna numeri, std::span<const Misura> misure, Estrazioni t, Eventi eventi,
                          const std::vector<std::string>& titoli) {
     ScrittoreMisure scrittore{misure.size()};
     scrittore.righe(misure, t);
     return std::move(scrittore).risultato(std::move(numeri), std::move(eventi), titoli);
 }
 
-Risultato tabella_numeri(const MisureNumeri& misure, int quanti, std::int32_t t, Gioco gioco, Posti posti) {
+Risultato tabella_numeri(const MisureNumeri& misure, int quanti, Estrazioni t, Gioco gioco, Posti posti) {
     const auto n = static_cast<std::size_t>(quanti);
     ColonnaInteri numeri{std::vector<std::int32_t>(n)};
     std::iota(numeri.valori.begin(), numeri.valori.end(), 1);

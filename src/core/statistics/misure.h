@@ -1,5 +1,6 @@
 #pragma once
 
+#include "draws/archivio.h"
 #include "draws/ruote.h"
 #include "results/risultato.h"
 
@@ -36,7 +37,7 @@ constexpr void esce(Misura& m, std::int32_t c) {
 
 /// Start of `ultimo` for numbers, ambi and terni: the first gap comes out as C - T, never above 0 as long as
 /// no more draws are walked than T.
-constexpr std::int32_t inizio_ambata(std::int32_t t) {
+constexpr std::int32_t inizio_ambata(Estrazioni t) {
     return t - 1;
 }
 /// Start of `ultimo` for the named series: the wait before the first hit does count, less one.
@@ -44,7 +45,7 @@ inline constexpr std::int32_t kInizioSerie = 1;
 
 /// Draws since the last hit. Where wheels lack rows T is smaller than the draws walked and this can fall
 /// below 0; no correction is made.
-[[nodiscard]] constexpr std::int32_t ritardo(const Misura& m, std::int32_t t) {
+[[nodiscard]] constexpr std::int32_t ritardo(const Misura& m, Estrazioni t) {
     return m.frequenza == 0 ? t : t - m.ultimo;
 }
 
@@ -70,7 +71,7 @@ class ScrittoreMisure {
         ++riga_;
     }
     /// Writes one row per measure.
-    void righe(std::span<const Misura> misure, std::int32_t t) {
+    void righe(std::span<const Misura> misure, Estrazioni t) {
         std::int32_t* __restrict f = frequenza_.valori.data() + riga_;
         std::int32_t* __restrict r = ritardo_.valori.data() + riga_;
         std::int32_t* __restrict s = storico_.valori.data() + riga_;
@@ -105,12 +106,12 @@ class ScrittoreMisure {
 };
 
 /// A table of measures, one row each, with `numeri` as its first column; `eventi` is what they measure.
-[[nodiscard]] Risultato tabella_misure(Colonna numeri, std::span<const Misura> misure, std::int32_t t,
+[[nodiscard]] Risultato tabella_misure(Colonna numeri, std::span<const Misura> misure, Estrazioni t,
                                        Eventi eventi = {},
                                        const std::vector<std::string>& titoli = kTitoliMisure);
 
 /// The table of measures of the numbers 1 to `quanti`, in number order, each looked for in `posti`.
-[[nodiscard]] Risultato tabella_numeri(const MisureNumeri& misure, int quanti, std::int32_t t, Gioco gioco,
+[[nodiscard]] Risultato tabella_numeri(const MisureNumeri& misure, int quanti, Estrazioni t, Gioco gioco,
                                        Posti posti = kOgniPosto);
 
 }  // namespace sortimetra

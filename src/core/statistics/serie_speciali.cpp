@@ -52,7 +52,7 @@ Risultato tabella_serie(const VistaEstrazioni& vista, const SerieCorrente& serie
 std::vector<std::int32_t> ritardi_per_ruota(const VistaEstrazioni& vista, const SerieCorrente& serie,
                                             int soglia, std::size_t ruote) {
     const std::size_t membri = serie.righe();
-    const int t = vista.t();
+    const Estrazioni t = vista.t();
     std::vector<std::int32_t> ritardi(ruote * membri, t);
     std::vector<bool> trovati(ritardi.size(), false);
     std::size_t mancano = ritardi.size();

@@ -52,7 +52,7 @@ auto aggiorna_di_questa_macchina() {
 }  // namespace
 
 struct TerniPerAmbi::Stato {
-    std::int32_t t;
+    Estrazioni t;
     /// Draw of the last hit of each ambo, in both orders of its numbers, 0 before the first. Rows are strips.
     std::vector<std::int32_t> ultimo = std::vector<std::int32_t>(std::size_t{kNumeri + 1} * kStriscia);
     /// Per ambo, the longest gap that its hits closed, by third number.
@@ -62,7 +62,7 @@ struct TerniPerAmbi::Stato {
     decltype(aggiorna_di_questa_macchina()) aggiorna = aggiorna_di_questa_macchina();
 };
 
-TerniPerAmbi::TerniPerAmbi(std::int32_t t) : stato_{std::make_unique<Stato>()} {
+TerniPerAmbi::TerniPerAmbi(Estrazioni t) : stato_{std::make_unique<Stato>()} {
     stato_->t = t;
     // Cells that stand for no terno must never be the least of their strip.
     constexpr auto kMai = std::numeric_limits<std::int32_t>::max();

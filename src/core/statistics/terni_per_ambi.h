@@ -19,7 +19,7 @@ namespace sortimetra {
 class TerniPerAmbi {
   public:
     /// `t` is T of the view that will be walked.
-    explicit TerniPerAmbi(std::int32_t t);
+    explicit TerniPerAmbi(Estrazioni t);
     TerniPerAmbi(TerniPerAmbi&&) noexcept;
     TerniPerAmbi& operator=(TerniPerAmbi&&) noexcept;
     ~TerniPerAmbi();

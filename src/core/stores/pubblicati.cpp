@@ -1,6 +1,7 @@
 #include "stores/pubblicati.h"
 
 #include "text/testi.h"
+#include "text/utf8.h"
 
 #include <fmt/core.h>
 
@@ -36,14 +37,10 @@ std::string_view senza_bom(std::string_view testo) {
 /// What stood in the file, fit for a message: cut short, without control characters.
 std::string citato(std::string_view trovato) {
     constexpr std::size_t kMassimo = 60;
+    const std::string_view intero = tronca_lettere(trovato, kMassimo);
     std::string testo;
-    for (const char c : trovato.substr(0, kMassimo))
-        testo += static_cast<unsigned char>(c) < 0x20 || c == '\x7F' ? '?' : c;
-    // Not in the middle of a character of several bytes.
-    while (trovato.size() > kMassimo && !testo.empty() &&
-           (static_cast<unsigned char>(testo.back()) & 0xC0U) == 0x80)
-        testo.pop_back();
-    return trovato.size() > kMassimo ? testo + "…" : testo;
+    for (const char c : intero) testo += static_cast<unsigned char>(c) < 0x20 || c == '\x7F' ? '?' : c;
+    return intero.size() < trovato.size() ? testo + "…" : testo;
 }
 
 std::string errore_riga(std::size_t riga, std::string_view trovato, std::string_view atteso) {
@@ -163,12 +160,13 @@ class LettoreVeloce {
         std::memcpy(&testa, p, 8);
         std::memcpy(&coda, p + 2, 8);
         // Up to eleven lines in a run have the same date.
-        if (testa != testa_ || coda != coda_) {
+        if (!data_letta_ || testa != testa_ || coda != coda_) {
             const auto data = leggi_data_iso({p, 10}, '/');
             if (!data || *data < kPrimaData || *data > kUltimaData) return nullptr;
             data_ = *data;
             testa_ = testa;
             coda_ = coda;
+            data_letta_ = true;
         }
         if (p[10] != '\t' || p[13] != '\t') return nullptr;
         r.ruota = ruota_da_codice({p + 11, 2});
@@ -192,8 +190,9 @@ class LettoreVeloce {
     }
 
   private:
-    std::uint64_t testa_ = 0;
-    std::uint64_t coda_ = 0;
+    bool data_letta_ = false;
+    std::uint64_t testa_ = 0;  ///< the first eight bytes of the last date read
+    std::uint64_t coda_ = 0;   ///< its last eight
     Data data_{};
 };
 

@@ -8,6 +8,10 @@ namespace sortimetra {
 
 namespace {
 
+/// The bare letters of the small letters U+00E0 to U+00FF, "\0" where there is none.
+constexpr std::string_view kSenzaAccento{"aaaaaa\0ceeeeiiii\0nooooo\0\0uuuuy\0y", 32};
+static_assert(kSenzaAccento.size() == 32);
+
 constexpr std::string_view kBianchi = " \t\r\n";
 
 }  // namespace
@@ -87,6 +91,38 @@ std::string quoziente_due_decimali(std::int64_t numeratore, std::int64_t denomin
     testo += ',';
     aggiungi_due_cifre(testo, resto);
     return testo;
+}
+
+std::string piega(std::string_view testo) {
+    const std::string basso = minuscolo(testo);
+    std::string piegato;
+    piegato.reserve(basso.size());
+    for (std::size_t i = 0; i < basso.size(); ++i) {
+        // U+00E0 to U+00FF in UTF-8 are C3 A0 to C3 BF.
+        if (basso[i] == '\xC3' && i + 1 < basso.size()) {
+            const auto d = static_cast<unsigned char>(basso[i + 1]);
+            if (d >= 0xA0 && d <= 0xBF && kSenzaAccento[d - 0xA0] != '\0') {
+                piegato += kSenzaAccento[d - 0xA0];
+                ++i;
+                continue;
+            }
+        }
+        piegato += basso[i];
+    }
+    return piegato;
+}
+
+std::string piega_nome(std::string_view testo) {
+    std::string nome;
+    for (const char c : piega(testo)) {
+        const bool bianco = c == ' ' || c == '\t' || c == '\r' || c == '\n';
+        if (!bianco)
+            nome += c;
+        else if (!nome.empty() && nome.back() != ' ')
+            nome += ' ';
+    }
+    if (nome.ends_with(' ')) nome.pop_back();
+    return nome;
 }
 
 }  // namespace sortimetra

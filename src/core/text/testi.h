@@ -15,6 +15,11 @@ namespace sortimetra {
 /// Lower case of UTF-8 text, including the accented letters of Latin-1 ("PIÙ" gives "più"); other bytes stay.
 [[nodiscard]] std::string minuscolo(std::string_view testo);
 
+/// The text in which names are looked for: lower case, without accents ("Più" gives "piu").
+[[nodiscard]] std::string piega(std::string_view testo);
+/// The same with one blank between words and none at the ends: "  Più   in ritardo" gives "piu in ritardo".
+[[nodiscard]] std::string piega_nome(std::string_view testo);
+
 /// The number that a text begins with, blanks before and between digits skipped as the archive's own reader
 /// does: "12", " 07", "12abc" give 12, 7, 12; no digit gives 0. Stops growing at `std::int64_t`'s middle, so
 /// that a very long run of digits cannot overflow.

@@ -1,5 +1,7 @@
 #include "text/windows1252.h"
 
+#include "text/utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -14,47 +16,6 @@ constexpr std::array<std::uint16_t, 32> kDa80a9F{
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-constexpr std::uint32_t kNonUtf8 = 0xFFFFFFFF;
-
-void aggiungi_utf8(std::string& testo, std::uint32_t c) {
-    if (c < 0x80) {
-        testo += static_cast<char>(c);
-    } else if (c < 0x800) {
-        testo += static_cast<char>(0xC0 | (c >> 6U));
-        testo += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-        testo += static_cast<char>(0xE0 | (c >> 12U));
-        testo += static_cast<char>(0x80 | ((c >> 6U) & 0x3F));
-        testo += static_cast<char>(0x80 | (c & 0x3F));
-    }
-}
-
-/// Takes one character off the front of `testo`; off a byte that begins none, that byte alone.
-std::uint32_t prendi_utf8(std::string_view& testo) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(testo[i]); };
-    const std::uint32_t primo = byte(0);
-    const std::size_t lungo = primo < 0x80        ? 1
-                              : primo >> 5U == 6  ? 2
-                              : primo >> 4U == 14 ? 3
-                              : primo >> 3U == 30 ? 4
-                                                  : 0;
-    std::uint32_t c = kNonUtf8;
-    if (lungo > 0 && lungo <= testo.size()) {
-        c = lungo == 1 ? primo : primo & (0x7FU >> lungo);
-        for (std::size_t i = 1; i < lungo; ++i) {
-            if (byte(i) >> 6U != 2) {
-                c = kNonUtf8;
-                break;
-            }
-            c = c << 6U | (byte(i) & 0x3FU);
-        }
-    }
-    // A character in more bytes than it needs is none: "/" or NUL must not come in by a side door.
-    if ((lungo == 2 && c < 0x80) || (lungo == 3 && c < 0x800)) c = kNonUtf8;
-    testo.remove_prefix(c == kNonUtf8 ? 1 : lungo);
-    return c;
-}
-
 }  // namespace
 
 std::string da_windows_1252(std::string_view byte) {
@@ -62,7 +23,7 @@ std::string da_windows_1252(std::string_view byte) {
     testo.reserve(byte.size() + byte.size() / 8);
     for (const char b : byte) {
         const auto n = static_cast<unsigned char>(b);
-        aggiungi_utf8(testo, n >= 0x80 && n <= 0x9F ? kDa80a9F[n - 0x80] : n);
+        aggiungi_lettera(testo, n >= 0x80 && n <= 0x9F ? kDa80a9F[n - 0x80] : n);
     }
     return testo;
 }
@@ -71,7 +32,7 @@ std::string in_windows_1252(std::string_view testo) {
     std::string byte;
     byte.reserve(testo.size());
     while (!testo.empty()) {
-        const std::uint32_t c = prendi_utf8(testo);
+        const char32_t c = prendi_lettera(testo);
         const auto* alto = std::find(kDa80a9F.begin(), kDa80a9F.end(), c);
         if (alto != kDa80a9F.end())
             byte += static_cast<char>(0x80 + (alto - kDa80a9F.begin()));

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "catalogue/form_ricerche_memoria.h"
 #include "catalogue/form_ricerche_schermi.h"
-#include "files/memoria_ricerca.h"
 
 #include <QWidget>
 #include <array>
@@ -13,21 +13,21 @@
 
 class QLabel;
 class QLineEdit;
-class QMenu;
 class QPushButton;
 class QStackedWidget;
 class QTabBar;
-class QToolButton;
 
 namespace sortimetra {
 
 class CorniceGruppo;
 class DelegatoElenco;
+class FrameArchivio;
+class FrameDettaglio;
 class FrameSegnalimite;
 class GrigliaElenco;
 class ModelloElenco;
 class PulsanteGruppo;
-class UltimaEstrazione;
+class PulsanteSkin;
 
 /// The main window: the catalogue of all searches. The user picks a game, a group and a search, and confirms;
 /// the catalogue hides while the search's screen is open. Closing it ends the program.
@@ -49,8 +49,9 @@ class form_ricerche final : public QWidget {
     /// Loads a skin and writes its index; one outside 1 to 9 loads none and is written as it is.
     void carica_skin(int indice);
 
-    /// Goes over to another program's folder, with its archive, memory and skin.
-    void usa_cartella(const std::filesystem::path& cartella);
+    /// Goes over to another program's folder, with its archive, memory and skin. Where no archive opens there
+    /// it says so, leaves all as it is and gives false.
+    bool usa_cartella(const std::filesystem::path& cartella);
 
     /// Opens the archive if that has not been tried yet. The window does it by itself after its first paint.
     void carica_archivio();
@@ -73,15 +74,15 @@ class form_ricerche final : public QWidget {
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
+    // form_ricerche_componi.cpp
+    void componi();
+    void componi_schede();
+    void componi_catalogo();
     QWidget* componi_testata();
     QWidget* componi_frame1();
     QWidget* componi_frame2();
     QWidget* componi_elenco();
-    QWidget* componi_dettaglio();
-    QWidget* componi_frame_archivio();
     QWidget* componi_piede();
-    void componi_menu_skin();
-    void segna_skin();
     void scorciatoie();
 
     void prima_attivazione();
@@ -99,10 +100,14 @@ class form_ricerche final : public QWidget {
     void aggiorna_frame2();
     void aggiorna_stato();
     void mostra_segnalimite(bool mostra);
+    void usa_archivio(ArchivioEstrazioni archivio);
     void crea_archivio_dimostrativo();
     void scegli_cartella();
     void torna();
 
+    /// The buttons of the groups that have a list; one more opens a screen.
+    static constexpr int kGruppi = 6;
+    [[nodiscard]] static QString quante_ricerche(int n);
     [[nodiscard]] const Ricerca* ricerca_corrente() const;
     [[nodiscard]] bool costruita(const Ricerca& ricerca) const;
     [[nodiscard]] bool cerca_attiva() const;
@@ -110,11 +115,10 @@ class form_ricerche final : public QWidget {
     [[nodiscard]] int chiave_memoria() const;
 
     Sessione& sessione_;
-    MemoriaRicerca memoria_;
+    MemoriaCatalogo memoria_;
     std::span<const RigaSchermo> schermi_;
     std::map<Schermo, std::unique_ptr<QWidget>> finestre_;
     std::optional<ArchivioEstrazioni> archivio_;
-    QString errore_archivio_;  ///< why it is not open; empty before the first try
     bool archivio_cercato_ = false;
 
     int gruppo_ = 0;          ///< group shown in the first tab
@@ -128,8 +132,7 @@ class form_ricerche final : public QWidget {
     FrameSegnalimite* frame_segnalimite_ = nullptr;
     QTabBar* tab_strip_ = nullptr;
     QLineEdit* txt_cerca_ = nullptr;
-    QToolButton* cmd_skin_ = nullptr;
-    QMenu* menu_skin_ = nullptr;
+    PulsanteSkin* cmd_skin_ = nullptr;
     QStackedWidget* cornici_ = nullptr;
     QWidget* frame1_ = nullptr;
     QWidget* frame2_ = nullptr;
@@ -142,17 +145,8 @@ class form_ricerche final : public QWidget {
     GrigliaElenco* griglia_ = nullptr;
     ModelloElenco* modello_ = nullptr;
     DelegatoElenco* delegato_ = nullptr;
-    QLabel* lbl_dove_ = nullptr;
-    QLabel* lbl_nome_ = nullptr;
-    QLabel* lbl_frase_ = nullptr;
-    UltimaEstrazione* ultima_ = nullptr;
-    QLabel* lbl_impedimento_ = nullptr;
-    QPushButton* cmd_conferma_ = nullptr;
-    QWidget* frame_archivio_ = nullptr;
-    QLabel* lbl_archivio_titolo_ = nullptr;
-    QLabel* lbl_archivio_testo_ = nullptr;
-    QPushButton* cmd_dimostrazione_ = nullptr;
-    QPushButton* cmd_riprova_ = nullptr;
+    FrameDettaglio* dettaglio_ = nullptr;
+    FrameArchivio* frame_archivio_ = nullptr;
     QLabel* lbl_stato_ = nullptr;
     QLabel* lbl_simulato_ = nullptr;
     QPushButton* command1_ = nullptr;

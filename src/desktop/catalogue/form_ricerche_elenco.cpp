@@ -2,6 +2,7 @@
 
 #include "qt_testi.h"
 #include "screens/tema.h"
+#include "text/testi.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

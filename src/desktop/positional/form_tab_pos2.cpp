@@ -2,6 +2,7 @@
 
 #include "catalogue/nomi.h"
 #include "positional/form_tab_pos_dieci.h"
+#include "positional/form_tab_pos_etichette.h"
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/migliori_ritardi.h"
 #include "positional/parametri.h"
@@ -25,7 +26,6 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <charconv>
 #include <string_view>
 #include <utility>
 
@@ -48,20 +48,6 @@ constexpr std::array<PaginaMigliori::Nomi, 2> kNomiPagine{{
 }};
 constexpr std::array kNomiAvvia{"Command8", "Command9"};
 constexpr std::array kNomiPannelli{"Frame3", "Frame6"};
-
-/// The numbers of a list such as "36 38 58".
-std::vector<std::size_t> indici(std::string_view testo) {
-    std::vector<std::size_t> v;
-    while (!testo.empty()) {
-        std::size_t n = 0;
-        const auto [fine, errore] = std::from_chars(testo.data(), testo.data() + testo.size(), n);
-        if (errore != std::errc{}) break;
-        v.push_back(n);
-        testo.remove_prefix(static_cast<std::size_t>(fine - testo.data()));
-        if (!testo.empty()) testo.remove_prefix(1);
-    }
-    return v;
-}
 
 }  // namespace
 
@@ -187,8 +173,7 @@ QWidget* PaginaMigliori::componi_scheda(std::size_t prima, std::size_t dopo,
     griglia->addWidget(titolo, 0, 0, 1, 2);
     int riga = 1;
     for (std::size_t f = prima; f < dopo; ++f) {
-        const auto gruppi = indici(famiglie[f].gruppi);
-        const auto ritardi = indici(famiglie[f].ritardi);
+        const auto [carica, gruppi, ritardi] = etichette_di(famiglie[f].carica);
         for (std::size_t i = 0; i < gruppi.size() && i < ritardi.size(); ++i, ++riga) {
             QLabel* gruppo = etichette[gruppi[i]];
             QLabel* ritardo = etichette[ritardi[i]];

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "positional/form_tab_pos_etichette.h"
 #include "positional/form_tab_pos_schermo.h"
 
 #include <QImage>
@@ -15,10 +16,6 @@ namespace sortimetra {
 
 class AreaParametri;
 class GrigliaDieci;
-
-/// Labels `lblDatiTab` of both pages, 0 to 167, and the first of them on the second page.
-inline constexpr std::size_t kEtichetteMigliori = 168;
-inline constexpr std::size_t kPrimaEtichettaPagina2 = 94;
 
 /// One page of the best delays: a card per family, its groups and their delays in the labels `lblDatiTab`.
 class PaginaMigliori final : public QWidget {

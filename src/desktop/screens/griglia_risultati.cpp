@@ -267,6 +267,24 @@ GrigliaRisultati::GrigliaRisultati(QWidget* padre)
       barra_trova_{new QWidget{this}},
       testo_trova_{new QLineEdit{barra_trova_}},
       esito_trova_{new QLabel{barra_trova_}} {
+    componi_viste();
+    frase_->setAlignment(Qt::AlignCenter);
+    frase_->setWordWrap(true);
+    frase_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    assegna_ruolo(frase_, "quieto");
+
+    componi_trova();
+    auto* colonna = new QVBoxLayout{this};
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(0);
+    colonna->addWidget(testata_);
+    colonna->addWidget(vista_, 1);
+    colonna->addWidget(barra_trova_);
+    setFocusProxy(vista_);
+    disponi();
+}
+
+void GrigliaRisultati::componi_viste() {
     vista_->setObjectName(QStringLiteral("MSHFlexGrid1"));
     vista_->setAccessibleName(tr("Risultati"));
     bloccata_->setObjectName(QStringLiteral("MSHFlexGrid1_prima_colonna"));
@@ -299,12 +317,21 @@ GrigliaRisultati::GrigliaRisultati(QWidget* padre)
     }
     bloccata_->setSelectionModel(vista_->selectionModel());
     prendi_caratteri();
+    connect(vista_->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { disponi(); });
+    connect(vista_->verticalScrollBar(), &QScrollBar::valueChanged, bloccata_->verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(bloccata_->verticalScrollBar(), &QScrollBar::valueChanged, vista_->verticalScrollBar(),
+            &QScrollBar::setValue);
+    connect(vista_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        // The whole line of the current cell is tinted, not the cell alone.
+        vista_->viewport()->update();
+        bloccata_->viewport()->update();
+        emit riga_cambiata();
+    });
+    connect(vista_, &VistaGriglia::copia_richiesta, this, &GrigliaRisultati::copia);
+}
 
-    frase_->setAlignment(Qt::AlignCenter);
-    frase_->setWordWrap(true);
-    frase_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    assegna_ruolo(frase_, "quieto");
-
+void GrigliaRisultati::componi_trova() {
     auto* riga_trova = new QHBoxLayout{barra_trova_};
     riga_trova->setContentsMargins(0, 2 * kPasso, 0, 0);
     riga_trova->setSpacing(2 * kPasso);
@@ -333,33 +360,10 @@ GrigliaRisultati::GrigliaRisultati(QWidget* padre)
         vista_->setFocus();
     }));
     barra_trova_->hide();
-
-    auto* colonna = new QVBoxLayout{this};
-    colonna->setContentsMargins(0, 0, 0, 0);
-    colonna->setSpacing(0);
-    colonna->addWidget(testata_);
-    colonna->addWidget(vista_, 1);
-    colonna->addWidget(barra_trova_);
-
-    connect(vista_->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { disponi(); });
-    connect(vista_->verticalScrollBar(), &QScrollBar::valueChanged, bloccata_->verticalScrollBar(),
-            &QScrollBar::setValue);
-    connect(bloccata_->verticalScrollBar(), &QScrollBar::valueChanged, vista_->verticalScrollBar(),
-            &QScrollBar::setValue);
-    connect(vista_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
-        // The whole line of the current cell is tinted, not the cell alone.
-        vista_->viewport()->update();
-        bloccata_->viewport()->update();
-        emit riga_cambiata();
-    });
     connect(testo_trova_, &QLineEdit::textChanged, this, [this] {
         cerca_corrispondenze();
         if (!corrispondenze_.empty()) vai_a(0);
     });
-
-    connect(vista_, &VistaGriglia::copia_richiesta, this, &GrigliaRisultati::copia);
-    setFocusProxy(vista_);
-    disponi();
 }
 
 void GrigliaRisultati::inizializza(const std::vector<std::vector<std::string>>& titoli) {
@@ -675,13 +679,15 @@ void GrigliaRisultati::mostra_menu(const QPoint& dove) {
 void GrigliaRisultati::apri_trova() {
     if (vuota()) return;
     barra_trova_->show();
+    // Whatever was shown or sorted while the line was hidden.
+    cerca_corrispondenze();
     testo_trova_->setFocus();
     testo_trova_->selectAll();
 }
 
 void GrigliaRisultati::cerca_corrispondenze() {
     corrispondenze_.clear();
-    corrente_ = 0;
+    corrente_.reset();
     const std::string cercato = testo_trova_->text().toLower().toStdString();
     const auto& tabella = modello_->tabella();
     if (cercato.empty() || !tabella || barra_trova_->isHidden()) {
@@ -709,16 +715,20 @@ void GrigliaRisultati::cerca_corrispondenze() {
 
 void GrigliaRisultati::vai_a(std::size_t corrispondenza) {
     corrente_ = corrispondenza;
-    const auto [r, c] = corrispondenze_[corrente_];
+    const auto [r, c] = corrispondenze_[corrispondenza];
     const QModelIndex i = modello_->index(r, c);
     vista_->selectionModel()->setCurrentIndex(i, QItemSelectionModel::ClearAndSelect);
     vista_->scrollTo(i);
-    esito_trova_->setText(tr("%1 di %2").arg(corrente_ + 1).arg(corrispondenze_.size()));
+    esito_trova_->setText(tr("%1 di %2").arg(corrispondenza + 1).arg(corrispondenze_.size()));
 }
 
 void GrigliaRisultati::trova(int passo) {
     const std::size_t n = corrispondenze_.size();
-    if (n > 0) vai_a((corrente_ + (passo > 0 ? 1 : n - 1)) % n);
+    if (n == 0) return;
+    if (passo > 0)
+        vai_a(corrente_ ? (*corrente_ + 1) % n : 0);
+    else
+        vai_a((corrente_.value_or(0) + n - 1) % n);
 }
 
 void GrigliaRisultati::segna_riga_sotto(int riga) {
@@ -747,7 +757,9 @@ bool GrigliaRisultati::eventFilter(QObject* oggetto, QEvent* evento) {
         }
     }
     if (oggetto == vista_->viewport() && evento->type() == QEvent::Resize) disponi();
-    if (tabellone_ && (evento->type() == QEvent::MouseMove || evento->type() == QEvent::Leave)) {
+    const bool sulla_griglia = oggetto == vista_->viewport() || oggetto == bloccata_->viewport();
+    if (tabellone_ && sulla_griglia &&
+        (evento->type() == QEvent::MouseMove || evento->type() == QEvent::Leave)) {
         const auto* mosso = dynamic_cast<QMouseEvent*>(evento);
         segna_riga_sotto(mosso == nullptr ? -1 : vista_->rowAt(static_cast<int>(mosso->position().y())));
     }

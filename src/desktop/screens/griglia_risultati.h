@@ -100,6 +100,8 @@ class GrigliaRisultati final : public QWidget {
     class Testata;
     friend class Testata;
 
+    void componi_viste();
+    void componi_trova();
     void crea_pulsanti();
     void adatta_colonne();
     [[nodiscard]] QString titolo_piu_largo(int colonna) const;
@@ -124,7 +126,7 @@ class GrigliaRisultati final : public QWidget {
     QLabel* esito_trova_;
     std::vector<QPushButton*> pulsanti_;
     std::vector<std::pair<int, int>> corrispondenze_;  ///< row and column of the grid as it is sorted now
-    std::size_t corrente_ = 0;
+    std::optional<std::size_t> corrente_;              ///< the one gone to; none before the first
     QString chiave_;
     std::optional<std::pair<int, Verso>> ordinamento_;
     std::optional<std::pair<int, Verso>> ultimo_titolo_;  ///< last click on a title, kept between searches

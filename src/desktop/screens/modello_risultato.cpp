@@ -2,6 +2,7 @@
 
 #include "qt_testi.h"
 #include "screens/tema.h"
+#include "text/numero.h"
 #include "text/testi.h"
 
 #include <QBrush>
@@ -21,19 +22,13 @@ QString qtesto(std::string_view testo) {
     return testo_qt(rifila(testo));
 }
 
-/// Digits with signs, points, commas and a percent sign: text that stands to the right. "..." and an empty
-/// cell say nothing either way.
+/// A number stands to the right, other text to the left; "..." and an empty cell say nothing either way.
 enum class Aspetto { numero, testo, nessuno };
 
 Aspetto aspetto(std::string_view cella) {
     cella = rifila(cella);
     if (cella.empty() || cella == "...") return Aspetto::nessuno;
-    if (cella.ends_with('%')) cella = rifila(cella.substr(0, cella.size() - 1));
-    if (cella.starts_with('-') || cella.starts_with('+')) cella.remove_prefix(1);
-    if (cella.empty() || cella.front() < '0' || cella.front() > '9') return Aspetto::testo;
-    const bool numero = std::all_of(cella.begin(), cella.end(),
-                                    [](char c) { return (c >= '0' && c <= '9') || c == '.' || c == ','; });
-    return numero ? Aspetto::numero : Aspetto::testo;
+    return leggi_numero(cella) ? Aspetto::numero : Aspetto::testo;
 }
 
 /// A light ground of a search on a dark skin: its hue, as dark as the skin's own grounds. Others as they are.

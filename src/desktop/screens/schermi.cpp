@@ -8,14 +8,14 @@ namespace sortimetra {
 
 namespace {
 
-struct RigaSchermo {
+struct PostoRicerca {
     NomeRicerca nome;
     Schermo schermo;
     std::string_view tag;  ///< "" for the key
 };
 
 /// The searches that have another screen than `Form_stat`.
-constexpr RigaSchermo kRighe[] = {
+constexpr PostoRicerca kRighe[] = {
     {nomi::kUltimi, Schermo::ultimi, {}},
     {nomi::kFiltri, Schermo::filtri, {}},
     {nomi::kSistemiRealizzati, Schermo::filtri, {}},
@@ -46,9 +46,9 @@ constexpr RigaSchermo kRighe[] = {
     {nomi::kLunghetteScomposte, Schermo::lunghette5, {}},
 };
 
-const RigaSchermo* riga_di(const Ricerca& ricerca) {
+const PostoRicerca* riga_di(const Ricerca& ricerca) {
     const auto* riga = std::find_if(std::begin(kRighe), std::end(kRighe),
-                                    [&](const RigaSchermo& r) { return r.nome.chiave == ricerca.chiave(); });
+                                    [&](const PostoRicerca& r) { return r.nome.chiave == ricerca.chiave(); });
     return riga == std::end(kRighe) ? nullptr : riga;
 }
 
@@ -56,12 +56,12 @@ const RigaSchermo* riga_di(const Ricerca& ricerca) {
 
 Schermo schermo_di(const Ricerca& ricerca) {
     if (ricerca.dove == Dove::solo_comandi) return Schermo::nessuno;
-    const RigaSchermo* riga = riga_di(ricerca);
+    const PostoRicerca* riga = riga_di(ricerca);
     return riga == nullptr ? Schermo::stat : riga->schermo;
 }
 
 std::string_view tag_di(const Ricerca& ricerca) {
-    const RigaSchermo* riga = riga_di(ricerca);
+    const PostoRicerca* riga = riga_di(ricerca);
     return riga == nullptr || riga->tag.empty() ? ricerca.chiave() : riga->tag;
 }
 

@@ -1,4 +1,5 @@
 #include "catalogue/cerca.h"
+#include "text/testi.h"
 
 #include <gtest/gtest.h>
 

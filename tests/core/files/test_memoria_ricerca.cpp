@@ -1,9 +1,10 @@
 #include "files/memoria_ricerca.h"
 #include "support/archivi.h"
 #include "text/testo_ini.h"
-#include "text/windows1252.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -271,7 +272,6 @@ TEST(MemoriaRicerca, ByteACaso) {
                 ASSERT_EQ(valore_ini(dopo, sezione, chiave), valore_ini(testo, sezione, chiave));
         ASSERT_EQ(con_valore_ini(dopo, "NomeRIC", "1", "Ambata capogioco"), dopo);
         // Any bytes survive the way through UTF-8.
-        ASSERT_EQ(in_windows_1252(da_windows_1252(testo)), testo);
     }
 }
 
@@ -293,6 +293,7 @@ TEST(MemoriaRicerca, DueIstanzeScrivonoInsieme) {
                 if (memoria.leggi_memoria("nome", std::to_string(p)) != "ricerca " + std::to_string(i))
                     ::_exit(1);
             }
+            memoria.completa();
             ::_exit(0);
         }
         figli.push_back(figlio);
@@ -311,22 +312,78 @@ TEST(MemoriaRicerca, DueIstanzeScrivonoInsieme) {
     EXPECT_EQ(quanti_file(cartella.percorso()), 1U);
 }
 
-TEST(Windows1252, CaratteriDelCodice) {
-    EXPECT_EQ(da_windows_1252("pi\xF9 \x80 \x93x\x94 \x85"), "più € “x” …");
-    EXPECT_EQ(in_windows_1252("più € “x” …"), "pi\xF9 \x80 \x93x\x94 \x85");
-    EXPECT_EQ(in_windows_1252("Ω 漢 🂡"), "? ? ?");
-    EXPECT_EQ(in_windows_1252("a\xC3"), "a?") << "un carattere troncato";
-    EXPECT_EQ(in_windows_1252("\xC0\x80\xC1\xA1\xE0\x80\x80"), "???????") << "forme troppo lunghe";
+/// Holds the lock of a folder, as another instance would.
+class Altrui {
+  public:
+    explicit Altrui(const std::filesystem::path& cartella)
+        : fd_{::open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)} {
+        EXPECT_EQ(::flock(fd_, LOCK_EX), 0);
+    }
+    Altrui(const Altrui&) = delete;
+    Altrui& operator=(const Altrui&) = delete;
+    ~Altrui() { ::close(fd_); }
+
+  private:
+    int fd_;
+};
+
+TEST(MemoriaRicerca, MentreUnAltraScriveTieneEScriveDopo) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "ric.ini";
+    {
+        MemoriaRicerca memoria{cartella.percorso()};
+        {
+            const Altrui altrui{cartella.percorso()};
+            memoria.crea_se_manca();
+            memoria.scrivi_gruppo(3);
+            memoria.scrivi_selezione(2, "Ambata capogioco", 1);
+            memoria.scrivi_selezione(2, "Cadenze", 7);
+            EXPECT_FALSE(std::filesystem::exists(file)) << "nothing is written under another one's lock";
+            EXPECT_TRUE(memoria.in_sospeso());
+            EXPECT_FALSE(memoria.riprova());
+            // Read back as if it were there already.
+            EXPECT_EQ(memoria.leggi_memoria("tipo", ""), "3");
+            EXPECT_EQ(memoria.leggi_memoria("nome", "2"), "Cadenze");
+            EXPECT_EQ(memoria.leggi_memoria("nome", "3"), "Grattacielo dei 90");
+        }
+        EXPECT_TRUE(memoria.riprova());
+        EXPECT_FALSE(memoria.in_sospeso());
+        const std::string scritto = leggi(file);
+        EXPECT_EQ(valore_ini(scritto, "NomeRIC", "2"), "Cadenze");
+        EXPECT_EQ(valore_ini(scritto, "NomeRIC", "2t"), "7");
+        EXPECT_EQ(valore_ini(scritto, "TipoRic", "index"), "3");
+        // What the other one changes meanwhile stays.
+        {
+            const Altrui altrui{cartella.percorso()};
+            memoria.scrivi_gruppo(5);
+            scrivi(file, con_valore_ini(scritto, "NomeRIC", "0", "di un'altra"));
+        }
+    }
+    const std::string infine = leggi(file);
+    EXPECT_EQ(valore_ini(infine, "TipoRic", "index"), "5") << "the end writes what was kept";
+    EXPECT_EQ(valore_ini(infine, "NomeRIC", "0"), "di un'altra");
 }
 
-TEST(Skin, MancanteVale1EVieneCreato) {
+TEST(Skin, NonAspettaChiScrive) {
+    const CartellaProva cartella;
+    const auto skin = cartella.percorso();
+    {
+        const Altrui altrui{skin};
+        EXPECT_FALSE(scrivi_skin(skin, 4, Attesa::nessuna));
+        EXPECT_EQ(leggi_skin(skin), 1);
+    }
+    EXPECT_TRUE(scrivi_skin(skin, 4, Attesa::nessuna));
+    EXPECT_EQ(leggi_skin(skin), 4);
+}
+
+TEST(Skin, MancanteVale1ELeggerlaNonScriveNulla) {
     const CartellaProva cartella;
     const auto skin = cartella.percorso() / "skin";
     EXPECT_EQ(leggi_skin(skin), 1);
-    EXPECT_EQ(leggi(skin / "skn.dat"), "1\r\n");
+    EXPECT_FALSE(std::filesystem::exists(skin));
     scrivi(skin / "skn.dat", "");
     EXPECT_EQ(leggi_skin(skin), 1);
-    EXPECT_EQ(leggi(skin / "skn.dat"), "1\r\n");
+    EXPECT_EQ(leggi(skin / "skn.dat"), "");
 }
 
 TEST(Skin, LeggeEScrive) {

@@ -1,6 +1,7 @@
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
 #include "positional/parametri.h"
+#include "positional/stampa_migliori.h"
 #include "positional/stampa_posizione.h"
 #include "positional/stampa_tabellone.h"
 #include "positional/tabellone.h"

@@ -3,12 +3,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <zlib.h>
 
 #include <algorithm>
-#include <fstream>
 #include <limits>
-#include <map>
 #include <nlohmann/json.hpp>
 #include <numeric>
 #include <random>
@@ -333,94 +330,6 @@ TEST(ScriviTerminale, TabelleConNomeEEtichette) {
     std::string testo;
     scrivi_terminale(testo, prove::risposta_da(r));
     EXPECT_EQ(testo, "Prova\n\nrisultati:\n1\n\nnumeri:\n2\n\nlblRit_freq: 74\nlblnum: 1, 3\nlbloption:\n");
-}
-
-// ---- workbook ----
-
-/// The files of a zip by their names. Enough of the format for a workbook that has just been written.
-std::map<std::string, std::string> apri_zip(const std::filesystem::path& file) {
-    std::ifstream flusso{file, std::ios::binary};
-    const std::string z{std::istreambuf_iterator<char>{flusso}, {}};
-    const auto numero = [&](std::size_t da, std::size_t byte) {
-        std::size_t n = 0;
-        for (std::size_t i = byte; i-- > 0;) n = n << 8U | static_cast<unsigned char>(z.at(da + i));
-        return n;
-    };
-    std::map<std::string, std::string> trovati;
-    const std::string segno = "PK\x01\x02";
-    for (std::size_t c = z.find(segno); c != std::string::npos; c = z.find(segno, c + 4)) {
-        const std::size_t metodo = numero(c + 10, 2);
-        const std::size_t compressi = numero(c + 20, 4);
-        const std::size_t interi = numero(c + 24, 4);
-        const std::string nome = z.substr(c + 46, numero(c + 28, 2));
-        const std::size_t locale = numero(c + 42, 4);
-        const std::size_t dati = locale + 30 + numero(locale + 26, 2) + numero(locale + 28, 2);
-        std::string testo(interi, '\0');
-        if (metodo == 0) {
-            testo = z.substr(dati, interi);
-        } else {
-            z_stream s{};
-            if (inflateInit2(&s, -MAX_WBITS) != Z_OK) continue;
-            std::string corpo = z.substr(dati, compressi);
-            s.next_in = reinterpret_cast<Bytef*>(corpo.data());
-            s.avail_in = static_cast<uInt>(corpo.size());
-            s.next_out = reinterpret_cast<Bytef*>(testo.data());
-            s.avail_out = static_cast<uInt>(testo.size());
-            inflate(&s, Z_FINISH);
-            inflateEnd(&s);
-        }
-        trovati[nome] = testo;
-    }
-    return trovati;
-}
-
-TEST(ScriviXlsx, NumeriComeNumeriTestiComeTesti) {
-    const prove::CartellaProva cartella;
-    Risultato r;
-    r.tabelle = {piccola(), di_testi({"12,50%", "1.443,33", "21/08/2026", "01", "12.21", "x<y", "-3,5"})};
-    r.tabelle[0].sfondi = {kNessunColore, 0x0000FF,      kNessunColore,
-                           kNessunColore, kNessunColore, kNessunColore};
-    r.tabelle[1].nome = "risultati";
-    const auto file = cartella.percorso() / "prova.xlsx";
-    ASSERT_TRUE(scrivi_xlsx(file, prove::risposta_da(r)));
-    const auto parti = apri_zip(file);
-    ASSERT_TRUE(parti.contains("xl/worksheets/sheet1.xml"));
-    const std::string& primo = parti.at("xl/worksheets/sheet1.xml");
-    EXPECT_THAT(primo, AllOf(HasSubstr("<t>Numeri</t>"), HasSubstr("<t>01-02</t>"), HasSubstr("<v>-3</v>"),
-                             HasSubstr("<v>12</v>"), HasSubstr("<t>uno</t>"), HasSubstr("state=\"frozen\"")));
-    EXPECT_THAT(parti.at("xl/styles.xml"), HasSubstr("rgb=\"FFFF0000\"")) << "0x0000FF is red";
-    const std::string& secondo = parti.at("xl/worksheets/sheet2.xml");
-    EXPECT_THAT(secondo, AllOf(HasSubstr("<v>0.125</v>"), HasSubstr("<v>1443.33</v>"),
-                               HasSubstr("<v>-3.5</v>"), HasSubstr("<v>46255</v>"), HasSubstr("<t>01</t>"),
-                               HasSubstr("<t>12.21</t>"), HasSubstr("<t>x&lt;y</t>")));
-    EXPECT_THAT(parti.at("xl/workbook.xml"),
-                AllOf(HasSubstr("name=\"risultati\""), HasSubstr("name=\"risultati 2\"")));
-}
-
-TEST(ScriviXlsx, RigheScelteENomiStrani) {
-    const prove::CartellaProva cartella;
-    Risultato r;
-    r.tabelle = {di_interi({10, 20, 30}), di_interi({40})};
-    r.tabelle[1].nome = "MSH[1]:a/b?*\\ con un nome molto molto lungo";
-    Risposta ordinata = prove::risposta_da(r);
-    ordinata.ordine = {2, 0, 1};
-    const auto file = cartella.percorso() / "prova.xlsx";
-    ASSERT_TRUE(scrivi_xlsx(file, ordinata, 2));
-    const auto parti = apri_zip(file);
-    EXPECT_THAT(
-        parti.at("xl/worksheets/sheet1.xml"),
-        AllOf(HasSubstr("<c r=\"A1\"><v>30</v>"), HasSubstr("<c r=\"A2\"><v>10</v>"), Not(HasSubstr("A3"))));
-    EXPECT_THAT(parti.at("xl/workbook.xml"), HasSubstr("name=\"MSH_1__a_b___ con un nome mo\""));
-}
-
-TEST(ScriviXlsx, DoveNonSiPuoScrivereRestaQuelCheCEra) {
-    const prove::CartellaProva cartella;
-    Risultato r;
-    r.tabelle = {piccola()};
-    const auto esito = scrivi_xlsx(cartella.percorso() / "manca" / "prova.xlsx", prove::risposta_da(r));
-    ASSERT_FALSE(esito);
-    EXPECT_FALSE(esito.error().motivo.empty());
-    EXPECT_TRUE(std::filesystem::is_empty(cartella.percorso()));
 }
 
 }  // namespace

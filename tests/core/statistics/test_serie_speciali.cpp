@@ -195,7 +195,7 @@ SerieCorrente come_serie(const std::vector<std::vector<int>>& membri) {
 std::string testo(const std::vector<Misura>& misure, int t) {
     std::string r;
     for (const Misura& m : misure)
-        r += std::to_string(m.frequenza) + " " + std::to_string(ritardo(m, t)) + " " +
+        r += std::to_string(m.frequenza) + " " + std::to_string(ritardo(m, Estrazioni{t})) + " " +
              std::to_string(m.storico) + "\n";
     return r;
 }

@@ -4,9 +4,14 @@
 #include "catalogue/form_ricerche_ultima.h"
 #include "files/memoria_ricerca.h"
 #include "printing/form_anteprima.h"
+#include "screens/messaggi.h"
 #include "screens/tema.h"
 #include "stores/importa.h"
 #include "support/archivi.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -571,6 +576,93 @@ class TestFormRicerche final : public QObject {
         QCOMPARE(indice_skin_in_uso(), 2);
         QTest::keyClick(&f.form, Qt::Key_5);
         QCOMPARE(altra.memoria().leggi_memoria("tipo", ""), "4");
+    }
+
+    void una_cartella_sbagliata_lascia_tutto_com_era() {
+        Cartella c{archivio_};
+        Cartella vuota;
+        Cartella guasta;
+        guasta.scrivi("archivio/drawit.db", "non sono un archivio");
+        const auto contenuto = [](const Cartella& dove) {
+            QStringList nomi;
+            for (const auto& e : fs::recursive_directory_iterator{dove.sessione.percorso_programma})
+                nomi << QString::fromStdString(e.path().string());
+            nomi.sort();
+            return nomi;
+        };
+        Finestra f{c.sessione};
+        QTest::keyClick(&f.form, Qt::Key_4);
+        QSignalSpy scelta{&f.form, &form_ricerche::cartella_scelta};
+        const QString stato = f.testo("lblStato");
+        const int skin = indice_skin_in_uso();
+        for (const Cartella* sbagliata : {&vuota, &guasta}) {
+            const QStringList prima = contenuto(*sbagliata);
+            MessaggiDiProva detti;
+            f.form.chiedi_cartella = [&] {
+                return QString::fromStdString(sbagliata->sessione.percorso_programma.string());
+            };
+            QTest::mouseClick(f.form.findChild<QPushButton*>(QStringLiteral("cmdCambia")), Qt::LeftButton);
+            // It says which folder, what was looked for there, and what would be right.
+            QCOMPARE(detti.detti.size(), 1);
+            QVERIFY(detti.detti[0].testo.contains(
+                QString::fromStdString(sbagliata->sessione.percorso_archivio().string())));
+            QVERIFY(detti.detti[0].testo.contains(QStringLiteral("drawit.db")));
+            QVERIFY(detti.detti[0].testo.contains(QStringLiteral("Scegli una cartella")));
+            QVERIFY(f.form.archivio_aperto());
+            QVERIFY(!f.form.findChild<QWidget*>(QStringLiteral("FrameArchivio"))->isVisible());
+            QCOMPARE(f.testo("lblStato"), stato);
+            QCOMPARE(f.premuto(), 3);
+            QCOMPARE(indice_skin_in_uso(), skin);
+            QCOMPARE(contenuto(*sbagliata), prima);
+        }
+        QCOMPARE(scelta.count(), 0);
+        // What is remembered still goes into the folder in use.
+        QTest::keyClick(&f.form, Qt::Key_2);
+        QCOMPARE(c.memoria().leggi_memoria("tipo", ""), "1");
+    }
+
+    void un_altra_istanza_che_scrive_non_ferma_le_frecce() {
+        Cartella c{archivio_};
+        Finestra f{c.sessione};
+        const std::string prima = c.ric_ini();
+        const auto prendi = [](const fs::path& dove) {
+            const int fd = ::open(dove.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+            if (::flock(fd, LOCK_EX) != 0) qFatal("no lock");
+            return fd;
+        };
+        int fd = prendi(c.sessione.percorso_programma);
+        const int skin = prendi(c.sessione.percorso_skin());
+        f.griglia->setFocus();
+        for (int i = 0; i < 20; ++i) QTest::keyClick(f.griglia, Qt::Key_Down);
+        f.form.carica_skin(3);
+        QCOMPARE(indice_skin_in_uso(), 3);
+        const QString dove = f.corrente();
+        // Twenty rows went by, and nothing was written under the other one's lock: nobody has waited for it.
+        QCOMPARE(f.griglia->currentIndex().row(), 20);
+        QCOMPARE(c.ric_ini(), prima);
+        QVERIFY(leggi_skin(c.sessione.percorso_skin()) != std::optional<int>{3});
+        // The list is left and come back to: what is kept counts.
+        QTest::keyClick(&f.form, Qt::Key_2);
+        QTest::keyClick(&f.form, Qt::Key_1);
+        QCOMPARE(f.corrente(), dove);
+        ::close(fd);
+        ::close(skin);
+        QTRY_COMPARE(c.memoria().leggi_memoria("nome", "0"), dove.toStdString());
+        QTRY_COMPARE(leggi_skin(c.sessione.percorso_skin()), std::optional<int>{3});
+    }
+
+    void cio_che_resta_da_scrivere_si_scrive_alla_fine() {
+        Cartella c{archivio_};
+        QString dove;
+        {
+            Finestra f{c.sessione};
+            const int fd = ::open(c.sessione.percorso_programma.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+            QCOMPARE(::flock(fd, LOCK_EX), 0);
+            QTest::keyClick(f.griglia, Qt::Key_Down);
+            dove = f.corrente();
+            ::close(fd);
+        }
+        QCOMPARE(c.memoria().leggi_memoria("nome", "0"), dove.toStdString());
     }
 
     void archivio_guasto_si_dice() {

@@ -597,6 +597,61 @@ class TestTabelloni final : public QObject {
         }
     }
 
+    void ogni_famiglia_ha_le_sue_etichette() {
+        QString tutte;
+        std::set<std::size_t> viste;
+        for (const int pagina : {1, 2})
+            for (const FamigliaMigliori& f : famiglie_migliori(pagina)) {
+                const auto [carica, gruppi, ritardi] = etichette_di(f.carica);
+                QCOMPARE(gruppi.size(), f.righe);
+                QCOMPARE(ritardi.size(), f.righe);
+                tutte += testo_qt(f.carica) + QStringLiteral(":");
+                for (const auto* lista : {&gruppi, &ritardi}) {
+                    for (const std::size_t i : *lista) {
+                        QVERIFY2(viste.insert(i).second, qPrintable(QString::number(i)));
+                        QCOMPARE(i >= kPrimaEtichettaPagina2, pagina == 2);
+                        tutte += QStringLiteral(" %1").arg(i);
+                    }
+                    tutte += lista == &gruppi ? QStringLiteral(";") : QStringLiteral("\n");
+                }
+            }
+        QCOMPARE(viste.size(), std::size_t{166});  // 0 to 167 without 112 and 115
+        QVERIFY(!viste.contains(112) && !viste.contains(115));
+        QCOMPARE(etichette_famiglie().size(), std::size_t{32});
+        QCOMPARE(tutte, QString::fromUtf8("carica_vertibili: 0 1 2; 3 4 5\n"
+                                          "carica_simmetrici: 6 7 8; 9 10 11\n"
+                                          "carica_complementari: 12 13 14; 15 16 17\n"
+                                          "carica_distanza45: 18 19 20; 21 22 23\n"
+                                          "carica_consecutivi: 24 25 26; 27 28 29\n"
+                                          "carica_terzine_coesione: 30 31 32; 33 34 35\n"
+                                          "carica_tricifriche: 36 38 58; 37 39 59\n"
+                                          "carica_sestine_circolari: 40 42 44; 41 43 45\n"
+                                          "carica_sestine_esagonali: 46 48 50; 47 49 51\n"
+                                          "carica_sestine_somma: 52 54 56; 53 55 57\n"
+                                          "carica_decine: 60 61 62; 63 64 65\n"
+                                          "carica_cadenze: 66 67 68; 69 70 71\n"
+                                          "carica_figure: 72 73 74; 75 76 77\n"
+                                          "carica_gemelli: 78 79 80; 81 82 83\n"
+                                          "carica_cifre: 84 85 86; 87 88 89\n"
+                                          "carica_radicali: 90 92; 91 93\n"
+                                          "carica_cifra_composta: 94 96; 95 97\n"
+                                          "carica_renard: 98 100; 99 101\n"
+                                          "carica_decine_simmetriche: 102 104; 103 105\n"
+                                          "carica_controfigure: 106 108 110; 107 109 111\n"
+                                          "carica_sestine_consecutive: 113 116 118; 114 117 119\n"
+                                          "carica_sestine_multiple: 120 122 124; 121 123 125\n"
+                                          "carica_terzine_correlative: 126 128 130; 127 129 131\n"
+                                          "carica_grattacielo: 132 134 136; 133 135 137\n"
+                                          "carica_cinquine_dei90: 138 140 142; 139 141 143\n"
+                                          "carica_cinquine_coesione: 144 146; 145 147\n"
+                                          "Carica_cinquine_consecutive: 148 150; 149 151\n"
+                                          "carica_cinquine_correlative: 152 154; 153 155\n"
+                                          "carica_cinquine_dispari: 156; 157\n"
+                                          "carica_cinquine_pari: 158; 159\n"
+                                          "carica_cinquine_pentagonali: 160 162; 161 163\n"
+                                          "carica_cinquine_sun: 164 166; 165 167\n"));
+    }
+
     void le_due_pagine_dei_migliori_ritardi() {
         auto& form = apri<form_tab_pos2>(kMigliori);
         QCOMPARE(form.windowTitle(), QStringLiteral("I Migliori Ritardi Statistici"));
@@ -848,14 +903,12 @@ class TestTabelloni final : public QObject {
         const Tabella t = migliori_ritardi(archivio_, d, nessuno).tabelle[0];
         std::size_t riga = 0;
         for (const FamigliaMigliori& f : famiglie_migliori(pagina)) {
-            const auto gruppi =
-                QString::fromUtf8(f.gruppi.data(), static_cast<qsizetype>(f.gruppi.size())).split(' ');
-            const auto ritardi =
-                QString::fromUtf8(f.ritardi.data(), static_cast<qsizetype>(f.ritardi.size())).split(' ');
-            for (qsizetype i = 0; i < gruppi.size(); ++i, ++riga) {
-                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_") + gruppi[i])).toStdString(),
+            const auto [carica, gruppi, ritardi] = etichette_di(f.carica);
+            QCOMPARE(gruppi.size(), f.righe);
+            for (std::size_t i = 0; i < gruppi.size(); ++i, ++riga) {
+                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_%1").arg(gruppi[i]))).toStdString(),
                          t.testo(riga, 1));
-                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_") + ritardi[i])).toStdString(),
+                QCOMPARE(testo(qPrintable(QStringLiteral("lblDatiTab_%1").arg(ritardi[i]))).toStdString(),
                          t.testo(riga, 2));
             }
         }

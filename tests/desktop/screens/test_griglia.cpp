@@ -90,6 +90,8 @@ class TestGriglia : public QObject {
     void copia_celle_sparse();
     void la_griglia_vuota_dice_che_cosa_fare();
     void trova_nel_risultato();
+    void trova_vive_dopo_esc_e_un_altro_risultato();
+    void il_puntatore_sulla_casella_non_tinge_righe();
     void il_menu_ordina_la_colonna_della_cella();
     void piu_righe_di_titoli();
     void la_prima_colonna_resta_in_vista();
@@ -413,6 +415,75 @@ void TestGriglia::la_griglia_vuota_dice_che_cosa_fare() {
     QVERIFY(!visibile());
     g.svuota();
     QVERIFY(visibile());
+}
+
+void TestGriglia::trova_vive_dopo_esc_e_un_altro_risultato() {
+    GrigliaRisultati g;
+    g.resize(400, 300);
+    g.show();
+    g.mostra(misure({10, 200, 30, 201, 50}));
+    auto* casella = g.findChild<QLineEdit*>(QStringLiteral("txttrova"));
+    g.apri_trova();
+    casella->setText(QStringLiteral("20"));
+    QCOMPARE(g.vista()->currentIndex().row(), 1);
+    const auto di_nuovo = [&] {
+        QTest::keyClick(casella, Qt::Key_Escape);
+        QVERIFY(!casella->isVisible());
+        g.vista()->setCurrentIndex({});
+    };
+
+    // A new search.
+    di_nuovo();
+    g.mostra(misure({1, 2, 3, 4, 520, 6, 720}));
+    g.apri_trova();
+    QTest::keyClick(casella, Qt::Key_Return);
+    QCOMPARE(g.vista()->currentIndex().row(), 4);
+    QTest::keyClick(casella, Qt::Key_Return);
+    QCOMPARE(g.vista()->currentIndex().row(), 6);
+    QTest::keyClick(casella, Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(g.vista()->currentIndex().row(), 4);
+
+    // Another order: 720, 520, 6, 4 …
+    di_nuovo();
+    g.ordina_colonna(1, Verso::decrescente);
+    g.apri_trova();
+    QTest::keyClick(casella, Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(g.vista()->currentIndex().row(), 1);
+    QTest::keyClick(casella, Qt::Key_Return);
+    QCOMPARE(g.vista()->currentIndex().row(), 0);
+
+    // And a sort with the line open.
+    g.ordina_colonna(1, Verso::crescente);
+    QTest::keyClick(casella, Qt::Key_Return);
+    QCOMPARE(g.vista()->currentIndex().row(), 5);
+}
+
+void TestGriglia::il_puntatore_sulla_casella_non_tinge_righe() {
+    GrigliaRisultati g;
+    g.imposta_tabellone(true);
+    g.resize(400, 300);
+    g.show();
+    g.mostra(misure({10, 20, 30, 40, 50}));
+    g.vista()->setCurrentIndex({});
+    const auto terza = [&] {
+        const QRect r = g.vista()->visualRect(g.modello()->index(2, 0));
+        return g.vista()->viewport()->grab(r.adjusted(1, 1, 1 - r.width() / 2, -2)).toImage();
+    };
+    g.apri_trova();
+    auto* casella = g.findChild<QLineEdit*>(QStringLiteral("txttrova"));
+    casella->setMouseTracking(true);
+    const QImage ferma = terza();
+    const int y = g.vista()->rowViewportPosition(2) + 3;
+    const auto muovi = [&](QWidget* su) {
+        QMouseEvent e{QEvent::MouseMove, QPointF(5, y), su->mapToGlobal(QPointF(5, y)),
+                      Qt::NoButton,      Qt::NoButton,  Qt::NoModifier};
+        QApplication::sendEvent(su, &e);
+    };
+    muovi(casella);
+    QCOMPARE(terza(), ferma);
+    // Over the grid it does.
+    muovi(g.vista()->viewport());
+    QVERIFY(terza() != ferma);
 }
 
 void TestGriglia::trova_nel_risultato() {

@@ -34,6 +34,24 @@ TEST(Ordina, VuotaPerPrimaEPuntiniSottoLoZero) {
     EXPECT_EQ(ordina(t, 0, Verso::crescente), (Ordine{3, 2, 1, 0, 4}));
 }
 
+Ordine di_testi(std::vector<std::string> testi) {
+    Tabella t;
+    t.colonne = {ColonnaTesti{std::move(testi)}};
+    return ordina(t, 0, Verso::crescente);
+}
+
+TEST(Ordina, NumeriScrittiComeTesti) {
+    EXPECT_EQ(di_testi({"1.443,33", "99,50", "4.005", "100"}), (Ordine{1, 3, 0, 2}));
+    EXPECT_EQ(di_testi({"5,00%", "12,50%", "-3,5", "+4"}), (Ordine{2, 3, 0, 1}));
+    EXPECT_EQ(di_testi({"3", "...", "", "-1", "0"}), (Ordine{2, 3, 1, 4, 0}));
+}
+
+TEST(Ordina, TestiSenzaRiguardoAlleMaiuscole) {
+    EXPECT_EQ(di_testi({"roma", "Bari", "PIÙ", "più"}), (Ordine{1, 2, 3, 0}));
+    // Words that other readers of numbers know are words here, and spoil no order.
+    EXPECT_EQ(di_testi({"nan", "2", "inf", "1", "1e5"}), (Ordine{3, 1, 4, 2, 0}));
+}
+
 TEST(Ordina, TabellaVuota) {
     EXPECT_TRUE(ordina(interi({}), 0, Verso::crescente).empty());
 }
@@ -75,6 +93,55 @@ TEST(Ordina, ComeLOrdinamentoPianoSuValoriQualsiasi) {
         EXPECT_EQ(ordina(t, 0, Verso::crescente), lenta(valori, Verso::crescente));
         EXPECT_EQ(ordina(t, 0, Verso::decrescente), lenta(valori, Verso::decrescente));
     }
+}
+
+// ---- cells ----
+
+Tabella di_ogni_tipo() {
+    Tabella t;
+    t.colonne = {ColonnaInteri{{12, kCellaVuota, kCellaPuntini}},
+                 ColonnaGruppi{.quanti = 2, .separatore = '.', .numeri = {1, 90, 7, 8, 0, 10}},
+                 ColonnaTesti{{" uno ", "", "tre"}}};
+    return t;
+}
+
+TEST(Tabella, IlTestoDiOgniCella) {
+    const Tabella t = di_ogni_tipo();
+    ASSERT_EQ(t.righe(), 3U);
+    ASSERT_EQ(t.n_colonne(), 3U);
+    EXPECT_EQ(t.testo(0, 0), "12");
+    EXPECT_EQ(t.testo(1, 0), "");
+    EXPECT_EQ(t.testo(2, 0), "...");
+    EXPECT_EQ(t.testo(0, 1), "01.90");
+    EXPECT_EQ(t.testo(2, 1), "00.10");
+    EXPECT_EQ(t.testo(0, 2), " uno ") << "blanks are the writers' to remove";
+    std::string testo = "x";
+    t.aggiungi_testo(testo, 0, 1);
+    EXPECT_EQ(testo, "x01.90");
+}
+
+TEST(Tabella, SenzaColoriQuelliDellaGriglia) {
+    Tabella t = di_ogni_tipo();
+    EXPECT_EQ(t.sfondo(2, 2), kNessunColore);
+    EXPECT_EQ(t.primo_piano(0, 0), kNessunColore);
+    t.sfondi = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    EXPECT_EQ(t.sfondo(1, 2), 6);
+    EXPECT_EQ(t.primo_piano(1, 2), kNessunColore);
+}
+
+TEST(Tabella, VuotaOSenzaGruppi) {
+    EXPECT_EQ(Tabella{}.righe(), 0U);
+    EXPECT_EQ(lunghezza(ColonnaGruppi{.quanti = 0, .separatore = '-', .numeri = {1}}), 0U);
+    EXPECT_EQ(lunghezza(ColonnaGruppi{.quanti = 3, .separatore = '-', .numeri = {1, 2, 3, 4, 5, 6}}), 2U);
+}
+
+TEST(NonAvviata, UnMessaggioENessunaTabella) {
+    const Risultato r = non_avviata({Avviso::capogioco, "niente"});
+    EXPECT_FALSE(r.prodotto);
+    EXPECT_TRUE(r.tabelle.empty());
+    EXPECT_EQ(r.messaggi, (std::vector<Messaggio>{{Avviso::capogioco, "niente"}}));
+    EXPECT_FALSE(senza_estrazioni().prodotto);
+    EXPECT_EQ(senza_estrazioni().messaggi.at(0).avviso, Avviso::nessuna_estrazione);
 }
 
 }  // namespace

@@ -1,0 +1,96 @@
+#include "catalogue/form_ricerche_archivio.h"
+
+#include "screens/tema.h"
+#include "stores/apertura.h"
+#include "text/testi.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace sortimetra {
+
+std::expected<ArchivioEstrazioni, ArchivioNegato> guarda_archivio(
+    const std::filesystem::path& percorso_archivio) {
+    if (!contiene_archivio(percorso_archivio))
+        return std::unexpected{
+            ArchivioNegato{true, FrameArchivio::tr("Nella cartella %1 non si trovano né drawit.mdb né "
+                                                   "drawit.db.")
+                                     .arg(QString::fromStdString(percorso_archivio.string()))}};
+    auto aperto = apri_archivio(percorso_archivio);
+    if (!aperto)
+        return std::unexpected{ArchivioNegato{false, QString::fromStdString(aperto.error().testo())}};
+    return std::move(*aperto);
+}
+
+std::filesystem::path cartella_intesa(const std::filesystem::path& scelta) {
+    const bool archivio = !contiene_archivio(scelta / "archivio") && contiene_archivio(scelta) &&
+                          minuscolo(scelta.filename().string()) == "archivio";
+    return archivio ? scelta.parent_path() : scelta;
+}
+
+FrameArchivio::FrameArchivio(QWidget* genitore)
+    : QFrame{genitore},
+      titolo_{new QLabel},
+      testo_{new QLabel},
+      cmd_dimostrazione_{new QPushButton{tr("Archivio &dimostrativo")}},
+      cmd_riprova_{new QPushButton{tr("&Riprova")}} {
+    setObjectName(QStringLiteral("FrameArchivio"));
+    assegna_ruolo(this, "scheda");
+    titolo_->setObjectName(QStringLiteral("lblArchivioTitolo"));
+    assegna_ruolo(titolo_, "titolo");
+    titolo_->setWordWrap(true);
+    testo_->setObjectName(QStringLiteral("lblArchivioTesto"));
+    testo_->setWordWrap(true);
+    testo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    cmd_dimostrazione_->setObjectName(QStringLiteral("cmdDimostrazione"));
+    cmd_dimostrazione_->setToolTip(tr("Crea un archivio di estrazioni simulate, per provare il programma"));
+    assegna_ruolo(cmd_dimostrazione_, "primario");
+    auto* scegli = new QPushButton{tr("Scegli una car&tella…")};
+    scegli->setObjectName(QStringLiteral("cmdCartella"));
+    scegli->setToolTip(tr("Una cartella con drawit.mdb oppure drawit.db nella sua sottocartella archivio"));
+    cmd_riprova_->setObjectName(QStringLiteral("cmdRiprova"));
+    connect(cmd_dimostrazione_, &QPushButton::clicked, this, &FrameArchivio::dimostrazione);
+    connect(scegli, &QPushButton::clicked, this, &FrameArchivio::cartella);
+    connect(cmd_riprova_, &QPushButton::clicked, this, &FrameArchivio::riprova);
+
+    auto* pulsanti = new QHBoxLayout;
+    pulsanti->setSpacing(2 * kPasso);
+    pulsanti->addWidget(cmd_dimostrazione_);
+    pulsanti->addWidget(scegli);
+    pulsanti->addWidget(cmd_riprova_);
+    pulsanti->addStretch(1);
+    auto* piano = new QVBoxLayout{this};
+    piano->setContentsMargins(4 * kPasso, 3 * kPasso, 4 * kPasso, 3 * kPasso);
+    piano->setSpacing(2 * kPasso);
+    piano->addWidget(titolo_);
+    piano->addWidget(testo_);
+    piano->addLayout(pulsanti);
+}
+
+void FrameArchivio::spiega(const ArchivioNegato& negato) {
+    titolo_->setText(negato.manca ? tr("Qui non c'è ancora un archivio delle estrazioni")
+                                  : tr("L'archivio non si apre"));
+    testo_->setText(negato.manca
+                        ? negato.perche + tr(" Puoi indicare la cartella di un'installazione che li ha, "
+                                             "oppure provare il programma con estrazioni simulate.")
+                        : negato.perche);
+    assegna_ruolo(testo_, negato.manca ? "quieto" : "avviso");
+    cmd_dimostrazione_->setVisible(negato.manca);
+    cmd_riprova_->setVisible(!negato.manca);
+}
+
+void FrameArchivio::mentre_crea() {
+    titolo_->setText(tr("Creo l'archivio dimostrativo…"));
+    titolo_->repaint();
+}
+
+void FrameArchivio::non_creato(const QString& perche) {
+    titolo_->setText(tr("L'archivio dimostrativo non si può creare"));
+    testo_->setText(perche);
+    assegna_ruolo(testo_, "avviso");
+}
+
+}  // namespace sortimetra
