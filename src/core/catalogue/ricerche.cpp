@@ -442,24 +442,35 @@ std::string testo_ruote(const Domanda& domanda) {
     return nomi.empty() ? std::string{kNomiRuote[0].esteso} : nomi;
 }
 
-/// T of a question: the draws in scope as every measure counts them.
-std::int32_t conta_t(const Domanda& domanda, const ArchivioEstrazioni& archivio) {
+/// The draws in scope of a game that has its own: which they are, and T. Nothing for the other games.
+template <class Tabella>
+void di_estrazioni_proprie(AmbitoDetto& ambito, const Tabella& tabella,
+                           const std::vector<std::uint32_t>& righe) {
+    ambito.t = static_cast<std::int32_t>(righe.size());
+    if (righe.empty()) return;
+    const auto [da, a] = std::pair{righe.front(), righe.back()};
+    ambito.proprio = PeriodoProprio{.tratto = {tabella.concorso[da], tabella.concorso[a]},
+                                    .dal = tabella.data[da],
+                                    .al = tabella.data[a]};
+}
+
+/// T of a question, the draws in scope as every measure counts them, and the period of a game's own draws.
+void di_estrazioni(AmbitoDetto& detto, const Domanda& domanda, const ArchivioEstrazioni& archivio) {
+    AmbitoRicerca ambito = domanda.ambito;
     switch (domanda.ricerca->gioco_di(domanda)) {
         case Gioco::superenalotto:
-            return static_cast<std::int32_t>(vista_superenalotto(archivio, domanda.ambito).size());
+            di_estrazioni_proprie(detto, archivio.superenalotto(), vista_superenalotto(archivio, ambito));
+            return;
         case Gioco::win_for_life:
-            return static_cast<std::int32_t>(vista_winforlife(archivio, domanda.ambito).size());
+            di_estrazioni_proprie(detto, archivio.winforlife(), vista_winforlife(archivio, ambito));
+            return;
         case Gioco::dieci_e_lotto:
-            if (domanda.ricerca->gioco == Gioco::sistemi) {
-                AmbitoRicerca ambito = domanda.ambito;
-                ambito.ruote = {};
-                return VistaEstrazioni{archivio, ambito}.t();
-            }
+            if (domanda.ricerca->gioco == Gioco::sistemi) ambito.ruote = {};
             break;
         default:
             break;
     }
-    return VistaEstrazioni{archivio, domanda.ambito}.t();
+    detto.t = VistaEstrazioni{archivio, ambito}.t();
 }
 
 }  // namespace
@@ -507,14 +518,15 @@ std::optional<AmbitoDetto> ambito_detto(const Domanda& domanda, const ArchivioEs
     const Fonte& fonte = wfl ? archivio.drawit2() : archivio.drawit();
     const TrattoConcorsi tratto = domanda.ambito.tratto.riportato(ultimo);
     const auto data = [&](Concorso c) { return wfl ? archivio.data_winforlife(c) : archivio.data_bari(c); };
-    return AmbitoDetto{.ruote = testo_ruote(domanda),
-                       .intervallo = testo_intervallo(domanda),
-                       .tratto = tratto,
-                       .dal = data(tratto.da),
-                       .al = data(tratto.a),
-                       .t = conta_t(domanda, archivio),
-                       .archivio = fonte.file.filename().string(),
-                       .simulato = fonte.simulato};
+    AmbitoDetto detto{.ruote = testo_ruote(domanda),
+                      .intervallo = testo_intervallo(domanda),
+                      .tratto = tratto,
+                      .dal = data(tratto.da),
+                      .al = data(tratto.a),
+                      .archivio = fonte.file.filename().string(),
+                      .simulato = fonte.simulato};
+    di_estrazioni(detto, domanda, archivio);
+    return detto;
 }
 
 Risposta rispondi(Domanda domanda, const ArchivioEstrazioni& archivio, const std::filesystem::path& cartella,

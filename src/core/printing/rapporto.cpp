@@ -1,6 +1,7 @@
 #include "printing/rapporto.h"
 
 #include "printing/metriche.h"
+#include "results/risposta.h"
 
 #include <fmt/core.h>
 
@@ -184,7 +185,23 @@ void stampa_testa_propria(EasyPrint& stampante, std::string_view titolo, float y
 void stampa_piede(EasyPrint& stampante, int pagina, int totale) {
     std::string testo = "Pagina " + std::to_string(pagina);
     if (totale > 0) testo += " di " + std::to_string(totale);
-    stampante.PrintRight(stampante.PageWidth() / 2 + kBanda / 2, stampante.PageHeight() - 15, testo);
+    stampante.PrintRight(stampante.PageWidth() / 2 + kBanda / 2, stampante.PageHeight() - kAltezzaPiede,
+                         testo);
+}
+
+Rapporto segna_simulato(Rapporto rapporto) {
+    rapporto.disegna = [disegna = std::move(rapporto.disegna)](EasyPrint& stampante, int pagina) {
+        disegna(stampante, pagina);
+        stampante.FontName("Arial");
+        stampante.FontSize(10);
+        stampante.FontBold(true);
+        stampante.ForeColor(kRosso);
+        stampante.PrintCentre(stampante.PageWidth() / 2, stampante.PageHeight() - kAltezzaPiede,
+                              kArchivioSimulato);
+        stampante.ForeColor(kNero);
+        stampante.FontBold(false);
+    };
+    return rapporto;
 }
 
 void stampa_legenda(EasyPrint& stampante, float y, std::span<const std::string_view> righe) {
@@ -299,7 +316,8 @@ constexpr float kAriaCella = 2;           ///< left and right of a cell's text
 constexpr float kLarghezzaMassima = 120;  ///< of a column; longer texts are clipped
 constexpr std::size_t kRigheVerticale = 45;
 constexpr std::size_t kRigheOrizzontale = 28;
-constexpr float kSpazioOrizzontale = 277;  ///< width that a lying A4 sheet leaves for a table
+/// Width that a lying A4 sheet leaves for a table.
+constexpr float kSpazioOrizzontale = kFoglioCoricato - 2 * kMargineFoglio;
 
 /// One printed page's share of the result.
 struct FoglioTabella {
@@ -370,9 +388,10 @@ PianoTabelle pianifica(const Risultato& risultato, Orientamento voluto) {
         }
         return massima;
     };
-    float massima = misura(10);
-    if (massima > kBanda) piano.orientamento = Orientamento::orizzontale;
-    if (massima > kSpazioOrizzontale) massima = misura(8);
+    if (misura(10) > kBanda) {
+        piano.orientamento = Orientamento::orizzontale;
+        if (misura(kCorpoOrizzontale) > kSpazioOrizzontale) misura(kCorpoOrizzontaleFitto);
+    }
     const bool verticale = piano.orientamento == Orientamento::verticale;
     const float spazio = verticale ? kBanda : kSpazioOrizzontale;
     const std::size_t per_pagina = verticale ? kRigheVerticale : kRigheOrizzontale;
@@ -393,6 +412,9 @@ PianoTabelle pianifica(const Risultato& risultato, Orientamento voluto) {
             gruppi.back().push_back(c);
             usata += larghezze[c];
         }
+        // On a lying sheet a table that stands on it whole fills it.
+        if (!verticale && gruppi.size() == 1)
+            for (float& w : piano.larghezze[t]) w *= spazio / usata;
         for (std::size_t riga = 0; riga == 0 || riga < tabella.righe(); riga += per_pagina)
             for (const auto& gruppo : gruppi)
                 piano.fogli.push_back(

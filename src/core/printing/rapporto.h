@@ -86,10 +86,18 @@ inline constexpr Colore kBluScuro = 8388608;
 [[nodiscard]] std::size_t riga_in_griglia(const Tabella& tabella, std::size_t riga,
                                           std::span<const std::uint32_t> ordine);
 
-/// Left edge and width of the band that every report keeps to, in mm.
+/// Width of the band that head and foot of every report keep to, in mm.
 inline constexpr float kBanda = 190;
 /// Where that band begins: 10 on an upright sheet, centred on one that lies.
 [[nodiscard]] float inizio_banda(const EasyPrint& stampante);
+
+/// Left and right of a table on a lying sheet, which it fills from one margin to the other; and the sheet's
+/// width, for what is settled before there is a printer.
+inline constexpr float kMargineFoglio = 10;
+inline constexpr float kFoglioCoricato = 297;
+/// Sizes of a table's texts on a lying sheet: the larger one where rows are high enough for it.
+inline constexpr std::int16_t kCorpoOrizzontale = 9;
+inline constexpr std::int16_t kCorpoOrizzontaleFitto = 8;
 
 /// The product's logo, 190 x 20 mm.
 [[nodiscard]] const Immagine& logo();
@@ -106,6 +114,12 @@ void stampa_testa_propria(EasyPrint& stampante, std::string_view titolo, float y
 
 /// "Pagina n di m" at the foot, right; with `totale` 0 "Pagina n".
 void stampa_piede(EasyPrint& stampante, int pagina, int totale);
+/// Height of the sheet that the foot keeps for itself: a table ends above it.
+inline constexpr float kAltezzaPiede = 15;
+
+/// The same report with "Archivio simulato" at the foot of each of its pages, in the middle: its draws never
+/// took place.
+[[nodiscard]] Rapporto segna_simulato(Rapporto rapporto);
 
 /// The lines of a legend under each other, from y on at the band's left edge.
 void stampa_legenda(EasyPrint& stampante, float y, std::span<const std::string_view> righe);

@@ -73,6 +73,10 @@ void PannelloAvanzamento::imposta_annullabile(bool si) {
     annulla_->setVisible(si);
 }
 
+void PannelloAvanzamento::imposta_annulla(const QString& testo) {
+    annulla_->setText(testo);
+}
+
 void PannelloAvanzamento::resizeEvent(QResizeEvent* evento) {
     QFrame::resizeEvent(evento);
     imposta(parte_);

@@ -31,6 +31,8 @@ class PannelloAvanzamento final : public QFrame {
     /// taken long: for who wants to see every step.
     void imposta_sempre(bool si) { sempre_ = si; }
     [[nodiscard]] bool sempre() const { return sempre_; }
+    /// What `cmdAnnulla` says; at first "Annulla Ricerca".
+    void imposta_annulla(const QString& testo);
 
   signals:
     void annulla();

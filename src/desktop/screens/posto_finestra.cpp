@@ -24,6 +24,10 @@ QString file_posti(const Sessione& sessione) {
     return QString::fromStdU16String((sessione.percorso_programma / "schermi.ini").u16string());
 }
 
+QSize grandezza_sullo_schermo(const QWidget& finestra) {
+    return interno(*finestra.screen()).size() * 9 / 10;
+}
+
 void leggi_posto(QWidget& finestra, const Sessione& sessione, QSize usuale) {
     QSettings memoria{file_posti(sessione), QSettings::IniFormat};
     memoria.beginGroup(finestra.objectName());

@@ -13,6 +13,9 @@ namespace sortimetra {
 /// window, by its object name.
 [[nodiscard]] QString file_posti(const Sessione& sessione);
 
+/// Nine tenths of a window's screen: the size of a window that has a sheet of paper to show.
+[[nodiscard]] QSize grandezza_sullo_schermo(const QWidget& finestra);
+
 /// Puts a window where it was left; in the middle of the screen and in the usual size (as far as it fits)
 /// where nothing is remembered or that screen is gone.
 void leggi_posto(QWidget& finestra, const Sessione& sessione, QSize usuale);

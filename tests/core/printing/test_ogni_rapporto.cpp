@@ -160,6 +160,12 @@ TEST(OgniRapporto, OgniPaginaHaLaTesta) {
             EXPECT_NEAR(f.y, 5, 0.01);
         }
         EXPECT_EQ(con_logo.size(), static_cast<std::size_t>(s.pagine));
+        for (int p = 1; p <= s.pagine; ++p) {
+            const auto piede = "Pagina " + std::to_string(p);
+            EXPECT_TRUE(std::any_of(s.foglio.testi().begin(), s.foglio.testi().end(), [&](const auto& t) {
+                return t.pagina == p && t.testo.starts_with(piede + " di ");
+            })) << piede;
+        }
     }
 }
 
