@@ -55,11 +55,11 @@ QString storia(const std::vector<PassoLunghetta>& passi) {
 
 }  // namespace
 
-CasellaNumero::CasellaNumero(QWidget* padre) : QLabel{padre} {
+CasellaLunghetta::CasellaLunghetta(QWidget* padre) : QLabel{padre} {
     setAlignment(Qt::AlignCenter);
 }
 
-void CasellaNumero::scrivi(const QString& numero, Aspetto aspetto, int passo) {
+void CasellaLunghetta::scrivi(const QString& numero, Aspetto aspetto, int passo) {
     if (text() == numero && aspetto_ == aspetto && passo_ == passo) return;
     setText(numero);
     aspetto_ = aspetto;
@@ -70,7 +70,7 @@ void CasellaNumero::scrivi(const QString& numero, Aspetto aspetto, int passo) {
     update();
 }
 
-void CasellaNumero::paintEvent(QPaintEvent* /*evento*/) {
+void CasellaLunghetta::paintEvent(QPaintEvent* /*evento*/) {
     const Skin& s = skin_in_uso();
     QPainter p{this};
     p.setRenderHint(QPainter::Antialiasing);
@@ -102,7 +102,7 @@ void CasellaNumero::paintEvent(QPaintEvent* /*evento*/) {
 /// Where the slots lie: as large as the room lets them be, never larger than looks well.
 class TavolaLunghetta::Quadro final : public QWidget {
   public:
-    explicit Quadro(std::array<CasellaNumero*, kCaselle>& caselle, QWidget* padre)
+    explicit Quadro(std::array<CasellaLunghetta*, kCaselle>& caselle, QWidget* padre)
         : QWidget{padre}, caselle_{caselle} {
         setMinimumSize(kPerRiga * kLatoMinimo + (kPerRiga - 1) * kSpazio,
                        kRighe * kLatoMinimo + (kRighe - 1) * kSpazio);
@@ -125,7 +125,7 @@ class TavolaLunghetta::Quadro final : public QWidget {
     }
 
   private:
-    std::array<CasellaNumero*, kCaselle>& caselle_;
+    std::array<CasellaLunghetta*, kCaselle>& caselle_;
 };
 
 TavolaLunghetta::TavolaLunghetta(QWidget* padre)
@@ -151,7 +151,7 @@ TavolaLunghetta::TavolaLunghetta(QWidget* padre)
 
     auto* quadro = new Quadro{caselle_, this};
     for (std::size_t i = 0; i < kCaselle; ++i) {
-        auto* c = new CasellaNumero{quadro};
+        auto* c = new CasellaLunghetta{quadro};
         c->setObjectName(QStringLiteral("lblnum_%1").arg(i));
         c->setAccessibleName(tr("Numero %1 della lunghetta").arg(i + 1));
         caselle_[i] = c;
@@ -197,14 +197,14 @@ void TavolaLunghetta::mostra_passo(const Lunghetta& lunghetta, const std::vector
     for (std::size_t i = 0; i < kCaselle; ++i) {
         const int n = lunghetta.caselle[i];
         if (n == kCasellaVuota) {
-            caselle_[i]->scrivi({}, CasellaNumero::Aspetto::vuota, 0);
+            caselle_[i]->scrivi({}, CasellaLunghetta::Aspetto::vuota, 0);
             continue;
         }
         const int passo = passo_di(n);
         caselle_[i]->scrivi(QString::number(n),
-                            passo == 0 && cresciuta      ? CasellaNumero::Aspetto::seme
-                            : ultimo != 0 && n == ultimo ? CasellaNumero::Aspetto::ultima
-                                                         : CasellaNumero::Aspetto::entrata,
+                            passo == 0 && cresciuta      ? CasellaLunghetta::Aspetto::seme
+                            : ultimo != 0 && n == ultimo ? CasellaLunghetta::Aspetto::ultima
+                                                         : CasellaLunghetta::Aspetto::entrata,
                             passo);
     }
     punteggio_->setText(lunghetta.punteggio ? QString::number(*lunghetta.punteggio) : QString{});

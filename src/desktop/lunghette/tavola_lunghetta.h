@@ -11,12 +11,12 @@ namespace sortimetra {
 
 /// One slot `lblnum` of a lunghetta. Its text is the number; what it looks like tells whether the number is
 /// one of those that the lunghetta began with, or the one that came in last.
-class CasellaNumero final : public QLabel {
+class CasellaLunghetta final : public QLabel {
     Q_OBJECT
   public:
     enum class Aspetto { vuota, seme, entrata, ultima };
 
-    explicit CasellaNumero(QWidget* padre);
+    explicit CasellaLunghetta(QWidget* padre);
     /// `passo` is the ordinal of the step that brought it in, from 1; 0 for none, and for the seed.
     void scrivi(const QString& numero, Aspetto aspetto, int passo);
     [[nodiscard]] Aspetto aspetto() const { return aspetto_; }
@@ -45,14 +45,14 @@ class TavolaLunghetta final : public QFrame {
     /// The same without the line, while it grows.
     void mostra_passo(const Lunghetta& lunghetta, const std::vector<PassoLunghetta>& passi);
 
-    [[nodiscard]] CasellaNumero* casella(std::size_t i) const { return caselle_[i]; }
+    [[nodiscard]] CasellaLunghetta* casella(std::size_t i) const { return caselle_[i]; }
 
   private:
     class Quadro;
 
     QLabel* nome_punteggio_;
     QLabel* punteggio_;
-    std::array<CasellaNumero*, kCaselle> caselle_{};
+    std::array<CasellaLunghetta*, kCaselle> caselle_{};
     QLabel* storia_;
 };
 
