@@ -2,6 +2,7 @@
 
 #include "qt_testi.h"
 #include "screens/area_parametri.h"
+#include "screens/freccia.h"
 #include "screens/griglia_risultati.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/tema.h"
@@ -68,8 +69,8 @@ void form_spia::componi_risposta() {
     auto* sinistra = new QVBoxLayout;
     sinistra->addWidget(tavola_, 1);
     sinistra->addStretch(0);
-    fianco->addLayout(sinistra, 4);
-    fianco->addWidget(griglia(), 5);
+    fianco->addLayout(sinistra, 2);
+    fianco->addWidget(griglia(), 3);
     risposta->addWidget(campo, 1);
     risposta->addWidget(componi_legenda());
     imposta_spento(campo);
@@ -104,6 +105,8 @@ void form_spia::battezza() {
     tutti->setObjectName(QStringLiteral("Command2"));
     tutti->setText(kTutti);
     tutti->setToolTip(tr("Esamina i numeri che mancano (F5)"));
+    // Its caption needs the room of the arrows.
+    cornice()->freccia()->hide();
     cornice()->cmd_stampa()->setObjectName(QStringLiteral("Command4"));
     cornice()->cmd_chiudi()->setObjectName(QStringLiteral("Command1"));
     cornice()->cmd_chiudi()->setText(tr("&Esci"));
