@@ -39,6 +39,30 @@ QWidget* campione(Colore colore, QWidget* padre) {
     return w;
 }
 
+/// What figures and colours mean.
+QWidget* componi_legenda() {
+    auto* legenda = new QWidget;
+    auto* righe = new QGridLayout{legenda};
+    righe->setContentsMargins(0, 0, 0, 0);
+    righe->setHorizontalSpacing(2 * kPasso);
+    righe->setVerticalSpacing(0);
+    constexpr std::array<std::pair<Colore, std::string_view>, 4> kVoci{{{kNessunColore, kLegendaPercento1},
+                                                                        {kNessunColore, kLegendaPercento2},
+                                                                        {kSfondoInAttesa, kLegendaRosso},
+                                                                        {kSfondoSeguita, kLegendaVerde}}};
+    int riga = 0;
+    for (const auto& [colore, testo] : kVoci) {
+        auto* scritta = new QLabel{testo_qt(testo), legenda};
+        scritta->setObjectName(QStringLiteral("lbllegenda_%1").arg(riga));
+        scritta->setWordWrap(true);
+        assegna_ruolo(scritta, "quieto");
+        if (colore != kNessunColore) righe->addWidget(campione(colore, legenda), riga, 0, Qt::AlignTop);
+        righe->addWidget(scritta, riga++, 1);
+    }
+    righe->setColumnStretch(1, 1);
+    return legenda;
+}
+
 }  // namespace
 
 form_spia::form_spia(Sessione& sessione, QWidget* padre)
@@ -74,29 +98,6 @@ void form_spia::componi_risposta() {
     risposta->addWidget(campo, 1);
     risposta->addWidget(componi_legenda());
     imposta_spento(campo);
-}
-
-QWidget* form_spia::componi_legenda() {
-    auto* legenda = new QWidget;
-    auto* righe = new QGridLayout{legenda};
-    righe->setContentsMargins(0, 0, 0, 0);
-    righe->setHorizontalSpacing(2 * kPasso);
-    righe->setVerticalSpacing(0);
-    constexpr std::array<std::pair<Colore, std::string_view>, 4> kVoci{{{kNessunColore, kLegendaPercento1},
-                                                                        {kNessunColore, kLegendaPercento2},
-                                                                        {kSfondoInAttesa, kLegendaRosso},
-                                                                        {kSfondoSeguita, kLegendaVerde}}};
-    int riga = 0;
-    for (const auto& [colore, testo] : kVoci) {
-        auto* scritta = new QLabel{testo_qt(testo), legenda};
-        scritta->setObjectName(QStringLiteral("lbllegenda_%1").arg(riga));
-        scritta->setWordWrap(true);
-        assegna_ruolo(scritta, "quieto");
-        if (colore != kNessunColore) righe->addWidget(campione(colore, legenda), riga, 0, Qt::AlignTop);
-        righe->addWidget(scritta, riga++, 1);
-    }
-    righe->setColumnStretch(1, 1);
-    return legenda;
 }
 
 void form_spia::battezza() {
