@@ -1,5 +1,7 @@
 #include "catalogue/rapporti.h"
 
+#include "bets/parametri.h"
+#include "bets/scommesse.h"
 #include "statistics/parametri.h"
 #include "text/testi.h"
 
@@ -55,6 +57,8 @@ Intestazione intestazione(const Risposta& risposta) {
         if (const auto capi = testo_capi(parametri.capogioco); !capi.empty()) testa.ricerca += " " + capi;
     if (ricerca.ammette(kOpzEstratto))
         testa.ricerca += " (" + std::to_string(parametri.estratto) + "° Estratto)";
+    if (ricerca.ammette(kOpzAnalisi))
+        testa.ricerca.append(" - ").append(scommessa_chiesta(risposta.domanda).titolo);
     if (!risposta.ambito) return testa;
 
     const AmbitoDetto& ambito = *risposta.ambito;

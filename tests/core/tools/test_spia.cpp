@@ -145,6 +145,14 @@ TEST(Spia, ChiNonEPiuSeguitoRestaNelDenominatore) {
     EXPECT_EQ(riga(esegui(chiedi({50}), di_bari(estrazioni)), "50"), "50 37 7 33% 100% 9");
 }
 
+TEST(Spia, UnNumeroDueVolteInUnaRigaEUnaSortitaSola) {
+    std::vector<std::string> estrazioni(20, "- - - - -");
+    estrazioni[14] = "7 7 - - -";
+    estrazioni[15] = "50 50 - - -";
+    // One of 7's two occurrences is a row that 50 follows; before 50's only row it stood once.
+    EXPECT_EQ(riga(esegui(chiedi({50}), di_bari(estrazioni)), "50"), "50 4 7 50% 100% 5");
+}
+
 TEST(Spia, LeRigheVannoInOrdineDiNumero) {
     const Risultato r = esegui(chiedi({9, 3, 5}), di_bari({"1 2 3 4 5", "9 10 11 12 13"}));
     EXPECT_EQ(r.tabelle[0].testo(0, 0) + r.tabelle[0].testo(1, 0) + r.tabelle[0].testo(2, 0), "359");
