@@ -164,7 +164,7 @@ TEST(Spia, DueRisposteDiventanoUna) {
     const Risultato prima = esegui(chiedi({5, 40}), archivio);
     const Risultato altre = esegui(chiedi({2, 11, 90}), archivio);
     EXPECT_EQ(unisci_spie(prima, altre), insieme);
-    EXPECT_EQ(unisci_spie(altre, prima), insieme);
+    EXPECT_EQ(unisci_spie(esegui(chiedi({90, 2, 11}), archivio), prima), insieme);
     EXPECT_EQ(unisci_spie({}, prima), prima);
     EXPECT_EQ(unisci_spie(prima, {}), prima);
     EXPECT_EQ(numeri_esaminati(insieme), (std::vector<int>{2, 5, 11, 40, 90}));
@@ -316,11 +316,9 @@ class Piana {
         for (cursore_.primo(); !cursore_.fine(); cursore_.successivo()) {
             if (!contiene(cursore_.corrente(), c)) continue;
             ultima = cursore_.corrente()->concorso();
-            int passi = 0;
-            do {
-                cursore_.successivo();
-                ++passi;
-            } while (!cursore_.fine() && !contiene(cursore_.corrente(), n));
+            int passi = 1;
+            cursore_.successivo();
+            for (; !cursore_.fine() && !contiene(cursore_.corrente(), n); ++passi) cursore_.successivo();
             if (!cursore_.fine() && passi <= 200) ++distanze[static_cast<std::size_t>(passi)];
             cursore_.sposta(-passi);
         }
