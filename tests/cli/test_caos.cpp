@@ -5,6 +5,7 @@
 #include "positional/parametri.h"
 #include "statistics/parametri.h"
 #include "stores/importa.h"
+#include "tools/parametri.h"
 
 #include <nlohmann/json.hpp>
 #include <random>
@@ -88,6 +89,7 @@ TEST(OgniRicerca, DaLeStesseCelleInOgniFormato) {
                                       cartella_piccola().string()};
         if (r.ammette(kOpzCapogioco)) riga.insert(riga.end(), {"--capogioco", "12"});
         if (r.ammette(kOpzAmboCapo)) riga.insert(riga.end(), {"--capogioco", "12,13"});
+        if (r.ammette(kOpzNumeriSpia)) riga.insert(riga.end(), {"--numeri", "tutti"});
         if (r.ammette(kOpzNumeri)) riga.insert(riga.end(), {"--numeri", "1,2,12,13"});
         const auto con = [&](const char* formato) {
             auto argomenti = riga;

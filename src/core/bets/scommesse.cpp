@@ -173,6 +173,11 @@ std::span<const Scommessa> scommesse() {
     return kScommesse;
 }
 
+const Scommessa& scommessa_chiesta(const Domanda& domanda) {
+    const auto analisi = static_cast<std::size_t>(domanda.di<ParametriScommesse>().analisi);
+    return kScommesse[std::min(analisi, kScommesse.size() - 1)];
+}
+
 std::vector<std::vector<std::string>> titoli_scommessa(const Scommessa& scommessa, std::size_t ultimi) {
     const std::size_t esiti = scommessa.esiti.size();
     std::vector<std::vector<std::string>> titoli(3, std::vector<std::string>(1 + esiti * 3 + ultimi));
@@ -190,7 +195,7 @@ std::vector<std::vector<std::string>> titoli_scommessa(const Scommessa& scommess
 Risultato scommesse_lotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                           Avanzamento& avanzamento) {
     const auto& parametri = domanda.di<ParametriScommesse>();
-    const Scommessa& scommessa = kScommesse[static_cast<std::size_t>(parametri.analisi) % kScommesse.size()];
+    const Scommessa& scommessa = scommessa_chiesta(domanda);
     const Righe dieci =
         classifica(archivio, domanda.ambito, SelezioneRuote::tutte(), scommessa, parametri.in_vigore());
     avanzamento.procedi(1, 2);
@@ -201,7 +206,6 @@ Risultato scommesse_lotto(const ArchivioEstrazioni& archivio, const Domanda& dom
     griglia.aggiungi(nazionale, kNazionale, nazionale.esiti.empty());
     avanzamento.procedi(2, 2);
     Risultato risultato;
-    risultato.titolo = "Scommesse Lotto - " + std::string{scommessa.titolo};
     risultato.tabelle.push_back(std::move(griglia).tabella());
     return risultato;
 }

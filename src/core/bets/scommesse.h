@@ -48,6 +48,9 @@ struct Scommessa {
 /// The nine bets, in the order of `Combo1`.
 [[nodiscard]] std::span<const Scommessa> scommesse();
 
+/// The one that a question asks for.
+[[nodiscard]] const Scommessa& scommessa_chiesta(const Domanda& domanda);
+
 /// Draws whose outcomes are shown one by one.
 inline constexpr std::size_t kUltimiConcorsi = 10;
 

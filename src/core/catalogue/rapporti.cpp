@@ -1,5 +1,7 @@
 #include "catalogue/rapporti.h"
 
+#include "bets/parametri.h"
+#include "bets/scommesse.h"
 #include "statistics/parametri.h"
 #include "systems/stampa_sistemi.h"
 #include "text/testi.h"
@@ -72,6 +74,8 @@ Intestazione intestazione(const Risposta& risposta) {
         if (const auto capi = testo_capi(parametri.capogioco); !capi.empty()) testa.ricerca += " " + capi;
     if (ricerca.ammette(kOpzEstratto))
         testa.ricerca += " (" + std::to_string(parametri.estratto) + "° Estratto)";
+    if (ricerca.ammette(kOpzAnalisi))
+        testa.ricerca.append(" - ").append(scommessa_chiesta(risposta.domanda).titolo);
     const auto finita = [&] {
         if (ricerca.gioco == Gioco::sistemi) completa_intestazione(testa, risposta.domanda);
         return testa;

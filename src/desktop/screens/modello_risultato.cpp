@@ -33,7 +33,7 @@ Aspetto aspetto(std::string_view cella) {
 
 /// A light ground of a search on a dark skin: its hue, as dark as the skin's own grounds. Others as they are.
 QRgb smorzato(QRgb fondo) {
-    constexpr float kChiaro = 0.75F;
+    constexpr float kChiaro = 0.8F;
     float tinta = 0;
     float saturazione = 0;
     float luce = 0;

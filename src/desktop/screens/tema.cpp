@@ -381,8 +381,8 @@ QComboBox { background: @superficie@; color: @testo@; border: 1px solid @bordo@;
 QComboBox:hover { background: @rilievo@; }
 QComboBox:focus { border: 2px solid @accento@; padding: 3px 7px; }
 QComboBox:disabled { background: @finestra@; color: @spento@; border-color: @linea@; }
-QComboBox::drop-down { subcontrol-origin: border; subcontrol-position: center right; width: 24px; border: none; }
-QComboBox::down-arrow { image: url(:/icone/giu_@glifi@.svg); width: 12px; height: 12px; }
+QComboBox::drop-down, QDateEdit::drop-down { subcontrol-origin: border; subcontrol-position: center right; width: 24px; border: none; }
+QComboBox::down-arrow, QDateEdit::down-arrow { image: url(:/icone/giu_@glifi@.svg); width: 12px; height: 12px; }
 QComboBox QAbstractItemView, QComboBox QAbstractItemView:focus { background: @superficie@; color: @testo@;
               border: none; padding: 4px;
               selection-background-color: @selezione@; selection-color: @testo_selezione@; outline: none; }

@@ -9,15 +9,17 @@
 
 #include <QDateEdit>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShowEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
 #include <memory>
+#include <utility>
 
 namespace sortimetra {
 
@@ -44,6 +46,31 @@ QLabel* sezione(const QString& testo, QWidget* compagno) {
     l->setBuddy(compagno);
     assegna_ruolo(l, "sezione");
     return l;
+}
+
+/// A widget that scrolls where the window has no room for it, on the window's own ground.
+QScrollArea* scorrevole(QWidget* dentro) {
+    auto* s = new QScrollArea;
+    s->setWidget(dentro);
+    s->setWidgetResizable(true);
+    s->setFrameShape(QFrame::NoFrame);
+    s->setFocusPolicy(Qt::NoFocus);
+    s->viewport()->setAutoFillBackground(false);
+    dentro->setAutoFillBackground(false);
+    return s;
+}
+
+/// Room for a board as a whole: its heads and ten wheels, its columns at their narrowest.
+void riserva_posto(GrigliaRisultati& griglia, bool numeri) {
+    constexpr int kAria = 3 * kPasso;
+    QFont grassetto = griglia.vista()->font();
+    grassetto.setBold(true);
+    const QFontMetrics misure{grassetto};
+    const int ruota = misure.horizontalAdvance(QStringLiteral("Cagliari")) + kAria;
+    const int valore =
+        misure.horizontalAdvance(numeri ? QStringLiteral("000") : QStringLiteral("0°- 0°")) + kAria;
+    griglia.setMinimumWidth(ruota + (numeri ? kEstratti : kEstratti - 1) * valore);
+    griglia.setFixedHeight((kRuote + 1) * (misure.height() + 2 * kPasso) + 2 * kPasso);
 }
 
 }  // namespace
@@ -112,13 +139,6 @@ void Form_som_dis_ciclo::componi_domanda() {
     nota->setWordWrap(true);
     assegna_ruolo(nota, "quieto");
     colonna->addWidget(nota);
-    isotopi_->setObjectName(QStringLiteral("lblisotopi"));
-    isotopi_->setWordWrap(true);
-    isotopi_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* titolo = new QLabel{tr("Isotopi")};
-    assegna_ruolo(titolo, "sezione");
-    colonna->addWidget(titolo);
-    colonna->addWidget(isotopi_);
 
     connect(concorso_, &CasellaConcorso::testo_cambiato, this, [this] {
         if (!fermo_) carica_estrazione(concorso_->concorso());
@@ -132,21 +152,43 @@ void Form_som_dis_ciclo::componi_risposta() {
     // A run stops the boards, never the box in which someone is typing.
     auto* campo = new QWidget;
     imposta_spento(campo);
-    auto* fila = new QHBoxLayout{campo};
-    fila->setContentsMargins(0, 0, 0, 0);
-    fila->setSpacing(4 * kPasso);
+    auto* fila = new QGridLayout{campo};
+    fila->setContentsMargins(0, 2 * kPasso, 0, 0);
+    fila->setHorizontalSpacing(4 * kPasso);
+    fila->setVerticalSpacing(kPasso);
     constexpr std::array kColonne{6, 5, 5};
     for (std::size_t i = 0; i < griglie_.size(); ++i) {
+        titoli_[i] = new QLabel;
+        titoli_[i]->setObjectName(QStringLiteral("lbltabella_%1").arg(i));
+        titoli_[i]->setAlignment(Qt::AlignCenter);
+        assegna_ruolo(titoli_[i], "sezione");
         auto* g = new GrigliaRisultati;
         g->imposta_tabellone(true);
         g->vista()->setObjectName(QStringLiteral("MSHFlexGrid1_%1").arg(i));
-        g->vista()->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        riserva_posto(*g, i == 0);
         connect(g, &GrigliaRisultati::esporta_richiesta, this, &Form_som_dis_ciclo::esporta);
         connect(g, &GrigliaRisultati::stampa_richiesta, this, &Form_som_dis_ciclo::stampa);
-        fila->addWidget(g, kColonne[i]);
+        const int colonna = static_cast<int>(i);
+        fila->addWidget(titoli_[i], 0, colonna);
+        fila->addWidget(g, 1, colonna);
+        fila->setColumnStretch(colonna, kColonne[i]);
         griglie_[i] = g;
     }
-    cornice()->risposta()->addWidget(campo, 1);
+    // In a narrow window the three scroll as one, their rows side by side.
+    QScrollArea* tavole = scorrevole(campo);
+    tavole->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    tavole->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    tavole->setFixedHeight(campo->sizeHint().height() + tavole->horizontalScrollBar()->sizeHint().height());
+    auto* titolo = new QLabel{tr("Isotopi")};
+    assegna_ruolo(titolo, "sezione");
+    isotopi_->setObjectName(QStringLiteral("lblisotopi"));
+    isotopi_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    isotopi_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    cornice()->risposta()->addWidget(tavole);
+    cornice()->risposta()->addSpacing(2 * kPasso);
+    cornice()->risposta()->addWidget(titolo);
+    // As many lines as a draw may have: they scroll where the window is low.
+    cornice()->risposta()->addWidget(scorrevole(isotopi_), 1);
 }
 
 void Form_som_dis_ciclo::prepara() {
@@ -188,8 +230,18 @@ void Form_som_dis_ciclo::alla_data(const QDate& giorno) {
 
 void Form_som_dis_ciclo::mostra(const EsitoRicerca& esito) {
     const auto& r = esito.risultato;
-    for (std::size_t i = 0; i < griglie_.size(); ++i)
-        griglie_[i]->mostra(std::shared_ptr<const Tabella>{r, &r->tabelle[i]});
+    for (std::size_t i = 0; i < griglie_.size(); ++i) {
+        // The title over all columns stands over the board.
+        auto tabella = std::make_shared<Tabella>(r->tabelle[i]);
+        titoli_[i]->setText(testo_qt(tabella->titoli.front().front()));
+        tabella->titoli.erase(tabella->titoli.begin());
+        // The rows have the bands of the skin; the isotopes keep their shades.
+        std::replace_if(
+            tabella->sfondi.begin(), tabella->sfondi.end(),
+            [](Colore c) { return std::find(kPaletta.begin(), kPaletta.end(), c) == kPaletta.end(); },
+            kNessunColore);
+        griglie_[i]->mostra(std::move(tabella));
+    }
     QStringList righe;
     for (const std::string& testo : testi_isotopi(*r)) righe << testo_qt(testo);
     isotopi_->setText(righe.isEmpty() ? tr("Nessuno in questa estrazione.") : righe.join(QLatin1Char{'\n'}));
@@ -204,6 +256,7 @@ void Form_som_dis_ciclo::mostra(const EsitoRicerca& esito) {
 
 void Form_som_dis_ciclo::svuota() {
     for (GrigliaRisultati* g : griglie_) g->svuota();
+    for (QLabel* t : titoli_) t->clear();
     isotopi_->clear();
     FinestraRicerca::svuota();
 }

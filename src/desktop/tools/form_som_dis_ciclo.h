@@ -58,6 +58,7 @@ class Form_som_dis_ciclo final : public FinestraRicerca {
     CasellaEstrazione* concorso_;
     QDateEdit* data_;
     std::array<GrigliaRisultati*, 3> griglie_{};
+    std::array<QLabel*, 3> titoli_{};
     QLabel* isotopi_;
     bool fermo_ = false;  ///< box and picker are written by the screen: no search follows
 };

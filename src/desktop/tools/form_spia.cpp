@@ -2,6 +2,7 @@
 
 #include "qt_testi.h"
 #include "screens/area_parametri.h"
+#include "screens/freccia.h"
 #include "screens/griglia_risultati.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/tema.h"
@@ -38,6 +39,30 @@ QWidget* campione(Colore colore, QWidget* padre) {
     return w;
 }
 
+/// What figures and colours mean.
+QWidget* componi_legenda() {
+    auto* legenda = new QWidget;
+    auto* righe = new QGridLayout{legenda};
+    righe->setContentsMargins(0, 0, 0, 0);
+    righe->setHorizontalSpacing(2 * kPasso);
+    righe->setVerticalSpacing(0);
+    constexpr std::array<std::pair<Colore, std::string_view>, 4> kVoci{{{kNessunColore, kLegendaPercento1},
+                                                                        {kNessunColore, kLegendaPercento2},
+                                                                        {kSfondoInAttesa, kLegendaRosso},
+                                                                        {kSfondoSeguita, kLegendaVerde}}};
+    int riga = 0;
+    for (const auto& [colore, testo] : kVoci) {
+        auto* scritta = new QLabel{testo_qt(testo), legenda};
+        scritta->setObjectName(QStringLiteral("lbllegenda_%1").arg(riga));
+        scritta->setWordWrap(true);
+        assegna_ruolo(scritta, "quieto");
+        if (colore != kNessunColore) righe->addWidget(campione(colore, legenda), riga, 0, Qt::AlignTop);
+        righe->addWidget(scritta, riga++, 1);
+    }
+    righe->setColumnStretch(1, 1);
+    return legenda;
+}
+
 }  // namespace
 
 form_spia::form_spia(Sessione& sessione, QWidget* padre)
@@ -68,34 +93,11 @@ void form_spia::componi_risposta() {
     auto* sinistra = new QVBoxLayout;
     sinistra->addWidget(tavola_, 1);
     sinistra->addStretch(0);
-    fianco->addLayout(sinistra, 4);
-    fianco->addWidget(griglia(), 5);
+    fianco->addLayout(sinistra, 2);
+    fianco->addWidget(griglia(), 3);
     risposta->addWidget(campo, 1);
     risposta->addWidget(componi_legenda());
     imposta_spento(campo);
-}
-
-QWidget* form_spia::componi_legenda() {
-    auto* legenda = new QWidget;
-    auto* righe = new QGridLayout{legenda};
-    righe->setContentsMargins(0, 0, 0, 0);
-    righe->setHorizontalSpacing(2 * kPasso);
-    righe->setVerticalSpacing(0);
-    constexpr std::array<std::pair<Colore, std::string_view>, 4> kVoci{{{kNessunColore, kLegendaPercento1},
-                                                                        {kNessunColore, kLegendaPercento2},
-                                                                        {kSfondoInAttesa, kLegendaRosso},
-                                                                        {kSfondoSeguita, kLegendaVerde}}};
-    int riga = 0;
-    for (const auto& [colore, testo] : kVoci) {
-        auto* scritta = new QLabel{testo_qt(testo), legenda};
-        scritta->setObjectName(QStringLiteral("lbllegenda_%1").arg(riga));
-        scritta->setWordWrap(true);
-        assegna_ruolo(scritta, "quieto");
-        if (colore != kNessunColore) righe->addWidget(campione(colore, legenda), riga, 0, Qt::AlignTop);
-        righe->addWidget(scritta, riga++, 1);
-    }
-    righe->setColumnStretch(1, 1);
-    return legenda;
 }
 
 void form_spia::battezza() {
@@ -104,6 +106,8 @@ void form_spia::battezza() {
     tutti->setObjectName(QStringLiteral("Command2"));
     tutti->setText(kTutti);
     tutti->setToolTip(tr("Esamina i numeri che mancano (F5)"));
+    // Its caption needs the room of the arrows.
+    cornice()->freccia()->hide();
     cornice()->cmd_stampa()->setObjectName(QStringLiteral("Command4"));
     cornice()->cmd_chiudi()->setObjectName(QStringLiteral("Command1"));
     cornice()->cmd_chiudi()->setText(tr("&Esci"));

@@ -4,8 +4,6 @@
 
 #include <vector>
 
-class QLabel;
-
 namespace sortimetra {
 
 class TavolaNumeri;
@@ -32,7 +30,6 @@ class form_spia final : public SchermoRicerca {
 
   private:
     void componi_risposta();
-    [[nodiscard]] QWidget* componi_legenda();
     void battezza();
     void premi_tutti();
     /// Examines those of the numbers that are not marked yet.

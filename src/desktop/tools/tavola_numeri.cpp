@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kPerRiga = 10;
 constexpr QSize kMinima{6 * kPasso, 5 * kPasso};
-constexpr QSize kMassima{12 * kPasso, 10 * kPasso};
+constexpr QSize kMassima{11 * kPasso, 12 * kPasso};
 constexpr double kRaggio = kPasso;
 
 }  // namespace

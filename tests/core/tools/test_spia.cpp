@@ -145,6 +145,14 @@ TEST(Spia, ChiNonEPiuSeguitoRestaNelDenominatore) {
     EXPECT_EQ(riga(esegui(chiedi({50}), di_bari(estrazioni)), "50"), "50 37 7 33% 100% 9");
 }
 
+TEST(Spia, UnNumeroDueVolteInUnaRigaEUnaSortitaSola) {
+    std::vector<std::string> estrazioni(20, "- - - - -");
+    estrazioni[14] = "7 7 - - -";
+    estrazioni[15] = "50 50 - - -";
+    // One of 7's two occurrences is a row that 50 follows; before 50's only row it stood once.
+    EXPECT_EQ(riga(esegui(chiedi({50}), di_bari(estrazioni)), "50"), "50 4 7 50% 100% 5");
+}
+
 TEST(Spia, LeRigheVannoInOrdineDiNumero) {
     const Risultato r = esegui(chiedi({9, 3, 5}), di_bari({"1 2 3 4 5", "9 10 11 12 13"}));
     EXPECT_EQ(r.tabelle[0].testo(0, 0) + r.tabelle[0].testo(1, 0) + r.tabelle[0].testo(2, 0), "359");
@@ -156,7 +164,7 @@ TEST(Spia, DueRisposteDiventanoUna) {
     const Risultato prima = esegui(chiedi({5, 40}), archivio);
     const Risultato altre = esegui(chiedi({2, 11, 90}), archivio);
     EXPECT_EQ(unisci_spie(prima, altre), insieme);
-    EXPECT_EQ(unisci_spie(altre, prima), insieme);
+    EXPECT_EQ(unisci_spie(esegui(chiedi({90, 2, 11}), archivio), prima), insieme);
     EXPECT_EQ(unisci_spie({}, prima), prima);
     EXPECT_EQ(unisci_spie(prima, {}), prima);
     EXPECT_EQ(numeri_esaminati(insieme), (std::vector<int>{2, 5, 11, 40, 90}));
@@ -308,11 +316,9 @@ class Piana {
         for (cursore_.primo(); !cursore_.fine(); cursore_.successivo()) {
             if (!contiene(cursore_.corrente(), c)) continue;
             ultima = cursore_.corrente()->concorso();
-            int passi = 0;
-            do {
-                cursore_.successivo();
-                ++passi;
-            } while (!cursore_.fine() && !contiene(cursore_.corrente(), n));
+            int passi = 1;
+            cursore_.successivo();
+            for (; !cursore_.fine() && !contiene(cursore_.corrente(), n); ++passi) cursore_.successivo();
             if (!cursore_.fine() && passi <= 200) ++distanze[static_cast<std::size_t>(passi)];
             cursore_.sposta(-passi);
         }

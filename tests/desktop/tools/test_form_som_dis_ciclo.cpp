@@ -74,6 +74,9 @@ class TestFormCiclometria final : public QObject {
         QCOMPARE(trova<QLineEdit>("txtConc")->text(), QStringLiteral("12"));
         QCOMPARE(giorno(), QDate(2000, 1, 12));
         QCOMPARE(titolo(), QStringLiteral("Estrazione - 12/01/2000"));
+        QCOMPARE(trova<QLabel>("lbltabella_0")->text(), QStringLiteral("Estrazione - 12/01/2000"));
+        QCOMPARE(trova<QLabel>("lbltabella_1")->text(), QStringLiteral("Somma Ciclometrica"));
+        QCOMPARE(trova<QLabel>("lbltabella_2")->text(), QStringLiteral("Distanza Ciclometrica"));
         QCOMPARE(griglia(0, 0, 0), QStringLiteral("Bari"));
         QCOMPARE(griglia(0, 0, 1), QStringLiteral("12"));
         QCOMPARE(griglia(0, 0, 3), QStringLiteral("..."));
