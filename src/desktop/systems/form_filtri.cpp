@@ -148,7 +148,7 @@ void Form_filtri::elenca_sistemi() {
     testata->setSectionResizeMode(0, QHeaderView::Stretch);
     const QFontMetrics misure{elenco_->font()};
     elenco_->setColumnWidth(1, misure.horizontalAdvance(QStringLiteral("00/00/0000")) + 3 * kPasso);
-    elenco_->setColumnWidth(2, misure.horizontalAdvance(QStringLiteral("Combinazioni")) + 5 * kPasso);
+    elenco_->setColumnWidth(2, misure.horizontalAdvance(QStringLiteral("Combinazioni")) + 8 * kPasso);
     elenco_->setCurrentItem(nullptr);
     fermo_ = false;
 }
