@@ -1,6 +1,7 @@
 #include "screens/area_parametri.h"
 
 #include "qt_testi.h"
+#include "screens/chip.h"
 #include "screens/tema.h"
 #include "text/testi.h"
 
@@ -22,15 +23,6 @@ QLabel* titolo_sezione(const QString& testo, QWidget* padre) {
     assegna_ruolo(l, "sezione");
     return l;
 }
-
-/// A chip takes the mouse all over, not on its mark and its text alone.
-class Chip final : public QCheckBox {
-  public:
-    using QCheckBox::QCheckBox;
-
-  protected:
-    [[nodiscard]] bool hitButton(const QPoint& dove) const override { return rect().contains(dove); }
-};
 
 }  // namespace
 

@@ -769,8 +769,8 @@ bool GrigliaRisultati::eventFilter(QObject* oggetto, QEvent* evento) {
 
 void GrigliaRisultati::resizeEvent(QResizeEvent* evento) {
     QWidget::resizeEvent(evento);
-    // Widths stay put once there is a result in them; a board is read as a whole and fits its window.
-    if (vuota() || tabellone_) adatta_colonne();
+    // Widths stay put once there is a result in them; a board, or a list on one, fits its room.
+    if (vuota() || tabellone_ || compatta_) adatta_colonne();
     disponi();
 }
 

@@ -3,6 +3,7 @@
 #include "draws/ruote.h"
 #include "qt_testi.h"
 #include "screens/casella_cifre.h"
+#include "screens/chip.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
 #include "systems/scelte.h"
@@ -67,7 +68,7 @@ ScegliPosizioni::ScegliPosizioni(QWidget* padre)
     griglia->setSpacing(kPasso);
     for (std::size_t i = 0; i < caselle_.size(); ++i) {
         const int posto = static_cast<int>(i) + 1;
-        auto* c = new QCheckBox{QString::number(posto), this};
+        auto* c = new Chip{QString::number(posto), this};
         c->setObjectName(QStringLiteral("chkPosizioni10elotto_%1").arg(posto));
         c->setAccessibleName(tr("Posizione %1").arg(posto));
         c->setMinimumWidth(20 * kPasso);

@@ -7,6 +7,7 @@
 #include "systems/quadro_griglie.h"
 
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -54,11 +55,14 @@ Form_filtri::Form_filtri(Sessione& sessione)
         combo_->addItem(testo_qt(s));
         combo_->setItemData(combo_->count() - 1, testo_qt(s), Qt::ToolTipRole);
     }
-    auto* scelta = new QVBoxLayout;
-    scelta->setSpacing(kPasso);
+    // Over the answer: it turns from one frame to the other, and the question's column is full.
+    auto* scelta = new QHBoxLayout;
+    scelta->setSpacing(2 * kPasso);
     scelta->addWidget(titolo);
-    scelta->addWidget(combo_);
-    domande()->addLayout(scelta);
+    scelta->addWidget(combo_, 1);
+    cornice()->risposta()->insertLayout(0, scelta);
+    // Tab goes by the order of the children, where the pages stand already.
+    combo_->lower();
     componi_sistemi();
     for (std::size_t s = 0; s < kQuadri; ++s) {
         quadri_[s] = new QuadroGriglie{static_cast<Statistica>(s), QString::fromUtf8(kFrame[s])};
@@ -87,7 +91,12 @@ void Form_filtri::componi_sistemi() {
     elenco_->setUniformRowHeights(true);
     elenco_->setAlternatingRowColors(true);
     elenco_->setMinimumHeight(50 * kPasso);
-    elenco_->header()->setStretchLastSection(true);
+    // Three columns in the narrow one of the questions: long titles take two lines, long names are cut.
+    QHeaderView* testata = elenco_->header();
+    testata->setStretchLastSection(false);
+    testata->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment{Qt::TextWordWrap});
+    testata->setMinimumHeight(2 * fontMetrics().height() + 2 * kPasso);
+    testata->setSectionsMovable(false);
     elenco_->setFont(carattere_tabellare(elenco_->font()));
     colonna->addWidget(elenco_, 1);
     domande()->addWidget(frame_sistemi_, 1);
@@ -135,7 +144,11 @@ void Form_filtri::elenca_sistemi() {
         voce->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
         voce->setToolTip(0, voce->text(0));
     }
-    for (int c = 0; c < 2; ++c) elenco_->resizeColumnToContents(c);
+    QHeaderView* testata = elenco_->header();
+    testata->setSectionResizeMode(0, QHeaderView::Stretch);
+    const QFontMetrics misure{elenco_->font()};
+    elenco_->setColumnWidth(1, misure.horizontalAdvance(QStringLiteral("00/00/0000")) + 3 * kPasso);
+    elenco_->setColumnWidth(2, misure.horizontalAdvance(QStringLiteral("Combinazioni")) + 8 * kPasso);
     elenco_->setCurrentItem(nullptr);
     fermo_ = false;
 }

@@ -16,7 +16,7 @@ namespace sortimetra {
 namespace {
 
 /// Width that a grid of three columns of numbers asks for, with the bar that scrolls it.
-constexpr int kLarghezzaGriglia = 50 * kPasso;
+constexpr int kLarghezzaGriglia = 46 * kPasso;
 constexpr int kColonneGriglia = 3;
 constexpr std::size_t kGruppiInColonna = 2;
 
@@ -122,6 +122,7 @@ void QuadroGriglie::inizializza(std::size_t k) {
     }
     in_riga_ = 0;
     disponi();
+    svuota();
 }
 
 int QuadroGriglie::per_riga(int quante) const {
@@ -164,12 +165,18 @@ void QuadroGriglie::resizeEvent(QResizeEvent* evento) {
 }
 
 void QuadroGriglie::mostra(const std::shared_ptr<const Risultato>& risultato) {
-    for (std::size_t g = 0; g < std::min(griglie_.size(), risultato->tabelle.size()); ++g)
+    for (std::size_t g = 0; g < std::min(griglie_.size(), risultato->tabelle.size()); ++g) {
+        griglie_[g]->imposta_frase_vuota(tr("Nessuna combinazione"));
         griglie_[g]->mostra(std::shared_ptr<const Tabella>{risultato, &risultato->tabelle[g]});
+    }
 }
 
 void QuadroGriglie::svuota() {
-    for (GrigliaRisultati* g : griglie_) g->svuota();
+    for (GrigliaRisultati* g : griglie_) {
+        g->svuota();
+        g->imposta_frase_vuota(g == griglie_.front() ? tr("Premi «Avvia Ricerca»\n(oppure Invio, o F5).")
+                                                     : QString{});
+    }
 }
 
 GrigliaRisultati* QuadroGriglie::in_uso() const {

@@ -2,6 +2,7 @@
 
 #include "qt_testi.h"
 #include "screens/area_parametri.h"
+#include "screens/chip.h"
 #include "screens/tema.h"
 #include "systems/cornici_scelta.h"
 
@@ -33,7 +34,7 @@ SchermoSistemi::SchermoSistemi(Sessione& sessione, const QString& nome,
     colonna->addWidget(titolo);
     for (const std::string_view testo : titoli) {
         const auto i = static_cast<int>(caselle_.size());
-        auto* c = new QCheckBox{testo_qt(testo), tipi};
+        auto* c = new Chip{testo_qt(testo), tipi};
         c->setObjectName(QStringLiteral("CheckSistema_%1").arg(i));
         c->setAccessibleName(c->text());
         assegna_ruolo(c, "chip");
