@@ -38,6 +38,18 @@ int voci_di(Gioco gioco) {
     return gioco == Gioco::lotto ? 4 : 22;
 }
 
+/// The decomposition whose ambi are looked for in the draws of the game.
+const Ricerca* scomposizione_di(Gioco gioco) {
+    switch (gioco) {
+        case Gioco::dieci_e_lotto:
+            return trova_ricerca(nomi::kScomposizione10eLotto.chiave);
+        case Gioco::win_for_life:
+            return trova_ricerca(nomi::kScomposizioneWinForLife.chiave);
+        default:
+            return trova_ricerca(nomi::kScomposizione.chiave);
+    }
+}
+
 QLabel* sezione(const QString& testo, QWidget* compagno) {
     auto* l = new QLabel{testo};
     l->setBuddy(compagno);
@@ -357,12 +369,9 @@ void SchermoLunghetta::svuota() {
 void SchermoLunghetta::aggiorna_comandi() {
     FinestraRicerca::aggiorna_comandi();
     if (ricerca() == nullptr) return;
-    const bool lotto = ricerca()->gioco != Gioco::win_for_life;
-    cmdscomposizione_->setEnabled(lotto && stato_ != nullptr && stato_->piene() > 1);
-    cmdscomposizione_->setToolTip(
-        !lotto   ? tr("Gli ambi si misurano sulle ruote del Lotto, non sul Win for Life.")
-        : stato_ ? tr("Elenca gli ambi della lunghetta con i loro ritardi.")
-                 : tr("Avvia prima la ricerca."));
+    cmdscomposizione_->setEnabled(stato_ != nullptr && stato_->piene() > 0);
+    cmdscomposizione_->setToolTip(stato_ ? tr("Elenca gli ambi della lunghetta con i loro ritardi.")
+                                         : tr("Avvia prima la ricerca."));
 }
 
 void SchermoLunghetta::mostra_messaggio(const Messaggio& messaggio) {
@@ -377,12 +386,12 @@ void SchermoLunghetta::imposta_stampa(const std::function<void(const LavoroStamp
 }
 
 void SchermoLunghetta::scomponi() {
-    const Ricerca* riga = trova_ricerca(nomi::kScomposizione.chiave);
+    const Ricerca* riga = scomposizione_di(ricerca()->gioco);
     if (in_corsa() || riga == nullptr || !stato_) return;
     std::vector<int> numeri;
     for (const int n : stato_->caselle)
         if (n > 0) numeri.push_back(n);
-    const std::size_t ambi = numeri.size() * (numeri.size() - 1) / 2;
+    const std::size_t ambi = numeri.empty() ? 0 : numeri.size() * (numeri.size() - 1) / 2;
     area()->riporta_tratto();
     if (!scomposizione_) scomposizione_ = std::make_unique<Form_stat>(sessione());
     scomposizione_->imposta_stampa(stampa_);
