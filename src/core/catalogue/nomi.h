@@ -66,6 +66,8 @@ inline constexpr NomeRicerca kLunghetteWinForLife =
 inline constexpr NomeRicerca kLunghetteScomposte =
     nome_e_titolo<"Calcolo Lunghette Scomposte", "Calcolo lunghette scomposte  win for life">;
 inline constexpr NomeRicerca kScomposizione = nome<"Scomposizione">;
+inline constexpr NomeRicerca kScomposizione10eLotto = nome<"Scomposizione 10 e Lotto">;
+inline constexpr NomeRicerca kScomposizioneWinForLife = nome<"Scomposizione Win for Life">;
 inline constexpr NomeRicerca kSchedine = nome<"Schedine">;
 
 }  // namespace sortimetra::nomi

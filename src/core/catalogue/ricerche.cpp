@@ -7,6 +7,7 @@
 #include "catalogue/segnalimite.h"
 #include "lunghette/lunghette.h"
 #include "lunghette/parametri.h"
+#include "lunghette/scomposizione.h"
 #include "lunghette/scomposte.h"
 #include "lunghette/stampa_lunghette.h"
 #include "personal/analisi_serie.h"
@@ -350,6 +351,22 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .esegui = scomposizione,
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie.",
      .schedine = true,
+     .dove = Dove::solo_comandi},
+    {.nome = nomi::kScomposizione10eLotto,
+     .gioco = Gioco::dieci_e_lotto,
+     .tabelle = kTabellaLotto,
+     .opzioni = kOpzioniScomposizione,
+     .esegui = scomposizione_a_punti,
+     .carica = tutte_le_ruote,
+     .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di venti.",
+     .ruote = SelezioneRuote::tutte(),
+     .dove = Dove::solo_comandi},
+    {.nome = nomi::kScomposizioneWinForLife,
+     .gioco = Gioco::win_for_life,
+     .tabelle = kTabellaWinForLife,
+     .opzioni = kOpzioniScomposizioneWinForLife,
+     .esegui = scomposizione_a_punti,
+     .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di dieci.",
      .dove = Dove::solo_comandi},
     {.nome = nomi::kSchedine,
      .esegui = schedine,

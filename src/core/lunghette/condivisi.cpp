@@ -139,12 +139,12 @@ constexpr auto senza_in_con = [](std::uint32_t senza, std::uint32_t& con) { con 
 /// Four entries of a line: the sums over its two lowest numbers are made within.
 using Quattro [[gnu::vector_size(16)]] = std::uint32_t;
 inline Quattro con_in_senza_di_due(Quattro x) {
-    x += __builtin_shuffle(x, Quattro{1, 1, 3, 3}) & Quattro{~0U, 0, ~0U, 0};
-    return x + (__builtin_shuffle(x, Quattro{2, 3, 2, 3}) & Quattro{~0U, ~0U, 0, 0});
+    x += __builtin_shufflevector(x, x, 1, 1, 3, 3) & Quattro{~0U, 0, ~0U, 0};
+    return x + (__builtin_shufflevector(x, x, 2, 3, 2, 3) & Quattro{~0U, ~0U, 0, 0});
 }
 inline Quattro senza_in_con_di_due(Quattro x) {
-    x += __builtin_shuffle(x, Quattro{0, 0, 2, 2}) & Quattro{0, ~0U, 0, ~0U};
-    return x + (__builtin_shuffle(x, Quattro{0, 1, 0, 1}) & Quattro{0, 0, ~0U, ~0U});
+    x += __builtin_shufflevector(x, x, 0, 0, 2, 2) & Quattro{0, ~0U, 0, ~0U};
+    return x + (__builtin_shufflevector(x, x, 0, 1, 0, 1) & Quattro{0, 0, ~0U, ~0U});
 }
 
 /// Within one line, the sums over the lower ten numbers.

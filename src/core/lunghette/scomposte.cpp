@@ -108,7 +108,9 @@ Risultato lunghette_scomposte(const ArchivioEstrazioni& archivio, const Domanda&
     const auto n = static_cast<std::int32_t>(righe.righe());
     std::size_t scritte = 0;
     // What is written when the user has had enough stays.
-    while (scritte < kCinquine && avanzamento.procedi(++scritte, kCinquine)) {
+    for (bool avanti = true; avanti && scritte < kCinquine;) {
+        ++scritte;
+        avanti = avanzamento.procedi(scritte, kCinquine);
     }
     ScrittoreMisure scrittore{scritte};
     ColonnaGruppi gruppi{.quanti = kPostiMeta, .separatore = '-', .numeri = {}};

@@ -192,6 +192,7 @@ void ric_lunga(BancoLunghette& banco, Lunghetta& lunghetta, const Crescita& cres
     const int prima = lunghetta.lunghezza;
     if (prima >= crescita.fino_a) return;
     std::vector<int> membri;
+    membri.reserve(kCaselle);
     for (int i = 0; i < prima; ++i) membri.push_back(lunghetta.numero(static_cast<std::size_t>(i)));
     const auto misuratore = banco.misuratore(crescita.tipo, crescita.k, membri);
     std::array<bool, kIndiciCella> dentro{};

@@ -96,9 +96,10 @@ void stampa_caselle(EasyPrint& stampante, const std::vector<std::string>& numeri
     stampante.FontBold(true);
     stampante.DrawWidth(3);
     for (std::size_t i = 0; i < std::min(numeri.size(), kPerRiga * kRighe); ++i) {
+        const std::size_t riga = i / kPerRiga;
         const float x = sinistra + kPasso * static_cast<float>(i % kPerRiga) + (kPasso - kLato) / 2;
-        const float y = kCima + kPasso * static_cast<float>(i / kPerRiga);
-        stampante.ForeColor(i / kPerRiga % 2 == 0 ? kBlu : kRosso);
+        const float y = kCima + kPasso * static_cast<float>(riga);
+        stampante.ForeColor(riga % 2 == 0 ? kBlu : kRosso);
         stampante.PrintShape(x, y, kLato, kLato, 1.5F);
         stampante.PrintCentre(x + kLato / 2, y + (kLato - stampante.TextHeight("0")) / 2, numeri[i]);
     }

@@ -17,6 +17,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -35,6 +36,18 @@ constexpr int kDaAllungare = 3;
 
 int voci_di(Gioco gioco) {
     return gioco == Gioco::lotto ? 4 : 22;
+}
+
+/// The decomposition whose ambi are looked for in the draws of the game.
+const Ricerca* scomposizione_di(Gioco gioco) {
+    switch (gioco) {
+        case Gioco::dieci_e_lotto:
+            return trova_ricerca(nomi::kScomposizione10eLotto.chiave);
+        case Gioco::win_for_life:
+            return trova_ricerca(nomi::kScomposizioneWinForLife.chiave);
+        default:
+            return trova_ricerca(nomi::kScomposizione.chiave);
+    }
 }
 
 QLabel* sezione(const QString& testo, QWidget* compagno) {
@@ -84,6 +97,10 @@ SchermoLunghetta::SchermoLunghetta(Sessione& sessione, const QString& nome, QWid
     cornice()->risposta()->addWidget(tavola_);
     componi_domande();
     componi_comandi();
+    // The question carries it beyond the run, and perhaps beyond the window.
+    osserva_ = [questa = QPointer{this}](const PassoLunghetta& p) {
+        if (questa) questa->passo(p);
+    };
     imposta_annullabile(true);
     imposta_annullo_a_passi(true);
 }
@@ -110,7 +127,7 @@ void SchermoLunghetta::componi_domande() {
     colonna->setSpacing(kPasso);
     colonna->addWidget(sezione(tr("Cerca la lunghetta"), combo1_));
     colonna->addWidget(combo1_);
-    componi_opzioni(riquadro);
+    componi_opzioni(colonna);
     colonna->addSpacing(2 * kPasso);
     colonna->addWidget(sezione(tr("Numero/i da cui far partire l'analisi"), personali_));
     colonna->addWidget(personali_);
@@ -129,7 +146,7 @@ void SchermoLunghetta::componi_domande() {
     connect(check2_, &QCheckBox::toggled, this, &SchermoLunghetta::frequente_cambiata);
 }
 
-void SchermoLunghetta::componi_opzioni(QFrame* riquadro) {
+void SchermoLunghetta::componi_opzioni(QVBoxLayout* colonna) {
     // The order in which they are read is not that of their indexes: the terno stands where the ambo does.
     constexpr std::array<std::pair<Opzione1, int>, 3> kSemi{{{kAmbata, 0}, {kAmbo, 1}, {kTerno, 2}}};
     auto* griglia = new QGridLayout;
@@ -137,13 +154,13 @@ void SchermoLunghetta::componi_opzioni(QFrame* riquadro) {
     griglia->setVerticalSpacing(kPasso);
     griglia->setColumnStretch(0, 1);
     for (std::size_t i = 0; i < option1_.size(); ++i) {
-        option1_[i] = new QRadioButton{riquadro};
+        option1_[i] = new QRadioButton;
         option1_[i]->setObjectName(QStringLiteral("Option1_%1").arg(i));
         opzioni_->addButton(option1_[i], static_cast<int>(i));
     }
     int fila = 0;
     for (const auto& [opzione, seme] : kSemi) {
-        auto* trovato = new QLabel{riquadro};
+        auto* trovato = new QLabel;
         trovato->setObjectName(QStringLiteral("lbloption_%1").arg(seme));
         trovato->setFont(carattere_tabellare(trovato->font()));
         trovato->setAccessibleName(tr("Trovato"));
@@ -156,8 +173,8 @@ void SchermoLunghetta::componi_opzioni(QFrame* riquadro) {
     griglia->addWidget(lbldesc_, fila++, 0, 1, 2);
     griglia->addWidget(option1_[kAutomatica], fila++, 0, 1, 2);
     griglia->addWidget(option1_[kPersonali], fila, 0, 1, 2);
-    static_cast<QVBoxLayout*>(riquadro->layout())->addSpacing(kPasso);
-    static_cast<QVBoxLayout*>(riquadro->layout())->addLayout(griglia);
+    colonna->addSpacing(kPasso);
+    colonna->addLayout(griglia);
     connect(opzioni_, &QButtonGroup::idToggled, this, [this](int opzione, bool si) {
         if (si) opzione_scelta(opzione);
     });
@@ -296,16 +313,14 @@ void SchermoLunghetta::frequente_cambiata(bool si) {
 // ---- question and answer ----
 
 Parametri SchermoLunghetta::parametri() const {
-    return ParametriLunghette{
-        .ricerca = combo1_->currentIndex(),
-        .opzione = option1_[kAmbata]->property("Tag").toInt(),
-        .lunghezza = lunghezza(),
-        .numeri = personali_->numeri(),
-        .posizione = a_punti() && check1_->isChecked(),
-        .frequente = a_punti() && check2_->isChecked(),
-        .partenza = partenza_,
-        // The lambda outlives the run in the question, but is called during the run alone.
-        .a_ogni_passo = [this](const PassoLunghetta& p) { const_cast<SchermoLunghetta*>(this)->passo(p); }};
+    return ParametriLunghette{.ricerca = combo1_->currentIndex(),
+                              .opzione = option1_[kAmbata]->property("Tag").toInt(),
+                              .lunghezza = lunghezza(),
+                              .numeri = personali_->numeri(),
+                              .posizione = a_punti() && check1_->isChecked(),
+                              .frequente = a_punti() && check2_->isChecked(),
+                              .partenza = partenza_,
+                              .a_ogni_passo = osserva_};
 }
 
 void SchermoLunghetta::passo(const PassoLunghetta& passo) {
@@ -354,12 +369,9 @@ void SchermoLunghetta::svuota() {
 void SchermoLunghetta::aggiorna_comandi() {
     FinestraRicerca::aggiorna_comandi();
     if (ricerca() == nullptr) return;
-    const bool lotto = ricerca()->gioco != Gioco::win_for_life;
-    cmdscomposizione_->setEnabled(lotto && stato_ != nullptr && stato_->piene() > 1);
-    cmdscomposizione_->setToolTip(
-        !lotto   ? tr("Gli ambi si misurano sulle ruote del Lotto, non sul Win for Life.")
-        : stato_ ? tr("Elenca gli ambi della lunghetta con i loro ritardi.")
-                 : tr("Avvia prima la ricerca."));
+    cmdscomposizione_->setEnabled(stato_ != nullptr && stato_->piene() > 0);
+    cmdscomposizione_->setToolTip(stato_ ? tr("Elenca gli ambi della lunghetta con i loro ritardi.")
+                                         : tr("Avvia prima la ricerca."));
 }
 
 void SchermoLunghetta::mostra_messaggio(const Messaggio& messaggio) {
@@ -374,12 +386,12 @@ void SchermoLunghetta::imposta_stampa(const std::function<void(const LavoroStamp
 }
 
 void SchermoLunghetta::scomponi() {
-    const Ricerca* riga = trova_ricerca(nomi::kScomposizione.chiave);
+    const Ricerca* riga = scomposizione_di(ricerca()->gioco);
     if (in_corsa() || riga == nullptr || !stato_) return;
     std::vector<int> numeri;
     for (const int n : stato_->caselle)
         if (n > 0) numeri.push_back(n);
-    const std::size_t ambi = numeri.size() * (numeri.size() - 1) / 2;
+    const std::size_t ambi = numeri.empty() ? 0 : numeri.size() * (numeri.size() - 1) / 2;
     area()->riporta_tratto();
     if (!scomposizione_) scomposizione_ = std::make_unique<Form_stat>(sessione());
     scomposizione_->imposta_stampa(stampa_);

@@ -14,6 +14,7 @@ class QComboBox;
 class QFrame;
 class QLabel;
 class QRadioButton;
+class QVBoxLayout;
 
 namespace sortimetra {
 
@@ -51,7 +52,7 @@ class SchermoLunghetta : public FinestraRicerca {
 
   private:
     void componi_domande();
-    void componi_opzioni(QFrame* riquadro);
+    void componi_opzioni(QVBoxLayout* colonna);
     void componi_comandi();
     void svuota_label();
     /// The click on `Combo1`: captions, which options there are, the first one chosen.
@@ -87,6 +88,7 @@ class SchermoLunghetta : public FinestraRicerca {
     /// What stands on the board, as the growth reads it back; null on an empty one.
     std::shared_ptr<const Lunghetta> stato_;
     std::vector<PassoLunghetta> passi_;
+    OsservaPasso osserva_;
     std::shared_ptr<const Lunghetta> partenza_;  ///< set while a lunghetta is made longer
     std::function<void(const LavoroStampa&)> stampa_;
     std::unique_ptr<Form_stat> scomposizione_;

@@ -44,7 +44,7 @@ QString storia(const std::vector<PassoLunghetta>& passi) {
     for (const PassoLunghetta& p : passi)
         if (p.entrato != 0) parti << detto(p);
     const Lunghetta& seme = passi.front().lunghetta;
-    const QString inizio =
+    QString inizio =
         passi.front().entrato == 0 && seme.lunghezza > 0
             ? TavolaLunghetta::tr("Dai numeri %1 (%2)").arg(numeri_di(seme)).arg(seme.punteggio.value_or(0))
             : QString{};

@@ -206,8 +206,11 @@ Parametri Form_stat::parametri() const {
     if (r.ammette(kOpzCapogioco)) p.capogioco = {capogioco_->numero()};
     if (r.ammette(kOpzAmboCapo)) p.capogioco = {ambo_capo_[0]->numero(), ambo_capo_[1]->numero()};
     if (r.ammette(kOpzEstratto)) p.estratto = estratto_->currentIndex() + 1;
-    if (r.ammette(kOpzNumeri)) p.numeri = numeri_;
-    if (r.ammette(kOpzSorte)) p.sorte = sorte_;
+    // A decomposition is of numbers that another screen has set, whatever the game calls their option.
+    if (r.ammette(kOpzSorte)) {
+        p.numeri = numeri_;
+        p.sorte = sorte_;
+    }
     return p;
 }
 

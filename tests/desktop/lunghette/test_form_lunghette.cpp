@@ -8,6 +8,7 @@
 #include "screens/pannello_avanzamento.h"
 #include "screens/tema.h"
 #include "statistics/form_stat.h"
+#include "statistics/parametri.h"
 #include "support/archivi.h"
 
 #include <QApplication>
@@ -411,6 +412,34 @@ class TestFormLunghette final : public QObject {
         QTest::keyClick(stat, Qt::Key_Escape);
         QTRY_VERIFY(form_->isVisible());
         QCOMPARE(numeri().size(), 6);
+    }
+
+    void la_scomposizione_si_misura_nel_gioco_data() {
+        QTest::addColumn<QString>("chiave");
+        QTest::addColumn<QString>("scomposizione");
+        QTest::newRow("10elotto") << kDieci << "scomposizione 10 e lotto";
+        QTest::newRow("wfl") << kWfl << "scomposizione win for life";
+    }
+    void la_scomposizione_si_misura_nel_gioco() {
+        QFETCH(QString, chiave);
+        QFETCH(QString, scomposizione);
+        apri(chiave.toUtf8().constData());
+        combo("Combo1")->setCurrentIndex(14);
+        clic("cmdAvviaRicerca");
+        clic("cmdscomposizione");
+        Form_stat* stat = form_->scomposizione();
+        QCOMPARE(stat->windowTitle(), QStringLiteral("Scomposizione Gruppo (5 numeri = 10 Ambi)"));
+        Domanda d = prove::domanda(scomposizione.toStdString());
+        ParametriStatistica p{.tipo = 1};
+        for (const QString& n : numeri()) p.numeri.push_back(n.toInt());
+        d.parametri = std::move(p);
+        const Risultato attesa = prove::esegui(d, archivio_);
+        QCOMPARE(attesa.tabelle[0].righe(), std::size_t{10});
+        for (int r = 0; r < 10; ++r)
+            for (int c = 0; c < 4; ++c)
+                QCOMPARE(stat->griglia()->modello()->testo(r, c),
+                         QString::fromStdString(attesa.tabelle[0].testo(static_cast<std::size_t>(r),
+                                                                        static_cast<std::size_t>(c))));
     }
 
     void la_stampa_riceve_la_domanda() {
