@@ -17,7 +17,7 @@ using ::testing::HasSubstr;
 
 Esito avvia(const CartellaProva& c, std::vector<std::string> argomenti) {
     argomenti.insert(argomenti.end(), {"--cartella", c.percorso().string()});
-    return esegui_programma("sortimetra-cli", argomenti);
+    return esegui_programma("sortimetra-cli", argomenti, {.cartella = c.percorso()});
 }
 
 TEST(ComandoGruppi, SenzaGruppi) {

@@ -23,6 +23,7 @@ namespace sortimetra {
 
 namespace {
 
+constexpr std::string_view kNessunNumero = "Nessun numero è stato scelto.";
 constexpr std::size_t kPostiMassimi = 20;
 /// Wheels with their own counts: the ten, and NAZIONALE behind them.
 constexpr std::size_t kRuoteContate = 11;
@@ -401,8 +402,12 @@ void metti_combinazione(Uscita& u, const Combinazione& combinazione, std::size_t
     for (std::size_t p = 0; p < posti; ++p) u.numeri[p] = static_cast<Numero>(combinazione[p + 1]);
 }
 
-void dichiara_vuoto(Risultato& r) {
-    r.messaggi.push_back({Avviso::nessuna_estrazione, std::string{kNessunaEstrazione}});
+/// Says that no draw is left: in a box, or where the screen shows none as a remark.
+void dichiara_vuoto(Risultato& r, bool in_un_riquadro) {
+    if (in_un_riquadro)
+        r.messaggi.push_back({Avviso::nessuna_estrazione, std::string{kNessunaEstrazione}});
+    else
+        r.note.emplace_back(kNessunaEstrazione);
 }
 
 }  // namespace
@@ -417,7 +422,7 @@ Risultato ricerca_lotto(const ArchivioEstrazioni& archivio, const Domanda& doman
                         Avanzamento& avanzamento) {
     const auto& parametri = domanda.di<ParametriPersonali>();
     const Selezione selezione{parametri.numeri};
-    if (selezione.numeri.empty()) return non_avviata({});
+    if (selezione.numeri.empty()) return non_avviata_in_silenzio(std::string{kNessunNumero});
     const VistaEstrazioni vista{archivio, domanda.ambito};
     const bool nazionale = domanda.ambito.ruote.e_nazionale();
     const auto& date = nazionale ? archivio.nazionale().data : archivio.lotto().data;
@@ -446,14 +451,14 @@ Risultato ricerca_lotto(const ArchivioEstrazioni& archivio, const Domanda& doman
     r.tabelle.push_back(riepilogo_lotto(conti, domanda.ambito.ruote, piena));
     if (parametri.chiusura)
         r.tabelle.push_back(tabella_uscite(kLotto, "serie", fino_alla_chiusura(uscite, prima), true));
-    if (!piena && nazionale) dichiara_vuoto(r);
+    if (!piena) dichiara_vuoto(r, nazionale);
     return r;
 }
 
 Risultato ricerca_superenalotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                 Avanzamento& avanzamento) {
     const Selezione selezione{domanda.di<ParametriPersonali>().numeri};
-    if (selezione.numeri.empty()) return non_avviata({});
+    if (selezione.numeri.empty()) return non_avviata_in_silenzio(std::string{kNessunNumero});
     const TabellaSuperEnalotto& tabella = archivio.superenalotto();
     const auto righe = vista_superenalotto(archivio, domanda.ambito);
     ContiPersonali conti{kSuperEnalotto, selezione, Estrazioni{static_cast<std::int32_t>(righe.size())}};
@@ -466,14 +471,14 @@ Risultato ricerca_superenalotto(const ArchivioEstrazioni& archivio, const Domand
         conti.estrazione(c, u);
     });
     Risultato r = risultato_combinazioni(conti, righe.empty());
-    if (righe.empty()) dichiara_vuoto(r);
+    if (righe.empty()) dichiara_vuoto(r, true);
     return r;
 }
 
 Risultato ricerca_10elotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                            Avanzamento& avanzamento) {
     const Selezione selezione{domanda.di<ParametriPersonali>().numeri};
-    if (selezione.numeri.empty()) return non_avviata({});
+    if (selezione.numeri.empty()) return non_avviata_in_silenzio(std::string{kNessunNumero});
     const VistaEstrazioni vista{archivio, domanda.ambito};
     const bool nazionale = domanda.ambito.ruote.e_nazionale();
     const auto& date = nazionale ? archivio.nazionale().data : archivio.lotto().data;
@@ -488,14 +493,14 @@ Risultato ricerca_10elotto(const ArchivioEstrazioni& archivio, const Domanda& do
         if (i % 1024 == 1023 && !avanzamento.procedi(i + 1, vista.concorsi())) break;
     }
     Risultato r = risultato_combinazioni(conti, vista.vuota());
-    if (vista.vuota() && nazionale) dichiara_vuoto(r);
+    if (vista.vuota()) dichiara_vuoto(r, nazionale);
     return r;
 }
 
 Risultato ricerca_winforlife(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                              Avanzamento& avanzamento) {
     const Selezione selezione{domanda.di<ParametriPersonali>().numeri};
-    if (selezione.numeri.empty()) return non_avviata({});
+    if (selezione.numeri.empty()) return non_avviata_in_silenzio(std::string{kNessunNumero});
     const TabellaWinForLife& tabella = archivio.winforlife();
     const auto righe = vista_winforlife(archivio, domanda.ambito);
     ContiPersonali conti{kWinForLife, selezione, Estrazioni{static_cast<std::int32_t>(righe.size())}};
@@ -505,7 +510,9 @@ Risultato ricerca_winforlife(const ArchivioEstrazioni& archivio, const Domanda& 
                            kWinForLife.posti);
         conti.estrazione(c, u);
     });
-    return risultato_combinazioni(conti, righe.empty());
+    Risultato r = risultato_combinazioni(conti, righe.empty());
+    if (righe.empty()) dichiara_vuoto(r, false);
+    return r;
 }
 
 }  // namespace sortimetra

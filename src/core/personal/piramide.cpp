@@ -99,8 +99,9 @@ Piramide TROVA_PIRAMIDE(const VistaEstrazioni& vista, Numero numero, TipoPiramid
 Risultato piramide_statistica(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                               Avanzamento& avanzamento) {
     const auto& parametri = domanda.di<ParametriPiramide>();
-    if (domanda.ambito.ruote.n_ruote() == 0 || (parametri.personale() && !parametri.numero))
-        return non_avviata({});
+    if (domanda.ambito.ruote.n_ruote() == 0) return non_avviata_in_silenzio("Nessuna ruota è stata scelta.");
+    if (parametri.personale() && !parametri.numero)
+        return non_avviata_in_silenzio("Manca il numero personale da cui far partire la piramide.");
     const VistaEstrazioni vista{archivio, domanda.ambito};
     if (vista.vuota()) return senza_estrazioni();
     const TipoPiramide tipo = parametri.per_frequenza() ? TipoPiramide::freq : TipoPiramide::rit;

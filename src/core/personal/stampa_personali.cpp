@@ -23,7 +23,7 @@ constexpr float kRiga = 4;
 constexpr std::int16_t kCorpo = 8;
 /// Width of a character at that size; all are as wide as each other.
 constexpr float kCarattere = 1.7F;
-constexpr float kAria = 2;
+constexpr float kAria = 1.5F;
 constexpr std::size_t kRigheVerticale = 50;
 constexpr std::size_t kRigheOrizzontale = 30;
 /// Lines that the summary needs beside its rows: an empty one, the titles.

@@ -154,6 +154,12 @@ Risultato non_avviata(Messaggio messaggio) {
     return r;
 }
 
+Risultato non_avviata_in_silenzio(std::string manca) {
+    Risultato r = non_avviata({});
+    r.note.push_back(std::move(manca));
+    return r;
+}
+
 Risultato senza_estrazioni() {
     return non_avviata({Avviso::nessuna_estrazione, std::string{kNessunaEstrazione}});
 }

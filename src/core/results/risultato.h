@@ -120,7 +120,9 @@ struct Risultato {
 
 /// The answer of a search that does not start: no table, one message.
 [[nodiscard]] Risultato non_avviata(Messaggio messaggio);
-/// The same where no draw is left by wheels, range and calendar.
+/// The answer of a search that does not start and shows no box: what is missing is a remark.
+[[nodiscard]] Risultato non_avviata_in_silenzio(std::string manca);
+/// The answer of a search where no draw is left by wheels, range and calendar.
 [[nodiscard]] Risultato senza_estrazioni();
 
 enum class Verso { crescente, decrescente };

@@ -492,9 +492,10 @@ void Form_Gruppi2::aggiorna_comandi() {
     cornice()->primario()->setEnabled(!nome && !elenco);
     for (QComboBox* c : {lunghette_, numeri_}) c->setEnabled(!nome && !elenco);
     torna_->setVisible(in_mostra() != nullptr);
+    cornice()->cmd_chiudi()->setEnabled(!nome);
     if (!nome) return;
-    for (QPushButton* b : {cornice()->cmd_stampa(), cornice()->cmd_esporta(), cornice()->cmd_chiudi()})
-        b->setEnabled(false);
+    cornice()->cmd_stampa()->setEnabled(false);
+    cornice()->cmd_esporta()->setEnabled(false);
 }
 
 void Form_Gruppi2::keyPressEvent(QKeyEvent* evento) {

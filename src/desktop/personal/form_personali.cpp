@@ -60,6 +60,25 @@ std::shared_ptr<const Tabella> tabella(const std::shared_ptr<const Risultato>& r
     return nullptr;
 }
 
+/// Titles for the screen: one that stands over several columns becomes a row of its own above their places.
+std::vector<std::vector<std::string>> titoli_a_schermo(const std::vector<std::string>& titoli) {
+    std::vector<std::string> sopra(titoli.size(), " ");
+    std::vector<std::string> sotto = titoli;
+    for (std::size_t c = 0; c < titoli.size();) {
+        std::size_t fine = c + 1;
+        while (fine < titoli.size() && titoli[fine] == titoli[c]) ++fine;
+        if (fine > c + 1) {
+            sopra[c] = titoli[c];
+            for (std::size_t i = c; i < fine; ++i) {
+                if (i > c) sopra[i].clear();
+                sotto[i] = std::to_string(i - c + 1) + "°";
+            }
+        }
+        c = fine;
+    }
+    return {sopra, sotto};
+}
+
 /// A grid with a small heading over it.
 QWidget* con_titolo(const QString& titolo, GrigliaRisultati* griglia) {
     auto* insieme = new QWidget;
@@ -127,9 +146,11 @@ void Form_Personali::componi_domande() {
     lotto->addWidget(chiusura_);
 
     auto* extra = cornice()->colonna_extra();
-    extra->addWidget(lblnumeri_);
+    auto* testata = new QHBoxLayout;
+    testata->addWidget(lblnumeri_, 1);
+    testata->addWidget(annulla);
+    extra->addLayout(testata);
     extra->addWidget(scelta_);
-    extra->addWidget(annulla);
     extra->addWidget(solo_lotto_);
 }
 
@@ -142,6 +163,8 @@ void Form_Personali::componi_risposta() {
     }
     numeri_->imposta_frase_vuota({});
     riepilogo_->imposta_frase_vuota({});
+    // All four columns of a number in sight.
+    numeri_->setMinimumWidth(98 * kPasso);
     auto* sotto = new QSplitter{Qt::Horizontal};
     sotto->addWidget(con_titolo(tr("Ogni numero"), numeri_));
     sotto->addWidget(con_titolo(tr("Riepilogo"), riepilogo_));
@@ -186,7 +209,7 @@ void Form_Personali::prepara() {
     for (GrigliaRisultati* g : {griglia_, numeri_, riepilogo_})
         g->imposta_chiave(testo_qt(ricerca()->chiave()));
     const TitoliPersonali titoli = titoli_personali(ricerca()->gioco);
-    griglia_->inizializza({titoli.risultati});
+    griglia_->inizializza(titoli_a_schermo(titoli.risultati));
     numeri_->inizializza({titoli.numeri});
     riepilogo_->inizializza({titoli.riepilogo});
     solo_lotto_->setVisible(lotto);
@@ -219,7 +242,9 @@ Parametri Form_Personali::parametri() const {
 }
 
 void Form_Personali::mostra(const EsitoRicerca& esito) {
-    griglia_->mostra(tabella(esito.risultato, "risultati"));
+    auto uscite = std::make_shared<Tabella>(*tabella(esito.risultato, "risultati"));
+    uscite->titoli = titoli_a_schermo(uscite->titoli[0]);
+    griglia_->mostra(std::move(uscite));
     numeri_->mostra(tabella(esito.risultato, "numeri"));
     riepilogo_->mostra(tabella(esito.risultato, "riepilogo"));
     if (tabella(esito.risultato, "serie") == nullptr) return;

@@ -130,7 +130,8 @@ QWidget* Form_Piramide::componi_piramide() {
             cella->setObjectName(QStringLiteral("IMGNumeri_%1").arg(ordine++));
             cella->setAlignment(Qt::AlignCenter);
             cella->setFixedSize(kCella, kCella - kPasso);
-            assegna_ruolo(cella, "scheda");
+            // The start number stands out: every row begins with it.
+            assegna_ruolo(cella, c == 0 ? "pannello" : "scheda");
             QFont carattere = carattere_tabellare(font());
             carattere.setBold(c == 0);
             cella->setFont(carattere);
@@ -146,7 +147,6 @@ QWidget* Form_Piramide::componi_piramide() {
     griglia->setColumnMinimumWidth(2 * static_cast<int>(kRighePiramide), 3 * kPasso);
 
     piede_->setObjectName(QStringLiteral("lblpiede"));
-    piede_->setWordWrap(true);
     assegna_ruolo(piede_, "sezione");
     invito_->setAlignment(Qt::AlignCenter);
     assegna_ruolo(invito_, "quieto");

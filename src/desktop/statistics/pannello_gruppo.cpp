@@ -107,8 +107,8 @@ QWidget* PannelloGruppo::componi_sintesi() {
     riga->setContentsMargins(0, 0, 0, 0);
     riga->setSpacing(4 * kPasso);
     sintesi_->setFixedHeight(18 * kPasso);
-    sintesi_->setMinimumWidth(100 * kPasso);
-    riga->addWidget(sintesi_, 2);
+    sintesi_->setMinimumWidth(118 * kPasso);
+    riga->addWidget(sintesi_, 3);
 
     auto* bande = new QVBoxLayout;
     bande->setSpacing(0);

@@ -231,6 +231,8 @@ class TestFormGruppi2 final : public QObject {
         QVERIFY(controllo<QLineEdit>("txtnomegruppo")->isVisible());
         QTest::keyClicks(controllo<QLineEdit>("txtnomegruppo"), QStringLiteral("Mio"));
         QTest::keyClick(controllo<QLineEdit>("txtnomegruppo"), Qt::Key_Return);
+        QVERIFY(controllo<QPushButton>("cmdChiudi")->isEnabled());
+        QVERIFY(controllo<QComboBox>("cmblunghe2")->isEnabled());
         QVERIFY(controllo<QPushButton>("cmdnuovo")->isEnabled());
         QCOMPARE(leggi_file(cartella_->percorso() / "grup.dat").value_or(""),
                  std::string{"\"Mio\"\r\n2,3\r\n1,2,3,4,5,6\r\n"});
