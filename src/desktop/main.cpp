@@ -8,6 +8,7 @@
 #include <QIcon>
 #include <QSettings>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -67,6 +68,17 @@ std::filesystem::path cartella_di_lavoro(const std::optional<std::filesystem::pa
     return sortimetra::cartella_programma(chiesta);
 }
 
+/// Stands in for Qt's words while the application is made: it ends with a fatal message where there is no
+/// display, after others that only a developer reads.
+void senza_schermo(QtMsgType genere, const QMessageLogContext&, const QString&) {
+    if (genere != QtFatalMsg) return;
+    std::fputs(
+        "sortimetra: non c'è uno schermo su cui aprire le finestre; avvia il programma da una sessione "
+        "grafica, oppure usa sortimetra-cli.\n",
+        stderr);
+    std::_Exit(1);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -83,7 +95,9 @@ int main(int argc, char** argv) {
         return 0;
     }
 
+    const QtMessageHandler voce = qInstallMessageHandler(senza_schermo);
     QApplication applicazione{argc, argv};
+    qInstallMessageHandler(voce);
     QApplication::setApplicationName(QStringLiteral("sortimetra"));
     QApplication::setOrganizationName(QStringLiteral("sortimetra"));
     QApplication::setApplicationDisplayName(QString{});
