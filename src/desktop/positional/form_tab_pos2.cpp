@@ -131,7 +131,7 @@ QBoxLayout* PaginaMigliori::componi_piede() {
     stampa_->setObjectName(QString::fromLatin1(nomi_.stampa));
     stampa_->setIcon(icona(QStringLiteral("stampa")));
     esporta_->setIcon(icona(QStringLiteral("esporta")));
-    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
+    auto* esci_bottone = new QPushButton{icona(QStringLiteral("sinistra")), tr("&Esci"), this};
     esci_bottone->setObjectName(QString::fromLatin1(nomi_.esci));
     esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
 
@@ -417,6 +417,11 @@ void form_tab_pos2::calcola(PaginaMigliori* pagina) {
     const std::string ruote = d.ambito.ruote.nomi();
     pagina->mostra(esito, tr("Ruote: %1  ·  al concorso %2")
                               .arg(ruote.empty() ? tr("Bari") : testo_qt(ruote), concorso_->text()));
+}
+
+void form_tab_pos2::imposta(const Domanda& domanda) {
+    SchermoConcorso::imposta(domanda);
+    area_->imposta_ruote(domanda.ambito.ruote);
 }
 
 void form_tab_pos2::ripeti() {

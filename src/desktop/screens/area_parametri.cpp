@@ -69,8 +69,10 @@ void CasellaConcorso::riporta() {
         setValue(minimum());
     else
         return;
-    // The value may have been the bound already, with another text on show.
+    // The value may have been the bound already, with another text on show: then the box writes its line
+    // without a signal.
     lineEdit()->setText(textFromValue(value()));
+    guarda_testo();
 }
 
 QValidator::State CasellaConcorso::validate(QString& testo, int&) const {
@@ -96,6 +98,13 @@ QString CasellaConcorso::textFromValue(int valore) const {
 void CasellaConcorso::focusOutEvent(QFocusEvent* evento) {
     riporta();
     QSpinBox::focusOutEvent(evento);
+    guarda_testo();
+}
+
+void CasellaConcorso::keyPressEvent(QKeyEvent* evento) {
+    QSpinBox::keyPressEvent(evento);
+    // Return brings the text back without a signal.
+    guarda_testo();
 }
 
 bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -189,7 +198,9 @@ void AreaParametri::componi_concorsi() {
         auto* giorno = new QLabel{this};
         giorno->setObjectName(QString::fromLatin1(kEtichette[n]));
         giorno->setFont(carattere_tabellare(font()));
-        giorno->setAccessibleName(i == 0 ? tr("Data del primo concorso") : tr("Data dell'ultimo concorso"));
+        // A description: a name would be read in place of the date.
+        giorno->setAccessibleDescription(i == 0 ? tr("Data del primo concorso")
+                                                : tr("Data dell'ultimo concorso"));
         giorno->setMinimumWidth(giorno->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) +
                                 kPasso);
         tratto_[n] = casella;
@@ -261,6 +272,24 @@ void AreaParametri::imposta_ruote(SelezioneRuote ruote) {
     ruote_ = ruote;
     mostra_ruote();
     emit cambiato();
+}
+
+void AreaParametri::imposta(const AmbitoRicerca& ambito) {
+    fermo_ = true;
+    ruote_ = ambito.ruote;
+    mostra_ruote();
+    const auto voce = genere_ == Genere::win_for_life ? ambito.ora : ambito.intervallo;
+    intervallo_->setCurrentIndex(static_cast<int>(voce));
+    const TrattoConcorsi tratto = ambito.tratto.riportato(tratto_[0]->maximum());
+    for (std::size_t i = 0; i < tratto_.size(); ++i) {
+        const Concorso c = i == 0 ? tratto.da : tratto.a;
+        tratto_[i]->setValue(c);
+        tratto_[i]->testo()->setText(QString::number(c));
+        aggiorna_data(static_cast<int>(i));
+    }
+    fermo_ = false;
+    emit cambiato();
+    emit tratto_cambiato();
 }
 
 QString AreaParametri::testo_intervallo() const {

@@ -40,6 +40,7 @@ class CasellaConcorso : public QSpinBox {
     /// Whether a character may be typed.
     [[nodiscard]] virtual bool ammette(QChar c) const;
     void focusOutEvent(QFocusEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
@@ -70,6 +71,10 @@ class AreaParametri final : public QFrame {
     [[nodiscard]] AmbitoRicerca ambito() const;
     [[nodiscard]] SelezioneRuote ruote() const { return ruote_; }
     void imposta_ruote(SelezioneRuote ruote);
+    /// Fills every control from a scope, each end of the range brought into the archive.
+    void imposta(const AmbitoRicerca& ambito);
+    /// The last concorso of the archive, as the boxes have it.
+    [[nodiscard]] Concorso ultimo() const { return tratto_[0]->maximum(); }
     /// Text of `ComboIntervallo` and of the two boxes with their dates, as a report's head shows them.
     [[nodiscard]] QString testo_intervallo() const;
     [[nodiscard]] QString testo_concorsi() const;

@@ -38,7 +38,10 @@ class Form_stat final : public SchermoRicerca {
 
   protected:
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
     void mostra(const EsitoRicerca& esito) override;
+    void svuota() override;
+    void closeEvent(QCloseEvent* evento) override;
     void mostra_messaggio(const Messaggio& messaggio) override;
     void aggiorna_comandi() override;
 
@@ -49,6 +52,8 @@ class Form_stat final : public SchermoRicerca {
     void apri_tabella_ruote();
     /// Hands the whole result to the slip printing program as the system `ric_stat`, and starts it.
     void passa_alle_schedine();
+    /// The table of all wheels is of another scope now.
+    void svuota_tabella_ruote();
 
     QFrame* frame_rit_;
     QComboBox* combo_rit_;
