@@ -577,6 +577,9 @@ void GrigliaRisultati::disponi() {
     const bool blocca = blocca_ && modello_->columnCount() > 1 &&
                         vista_->horizontalHeader()->length() > vista_->viewport()->width();
     const bool accanto = !titoli_sotto();
+    QFont grassetto = testata_->font();
+    grassetto.setBold(true);
+    const QFontMetrics titoli{grassetto};
     const QRect porta = vista_->viewport()->geometry();
     bloccata_->setGeometry(porta.x(), porta.y(), bloccata_->columnWidth(0), porta.height());
     bloccata_->setVisible(blocca);
@@ -584,7 +587,10 @@ void GrigliaRisultati::disponi() {
         const int c = static_cast<int>(i);
         const int x = blocca && c == 0 ? 0 : vista_->columnViewportPosition(c);
         const int larghezza = vista_->columnWidth(c);
-        const int scarto = modello_->numerica(c) ? 0 : larghezza - kPulsanteOrdina;
+        // Right beside its title: at the column's other end it would seem to belong to the next one.
+        const int titolo = titoli.horizontalAdvance(titolo_piu_largo(c)) + margine_;
+        const int accosto = std::min(titolo, larghezza - kPulsanteOrdina);
+        const int scarto = modello_->numerica(c) ? larghezza - accosto - kPulsanteOrdina : accosto;
         // The last pixel of the header is its lower edge.
         if (accanto)
             pulsanti_[i]->setGeometry(porta.x() + x + scarto, 0, kPulsanteOrdina, testata_->height() - 1);
