@@ -137,8 +137,8 @@ int consegna(const Canali& canali, std::string_view testo, int codice) {
 }
 
 int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori,
-                   bool terminale) {
-    const Canali canali{uscita, errori, terminale};
+                   const Terminale& terminale) {
+    const Canali canali{uscita, errori, terminale.errori, terminale.larghezza};
     auto parole = separa(argomenti);
     if (!parole) return uso_errato(canali, parole.error());
     // "aiuto ricerca" asks what "ricerca --aiuto" does.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <ostream>
 #include <span>
 #include <string>
@@ -24,6 +26,14 @@ struct Canali {
     std::ostream& errori;
     /// `errori` is a terminal with somebody in front of it: progress may be shown there.
     bool terminale = false;
+    /// Columns of the terminal that `uscita` is, as many as one likes where it is none.
+    std::size_t larghezza = std::numeric_limits<std::size_t>::max();
+};
+
+/// What is known of the terminals at the other ends.
+struct Terminale {
+    bool errori = false;  ///< somebody sits in front of the channel of errors
+    std::size_t larghezza = std::numeric_limits<std::size_t>::max();  ///< columns of the output
 };
 
 /// One command, as `--aiuto` shows it. Adding a command is a row in comandi.cpp and a function.
@@ -41,7 +51,7 @@ struct Comando {
 
 /// Runs `sortimetra-cli` with the arguments after the program's name. Returns the exit code.
 int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori,
-                   bool terminale = false);
+                   const Terminale& terminale = {});
 
 // ---- what the commands share ----
 

@@ -1,10 +1,13 @@
 #include "cli/comandi.h"
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <cstddef>
 #include <iostream>
+#include <limits>
 
 namespace {
 
@@ -15,6 +18,15 @@ void occupa_canali() {
         if (::fcntl(canale, F_GETFD) == -1) ::open("/dev/null", canale == 0 ? O_WRONLY : O_RDONLY);
 }
 
+/// Columns of the terminal that standard output is; without end where it is a file or a pipe.
+std::size_t larghezza() {
+    winsize finestra{};
+    if (::isatty(STDOUT_FILENO) != 1 || ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &finestra) != 0 ||
+        finestra.ws_col == 0)
+        return std::numeric_limits<std::size_t>::max();
+    return finestra.ws_col;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -23,5 +35,6 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);
     std::ios::sync_with_stdio(false);
     const std::vector<std::string> argomenti(argv + (argc > 0 ? 1 : 0), argv + argc);
-    return sortimetra::esegui_comando(argomenti, std::cout, std::cerr, ::isatty(STDERR_FILENO) == 1);
+    return sortimetra::esegui_comando(argomenti, std::cout, std::cerr,
+                                      {.errori = ::isatty(STDERR_FILENO) == 1, .larghezza = larghezza()});
 }

@@ -166,7 +166,14 @@ bool leggi_parole(std::string_view valore, std::optional<std::string>& dove) {
     dove = rifila(valore);
     return !dove->empty();
 }
+/// The ways are checked at once, the columns when there are any.
 bool leggi_ordina(std::string_view valore, Richiesta& r) {
+    for (const std::string_view pezzo : pezzi_opzione(valore)) {
+        const auto due_punti = pezzo.rfind(':');
+        const std::string verso =
+            due_punti == std::string_view::npos ? "desc" : minuscolo(rifila(pezzo.substr(due_punti + 1)));
+        if (rifila(pezzo.substr(0, due_punti)).empty() || (verso != "asc" && verso != "desc")) return false;
+    }
     return leggi_parole(valore, r.ordina);
 }
 bool leggi_dove(std::string_view valore, Richiesta& r) {

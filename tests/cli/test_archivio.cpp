@@ -1,7 +1,10 @@
 #include "catalogue/ricerche.h"
 #include "cli/cartella_cli.h"
+#include "cli/comandi.h"
+#include "results/scrittori.h"
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 namespace sortimetra::prove {
 namespace {
@@ -229,8 +232,44 @@ TEST_F(ArchivioCli, ElencoDaLeggere) {
     const Esito p = esegui({"elenco"});
     EXPECT_EQ(p.codice, 0);
     EXPECT_EQ(p.errori, "");
-    EXPECT_THAT(p.uscita, AllOf(StartsWith("Scheda "), HasSubstr("I 10 numeri più in ritardo su ogni ruota"),
-                                HasSubstr("Tabella Ritardi"), Not(HasSubstr("  \n"))));
+    EXPECT_THAT(p.uscita, AllOf(StartsWith("Ricerche Lotto\n  ritardo e frequenza dei 90 numeri "),
+                                HasSubstr("\n  i 10 numeri più in ritardo su ogni ruota "),
+                                HasSubstr("\n\nRicerche WinForLife\n"), Not(HasSubstr("  \n"))));
+    // One row a search, whatever number of lists has it.
+    std::size_t volte = 0;
+    for (auto i = p.uscita.find("\n  decine  "); i != std::string::npos;
+         i = p.uscita.find("\n  decine  ", i + 1))
+        ++volte;
+    EXPECT_EQ(volte, 1U) << p.uscita;
+}
+
+TEST_F(ArchivioCli, ElencoConParole) {
+    const Esito p = esegui({"elenco", "Più", "RITARDO", "ruota"});
+    EXPECT_EQ(p.codice, 0);
+    EXPECT_THAT(p.uscita, HasSubstr("i 10 numeri più in ritardo su ogni ruota"));
+    EXPECT_THAT(p.uscita, Not(HasSubstr("terzine")));
+    const Esito json = esegui({"elenco", "segnalimite", "--json"});
+    const auto lista = nlohmann::json::parse(json.uscita);
+    ASSERT_EQ(lista.size(), 1U);
+    EXPECT_EQ(lista[0]["chiave"], "tabella dei segnalimite cabalistici");
+    const Esito nessuna = esegui({"elenco", "qwertyuiop"});
+    EXPECT_EQ(nessuna.codice, 1);
+    EXPECT_EQ(nessuna.uscita, "");
+    EXPECT_THAT(nessuna.errori, HasSubstr("nessuna ricerca ha queste parole"));
+}
+
+TEST(ElencoCli, StaNellaLarghezzaDelTerminale) {
+    const CartellaProva cartella;
+    for (const std::size_t larghezza : {std::size_t{40}, std::size_t{80}, std::size_t{120}}) {
+        std::ostringstream uscita;
+        std::ostringstream errori;
+        EXPECT_EQ(esegui_comando({"elenco", "--cartella", cartella.percorso().string()}, uscita, errori,
+                                 {.errori = false, .larghezza = larghezza}),
+                  0);
+        std::istringstream righe{uscita.str()};
+        for (std::string riga; std::getline(righe, riga);)
+            EXPECT_LE(larghezza_terminale(riga), larghezza) << riga;
+    }
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "cli/cartella_cli.h"
+#include "files/file_sicuro.h"
 
 #include <nlohmann/json.hpp>
 
@@ -55,15 +56,18 @@ TEST_F(RicercaTest, Json) {
     const Esito p = cerca({kNovanta, "--ruote", "NZ", "--formato", "json", "--ordina", "1", "--prime", "2"});
     EXPECT_EQ(p.codice, 0);
     EXPECT_EQ(p.errori, "");
-    EXPECT_EQ(p.uscita,
-              "{\"chiave\": \"ritardo e frequenza dei 90 numeri\", \"titolo\": \"Ritardo e Frequenza dei 90 "
-              "numeri\",\n"
-              "\"tabelle\": [{\"nome\": \"risultati\", \"titoli\": [[\"Numeri\", \"Frequenza\", \"Ritardo\", "
-              "\"Ritardo Storico\"]],\n"
-              " \"righe\": [[\"50\", \"2\", \"0\", \"0\"],\n"
-              "  [\"51\", \"1\", \"1\", \"0\"]]}],\n"
-              "\"etichette\": {},\n"
-              "\"messaggi\": []}\n");
+    EXPECT_EQ(
+        p.uscita,
+        "{\"chiave\": \"ritardo e frequenza dei 90 numeri\", \"titolo\": \"Ritardo e Frequenza dei 90 "
+        "numeri\",\n"
+        "\"tabelle\": [{\"nome\": \"risultati\", \"titoli\": [[\"Numeri\", \"Frequenza\", \"Ritardo\", "
+        "\"Ritardo Storico\"]],\n"
+        " \"righe\": [[\"50\", \"2\", \"0\", \"0\"],\n"
+        "  [\"51\", \"1\", \"1\", \"0\"]]}],\n"
+        "\"etichette\": {},\n"
+        "\"messaggi\": [],\n"
+        "\"ambito\": {\"ruote\": \"Nazionale\", \"intervallo\": \"Tutti i Concorsi\", \"da\": 1, \"a\": 3, "
+        "\"dal\": \"01/01/2000\", \"al\": \"08/01/2000\", \"T\": 2, \"archivio\": \"drawit.db\"}}\n");
 }
 
 TEST_F(RicercaTest, OrdinaComeUnClic) {
@@ -84,7 +88,9 @@ TEST_F(RicercaTest, UnaColonnaCheNonCE) {
     EXPECT_EQ(p.uscita, "");
     EXPECT_THAT(
         p.errori,
-        StartsWith("sortimetra-cli: --ordina: trovato \"4\", atteso il numero di una colonna da 0 a 3.\n"));
+        StartsWith(
+            "sortimetra-cli: --ordina: trovato \"4\", atteso il titolo di una colonna (Numeri, Frequenza, "
+            "Ritardo, Ritardo Storico) o il suo numero da 0 a 3.\n"));
 }
 
 TEST_F(RicercaTest, AmbitoSenzaEstrazioni) {
@@ -97,8 +103,10 @@ TEST_F(RicercaTest, AmbitoSenzaEstrazioni) {
     const Esito p = cerca({kNovanta, "--da", "3", "--a", "2", "--formato", "json"});
     EXPECT_EQ(p.codice, 1);
     EXPECT_EQ(p.errori, "sortimetra-cli: Non ci sono estrazioni per l'intervallo selezionato\n");
-    EXPECT_EQ(nlohmann::json::parse(p.uscita),
-              nlohmann::json::parse(R"({"chiave": "ritardo e frequenza dei 90 numeri",
+    auto oggetto = nlohmann::json::parse(p.uscita);
+    EXPECT_EQ(oggetto["ambito"]["T"], 0);
+    oggetto.erase("ambito");
+    EXPECT_EQ(oggetto, nlohmann::json::parse(R"({"chiave": "ritardo e frequenza dei 90 numeri",
                   "titolo": "Ritardo e Frequenza dei 90 numeri", "tabelle": [], "etichette": {},
                   "messaggi": ["Non ci sono estrazioni per l'intervallo selezionato"]})"));
 }
@@ -212,9 +220,9 @@ TEST_F(RicercaTest, UnUscitaChiusaPienaORotta) {
         esegui_programma("sortimetra-cli", riga, {.cartella = casa(), .uscita_in = "/dev/full"});
     EXPECT_EQ(piena.codice, 1);
     EXPECT_EQ(piena.errori, "sortimetra-cli: l'uscita non si può scrivere: il disco è pieno.\n");
-    // Who closed the pipe needs no word, and no signal.
+    // Who closed the pipe has had enough: no word, no signal, no failure.
     const Esito rotta = esegui_programma("sortimetra-cli", riga, {.cartella = casa(), .uscita_rotta = true});
-    EXPECT_EQ(rotta.codice, 1);
+    EXPECT_EQ(rotta.codice, 0);
     EXPECT_EQ(rotta.errori, "");
 }
 
@@ -266,6 +274,75 @@ TEST_F(RicercaTest, SiApronoSoltantoLeTabelleCheServono) {
     scrivi(casa() / "archivio" / "drawit2.db", "boh");
     EXPECT_EQ(cerca({kNovanta}).codice, 0);
     EXPECT_EQ(cerca({"ritardo e frequenza dei 20 numeri nella combinazione win for life"}).codice, 3);
+}
+
+// ---- what is printed of the first table ----
+
+TEST_F(RicercaTest, RigheEColonneAParole) {
+    const Esito p =
+        cerca({kNovanta, "--ruote", "BA,RM", "--formato", "csv", "--dove", "frequenza >= 2 e numeri < 90",
+               "--ordina", "Ritardo,Numeri:asc", "--colonne", "ritardo,Numeri", "--prime", "2"});
+    EXPECT_EQ(p.codice, 0) << p.errori;
+    EXPECT_EQ(p.uscita, "Ritardo;Numeri\n2;4\n1;7\n");
+    const Esito vuota = cerca({kNovanta, "--formato", "csv", "--dove", "ritardo > 9999"});
+    EXPECT_EQ(vuota.codice, 0);
+    EXPECT_EQ(vuota.uscita, "Numeri;Frequenza;Ritardo;Ritardo Storico\n");
+    const Esito errata = cerca({kNovanta, "--dove", "boh > 1"});
+    EXPECT_EQ(errata.codice, 2);
+    EXPECT_EQ(errata.uscita, "");
+    EXPECT_THAT(errata.errori, StartsWith("sortimetra-cli: --dove: trovato \"boh\", atteso il titolo"));
+}
+
+TEST_F(RicercaTest, LeDateSonoEstremi) {
+    // Draws of 1, 4 and 8 January: 1, 2 and 3.
+    const auto tratto = [&](const char* da, const char* a) {
+        const Esito p = cerca({kNovanta, "--formato", "json", "--da", da, "--a", a});
+        const auto ambito = nlohmann::json::parse(p.uscita)["ambito"];
+        return std::to_string(ambito["da"].get<int>()) + "-" + std::to_string(ambito["a"].get<int>());
+    };
+    EXPECT_EQ(tratto("01/01/2000", "08/01/2000"), "1-3");
+    EXPECT_EQ(tratto("02/01/2000", "07/01/2000"), "2-2");
+    EXPECT_EQ(tratto("04/01/2000", "3"), "2-3");
+    EXPECT_EQ(tratto("31/12/1999", "31/12/2099"), "1-3");
+    const Esito p = cerca({kNovanta, "--formato", "csv", "--da", "5000"});
+    EXPECT_THAT(p.errori, HasSubstr("--da: 5000 riportato a 3\n"));
+    EXPECT_EQ(p.codice, 0);
+}
+
+TEST_F(RicercaTest, IlFormatoSegueIlNome) {
+    EXPECT_EQ(cerca({kNovanta, "-o", "x.json"}).codice, 0);
+    EXPECT_TRUE(nlohmann::json::accept(leggi_file(casa() / "x.json").value()));
+    EXPECT_EQ(cerca({kNovanta, "-ox.CSV"}).codice, 0);
+    EXPECT_THAT(leggi_file(casa() / "x.CSV").value(), StartsWith("Numeri;"));
+    EXPECT_EQ(cerca({kNovanta, "-o", "x.xlsx"}).codice, 0);
+    EXPECT_THAT(leggi_file(casa() / "x.xlsx").value(), StartsWith("PK"));
+    const Esito pdf = esegui({"stampa", kNovanta, "-o", "-", "--cartella", "."});
+    EXPECT_EQ(pdf.codice, 0) << pdf.errori;
+    EXPECT_THAT(pdf.uscita, StartsWith("%PDF"));
+    EXPECT_THAT(cerca({kNovanta, "--formato", "xlsx", "-o", "-"}).uscita, StartsWith("PK"));
+}
+
+TEST_F(RicercaTest, DiCheCosaE) {
+    const Esito csv = cerca({kNovanta, "--formato", "csv", "--intestazione", "--prime", "0"});
+    EXPECT_THAT(csv.uscita, StartsWith("Ricerca;Ritardo e Frequenza dei 90 numeri\nRuote;Bari\n"));
+    EXPECT_THAT(csv.uscita, HasSubstr("\nConcorsi;1 - 3\nDal;01/01/2000\nAl;08/01/2000\nEstrazioni;3\n"));
+    EXPECT_THAT(cerca({kNovanta, "--intestazione"}).uscita, HasSubstr("\nIntervallo: Tutti i Concorsi\n"));
+    EXPECT_THAT(cerca({kNovanta, "--ruote", "nessuna"}).errori,
+                HasSubstr("si leggono le estrazioni di Bari e T vale 0"));
+    EXPECT_THAT(cerca({"ambo capogioco", "--capogioco", "1,2"}).errori, HasSubstr("7.744"));
+}
+
+TEST_F(RicercaTest, ChiaviSenzaAccentiEConBianchi) {
+    EXPECT_EQ(cerca({"I 10 numeri PIU'  in ritardo su ogni ruota"}).codice, 2);
+    EXPECT_EQ(cerca({"  I 10 numeri PIU   in ritardo su ogni ruota", "--concorso", "1"}).codice, 0);
+}
+
+TEST_F(RicercaTest, ParoleDiTutti) {
+    for (const auto& riga : {std::vector<std::string>{"aiuto"}, {"--help"}, {"-h"}})
+        EXPECT_THAT(esegui(riga).uscita, StartsWith("Uso: sortimetra-cli COMANDO")) << riga[0];
+    EXPECT_THAT(esegui({"aiuto", "ricerca"}).uscita, StartsWith("Uso: sortimetra-cli ricerca CHIAVE"));
+    EXPECT_THAT(esegui({"ricerca", "decine", "-h"}).uscita, HasSubstr("--tutte-le-ruote"));
+    EXPECT_THAT(esegui({"--version"}).uscita, StartsWith("sortimetra-cli "));
 }
 
 }  // namespace

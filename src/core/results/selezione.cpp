@@ -81,11 +81,11 @@ struct Confronto {
     std::string piegato{};
 };
 
-/// A word of its own at a place outside quotes, blanks around it.
+/// A word of its own at a place outside quotes: a blank before it, a blank or the end behind.
 bool parola_a(std::string_view testo, std::size_t i, std::string_view parola) {
     const auto bianco = [](char c) { return c == ' ' || c == '\t'; };
     return i > 0 && bianco(testo[i - 1]) && minuscolo(testo.substr(i, parola.size())) == parola &&
-           i + parola.size() < testo.size() && bianco(testo[i + parola.size()]);
+           (i + parola.size() == testo.size() || bianco(testo[i + parola.size()]));
 }
 
 /// The pieces between occurrences of a word that stand outside quotes.

@@ -157,7 +157,11 @@ Risultato ambo_capogioco(const ArchivioEstrazioni& archivio, const Domanda& doma
                 else
                     righe.riga_intatta({a, b, c}, intatta);
             }
-    return std::move(righe).risultato(t);
+    Risultato r = std::move(righe).risultato(t);
+    r.note.emplace_back(
+        "La griglia ha tutti i 7.744 terni con almeno un capogioco; misurati sono gli 88 che li hanno "
+        "entrambi.");
+    return r;
 }
 
 }  // namespace sortimetra

@@ -19,14 +19,17 @@ TEST(Ricerche, LeChiaviSonoMinuscoleEDistinte) {
     }
 }
 
-TEST(Ricerche, SiTrovanoSenzaRiguardoAlleMaiuscole) {
+TEST(Ricerche, SiTrovanoSenzaRiguardoAMaiuscoleAccentiEBianchi) {
     for (const Ricerca& r : ricerche()) EXPECT_EQ(trova_ricerca(r.chiave()), &r);
     ASSERT_NE(trova_ricerca("AMBATA CAPOGIOCO"), nullptr);
     EXPECT_EQ(trova_ricerca("AMBATA CAPOGIOCO"), trova_ricerca("ambata capogioco"));
     EXPECT_EQ(trova_ricerca("i 10 numeri PIÙ in ritardo su ogni ruota"),
               trova_ricerca("I 10 numeri più in ritardo su ogni ruota"));
     EXPECT_EQ(trova_ricerca(""), nullptr);
-    EXPECT_EQ(trova_ricerca("ambata capogioco "), nullptr) << "blanks count";
+    EXPECT_EQ(trova_ricerca("  ambata   capogioco "), trova_ricerca("ambata capogioco"));
+    EXPECT_EQ(trova_ricerca("i 10 numeri piu in ritardo su ogni ruota"),
+              trova_ricerca("I 10 numeri più in ritardo su ogni ruota"));
+    EXPECT_EQ(trova_ricerca("ambatacapogioco"), nullptr) << "words stay apart";
 }
 
 /// Runs every search that is built over an archive, and looks at what every answer must have.
