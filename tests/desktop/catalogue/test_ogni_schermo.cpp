@@ -18,8 +18,10 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QtTest>
 #include <memory>
 
@@ -170,6 +172,7 @@ class TestOgniSchermo final : public QObject {
             sta();
         });
         form_ricerche catalogo{sessione_};
+        catalogo.apri(*trova_ricerca("tabella dei segnalimite cabalistici"));
         const QSize minima = catalogo.minimumSizeHint();
         QVERIFY2(minima.width() <= kPiccolo.width() && minima.height() <= kPiccolo.height(),
                  qPrintable(QStringLiteral("catalogo: %1 x %2").arg(minima.width()).arg(minima.height())));
@@ -207,6 +210,32 @@ class TestOgniSchermo final : public QObject {
         QCOMPARE(skin->accessibleName(), QStringLiteral("Aspetto: Notte"));
         catalogo.carica_skin(1);
         QCOMPARE(skin->accessibleName(), QStringLiteral("Aspetto: Carta"));
+    }
+
+    void i_riquadri_hanno_figure_proprie() {
+        const auto figura = [](auto&& mostra) {
+            QImage vista;
+            int con_fuoco = 0;
+            QTimer::singleShot(0, [&] {
+                auto* riquadro = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                if (riquadro == nullptr) return;
+                vista = riquadro->iconPixmap().toImage();
+                for (const QAbstractButton* b : riquadro->buttons()) con_fuoco += b->hasFocus() ? 1 : 0;
+                // No picture of the desktop's: those are small ones, made large.
+                if (riquadro->icon() != QMessageBox::NoIcon) vista = {};
+                riquadro->reject();
+            });
+            mostra();
+            return con_fuoco <= 1 ? vista : QImage{};
+        };
+        const QString titolo = kTitoloMessaggi;
+        const QImage informa = figura([&] { messaggi().informa(nullptr, titolo, titolo); });
+        const QImage avvisa = figura([&] { messaggi().avvisa(nullptr, titolo, titolo); });
+        const QImage ferma = figura([&] { messaggi().ferma(nullptr, titolo, titolo); });
+        const QImage chiede =
+            figura([&] { static_cast<void>(messaggi().chiede_o_annulla(nullptr, titolo, titolo)); });
+        for (const QImage& i : {informa, avvisa, ferma, chiede}) QVERIFY(!i.isNull());
+        QVERIFY(informa != avvisa && avvisa != ferma && chiede != informa);
     }
 
     void esci_e_chiudi_non_stanno_insieme() {
