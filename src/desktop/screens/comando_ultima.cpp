@@ -12,7 +12,7 @@ namespace sortimetra {
 
 ComandoUltima::ComandoUltima(QWidget* padre)
     : QWidget{padre},
-      ultima_{new QPushButton{icona(QStringLiteral("ultima")), tr("Come l'&ultima volta"), this}} {
+      ultima_{new QPushButton{icona(QStringLiteral("storia")), tr("Come l'&ultima volta"), this}} {
     ultima_->setObjectName(QStringLiteral("cmdUltima"));
     assegna_ruolo(ultima_, "piatto");
     connect(ultima_, &QPushButton::clicked, this, &ComandoUltima::premuto);
