@@ -274,22 +274,19 @@ void AreaParametri::imposta_ruote(SelezioneRuote ruote) {
     emit cambiato();
 }
 
-void AreaParametri::imposta(const AmbitoRicerca& ambito) {
+void AreaParametri::imposta_ambito(const AmbitoRicerca& ambito) {
     fermo_ = true;
     ruote_ = ambito.ruote;
     mostra_ruote();
-    const auto voce = genere_ == Genere::win_for_life ? ambito.ora : ambito.intervallo;
-    intervallo_->setCurrentIndex(static_cast<int>(voce));
-    const TrattoConcorsi tratto = ambito.tratto.riportato(tratto_[0]->maximum());
+    intervallo_->setCurrentIndex(
+        static_cast<int>(genere_ == Genere::win_for_life ? ambito.ora : ambito.intervallo));
+    const std::array<Concorso, 2> estremi{ambito.tratto.da, ambito.tratto.a};
     for (std::size_t i = 0; i < tratto_.size(); ++i) {
-        const Concorso c = i == 0 ? tratto.da : tratto.a;
-        tratto_[i]->setValue(c);
-        tratto_[i]->testo()->setText(QString::number(c));
+        tratto_[i]->setValue(estremi[i]);
+        tratto_[i]->testo()->setText(QString::number(tratto_[i]->value()));
         aggiorna_data(static_cast<int>(i));
     }
     fermo_ = false;
-    emit cambiato();
-    emit tratto_cambiato();
 }
 
 QString AreaParametri::testo_intervallo() const {

@@ -71,8 +71,8 @@ class AreaParametri final : public QFrame {
     [[nodiscard]] AmbitoRicerca ambito() const;
     [[nodiscard]] SelezioneRuote ruote() const { return ruote_; }
     void imposta_ruote(SelezioneRuote ruote);
-    /// Fills every control from a scope, each end of the range brought into the archive.
-    void imposta(const AmbitoRicerca& ambito);
+    /// Puts wheels, calendar (or hour) and range as another screen has them. No signal is sent.
+    void imposta_ambito(const AmbitoRicerca& ambito);
     /// The last concorso of the archive, as the boxes have it.
     [[nodiscard]] Concorso ultimo() const { return tratto_[0]->maximum(); }
     /// Text of `ComboIntervallo` and of the two boxes with their dates, as a report's head shows them.

@@ -53,7 +53,9 @@ Cercato::Grado Cercato::grado(const Tabella& tabella, std::size_t riga, std::siz
         return colonna == 0 ? Grado::numeri : Grado::intero;
     std::string cella;
     tabella.aggiungi_testo(cella, riga, colonna);
-    if (std::holds_alternative<ColonnaTesti>(dati)) cella = minuscolo(rifila(cella));
+    const bool cifre =
+        std::holds_alternative<ColonnaInteri>(dati) || std::holds_alternative<ColonnaGruppi>(dati);
+    if (!cifre) cella = minuscolo(rifila(cella));
     if (cella == testo_) return Grado::intero;
     if (numeri_.size() > 1) {
         std::vector<std::uint8_t> gruppo;

@@ -190,7 +190,9 @@ void FinestraRicerca::come_l_ultima_volta() {
 }
 
 void FinestraRicerca::imposta(const Domanda& domanda) {
-    if (area() != nullptr) area()->imposta(domanda.ambito);
+    if (area() != nullptr) area()->imposta_ambito(domanda.ambito);
+    // The answer on show was of another question.
+    svuota();
 }
 
 GrigliaRisultati* FinestraRicerca::griglia_in_uso() const {

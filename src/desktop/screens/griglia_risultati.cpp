@@ -452,7 +452,7 @@ void GrigliaRisultati::crea_pulsanti() {
     while (pulsanti_.size() < n) {
         const auto i = static_cast<int>(pulsanti_.size());
         auto* b = new QPushButton{testata_};
-        b->setObjectName(QStringLiteral("cmdcol_%1").arg(i));
+        b->setObjectName(nomi_pulsanti_.arg(primo_pulsante_ + i));
         b->setProperty("tag", QString{});
         b->setIconSize({kFreccia, kFreccia});
         connect(b, &QPushButton::clicked, this, [this, i] { premi(i); });
@@ -519,7 +519,7 @@ void GrigliaRisultati::adatta_colonne() {
     font_titoli.setBold(true);
     const QFontMetrics titoli{font_titoli};
     const bool dipinti = titoli_sotto();
-    margine_ = kMargineCella;
+    margine_ = compatta_ ? kMargineStretto : kMargineCella;
     std::vector<int> larghezze;
     std::vector<int> strette;
     const int blanco = tabellone_ ? kMargineStrettoTabellone : kMargineStretto;
@@ -528,10 +528,10 @@ void GrigliaRisultati::adatta_colonne() {
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
         // Under a strip of buttons titles have none beside them.
         const int testata = titoli.horizontalAdvance(titolo) + (dipinti ? 0 : kPulsanteOrdina - kPasso);
-        const int margine = tabellone_ ? kMargineTabellone : kMargineCella;
-        const int minima = tabellone_ ? kColonnaMinimaTabellone
-                           : dipinti  ? kColonnaMinimaDipinta
-                                      : kColonnaMinima;
+        const int margine = tabellone_ ? kMargineTabellone : margine_;
+        const int minima = tabellone_             ? kColonnaMinimaTabellone
+                           : dipinti || compatta_ ? kColonnaMinimaDipinta
+                                                  : kColonnaMinima;
         const int contenuto = std::max(testo, testata);
         const int l = std::clamp(contenuto + 2 * margine + kPasso, minima, kColonnaMassima);
         larghezze.push_back(l);
@@ -571,7 +571,7 @@ void GrigliaRisultati::disponi() {
     // Columns stay together: what is left of a wide window is no part of the table.
     const int larga = vista_->horizontalHeader()->length() + 2 * vista_->frameWidth() +
                       vista_->verticalScrollBar()->sizeHint().width();
-    const int avanza = width() - std::max(larga, kLarghezzaMinima);
+    const int avanza = width() - std::max(larga, compatta_ ? 0 : kLarghezzaMinima);
     campo_->layout()->setContentsMargins(0, 0, modello_->columnCount() == 0 ? 0 : std::max(avanza, 0), 0);
 
     const bool blocca = blocca_ && modello_->columnCount() > 1 &&

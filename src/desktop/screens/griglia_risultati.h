@@ -63,6 +63,11 @@ class GrigliaRisultati final : public QWidget {
 
     /// The column that the button of index 1 sorts (see `premi`); its tooltip says so where it is another.
     void imposta_pulsante_1(int colonna);
+    /// Other names for the sort buttons, where a screen has several lists: "%1" stands for `primo` and up.
+    void imposta_pulsanti(const QString& nomi, int primo) {
+        nomi_pulsanti_ = nomi;
+        primo_pulsante_ = primo;
+    }
     /// What an empty grid says.
     void imposta_frase_vuota(const QString& frase);
     /// Keeps the first column in sight when the table is wider than the window.
@@ -72,6 +77,8 @@ class GrigliaRisultati final : public QWidget {
     /// middle, and follow the window's width; the row under the pointer is tinted; finding means the whole
     /// cell.
     void imposta_tabellone(bool si);
+    /// One of many small lists on a board: columns with less air.
+    void imposta_compatta(bool si) { compatta_ = si; }
     /// Shows "Stampa" in the context menu as working.
     void imposta_stampabile(bool si) { stampabile_ = si; }
 
@@ -156,12 +163,15 @@ class GrigliaRisultati final : public QWidget {
     QTimer* pausa_filtro_;
     QString frase_vuota_;
     int pulsante_1_ = 1;
+    QString nomi_pulsanti_ = QStringLiteral("cmdcol_%1");
+    int primo_pulsante_ = 0;
     std::optional<std::pair<int, Verso>> ordinamento_;
     std::optional<std::pair<int, Verso>> ultimo_titolo_;  ///< last click on a title, kept between searches
     int margine_ = 0;                                     ///< blank on each side of a cell's text
     int riga_sotto_ = -1;
     bool blocca_ = false;
     bool tabellone_ = false;
+    bool compatta_ = false;
     bool stampabile_ = false;
 };
 

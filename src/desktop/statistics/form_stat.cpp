@@ -215,6 +215,7 @@ void Form_stat::imposta(const Domanda& domanda) {
     estratto_->setCurrentIndex(p.estratto - 1);
     if (ricerca()->ammette(kOpzNumeri)) numeri_ = p.numeri;
     if (ricerca()->ammette(kOpzSorte)) sorte_ = p.sorte;
+    svuota_tabella_ruote();
     SchermoRicerca::imposta(domanda);
 }
 
