@@ -3,7 +3,6 @@
 #include "text/testi.h"
 
 #include <algorithm>
-#include <charconv>
 #include <span>
 #include <variant>
 
@@ -24,7 +23,7 @@ std::vector<int> numeri_di(std::string_view testo) {
         const std::size_t cifre = std::min(testo.find_first_not_of("0123456789"), testo.size());
         if (cifre == 0 || cifre > kCifre) return {};
         int n = 0;
-        std::from_chars(testo.data(), testo.data() + cifre, n);
+        for (const char cifra : testo.substr(0, cifre)) n = 10 * n + (cifra - '0');
         numeri.push_back(n);
         testo.remove_prefix(cifre);
     }

@@ -330,7 +330,7 @@ void FinestraRicerca::aggiorna_comandi() {
 LavoroStampa FinestraRicerca::lavoro() {
     const EsitoRicerca* esito = in_mostra();
     if (esito == nullptr) return {};
-    LavoroStampa lavoro{.finestra = this, .risposta = *esito};
+    LavoroStampa lavoro{.finestra = this, .risposta = static_cast<const Risposta&>(*esito)};
     Risposta& r = lavoro.risposta;
     r.ordine = ordine_in_mostra();
     if (r.risultato->tabelle.empty() || r.ordine.empty() ||

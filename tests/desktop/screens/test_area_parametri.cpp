@@ -58,8 +58,8 @@ class TestAreaParametri : public QObject {
     void le_frecce_la_rotella_e_le_pagine_spostano();
     void la_data_segue_ogni_cambio();
     void la_data_torna_con_il_valore_che_c_era();
-    void chi_ascolta_sente_la_data();
-    void senza_la_riga_di_bari_non_c_e_data();
+    void chi_ascolta_sente_la_data_stessa();
+    void senza_la_riga_di_bari_la_data_manca();
     void il_primo_puo_superare_l_ultimo();
     void il_testo_dei_concorsi();
     void ogni_controllo_ha_un_nome_per_chi_non_vede();
@@ -391,7 +391,7 @@ void TestAreaParametri::la_data_torna_con_il_valore_che_c_era() {
     QCOMPARE(data("lbldata1"), giorno(1));
 }
 
-void TestAreaParametri::chi_ascolta_sente_la_data() {
+void TestAreaParametri::chi_ascolta_sente_la_data_stessa() {
     for (const char* nome : {"lbldata1", "lbldata2"}) {
         auto* l = area_->findChild<QLabel*>(QLatin1String{nome});
         QVERIFY(!l->text().isEmpty());
@@ -400,7 +400,7 @@ void TestAreaParametri::chi_ascolta_sente_la_data() {
     }
 }
 
-void TestAreaParametri::senza_la_riga_di_bari_non_c_e_data() {
+void TestAreaParametri::senza_la_riga_di_bari_la_data_manca() {
     QLineEdit* t = testo("txtda");
     t->setFocus();
     t->selectAll();
