@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -76,6 +77,17 @@ Opzioni leggi_opzioni(const QStringList& argomenti) {
     return o;
 }
 
+/// Stands in for Qt's words while the application is made: it ends with a fatal message where there is no
+/// display, after others that only a developer reads.
+void senza_schermo(QtMsgType genere, const QMessageLogContext&, const QString&) {
+    if (genere != QtFatalMsg) return;
+    std::fputs(
+        "sortimetra: non c'è uno schermo su cui aprire le finestre; avvia il programma da una sessione "
+        "grafica, oppure usa sortimetra-cli.\n",
+        stderr);
+    std::_Exit(1);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -92,7 +104,9 @@ int main(int argc, char** argv) {
         return 0;
     }
 
+    const QtMessageHandler voce = qInstallMessageHandler(senza_schermo);
     QApplication applicazione{argc, argv};
+    qInstallMessageHandler(voce);
     QApplication::setApplicationName(QStringLiteral("sortimetra"));
     QApplication::setOrganizationName(QStringLiteral("sortimetra"));
     QApplication::setApplicationDisplayName(QString{});

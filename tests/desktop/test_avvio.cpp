@@ -95,6 +95,14 @@ class TestAvvio final : public QObject {
                 QVERIFY2(!QFile::exists(casa.filePath(QLatin1String{altra}) + memoria), altra);
     }
 
+    void senza_schermo_lo_dice() {
+        const Esito e = esegui({}, false);
+        QCOMPARE(e.codice, 1);
+        QVERIFY(e.uscita.isEmpty());
+        QVERIFY2(e.errori.startsWith("sortimetra: non c'è uno schermo"), e.errori.constData());
+        QCOMPARE(e.errori.count('\n'), 1);
+    }
+
     void uso_sbagliato_data() {
         QTest::addColumn<QStringList>("argomenti");
         QTest::addColumn<QByteArray>("dice");

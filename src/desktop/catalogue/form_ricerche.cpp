@@ -523,6 +523,8 @@ void form_ricerche::mostra_segnalimite(bool mostra) {
         pagine_->addWidget(frame_segnalimite_);
     }
     pagine_->setCurrentWidget(mostra ? static_cast<QWidget*>(frame_segnalimite_) : catalogo_);
+    // "Esci" goes back to the lists, "Chiudi" ends the program: one at a time.
+    command1_->setVisible(!mostra);
     if (mostra)
         frame_segnalimite_->setFocus();
     else

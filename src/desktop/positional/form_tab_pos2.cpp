@@ -139,7 +139,7 @@ QBoxLayout* PaginaMigliori::componi_piede() {
     stampa_->setIcon(icona(QStringLiteral("stampa")));
     immagine_->setObjectName(QString::fromLatin1(nomi_.immagine));
     esporta_->setIcon(icona(QStringLiteral("esporta")));
-    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
+    auto* esci_bottone = new QPushButton{icona(QStringLiteral("sinistra")), tr("&Esci"), this};
     esci_bottone->setObjectName(QString::fromLatin1(nomi_.esci));
     esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
 
@@ -467,6 +467,11 @@ void form_tab_pos2::calcola(PaginaMigliori* pagina) {
                          .arg(ruote.empty() ? tr("Bari") : testo_qt(ruote), concorso_->text());
     if (esito.ambito && esito.ambito->simulato) ambito += tr("  ·  Archivio simulato");
     pagina->mostra(esito, ambito);
+}
+
+void form_tab_pos2::imposta(const Domanda& domanda) {
+    SchermoConcorso::imposta(domanda);
+    area_->imposta_ruote(domanda.ambito.ruote);
 }
 
 void form_tab_pos2::ripeti() {

@@ -114,6 +114,7 @@ class form_tab_pos2 final : public SchermoConcorso {
     void aggiorna_comandi() override;
     [[nodiscard]] const EsitoRicerca* in_mostra() const override;
     void ripeti() override;
+    void imposta(const Domanda& domanda) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:

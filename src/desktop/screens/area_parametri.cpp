@@ -61,8 +61,10 @@ void CasellaConcorso::riporta() {
         setValue(minimum());
     else
         return;
-    // The value may have been the bound already, with another text on show.
+    // The value may have been the bound already, with another text on show: then the box writes its line
+    // without a signal.
     lineEdit()->setText(textFromValue(value()));
+    guarda_testo();
 }
 
 QValidator::State CasellaConcorso::validate(QString& testo, int&) const {
@@ -88,6 +90,13 @@ QString CasellaConcorso::textFromValue(int valore) const {
 void CasellaConcorso::focusOutEvent(QFocusEvent* evento) {
     riporta();
     QSpinBox::focusOutEvent(evento);
+    guarda_testo();
+}
+
+void CasellaConcorso::keyPressEvent(QKeyEvent* evento) {
+    QSpinBox::keyPressEvent(evento);
+    // Return brings the text back without a signal.
+    guarda_testo();
 }
 
 bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -181,7 +190,9 @@ void AreaParametri::componi_concorsi() {
         auto* giorno = new QLabel{this};
         giorno->setObjectName(QString::fromLatin1(kEtichette[n]));
         giorno->setFont(carattere_tabellare(font()));
-        giorno->setAccessibleName(i == 0 ? tr("Data del primo concorso") : tr("Data dell'ultimo concorso"));
+        // A description: a name would be read in place of the date.
+        giorno->setAccessibleDescription(i == 0 ? tr("Data del primo concorso")
+                                                : tr("Data dell'ultimo concorso"));
         giorno->setMinimumWidth(giorno->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) +
                                 kPasso);
         tratto_[n] = casella;

@@ -40,6 +40,7 @@ class CasellaConcorso : public QSpinBox {
     /// Whether a character may be typed.
     [[nodiscard]] virtual bool ammette(QChar c) const;
     void focusOutEvent(QFocusEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
@@ -74,6 +75,8 @@ class AreaParametri final : public QFrame {
     void imposta_ruota_unica(bool si) { unica_ = si; }
     /// Puts wheels, calendar (or hour) and range as another screen has them. No signal is sent.
     void imposta_ambito(const AmbitoRicerca& ambito);
+    /// The last concorso of the archive, as the boxes have it.
+    [[nodiscard]] Concorso ultimo() const { return tratto_[0]->maximum(); }
     /// Text of `ComboIntervallo` and of the two boxes with their dates, as a report's head shows them.
     [[nodiscard]] QString testo_intervallo() const;
     [[nodiscard]] QString testo_concorsi() const;

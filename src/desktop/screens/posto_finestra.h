@@ -9,6 +9,9 @@ class QWidget;
 
 namespace sortimetra {
 
+/// Room for the title bar, which a window has only once the desktop has dressed it.
+inline constexpr int kBarraTitolo = 40;
+
 /// The file in which the windows keep their places: `schermi.ini` of the program's folder, one section a
 /// window, by its object name.
 [[nodiscard]] QString file_posti(const Sessione& sessione);

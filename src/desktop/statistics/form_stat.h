@@ -44,7 +44,10 @@ class Form_stat final : public SchermoRicerca {
 
   protected:
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
     void mostra(const EsitoRicerca& esito) override;
+    void svuota() override;
+    void closeEvent(QCloseEvent* evento) override;
     void mostra_messaggio(const Messaggio& messaggio) override;
     void aggiorna_comandi() override;
 
@@ -57,6 +60,8 @@ class Form_stat final : public SchermoRicerca {
     void analizza_gruppo();
     /// Hands the whole result to the slip printing program as the system `ric_stat`, and starts it.
     void passa_alle_schedine();
+    /// The table of all wheels is of another scope now.
+    void svuota_tabella_ruote();
 
     QFrame* frame_rit_;
     QComboBox* combo_rit_;
