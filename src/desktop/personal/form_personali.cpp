@@ -206,8 +206,7 @@ void Form_Personali::imposta_stampa(const std::function<void(const LavoroStampa&
 
 void Form_Personali::prepara() {
     const bool lotto = ricerca()->gioco == Gioco::lotto;
-    for (GrigliaRisultati* g : {griglia_, numeri_, riepilogo_})
-        const TitoliPersonali titoli = titoli_personali(ricerca()->gioco);
+    const TitoliPersonali titoli = titoli_personali(ricerca()->gioco);
     griglia_->inizializza(titoli_a_schermo(titoli.risultati));
     numeri_->inizializza({titoli.numeri});
     riepilogo_->inizializza({titoli.riepilogo});
