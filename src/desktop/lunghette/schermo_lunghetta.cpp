@@ -337,6 +337,8 @@ void SchermoLunghetta::avvia() {
     // The old lunghetta goes before anything is asked of the archive.
     svuota();
     FinestraRicerca::avvia();
+    if (!stato_ && opzioni_->checkedId() == kPersonali && personali_->numeri().empty())
+        tavola_->svuota(tr("Scrivi a sinistra almeno un numero da cui cominciare."));
 }
 
 void SchermoLunghetta::allunga() {

@@ -311,6 +311,7 @@ class TestFormLunghette final : public QObject {
         // Without a number nothing happens.
         clic("cmdAvviaRicerca");
         QVERIFY(numeri().isEmpty());
+        QVERIFY(testo("lblpassi").contains("almeno un numero"));
         apri(kWfl);
         opzione(2)->click();
         QTest::keyClicks(casella(0), "21");
