@@ -240,7 +240,7 @@ Tabella tabella_uscite(const FormaGioco& forma, std::string_view nome, std::span
     t.colonne.push_back(colonna_trovati(uscite, forma.jolly));
     if (con_numero) {
         t.titoli[0].emplace_back("Numero");
-        t.colonne.push_back(ColonnaVoci{{""}, std::vector<std::uint32_t>(uscite.size()), true});
+        t.colonne.emplace_back(ColonnaVoci{{""}, std::vector<std::uint32_t>(uscite.size()), true});
     }
     const std::size_t larga = t.colonne.size();
     t.sfondi.assign(uscite.size() * larga, kNessunColore);

@@ -220,7 +220,7 @@ void stampa_pagina(EasyPrint& stampante, const Piano& p, int pagina) {
     stampa_piede(stampante, pagina, p.pagine());
 }
 
-Rapporto rapporto_di(Piano piano) {
+Rapporto rapporto_di(const Piano& piano) {
     return {
         .titolo = piano.testa.ricerca,
         .orientamento = piano.orientamento,
@@ -242,7 +242,7 @@ Rapporto rapporto_serie(const MaterialeRapporto& materiale) {
     piano.pagine_draws = 0;
     piano.riepilogo_a_parte = false;
     piano.riepilogo.tabella = nullptr;
-    return rapporto_di(std::move(piano));
+    return rapporto_di(piano);
 }
 
 }  // namespace sortimetra

@@ -131,15 +131,14 @@ Rapporto rapporto_piramide(const MaterialeRapporto& materiale) {
             }};
 }
 
-Rapporto stampa_schedine(MaterialeSchedine materiale) {
+Rapporto stampa_schedine(const MaterialeSchedine& materiale) {
     std::vector<std::size_t> righe;
     for (std::size_t r = 0; r < kRighePiramide; ++r)
         if (materiale.poste[r].stampa) righe.push_back(r);
     const int pagine = std::max(static_cast<int>(righe.size()), 1);
     return {.titolo = "Piramide Statistica - Schedine",
             .pagine = pagine,
-            .disegna = [materiale = std::move(materiale), righe = std::move(righe)](EasyPrint& stampante,
-                                                                                    int pagina) {
+            .disegna = [materiale, righe = std::move(righe)](EasyPrint& stampante, int pagina) {
                 if (!righe.empty()) {
                     stampa_sistema(stampante, materiale, righe[static_cast<std::size_t>(pagina - 1)]);
                     return;

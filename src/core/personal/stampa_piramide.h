@@ -22,6 +22,6 @@ struct MaterialeSchedine {
 /// One slip a page for each row of the pyramid whose stakes say so: a cross at the places of its numbers, of
 /// the wheel and of each denomination of its stakes, under the row's name; at the foot what the marks add up
 /// to. Without such a row there is one page that says so.
-[[nodiscard]] Rapporto stampa_schedine(MaterialeSchedine materiale);
+[[nodiscard]] Rapporto stampa_schedine(const MaterialeSchedine& materiale);
 
 }  // namespace sortimetra
