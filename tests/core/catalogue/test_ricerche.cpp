@@ -43,7 +43,9 @@ void ognuna(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito) {
         ASSERT_NE(risposta.risultato, nullptr);
         EXPECT_EQ(&risposta.ricerca(), &r);
         EXPECT_FALSE(risposta.titolo().empty());
-        EXPECT_TRUE(risposta.prodotta() || !risposta.risultato->messaggi.empty()) << "a refusal says why";
+        EXPECT_TRUE(risposta.prodotta() || !risposta.risultato->messaggi.empty() ||
+                    !risposta.risultato->note.empty())
+            << "a refusal says why, in a box or in a line";
         for (const Tabella& t : risposta.risultato->tabelle)
             for (const Colonna& c : t.colonne) EXPECT_EQ(lunghezza(c), t.righe());
     }
