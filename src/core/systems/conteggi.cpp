@@ -143,6 +143,7 @@ class ConteggioValori : public ContoMisure {
 
     [[nodiscard]] std::vector<Tabella> tabelle() const override {
         std::vector<Tabella> t;
+        t.reserve(kQuante);
         for (std::size_t g = 0; g < kQuante; ++g) t.push_back(tabella(g));
         return t;
     }

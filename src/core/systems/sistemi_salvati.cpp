@@ -139,10 +139,8 @@ LettoreSistema::~LettoreSistema() {
 /// Reads the next block of the file; false at its end, or where the disk fails (`motivo_`).
 bool LettoreSistema::riempi() {
     posto_ = fine_ = 0;
-    ssize_t n = 0;
-    do {
-        n = read(descrittore_, blocco_.get(), kBlocco);
-    } while (n < 0 && errno == EINTR);
+    ssize_t n = read(descrittore_, blocco_.get(), kBlocco);
+    while (n < 0 && errno == EINTR) n = read(descrittore_, blocco_.get(), kBlocco);
     if (n < 0) motivo_ = errno;
     if (n <= 0) return false;
     fine_ = static_cast<std::size_t>(n);
