@@ -65,6 +65,7 @@ int consegna(const Canali& canali, std::string_view testo, int codice = kRiuscit
 // ---- the commands ----
 
 int comando_elenco(Richiesta& richiesta, const Canali& canali);
+int comando_sistemi(Richiesta& richiesta, const Canali& canali);
 int comando_ricerca(Richiesta& richiesta, const Canali& canali);
 int comando_archivio(Richiesta& richiesta, const Canali& canali);
 int comando_gruppi(Richiesta& richiesta, const Canali& canali);

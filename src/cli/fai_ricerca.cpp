@@ -47,7 +47,7 @@ Concorso concorso_di(const Data& data, bool primo, const std::vector<Concorso>& 
 void applica_estremo(const EstremoTratto& estremo, bool primo, const ArchivioEstrazioni& archivio,
                      Domanda& domanda, const Canali& canali) {
     if (!estremo.concorso && !estremo.data) return;
-    const bool wfl = domanda.ricerca->gioco == Gioco::win_for_life;
+    const bool wfl = domanda.ricerca->gioco_di(domanda) == Gioco::win_for_life;
     const Concorso ultimo = wfl ? archivio.ultimo_concorso_winforlife() : archivio.ultimo_concorso();
     const Concorso chiesto =
         estremo.concorso ? *estremo.concorso
@@ -105,23 +105,58 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
     AvanzamentoRiga avanzamento{canali, "ricerca in corso"};
     Risposta risposta = rispondi(std::move(domanda), archivio, sessione.percorso_programma, avanzamento);
     avanzamento.finito();
+    // A damaged file of the user's is told where a damaged archive would be.
+    for (const Messaggio& m : risposta.risultato->messaggi)
+        if (m.avviso == Avviso::sistema_danneggiato) {
+            lamenta(canali, m.testo);
+            return std::unexpected(kArchivioChiuso);
+        }
     racconta(*risposta.risultato, in_json, canali);
     return risposta;
 }
 
+namespace {
+
+/// Puts the tables in the order of `--ordina`: the first by `Risposta::ordine`, the others as they stand.
+/// What is wrong with it, if anything.
+std::optional<std::string> ordina_tabelle(std::string_view testo, Risposta& risposta) {
+    const auto criteri = criteri_per_tabella(risposta.risultato->tabelle, testo);
+    std::shared_ptr<Risultato> disposto;
+    for (std::size_t t = 0; t < criteri.size(); ++t) {
+        const Tabella& tabella = risposta.risultato->tabelle[t];
+        if (criteri[t].empty()) continue;
+        const auto letti = leggi_criteri(tabella, criteri[t]);
+        if (!letti) return letti.error();
+        if (t == 0) {
+            risposta.ordine = ordina(tabella, *letti);
+            continue;
+        }
+        // A grid that the game does not fill has nothing to put in order.
+        if (tabella.righe() == 0) continue;
+        std::vector<std::size_t> colonne(tabella.n_colonne());
+        std::iota(colonne.begin(), colonne.end(), std::size_t{0});
+        if (disposto == nullptr) disposto = std::make_shared<Risultato>(*risposta.risultato);
+        disposto->tabelle[t] = seleziona(tabella, ordina(tabella, *letti), colonne);
+    }
+    if (disposto != nullptr) risposta.risultato = std::move(disposto);
+    return std::nullopt;
+}
+
+}  // namespace
+
 std::optional<int> disponi_risposta(const Richiesta& richiesta, Risposta& risposta, const Canali& canali) {
     if (risposta.risultato->tabelle.empty()) return std::nullopt;
-    const Tabella& prima = risposta.risultato->tabelle.front();
+    // Held, since ordering a further table puts another result in its place.
+    const auto intero = risposta.risultato;
+    const Tabella& prima = intero->tabelle.front();
     const auto errato = [&](std::string_view opzione, const std::string& perche) {
         return uso_errato(canali, fmt::format("{}: {}.", opzione, perche),
                           fmt::format("ricerca '{}'", risposta.ricerca().chiave()));
     };
     if (prima.n_colonne() == 0) return std::nullopt;
-    if (richiesta.ordina) {
-        const auto criteri = leggi_criteri(prima, *richiesta.ordina);
-        if (!criteri) return errato("--ordina", criteri.error());
-        risposta.ordine = ordina(prima, *criteri);
-    }
+    if (richiesta.ordina)
+        if (const auto perche = ordina_tabelle(*richiesta.ordina, risposta))
+            return errato("--ordina", *perche);
     if (!richiesta.dove && !richiesta.colonne) return std::nullopt;
 
     std::vector<std::uint32_t> righe = risposta.ordine;

@@ -1,6 +1,7 @@
 #include "cli/richiesta.h"
 
 #include "cli/simili.h"
+#include "systems/sistemi_salvati.h"
 #include "text/data.h"
 #include "text/testi.h"
 
@@ -155,6 +156,11 @@ bool leggi_json(std::string_view, Richiesta& r) {
     return r.json = true;
 }
 
+bool leggi_sistema(std::string_view valore, Richiesta& r) {
+    r.sistema = intero_opzione(valore, 0, static_cast<std::int32_t>(kGeneriSistema) - 1);
+    return r.sistema.has_value();
+}
+
 bool leggi_formato(std::string_view valore, Richiesta& r) {
     const auto p = posto_parola(valore, kFormati);
     if (p) r.formato = static_cast<Formato>(*p);
@@ -210,6 +216,13 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .comandi = kComRicerca,
      .ammessa = [](const Ricerca& r) { return r.schedine; },
      .leggi = leggi_schedina},
+    {.nome = "--sistema",
+     .meta = "I",
+     .atteso = "un numero da 0 a 6",
+     .frase = "Il tipo di sistema: 0 Ambo, 1 Terno, 2 Quaterna, 3 Cinquina, 4 SuperEnalotto, 5 10eLotto, "
+              "6 Win for Life.",
+     .comandi = kComSistemi,
+     .leggi = leggi_sistema},
     // The scope.
     {.nome = "--ruote",
      .meta = "ELENCO",
@@ -228,6 +241,7 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
          "Quali estrazioni contare: \"Anni Pari\", \"Tutti i Concorsi - Mesi Dispari\", \"Agosto\" …; per "
          "Win for Life l'ora, da \"8:00\" a \"22:00\". Se manca: tutte.",
      .comandi = kCerca,
+     .parole = kNomiIntervalli,
      .leggi = leggi_intervallo,
      .spiega = spiega_intervallo},
     {.nome = "--da",
@@ -260,7 +274,9 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
          "Ordina la prima tabella per una colonna, detta col titolo o col numero da 0: --ordina Ritardo "
          "mette "
          "in testa i ritardi più lunghi, --ordina Ritardo:asc i più brevi; di più colonne unite da virgole "
-         "decide la prima. Se manca il verso: desc.",
+         "decide la prima. Per una tabella oltre la prima, TABELLA.COLONNA: --ordina "
+         "\"MSH_Distanza(9).Freq.\". "
+         "Se manca il verso: desc.",
      .comandi = kCerca,
      .leggi = leggi_ordina},
     {.nome = "--dove",

@@ -43,6 +43,7 @@ struct Richiesta {
     std::optional<std::string> colonne;
     bool intestazione = false;
     std::optional<std::size_t> prime;
+    std::optional<int> sistema;   ///< the kind of saved systems that `sistemi` lists
     std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;
     bool aiuto = false;

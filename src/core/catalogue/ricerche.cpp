@@ -1,8 +1,15 @@
 #include "catalogue/ricerche.h"
 
+#include "bets/parametri.h"
+#include "bets/scommesse.h"
 #include "catalogue/elenchi.h"
 #include "catalogue/nomi.h"
 #include "catalogue/segnalimite.h"
+#include "lunghette/lunghette.h"
+#include "lunghette/parametri.h"
+#include "lunghette/scomposizione.h"
+#include "lunghette/scomposte.h"
+#include "lunghette/stampa_lunghette.h"
 #include "personal/analisi_serie.h"
 #include "personal/gruppi.h"
 #include "personal/numeri_personali.h"
@@ -26,7 +33,16 @@
 #include "statistics/serie_speciali.h"
 #include "statistics/tabella_famiglie.h"
 #include "stores/apertura.h"
+#include "systems/filtri.h"
+#include "systems/parametri.h"
+#include "systems/stampa_sistemi.h"
+#include "systems/ultimi.h"
 #include "text/testi.h"
+#include "tools/ciclometria.h"
+#include "tools/parametri.h"
+#include "tools/spia.h"
+#include "tools/stampa_ciclometria.h"
+#include "tools/stampa_spia.h"
 
 #include <algorithm>
 #include <array>
@@ -52,14 +68,29 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kUltimi,
      .gioco = Gioco::sistemi,
      .tabelle = kTutteLeTabelle,
-     .frase = "Gli ultimi venti concorsi, visti attraverso le misure delle loro combinazioni."},
+     .opzioni = kOpzioniUltimi,
+     .esegui = ultimi_concorsi,
+     .controlla = controlla_ultimi,
+     .frase = "Gli ultimi venti concorsi, visti attraverso le misure delle loro combinazioni.",
+     .rapporto = rapporto_ultimi,
+     .gioco_scelto = gioco_ultimi},
     {.nome = nomi::kFiltri,
      .gioco = Gioco::sistemi,
      .tabelle = kTutteLeTabelle,
-     .frase = "Quante volte ogni misura di una combinazione si è presentata nell'archivio."},
+     .opzioni = kOpzioniFiltri,
+     .esegui = ricerche_filtri,
+     .controlla = controlla_filtri,
+     .frase = "Quante volte ogni misura di una combinazione si è presentata nell'archivio.",
+     .rapporto = rapporto_filtri,
+     .gioco_scelto = gioco_filtri},
     {.nome = nomi::kSistemiRealizzati,
      .gioco = Gioco::sistemi,
-     .frase = "Le stesse misure, contate sulle combinazioni di un sistema salvato."},
+     .opzioni = kOpzioniSalvati,
+     .esegui = ricerche_Sistemi,
+     .carica = carica_sistema,
+     .frase = "Le stesse misure, contate sulle combinazioni di un sistema salvato.",
+     .rapporto = rapporto_filtri,
+     .gioco_scelto = gioco_filtri},
     {.nome = nomi::kNovantaNumeri,
      .tabelle = kRuote10,
      .esegui = novanta_numeri,
@@ -100,7 +131,11 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .rapporto = rapporto_segnalimite},
     {.nome = nomi::kSpia,
      .tabelle = kRuote10,
-     .frase = "Quale numero annuncia un altro entro nove concorsi."},
+     .opzioni = kOpzioniSpia,
+     .esegui = numeri_spia,
+     .controlla = controlla_spia,
+     .frase = "Quale numero annuncia un altro entro nove concorsi.",
+     .rapporto = stampa_spia},
     {.nome = nomi::kAmbataCapogioco,
      .tabelle = kRuote10,
      .opzioni = kOpzioniAmbataCapogioco,
@@ -130,10 +165,18 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .frase = "Un gruppo di lunghette tue: esiti, ritardi e probabilità."},
     {.nome = nomi::kCiclometria,
      .tabelle = kRuote10,
-     .frase = "Somme e distanze ciclometriche di un'estrazione."},
+     .opzioni = kOpzioniCiclometria,
+     .esegui = ciclometria,
+     .controlla = controlla_ciclometria,
+     .frase = "Somme e distanze ciclometriche di un'estrazione.",
+     .rapporto = stampa_ciclometria},
     {.nome = nomi::kLunghette,
      .tabelle = kRuote10,
-     .frase = "Serie di numeri che crescono passo dopo passo dai più ritardati o frequenti."},
+     .opzioni = kOpzioniLunghette,
+     .esegui = lunghette_lotto,
+     .controlla = controlla_lunghette,
+     .frase = "Serie di numeri che crescono passo dopo passo dai più ritardati o frequenti.",
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kPiramide,
      .tabelle = kRuote10,
      .opzioni = kOpzioniPiramide,
@@ -207,7 +250,12 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .rapporto = rapporto_personali},
     {.nome = nomi::kScommesse,
      .tabelle = kRuote10,
-     .frase = "Le scommesse a quota fissa sul Lotto, ruota per ruota."},
+     .opzioni = kOpzioniScommesse,
+     .esegui = scommesse_lotto,
+     .carica = carica_limite,
+     .frase = "Le scommesse a quota fissa sul Lotto, ruota per ruota.",
+     .ruote = SelezioneRuote::tutte(),
+     .rapporto = rapporto_tabelle_orizzontale},
     {.nome = nomi::kMiglioriRitardi,
      .tabelle = kRuote10,
      .opzioni = kOpzioniMigliori,
@@ -250,7 +298,12 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kLunghette10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto,
-     .frase = "Serie di numeri scelte per i punti che fanno nel 10eLotto."},
+     .opzioni = kOpzioniPunti10,
+     .esegui = lunghette_a_punti,
+     .carica = tutte_le_ruote,
+     .frase = "Serie di numeri scelte per i punti che fanno nel 10eLotto.",
+     .ruote = SelezioneRuote::tutte(),
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kVentiNumeriWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
@@ -279,17 +332,41 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kLunghetteWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
-     .frase = "Serie di numeri scelte per i punti che fanno nel Win for Life."},
+     .opzioni = kOpzioniPuntiWFL,
+     .esegui = lunghette_a_punti,
+     .frase = "Serie di numeri scelte per i punti che fanno nel Win for Life.",
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kLunghetteScomposte,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
-     .frase = "Le cinquine della metà bassa o alta della combinazione."},
+     .opzioni = kOpzioniScomposte,
+     .esegui = lunghette_scomposte,
+     .carica = ogni_ora,
+     .controlla = controlla_scomposte,
+     .frase = "Le cinquine della metà bassa o alta della combinazione.",
+     .rapporto = stampa_scomposte},
     {.nome = nomi::kScomposizione,
      .tabelle = kRuote10,
      .opzioni = kOpzioniScomposizione,
      .esegui = scomposizione,
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie.",
      .schedine = true,
+     .dove = Dove::solo_comandi},
+    {.nome = nomi::kScomposizione10eLotto,
+     .gioco = Gioco::dieci_e_lotto,
+     .tabelle = kTabellaLotto,
+     .opzioni = kOpzioniScomposizione,
+     .esegui = scomposizione_a_punti,
+     .carica = tutte_le_ruote,
+     .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di venti.",
+     .ruote = SelezioneRuote::tutte(),
+     .dove = Dove::solo_comandi},
+    {.nome = nomi::kScomposizioneWinForLife,
+     .gioco = Gioco::win_for_life,
+     .tabelle = kTabellaWinForLife,
+     .opzioni = kOpzioniScomposizioneWinForLife,
+     .esegui = scomposizione_a_punti,
+     .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di dieci.",
      .dove = Dove::solo_comandi},
     {.nome = nomi::kSchedine,
      .esegui = schedine,
@@ -355,37 +432,62 @@ static_assert(ogni_nome_ha_la_sua_riga(), "a list names a search that has no row
 
 /// The entry of `ComboIntervallo` as a report tells it.
 std::string testo_intervallo(const Domanda& domanda) {
-    if (domanda.ricerca->gioco != Gioco::win_for_life)
+    if (domanda.ricerca->gioco_di(domanda) != Gioco::win_for_life)
         return std::string{kIntervalli[domanda.ambito.intervallo].testo};
     const std::string ora{kOre[domanda.ambito.ora]};
     return domanda.ambito.ora == 0 ? ora : "ore " + ora;
 }
 
 std::string testo_ruote(const Domanda& domanda) {
-    switch (domanda.ricerca->gioco) {
+    switch (domanda.ricerca->gioco_di(domanda)) {
         case Gioco::superenalotto:
             return "SuperEnalotto";
         case Gioco::win_for_life:
             return "Win for Life";
+        case Gioco::dieci_e_lotto:
+            // Where the game is a choice of the search its draws are whole, whatever wheels are ticked.
+            if (domanda.ricerca->gioco == Gioco::sistemi) return "10eLotto";
+            break;
         default:
             break;
     }
-    if (domanda.di<ParametriStatistica>().tutte_le_ruote) return "Tutte, Nazionale";
+    // The bets and the wheel-by-wheel table of a series show every wheel, whatever is ticked.
+    if (domanda.di<ParametriStatistica>().tutte_le_ruote || domanda.ricerca->esegui == scommesse_lotto)
+        return "Tutte, Nazionale";
     // With no box ticked Bari is what is read.
     const std::string nomi = domanda.ambito.ruote.nomi();
     return nomi.empty() ? std::string{kNomiRuote[0].esteso} : nomi;
 }
 
-/// T of a question: the draws in scope as every measure counts them.
-std::int32_t conta_t(const Domanda& domanda, const ArchivioEstrazioni& archivio) {
-    switch (domanda.ricerca->gioco) {
+/// The draws in scope of a game that has its own: which they are, and T. Nothing for the other games.
+template <class Tabella>
+void di_estrazioni_proprie(AmbitoDetto& ambito, const Tabella& tabella,
+                           const std::vector<std::uint32_t>& righe) {
+    ambito.t = static_cast<std::int32_t>(righe.size());
+    if (righe.empty()) return;
+    const auto [da, a] = std::pair{righe.front(), righe.back()};
+    ambito.proprio = PeriodoProprio{.tratto = {tabella.concorso[da], tabella.concorso[a]},
+                                    .dal = tabella.data[da],
+                                    .al = tabella.data[a]};
+}
+
+/// T of a question, the draws in scope as every measure counts them, and the period of a game's own draws.
+void di_estrazioni(AmbitoDetto& detto, const Domanda& domanda, const ArchivioEstrazioni& archivio) {
+    AmbitoRicerca ambito = domanda.ambito;
+    switch (domanda.ricerca->gioco_di(domanda)) {
         case Gioco::superenalotto:
-            return static_cast<std::int32_t>(vista_superenalotto(archivio, domanda.ambito).size());
+            di_estrazioni_proprie(detto, archivio.superenalotto(), vista_superenalotto(archivio, ambito));
+            return;
         case Gioco::win_for_life:
-            return static_cast<std::int32_t>(vista_winforlife(archivio, domanda.ambito).size());
+            di_estrazioni_proprie(detto, archivio.winforlife(), vista_winforlife(archivio, ambito));
+            return;
+        case Gioco::dieci_e_lotto:
+            if (domanda.ricerca->gioco == Gioco::sistemi) ambito.ruote = {};
+            break;
         default:
-            return VistaEstrazioni{archivio, domanda.ambito}.t();
+            break;
     }
+    detto.t = VistaEstrazioni{archivio, ambito}.t();
 }
 
 }  // namespace
@@ -428,19 +530,20 @@ Domanda domanda_intatta(const Ricerca& ricerca) {
 
 std::optional<AmbitoDetto> ambito_detto(const Domanda& domanda, const ArchivioEstrazioni& archivio) {
     if (domanda.ricerca->tabelle == 0) return std::nullopt;
-    const bool wfl = domanda.ricerca->gioco == Gioco::win_for_life;
+    const bool wfl = domanda.ricerca->gioco_di(domanda) == Gioco::win_for_life;
     const Concorso ultimo = wfl ? archivio.ultimo_concorso_winforlife() : archivio.ultimo_concorso();
     const Fonte& fonte = wfl ? archivio.drawit2() : archivio.drawit();
     const TrattoConcorsi tratto = domanda.ambito.tratto.riportato(ultimo);
     const auto data = [&](Concorso c) { return wfl ? archivio.data_winforlife(c) : archivio.data_bari(c); };
-    return AmbitoDetto{.ruote = testo_ruote(domanda),
-                       .intervallo = testo_intervallo(domanda),
-                       .tratto = tratto,
-                       .dal = data(tratto.da),
-                       .al = data(tratto.a),
-                       .t = conta_t(domanda, archivio),
-                       .archivio = fonte.file.filename().string(),
-                       .simulato = fonte.simulato};
+    AmbitoDetto detto{.ruote = testo_ruote(domanda),
+                      .intervallo = testo_intervallo(domanda),
+                      .tratto = tratto,
+                      .dal = data(tratto.da),
+                      .al = data(tratto.a),
+                      .archivio = fonte.file.filename().string(),
+                      .simulato = fonte.simulato};
+    di_estrazioni(detto, domanda, archivio);
+    return detto;
 }
 
 Risposta rispondi(Domanda domanda, const ArchivioEstrazioni& archivio, const std::filesystem::path& cartella,

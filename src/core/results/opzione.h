@@ -95,12 +95,9 @@ template <auto Campo, std::int32_t Minimo = kInteroMinimo, std::int32_t Massimo 
 [[nodiscard]] constexpr Opzione intero(Opzione o) {
     o.leggi = [](std::string_view valore, Domanda& d) {
         const auto n = intero_opzione(valore, Minimo, Massimo);
-        auto& campo = dettaglio::campo<Campo>(d);
         if (!n) return false;
-        if constexpr (requires { *campo; })
-            campo = n;
-        else
-            campo = *n;
+        const std::int32_t letto = *n;
+        dettaglio::campo<Campo>(d) = letto;
         return true;
     };
     o.scrivi = [](const Domanda& d) -> std::optional<std::string> {

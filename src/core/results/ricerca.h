@@ -31,8 +31,8 @@ using FunzioneRapporto = Rapporto (*)(const MaterialeRapporto&);
 using FunzioneCarica = std::expected<void, Messaggio> (*)(const std::filesystem::path& cartella,
                                                           Domanda& domanda);
 
-/// Why a question is asked wrongly although each of its options is right; nothing if it is not. The command
-/// line refuses such a question as wrong usage, a screen's controls do not let it come about.
+/// Why a question is none, where that takes more than one option to see; nothing if it can be asked. The
+/// sentence names the option, what it got and what it takes.
 using FunzioneControlla = std::optional<std::string> (*)(const Domanda&);
 
 /// Where the user finds a search.
@@ -51,16 +51,21 @@ struct Ricerca {
     Opzioni opzioni{};     ///< what it takes beside the scope
     FunzioneRicerca esegui = nullptr;       ///< null until the search is built: listed, but disabled
     FunzioneCarica carica = nullptr;        ///< null where nothing but the archive is read
-    FunzioneControlla controlla = nullptr;  ///< null where the options agree whatever they are
+    FunzioneControlla controlla = nullptr;  ///< null where each option stands by itself
     std::string_view frase{};               ///< what it counts, in one sentence for the user
     SelezioneRuote ruote{};                 ///< wheels ticked when it opens
     FunzioneRapporto rapporto = nullptr;    ///< how its result is printed; null: as a grid of measures
     const Famiglia* famiglia = nullptr;     ///< the named series that it measures
     bool schedine = false;                  ///< its grid can be handed to the slip program
     Dove dove = Dove::negli_elenchi;        ///< how the user comes to it
+    Gioco (*gioco_scelto)(const Domanda&) = nullptr;  ///< null where `gioco` is the game
 
     [[nodiscard]] constexpr std::string_view chiave() const { return nome.chiave; }
     [[nodiscard]] constexpr std::string_view titolo() const { return nome.titolo; }
+    /// The game that a question of this row asks about: where the user chooses it, the choice tells.
+    [[nodiscard]] Gioco gioco_di(const Domanda& domanda) const {
+        return gioco_scelto == nullptr ? gioco : gioco_scelto(domanda);
+    }
     [[nodiscard]] constexpr bool pronta() const { return esegui != nullptr; }
     [[nodiscard]] bool ammette(const Opzione& o) const {
         return std::find(opzioni.begin(), opzioni.end(), &o) != opzioni.end();

@@ -105,6 +105,8 @@ struct Risultato {
     /// What the answer calls itself where that is not the search's title; "" else.
     std::string titolo;
     std::vector<Tabella> tabelle;
+    /// Tables of another search that stand on the printed page with the answer; no file has them.
+    std::vector<Tabella> allegati;
     std::vector<Etichetta> etichette;
     std::vector<Messaggio> messaggi;  ///< what message boxes say
     /// Remarks that are no message box: the status line shows them, the command line writes them to standard

@@ -309,6 +309,27 @@ std::expected<std::vector<Criterio>, std::string> leggi_criteri(const Tabella& t
     return criteri;
 }
 
+std::vector<std::string> criteri_per_tabella(std::span<const Tabella> tabelle, std::string_view testo) {
+    std::vector<std::string> per_tabella(tabelle.size());
+    while (!testo.empty()) {
+        const auto virgola = testo.find(',');
+        std::string_view pezzo = rifila(testo.substr(0, virgola));
+        testo = virgola == std::string_view::npos ? std::string_view{} : testo.substr(virgola + 1);
+        std::size_t dove = 0;
+        for (std::size_t t = 0; t < tabelle.size(); ++t) {
+            const std::string prima = minuscolo(tabelle[t].nome + ".");
+            if (!minuscolo(pezzo).starts_with(prima)) continue;
+            dove = t;
+            pezzo.remove_prefix(prima.size());
+            break;
+        }
+        if (dove >= per_tabella.size()) break;
+        if (!per_tabella[dove].empty()) per_tabella[dove] += ',';
+        per_tabella[dove] += pezzo;
+    }
+    return per_tabella;
+}
+
 std::expected<std::vector<std::size_t>, std::string> leggi_colonne(const Tabella& tabella,
                                                                    std::string_view testo) {
     std::vector<std::size_t> colonne;

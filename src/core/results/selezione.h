@@ -25,6 +25,11 @@ namespace sortimetra {
 [[nodiscard]] std::expected<std::vector<Criterio>, std::string> leggi_criteri(const Tabella& tabella,
                                                                               std::string_view testo);
 
+/// The same for a result of several tables: what of it is for each table, "" for nothing. A piece that begins
+/// with a table's name and a point is that table's ("MSH_Distanza(9).Freq.:asc"), any other the first one's.
+[[nodiscard]] std::vector<std::string> criteri_per_tabella(std::span<const Tabella> tabelle,
+                                                           std::string_view testo);
+
 /// "Ritardo, 0": columns joined by ",".
 [[nodiscard]] std::expected<std::vector<std::size_t>, std::string> leggi_colonne(const Tabella& tabella,
                                                                                  std::string_view testo);

@@ -206,8 +206,6 @@ void Form_Personali::imposta_stampa(const std::function<void(const LavoroStampa&
 
 void Form_Personali::prepara() {
     const bool lotto = ricerca()->gioco == Gioco::lotto;
-    for (GrigliaRisultati* g : {griglia_, numeri_, riepilogo_})
-        g->imposta_chiave(testo_qt(ricerca()->chiave()));
     const TitoliPersonali titoli = titoli_personali(ricerca()->gioco);
     griglia_->inizializza(titoli_a_schermo(titoli.risultati));
     numeri_->inizializza({titoli.numeri});

@@ -60,7 +60,7 @@ Form_Piramide::Form_Piramide(Sessione& sessione, QWidget* padre)
     cornice()->cmd_chiudi()->setObjectName(QStringLiteral("Cmdesci"));
     cornice()->cmd_chiudi()->setText(tr("&Esci"));
     cornice()->cmd_esporta()->setText(tr("Es&porta…"));
-    area()->imposta_ruota_singola(true);
+    area()->imposta_ruota_unica(true);
     componi_domande();
     pannelli_->addWidget(componi_piramide());
     pannelli_->addWidget(componi_schedine());

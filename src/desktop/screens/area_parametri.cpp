@@ -1,6 +1,7 @@
 #include "screens/area_parametri.h"
 
 #include "qt_testi.h"
+#include "screens/chip.h"
 #include "screens/tema.h"
 #include "text/testi.h"
 
@@ -22,15 +23,6 @@ QLabel* titolo_sezione(const QString& testo, QWidget* padre) {
     assegna_ruolo(l, "sezione");
     return l;
 }
-
-/// A chip takes the mouse all over, not on its mark and its text alone.
-class Chip final : public QCheckBox {
-  public:
-    using QCheckBox::QCheckBox;
-
-  protected:
-    [[nodiscard]] bool hitButton(const QPoint& dove) const override { return rect().contains(dove); }
-};
 
 }  // namespace
 
@@ -69,8 +61,10 @@ void CasellaConcorso::riporta() {
         setValue(minimum());
     else
         return;
-    // The value may have been the bound already, with another text on show.
+    // The value may have been the bound already, with another text on show: then the box writes its line
+    // without a signal.
     lineEdit()->setText(textFromValue(value()));
+    guarda_testo();
 }
 
 QValidator::State CasellaConcorso::validate(QString& testo, int&) const {
@@ -96,6 +90,13 @@ QString CasellaConcorso::textFromValue(int valore) const {
 void CasellaConcorso::focusOutEvent(QFocusEvent* evento) {
     riporta();
     QSpinBox::focusOutEvent(evento);
+    guarda_testo();
+}
+
+void CasellaConcorso::keyPressEvent(QKeyEvent* evento) {
+    QSpinBox::keyPressEvent(evento);
+    // Return brings the text back without a signal.
+    guarda_testo();
 }
 
 bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -189,7 +190,9 @@ void AreaParametri::componi_concorsi() {
         auto* giorno = new QLabel{this};
         giorno->setObjectName(QString::fromLatin1(kEtichette[n]));
         giorno->setFont(carattere_tabellare(font()));
-        giorno->setAccessibleName(i == 0 ? tr("Data del primo concorso") : tr("Data dell'ultimo concorso"));
+        // A description: a name would be read in place of the date.
+        giorno->setAccessibleDescription(i == 0 ? tr("Data del primo concorso")
+                                                : tr("Data dell'ultimo concorso"));
         giorno->setMinimumWidth(giorno->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) +
                                 kPasso);
         tratto_[n] = casella;
@@ -293,7 +296,7 @@ void AreaParametri::riporta_tratto() {
 
 void AreaParametri::ruota_premuta(int casella, bool spuntata) {
     if (fermo_) return;
-    if (ruota_singola_ && spuntata) ruote_ = SelezioneRuote::nessuna();
+    if (unica_ && spuntata) ruote_ = SelezioneRuote::nessuna();
     ruote_.clic(casella, spuntata);
     mostra_ruote();
     emit cambiato();

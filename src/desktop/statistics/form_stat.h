@@ -28,6 +28,8 @@ class Form_stat final : public SchermoRicerca {
     void imposta_serie(std::vector<int> numeri, int sorte);
     /// Calls the opened screen otherwise than its row does.
     void intitola(const QString& titolo);
+    /// Leaves of `ComboRit` the first so many entries and chooses one of them.
+    void proponi_tipi(int quanti, int scelto);
 
     /// How a program of the product is started, given its path; false if it cannot be. A test puts its own
     /// here.
@@ -42,7 +44,10 @@ class Form_stat final : public SchermoRicerca {
 
   protected:
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
     void mostra(const EsitoRicerca& esito) override;
+    void svuota() override;
+    void closeEvent(QCloseEvent* evento) override;
     void mostra_messaggio(const Messaggio& messaggio) override;
     void aggiorna_comandi() override;
 
@@ -55,6 +60,8 @@ class Form_stat final : public SchermoRicerca {
     void analizza_gruppo();
     /// Hands the whole result to the slip printing program as the system `ric_stat`, and starts it.
     void passa_alle_schedine();
+    /// The table of all wheels is of another scope now.
+    void svuota_tabella_ruote();
 
     QFrame* frame_rit_;
     QComboBox* combo_rit_;
