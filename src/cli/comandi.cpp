@@ -54,7 +54,11 @@ constexpr auto kComandi = std::to_array<Comando>({
                   "ricorda ovunque le mostri.",
      .bit = kComDimostrazione,
      .esegui = comando_dimostrazione},
-    {.nome = "gruppi", .argomenti = "[--json]", .frase = "Elenca i gruppi salvati.", .bit = kComGruppi},
+    {.nome = "gruppi",
+     .argomenti = "[--json]",
+     .frase = "Elenca i gruppi salvati.",
+     .bit = kComGruppi,
+     .esegui = comando_gruppi},
     {.nome = "sistemi",
      .argomenti = "--sistema I [--json]",
      .frase = "Elenca i sistemi salvati di un gioco: nome, data e numero di combinazioni.",
@@ -192,9 +196,6 @@ int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& usci
         return uso_errato(canali, lette.error(), aiuto_di);
     if (!richiesta.argomenti.empty() && !comando->parole)
         return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()), aiuto_di);
-    if (cerca && richiesta.ricerca->controlla != nullptr)
-        if (const auto perche = richiesta.ricerca->controlla(richiesta.domanda))
-            return uso_errato(canali, *perche, aiuto_di);
     return comando->esegui(richiesta, canali);
 }
 

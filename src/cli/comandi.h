@@ -68,6 +68,7 @@ int comando_elenco(Richiesta& richiesta, const Canali& canali);
 int comando_sistemi(Richiesta& richiesta, const Canali& canali);
 int comando_ricerca(Richiesta& richiesta, const Canali& canali);
 int comando_archivio(Richiesta& richiesta, const Canali& canali);
+int comando_gruppi(Richiesta& richiesta, const Canali& canali);
 int comando_importa(Richiesta& richiesta, const Canali& canali);
 int comando_dimostrazione(Richiesta& richiesta, const Canali& canali);
 int comando_stampa(Richiesta& richiesta, const Canali& canali);

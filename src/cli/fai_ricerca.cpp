@@ -20,6 +20,16 @@ namespace sortimetra {
 
 namespace {
 
+/// Why the question is asked wrongly, once what it needs from the user's files is read; nothing if it is not.
+/// What cannot be read is told when the search itself asks for it.
+std::optional<std::string> uso_sbagliato(const Domanda& domanda, const std::filesystem::path& cartella) {
+    const Ricerca& ricerca = *domanda.ricerca;
+    if (ricerca.controlla == nullptr) return std::nullopt;
+    Domanda letta = domanda;
+    if (ricerca.carica != nullptr && !ricerca.carica(cartella, letta)) return std::nullopt;
+    return ricerca.controlla(letta);
+}
+
 /// A concorso of `--da` or `--a`, once the game's draws are known: of a date the first on or after it
 /// (`primo`), or the last on or before it.
 Concorso concorso_di(const Data& data, bool primo, const std::vector<Concorso>& concorsi,
@@ -80,6 +90,8 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
                         .risultato = std::make_shared<const Risultato>(non_avviata({}))};
     }
     const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    if (const auto perche = uso_sbagliato(richiesta.domanda, sessione.percorso_programma))
+        return std::unexpected(uso_errato(canali, *perche, fmt::format("ricerca '{}'", ricerca.chiave())));
     ArchivioEstrazioni archivio;
     if (ricerca.tabelle != 0) {
         auto aperto = apri_per_leggere(sessione, ricerca.tabelle, canali);

@@ -241,6 +241,7 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
          "Quali estrazioni contare: \"Anni Pari\", \"Tutti i Concorsi - Mesi Dispari\", \"Agosto\" …; per "
          "Win for Life l'ora, da \"8:00\" a \"22:00\". Se manca: tutte.",
      .comandi = kCerca,
+     .parole = kNomiIntervalli,
      .leggi = leggi_intervallo,
      .spiega = spiega_intervallo},
     {.nome = "--da",

@@ -1,33 +1,52 @@
 #include "catalogue/form_ricerche.h"
 #include "files/sessione.h"
+#include "opzioni_avvio.h"
 #include "screens/lingua.h"
-#include "stores/apertura.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
-#include <QSettings>
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace {
 
-constexpr const char* kAiuto =
-    "Uso: sortimetra [opzioni]\n"
-    "\n"
-    "Apre il catalogo delle ricerche statistiche sul Lotto e sugli altri giochi.\n"
-    "\n"
-    "  --cartella DIR  cartella del programma, che contiene la cartella \"archivio\"\n"
-    "                  (senza: la cartella dell'eseguibile se contiene \"archivio\",\n"
-    "                  altrimenti la cartella dei dati dell'utente)\n"
-    "  --aiuto         mostra questo testo\n"
-    "  --versione      mostra la versione\n"
-    "\n"
-    "Senza uno schermo si usa sortimetra-cli.\n";
+/// Lines of the help end before this column, as a terminal shows them.
+constexpr std::size_t kLarghezza = 80;
+constexpr std::size_t kRientro = 18;
 
-constexpr const char* kChiaveCartella = "cartella";
+/// The program's help, from the table of its options.
+std::string aiuto() {
+    std::string t =
+        "Uso: sortimetra [opzioni]\n\n"
+        "Apre il catalogo delle ricerche statistiche sul Lotto e sugli altri giochi.\n\n";
+    for (const sortimetra::Opzione& o : sortimetra::kOpzioniAvvio) {
+        std::string riga = "  ";
+        riga += o.nome;
+        if (!o.meta.empty()) (riga += ' ') += o.meta;
+        riga.resize(std::max(riga.size() + 1, kRientro), ' ');
+        for (std::string_view resto = o.frase; !resto.empty();) {
+            const std::size_t fine = std::min(resto.find(' '), resto.size());
+            if (riga.size() + fine > kLarghezza) {
+                riga.back() = '\n';
+                t += riga;
+                riga.assign(kRientro, ' ');
+            }
+            riga += resto.substr(0, fine);
+            riga += ' ';
+            resto.remove_prefix(std::min(fine + 1, resto.size()));
+        }
+        riga.back() = '\n';
+        t += riga;
+    }
+    return t + "\nSenza uno schermo si usa sortimetra-cli.\n";
+}
 
 struct Opzioni {
     bool aiuto = false;
@@ -38,14 +57,16 @@ struct Opzioni {
 
 Opzioni leggi_opzioni(const QStringList& argomenti) {
     QCommandLineParser lettore;
-    const QCommandLineOption cartella{QStringLiteral("cartella"), {}, QStringLiteral("DIR")};
-    const QCommandLineOption aiuto{QStringLiteral("aiuto")};
-    const QCommandLineOption versione{QStringLiteral("versione")};
-    lettore.addOptions({cartella, aiuto, versione});
+    const auto qt = [](std::string_view testo) {
+        return QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
+    };
+    for (const sortimetra::Opzione& voce : sortimetra::kOpzioniAvvio)
+        lettore.addOption({qt(voce.nome.substr(2)), {}, qt(voce.meta)});
+    const auto cartella = QStringLiteral("cartella");
     Opzioni o;
     const bool letti = lettore.parse(argomenti);
-    o.aiuto = lettore.isSet(aiuto);
-    o.versione = lettore.isSet(versione);
+    o.aiuto = lettore.isSet(QStringLiteral("aiuto"));
+    o.versione = lettore.isSet(QStringLiteral("versione"));
     if (lettore.isSet(cartella)) o.cartella = lettore.value(cartella).toStdString();
     if (!lettore.unknownOptionNames().isEmpty())
         o.errore = "opzione sconosciuta: --" + lettore.unknownOptionNames().first().toStdString();
@@ -56,15 +77,15 @@ Opzioni leggi_opzioni(const QStringList& argomenti) {
     return o;
 }
 
-/// The folder asked for, else the one chosen in the window last time if an archive is still there, else the
-/// usual one.
-std::filesystem::path cartella_di_lavoro(const std::optional<std::filesystem::path>& chiesta) {
-    if (!chiesta) {
-        const std::filesystem::path ricordata =
-            QSettings{}.value(QLatin1String{kChiaveCartella}).toString().toStdString();
-        if (!ricordata.empty() && sortimetra::contiene_archivio(ricordata / "archivio")) return ricordata;
-    }
-    return sortimetra::cartella_programma(chiesta);
+/// Stands in for Qt's words while the application is made: it ends with a fatal message where there is no
+/// display, after others that only a developer reads.
+void senza_schermo(QtMsgType genere, const QMessageLogContext&, const QString&) {
+    if (genere != QtFatalMsg) return;
+    std::fputs(
+        "sortimetra: non c'è uno schermo su cui aprire le finestre; avvia il programma da una sessione "
+        "grafica, oppure usa sortimetra-cli.\n",
+        stderr);
+    std::_Exit(1);
 }
 
 }  // namespace
@@ -75,7 +96,7 @@ int main(int argc, char** argv) {
     for (int i = 0; i < argc; ++i) grezzi << QString::fromLocal8Bit(argv[i]);
     const Opzioni prime = leggi_opzioni(grezzi);
     if (prime.aiuto) {
-        std::fputs(kAiuto, stdout);
+        std::fputs(aiuto().c_str(), stdout);
         return 0;
     }
     if (prime.versione) {
@@ -83,7 +104,9 @@ int main(int argc, char** argv) {
         return 0;
     }
 
+    const QtMessageHandler voce = qInstallMessageHandler(senza_schermo);
     QApplication applicazione{argc, argv};
+    qInstallMessageHandler(voce);
     QApplication::setApplicationName(QStringLiteral("sortimetra"));
     QApplication::setOrganizationName(QStringLiteral("sortimetra"));
     QApplication::setApplicationDisplayName(QString{});
@@ -102,13 +125,16 @@ int main(int argc, char** argv) {
 
     sortimetra::parla_italiano(applicazione);
     sortimetra::Sessione sessione;
-    sessione.percorso_programma = cartella_di_lavoro(opzioni.cartella);
+    sessione.percorso_programma = sortimetra::cartella_programma(opzioni.cartella);
     sortimetra::form_ricerche catalogo{sessione};
     QApplication::setWindowIcon(QIcon{QStringLiteral(":/sortimetra.svg")});
     QObject::connect(&catalogo, &sortimetra::form_ricerche::terminata, &applicazione, &QApplication::quit);
-    QObject::connect(
-        &catalogo, &sortimetra::form_ricerche::cartella_scelta, &applicazione,
-        [](const QString& cartella) { QSettings{}.setValue(QLatin1String{kChiaveCartella}, cartella); });
+    // The terminal's program starts from the same setting.
+    QObject::connect(&catalogo, &sortimetra::form_ricerche::cartella_scelta, &applicazione,
+                     [](const QString& cartella) {
+                         if (const auto fatto = sortimetra::ricorda_cartella(cartella.toStdString()); !fatto)
+                             std::fprintf(stderr, "sortimetra: %s\n", fatto.error().testo().c_str());
+                     });
     catalogo.show();
     return QApplication::exec();
 }

@@ -16,6 +16,9 @@ using testing::IsEmpty;
 /// Core files whose tests stand in the file of a neighbour.
 const Coperture kCoperture{
     {"src/core/catalogue/rapporti.cpp", "tests/core/printing/test_rapporto.cpp"},
+    {"src/core/personal/analisi_serie.cpp", "tests/core/personal/test_gruppi.cpp"},
+    {"src/core/personal/stampa_piramide.cpp", "tests/core/personal/test_stampa_personali.cpp"},
+    {"src/core/personal/taratura.cpp", "tests/core/personal/test_poste.cpp"},
     {"src/core/positional/stampa_migliori.cpp", "tests/core/positional/test_stampa_posizionale.cpp"},
     {"src/core/positional/stampa_posizione.cpp", "tests/core/positional/test_stampa_posizionale.cpp"},
     {"src/core/positional/stampa_tabellone.cpp", "tests/core/positional/test_stampa_posizionale.cpp"},

@@ -2,9 +2,11 @@
 #include "cli/cartella_cli.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
+#include "lunghette/parametri.h"
 #include "positional/parametri.h"
 #include "statistics/parametri.h"
 #include "stores/importa.h"
+#include "tools/parametri.h"
 
 #include <nlohmann/json.hpp>
 #include <random>
@@ -88,7 +90,9 @@ TEST(OgniRicerca, DaLeStesseCelleInOgniFormato) {
                                       cartella_piccola().string()};
         if (r.ammette(kOpzCapogioco)) riga.insert(riga.end(), {"--capogioco", "12"});
         if (r.ammette(kOpzAmboCapo)) riga.insert(riga.end(), {"--capogioco", "12,13"});
+        if (r.ammette(kOpzNumeriSpia)) riga.insert(riga.end(), {"--numeri", "tutti"});
         if (r.ammette(kOpzNumeri)) riga.insert(riga.end(), {"--numeri", "1,2,12,13"});
+        if (r.ammette(kOpzMeta)) riga.insert(riga.end(), {"--meta", "primi"});
         const auto con = [&](const char* formato) {
             auto argomenti = riga;
             argomenti.insert(argomenti.end(), {"--formato", formato});

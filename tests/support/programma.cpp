@@ -56,7 +56,7 @@ void leggi(Tubo& uscita, Tubo& errori, Esito& esito) {
 
 Esito esegui_programma(const std::string& programma, const std::vector<std::string>& argomenti,
                        const Avvio& avvio) {
-    const std::string percorso = std::string{SORTIMETRA_BIN} + "/" + programma;
+    const std::string percorso = std::filesystem::path{SORTIMETRA_BIN} / programma;
     std::vector<std::string> parole{programma};
     parole.insert(parole.end(), argomenti.begin(), argomenti.end());
     std::vector<std::string> ambiente{"LC_ALL=C", "PATH=/usr/bin:/bin", "HOME=" + avvio.cartella.string(),

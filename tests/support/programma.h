@@ -21,8 +21,8 @@ struct Avvio {
     std::filesystem::path uscita_in{};  ///< standard output goes to this file or device
 };
 
-/// Starts a program of the build by its name, without a shell, in the C locale and with nothing else in its
-/// environment, and waits for it.
+/// Starts a program of the build by its name (or any by its whole path), without a shell, in the C locale and
+/// with nothing else in its environment, and waits for it.
 [[nodiscard]] Esito esegui_programma(const std::string& programma, const std::vector<std::string>& argomenti,
                                      const Avvio& avvio);
 

@@ -51,7 +51,8 @@ inline constexpr NomeRicerca kPosizione10eLotto =
     nome<"Frequenza e ritardo dei 90 numeri per posizione (10 e lotto)">;
 inline constexpr NomeRicerca kPersonali10eLotto =
     nome_e_titolo<"Ricerche sui Numeri Personali (10 e lotto)", "Ricerche su numeri personali - 10 e lotto">;
-inline constexpr NomeRicerca kLunghette10eLotto = nome<"Calcolo lunghette per punteggio 10eLotto">;
+inline constexpr NomeRicerca kLunghette10eLotto =
+    nome_e_titolo<"Calcolo lunghette per punteggio 10eLotto", "Ricerca Lunghette 10 e Lotto">;
 inline constexpr NomeRicerca kVentiNumeriWinForLife =
     nome<"Ritardo e frequenza dei 20 numeri nella combinazione Win for Life">;
 inline constexpr NomeRicerca kTabelloneWinForLife = nome<"Tabellone Posizionale combinazione Win for Life">;
@@ -60,9 +61,13 @@ inline constexpr NomeRicerca kPosizioneWinForLife =
 inline constexpr NomeRicerca kPersonaliWinForLife =
     nome_e_titolo<"Ricerche sui Numeri Personali (Win for Life)",
                   "Ricerche su numeri personali - win for life">;
-inline constexpr NomeRicerca kLunghetteWinForLife = nome<"Calcolo lunghette per punteggio">;
-inline constexpr NomeRicerca kLunghetteScomposte = nome<"Calcolo Lunghette Scomposte">;
+inline constexpr NomeRicerca kLunghetteWinForLife =
+    nome_e_titolo<"Calcolo lunghette per punteggio", "Ricerca Lunghette Win for Life">;
+inline constexpr NomeRicerca kLunghetteScomposte =
+    nome_e_titolo<"Calcolo Lunghette Scomposte", "Calcolo lunghette scomposte  win for life">;
 inline constexpr NomeRicerca kScomposizione = nome<"Scomposizione">;
+inline constexpr NomeRicerca kScomposizione10eLotto = nome<"Scomposizione 10 e Lotto">;
+inline constexpr NomeRicerca kScomposizioneWinForLife = nome<"Scomposizione Win for Life">;
 inline constexpr NomeRicerca kSchedine = nome<"Schedine">;
 
 }  // namespace sortimetra::nomi

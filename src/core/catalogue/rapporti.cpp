@@ -1,5 +1,7 @@
 #include "catalogue/rapporti.h"
 
+#include "bets/parametri.h"
+#include "bets/scommesse.h"
 #include "statistics/parametri.h"
 #include "systems/stampa_sistemi.h"
 #include "text/testi.h"
@@ -46,16 +48,34 @@ std::string_view nota(const Ricerca& ricerca, const ParametriStatistica& paramet
     }
 }
 
+/// The search's name over its sheets. What calls itself by its key (the table of all wheels of a series) has
+/// the name's capitals on paper.
+std::string nome_sul_foglio(const Risposta& risposta) {
+    const Ricerca& ricerca = risposta.ricerca();
+    std::string nome{risposta.titolo()};
+    if (nome.starts_with(ricerca.chiave())) nome.replace(0, ricerca.chiave().size(), ricerca.titolo());
+    return nome;
+}
+
+/// "SuperEnalotto: 03/12/1997 - 21/08/2026": the game's own draws in scope, since the dates beside it are
+/// those of the Lotto's concorsi, or of a day of which an hour was chosen.
+std::string testo_proprio(const AmbitoDetto& ambito) {
+    if (!ambito.proprio) return "";
+    return ambito.ruote + ": " + testo_data(ambito.proprio->dal) + " - " + testo_data(ambito.proprio->al);
+}
+
 }  // namespace
 
 Intestazione intestazione(const Risposta& risposta) {
     const Ricerca& ricerca = risposta.ricerca();
     const auto& parametri = risposta.domanda.di<ParametriStatistica>();
-    Intestazione testa{.ricerca = std::string{risposta.titolo()}};
+    Intestazione testa{.ricerca = nome_sul_foglio(risposta)};
     if (ricerca.ammette(kOpzCapogioco) || ricerca.ammette(kOpzAmboCapo))
         if (const auto capi = testo_capi(parametri.capogioco); !capi.empty()) testa.ricerca += " " + capi;
     if (ricerca.ammette(kOpzEstratto))
         testa.ricerca += " (" + std::to_string(parametri.estratto) + "° Estratto)";
+    if (ricerca.ammette(kOpzAnalisi))
+        testa.ricerca.append(" - ").append(scommessa_chiesta(risposta.domanda).titolo);
     const auto finita = [&] {
         if (ricerca.gioco == Gioco::sistemi) completa_intestazione(testa, risposta.domanda);
         return testa;
@@ -65,12 +85,18 @@ Intestazione intestazione(const Risposta& risposta) {
     const AmbitoDetto& ambito = *risposta.ambito;
     testa.ruote = testo_ruote(risposta);
     testa.nota = nota(ricerca, parametri);
+    if (const std::string proprio = testo_proprio(ambito); !proprio.empty()) {
+        // A line of its own: behind the longest interval there is no room for two more dates.
+        testa.nota += (testa.nota.empty() ? "" : ".  ") + ("Estrazioni esaminate del " + proprio);
+    }
     testa.concorsi = std::to_string(ambito.tratto.da) + " - " + std::to_string(ambito.tratto.a);
     testa.intervallo = ambito.intervallo;
     testa.periodo = testa.intervallo;
     if (ambito.dal && ambito.al) {
         testa.periodo += ": " + testo_data(*ambito.dal) + " - " + testo_data(*ambito.al);
         testa.date = testo_data(*ambito.dal) + "-" + testo_data(*ambito.al);
+        if (const std::string proprio = testo_proprio(ambito); !proprio.empty())
+            testa.date += "  (" + proprio + ")";
     }
     return finita();
 }
@@ -78,7 +104,9 @@ Intestazione intestazione(const Risposta& risposta) {
 Rapporto prepara_rapporto(const Risposta& risposta) {
     const FunzioneRapporto rapporto =
         risposta.ricerca().rapporto == nullptr ? rapporto_griglia : risposta.ricerca().rapporto;
-    Rapporto pronto = rapporto({*risposta.risultato, intestazione(risposta), risposta.ordine});
+    Rapporto pronto =
+        rapporto({*risposta.risultato, intestazione(risposta), risposta.ordine, &risposta.domanda});
+    if (risposta.ambito && risposta.ambito->simulato) pronto = segna_simulato(std::move(pronto));
     pronto.disegna = [disegna = std::move(pronto.disegna), tenuto = risposta.risultato](
                          EasyPrint& stampante, int pagina) { disegna(stampante, pagina); };
     return pronto;

@@ -1,8 +1,23 @@
 #include "catalogue/ricerche.h"
 
+#include "bets/parametri.h"
+#include "bets/scommesse.h"
 #include "catalogue/elenchi.h"
 #include "catalogue/nomi.h"
 #include "catalogue/segnalimite.h"
+#include "lunghette/lunghette.h"
+#include "lunghette/parametri.h"
+#include "lunghette/scomposizione.h"
+#include "lunghette/scomposte.h"
+#include "lunghette/stampa_lunghette.h"
+#include "personal/analisi_serie.h"
+#include "personal/gruppi.h"
+#include "personal/numeri_personali.h"
+#include "personal/parametri.h"
+#include "personal/piramide.h"
+#include "personal/poste.h"
+#include "personal/stampa_personali.h"
+#include "personal/stampa_piramide.h"
 #include "positional/migliori_ritardi.h"
 #include "positional/parametri.h"
 #include "positional/posizione.h"
@@ -23,6 +38,11 @@
 #include "systems/stampa_sistemi.h"
 #include "systems/ultimi.h"
 #include "text/testi.h"
+#include "tools/ciclometria.h"
+#include "tools/parametri.h"
+#include "tools/spia.h"
+#include "tools/stampa_ciclometria.h"
+#include "tools/stampa_spia.h"
 
 #include <algorithm>
 #include <array>
@@ -111,34 +131,59 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .rapporto = rapporto_segnalimite},
     {.nome = nomi::kSpia,
      .tabelle = kRuote10,
-     .frase = "Quale numero annuncia un altro entro nove concorsi."},
+     .opzioni = kOpzioniSpia,
+     .esegui = numeri_spia,
+     .controlla = controlla_spia,
+     .frase = "Quale numero annuncia un altro entro nove concorsi.",
+     .rapporto = stampa_spia},
     {.nome = nomi::kAmbataCapogioco,
      .tabelle = kRuote10,
      .opzioni = kOpzioniAmbataCapogioco,
-     .esegui = ambatacapogioco,
+     .esegui = ambata_capogioco_o_gruppo,
+     .controlla = controlla_analisi,
      .frase = "Gli 89 ambi formati dal capogioco con ciascun altro numero.",
      .schedine = true},
     {.nome = nomi::kAmboCapogioco,
      .tabelle = kRuote10,
      .opzioni = kOpzioniAmboCapogioco,
-     .esegui = ambo_capogioco,
+     .esegui = ambo_capogioco_o_gruppo,
+     .controlla = controlla_analisi,
      .frase = "I terni formati da due capigioco con ciascun altro numero.",
      .schedine = true},
     {.nome = nomi::kPersonali,
      .tabelle = kRuote10,
-     .frase = "I tuoi numeri: quando sono usciti, insieme e uno per uno."},
+     .opzioni = kOpzioniPersonaliLotto,
+     .esegui = ricerca_lotto,
+     .frase = "I tuoi numeri: quando sono usciti, insieme e uno per uno.",
+     .rapporto = rapporto_personali},
     {.nome = nomi::kGruppi,
      .tabelle = kRuote10,
+     .opzioni = kOpzioniGruppi,
+     .esegui = ricerche_per_gruppi,
+     .carica = carica_gruppo,
+     .controlla = controlla_gruppo,
      .frase = "Un gruppo di lunghette tue: esiti, ritardi e probabilità."},
     {.nome = nomi::kCiclometria,
      .tabelle = kRuote10,
-     .frase = "Somme e distanze ciclometriche di un'estrazione."},
+     .opzioni = kOpzioniCiclometria,
+     .esegui = ciclometria,
+     .controlla = controlla_ciclometria,
+     .frase = "Somme e distanze ciclometriche di un'estrazione.",
+     .rapporto = stampa_ciclometria},
     {.nome = nomi::kLunghette,
      .tabelle = kRuote10,
-     .frase = "Serie di numeri che crescono passo dopo passo dai più ritardati o frequenti."},
+     .opzioni = kOpzioniLunghette,
+     .esegui = lunghette_lotto,
+     .controlla = controlla_lunghette,
+     .frase = "Serie di numeri che crescono passo dopo passo dai più ritardati o frequenti.",
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kPiramide,
      .tabelle = kRuote10,
-     .frase = "La piramide di dieci righe costruita sull'archivio."},
+     .opzioni = kOpzioniPiramide,
+     .esegui = piramide_statistica,
+     .controlla = controlla_piramide,
+     .frase = "La piramide di dieci righe costruita sull'archivio.",
+     .rapporto = rapporto_piramide},
     {.nome = nomi::kPrimoEstratto,
      .tabelle = kRuote10,
      .esegui = primo_estratto,
@@ -199,10 +244,18 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kPersonaliSuperEnalotto,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
-     .frase = "I tuoi numeri nella sestina."},
+     .opzioni = kOpzioniPersonali,
+     .esegui = ricerca_superenalotto,
+     .frase = "I tuoi numeri nella sestina.",
+     .rapporto = rapporto_personali},
     {.nome = nomi::kScommesse,
      .tabelle = kRuote10,
-     .frase = "Le scommesse a quota fissa sul Lotto, ruota per ruota."},
+     .opzioni = kOpzioniScommesse,
+     .esegui = scommesse_lotto,
+     .carica = carica_limite,
+     .frase = "Le scommesse a quota fissa sul Lotto, ruota per ruota.",
+     .ruote = SelezioneRuote::tutte(),
+     .rapporto = rapporto_tabelle_orizzontale},
     {.nome = nomi::kMiglioriRitardi,
      .tabelle = kRuote10,
      .opzioni = kOpzioniMigliori,
@@ -238,11 +291,19 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kPersonali10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto | kTabellaNazionale,
-     .frase = "I tuoi numeri nella combinazione di venti."},
+     .opzioni = kOpzioniPersonali,
+     .esegui = ricerca_10elotto,
+     .frase = "I tuoi numeri nella combinazione di venti.",
+     .rapporto = rapporto_personali},
     {.nome = nomi::kLunghette10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto,
-     .frase = "Serie di numeri scelte per i punti che fanno nel 10eLotto."},
+     .opzioni = kOpzioniPunti10,
+     .esegui = lunghette_a_punti,
+     .carica = tutte_le_ruote,
+     .frase = "Serie di numeri scelte per i punti che fanno nel 10eLotto.",
+     .ruote = SelezioneRuote::tutte(),
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kVentiNumeriWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
@@ -264,15 +325,26 @@ constexpr auto kAltre = std::to_array<Ricerca>({
     {.nome = nomi::kPersonaliWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
-     .frase = "I tuoi numeri nella combinazione di dieci."},
+     .opzioni = kOpzioniPersonaliWinForLife,
+     .esegui = ricerca_winforlife,
+     .frase = "I tuoi numeri nella combinazione di dieci.",
+     .rapporto = rapporto_personali},
     {.nome = nomi::kLunghetteWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
-     .frase = "Serie di numeri scelte per i punti che fanno nel Win for Life."},
+     .opzioni = kOpzioniPuntiWFL,
+     .esegui = lunghette_a_punti,
+     .frase = "Serie di numeri scelte per i punti che fanno nel Win for Life.",
+     .rapporto = stampa_lunghetta},
     {.nome = nomi::kLunghetteScomposte,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
-     .frase = "Le cinquine della metà bassa o alta della combinazione."},
+     .opzioni = kOpzioniScomposte,
+     .esegui = lunghette_scomposte,
+     .carica = ogni_ora,
+     .controlla = controlla_scomposte,
+     .frase = "Le cinquine della metà bassa o alta della combinazione.",
+     .rapporto = stampa_scomposte},
     {.nome = nomi::kScomposizione,
      .tabelle = kRuote10,
      .opzioni = kOpzioniScomposizione,
@@ -280,7 +352,27 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie.",
      .schedine = true,
      .dove = Dove::solo_comandi},
-    {.nome = nomi::kSchedine, .frase = "Le poste della piramide.", .dove = Dove::solo_comandi},
+    {.nome = nomi::kScomposizione10eLotto,
+     .gioco = Gioco::dieci_e_lotto,
+     .tabelle = kTabellaLotto,
+     .opzioni = kOpzioniScomposizione,
+     .esegui = scomposizione_a_punti,
+     .carica = tutte_le_ruote,
+     .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di venti.",
+     .ruote = SelezioneRuote::tutte(),
+     .dove = Dove::solo_comandi},
+    {.nome = nomi::kScomposizioneWinForLife,
+     .gioco = Gioco::win_for_life,
+     .tabelle = kTabellaWinForLife,
+     .opzioni = kOpzioniScomposizioneWinForLife,
+     .esegui = scomposizione_a_punti,
+     .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di dieci.",
+     .dove = Dove::solo_comandi},
+    {.nome = nomi::kSchedine,
+     .esegui = schedine,
+     .carica = carica_poste,
+     .frase = "Le poste della piramide.",
+     .dove = Dove::solo_comandi},
 });
 
 /// The row of a named series.
@@ -289,8 +381,9 @@ constexpr Ricerca riga_di(const Famiglia& famiglia) {
     return {.nome = famiglia.nome,
             .tabelle = kRuote10,
             .opzioni = con_ruote ? Opzioni{kOpzioniSerieConRuote} : Opzioni{kOpzioniSerie},
-            .esegui = serie_speciali,
+            .esegui = serie_o_gruppo,
             .carica = famiglia.su_file ? carica_cinquine : nullptr,
+            .controlla = controlla_analisi,
             .frase = famiglia.frase,
             .famiglia = &famiglia,
             .schedine = famiglia.colonne <= kNumeriSchedina};
@@ -358,30 +451,43 @@ std::string testo_ruote(const Domanda& domanda) {
         default:
             break;
     }
-    if (domanda.di<ParametriStatistica>().tutte_le_ruote) return "Tutte, Nazionale";
+    // The bets and the wheel-by-wheel table of a series show every wheel, whatever is ticked.
+    if (domanda.di<ParametriStatistica>().tutte_le_ruote || domanda.ricerca->esegui == scommesse_lotto)
+        return "Tutte, Nazionale";
     // With no box ticked Bari is what is read.
     const std::string nomi = domanda.ambito.ruote.nomi();
     return nomi.empty() ? std::string{kNomiRuote[0].esteso} : nomi;
 }
 
-/// T of a question: the draws in scope as every measure counts them.
-std::int32_t conta_t(const Domanda& domanda, const ArchivioEstrazioni& archivio) {
+/// The draws in scope of a game that has its own: which they are, and T. Nothing for the other games.
+template <class Tabella>
+void di_estrazioni_proprie(AmbitoDetto& ambito, const Tabella& tabella,
+                           const std::vector<std::uint32_t>& righe) {
+    ambito.t = static_cast<std::int32_t>(righe.size());
+    if (righe.empty()) return;
+    const auto [da, a] = std::pair{righe.front(), righe.back()};
+    ambito.proprio = PeriodoProprio{.tratto = {tabella.concorso[da], tabella.concorso[a]},
+                                    .dal = tabella.data[da],
+                                    .al = tabella.data[a]};
+}
+
+/// T of a question, the draws in scope as every measure counts them, and the period of a game's own draws.
+void di_estrazioni(AmbitoDetto& detto, const Domanda& domanda, const ArchivioEstrazioni& archivio) {
+    AmbitoRicerca ambito = domanda.ambito;
     switch (domanda.ricerca->gioco_di(domanda)) {
         case Gioco::superenalotto:
-            return static_cast<std::int32_t>(vista_superenalotto(archivio, domanda.ambito).size());
+            di_estrazioni_proprie(detto, archivio.superenalotto(), vista_superenalotto(archivio, ambito));
+            return;
         case Gioco::win_for_life:
-            return static_cast<std::int32_t>(vista_winforlife(archivio, domanda.ambito).size());
+            di_estrazioni_proprie(detto, archivio.winforlife(), vista_winforlife(archivio, ambito));
+            return;
         case Gioco::dieci_e_lotto:
-            if (domanda.ricerca->gioco == Gioco::sistemi) {
-                AmbitoRicerca ambito = domanda.ambito;
-                ambito.ruote = {};
-                return VistaEstrazioni{archivio, ambito}.t();
-            }
+            if (domanda.ricerca->gioco == Gioco::sistemi) ambito.ruote = {};
             break;
         default:
             break;
     }
-    return VistaEstrazioni{archivio, domanda.ambito}.t();
+    detto.t = VistaEstrazioni{archivio, ambito}.t();
 }
 
 }  // namespace
@@ -429,14 +535,15 @@ std::optional<AmbitoDetto> ambito_detto(const Domanda& domanda, const ArchivioEs
     const Fonte& fonte = wfl ? archivio.drawit2() : archivio.drawit();
     const TrattoConcorsi tratto = domanda.ambito.tratto.riportato(ultimo);
     const auto data = [&](Concorso c) { return wfl ? archivio.data_winforlife(c) : archivio.data_bari(c); };
-    return AmbitoDetto{.ruote = testo_ruote(domanda),
-                       .intervallo = testo_intervallo(domanda),
-                       .tratto = tratto,
-                       .dal = data(tratto.da),
-                       .al = data(tratto.a),
-                       .t = conta_t(domanda, archivio),
-                       .archivio = fonte.file.filename().string(),
-                       .simulato = fonte.simulato};
+    AmbitoDetto detto{.ruote = testo_ruote(domanda),
+                      .intervallo = testo_intervallo(domanda),
+                      .tratto = tratto,
+                      .dal = data(tratto.da),
+                      .al = data(tratto.a),
+                      .archivio = fonte.file.filename().string(),
+                      .simulato = fonte.simulato};
+    di_estrazioni(detto, domanda, archivio);
+    return detto;
 }
 
 Risposta rispondi(Domanda domanda, const ArchivioEstrazioni& archivio, const std::filesystem::path& cartella,

@@ -1,18 +1,35 @@
 #include "files/sessione.h"
 
+#include "files/file_sicuro.h"
+#include "text/testo_ini.h"
+
 #include <cstdlib>
+#include <string>
+#include <string_view>
 #include <system_error>
 
 namespace sortimetra {
 
 namespace {
 
-/// Where this desktop keeps a program's data: $XDG_DATA_HOME, or .local/share in the home folder.
-std::filesystem::path dati_utente() {
-    if (const char* xdg = std::getenv("XDG_DATA_HOME"); xdg != nullptr && *xdg == '/')
+constexpr std::string_view kSezione = "Cartelle";
+constexpr std::string_view kChiave = "cartella";
+
+/// A few lines. What is larger is no such file: it is neither read nor changed.
+constexpr std::size_t kGrandezzaMassima = 1U << 20U;
+
+/// Our folder among those where this desktop keeps one kind of things: what the variable says if it is an
+/// absolute path, else `consueta` in the home folder.
+std::filesystem::path cartella_utente(const char* variabile, const std::filesystem::path& consueta) {
+    if (const char* xdg = std::getenv(variabile); xdg != nullptr && *xdg == '/')
         return std::filesystem::path{xdg} / "sortimetra";
     const char* casa = std::getenv("HOME");
-    return std::filesystem::path{casa != nullptr ? casa : "."} / ".local" / "share" / "sortimetra";
+    return std::filesystem::path{casa != nullptr ? casa : "."} / consueta / "sortimetra";
+}
+
+bool contiene_archivio_accanto(const std::filesystem::path& cartella) {
+    std::error_code errore;
+    return std::filesystem::is_directory(cartella / "archivio", errore);
 }
 
 }  // namespace
@@ -23,12 +40,36 @@ std::filesystem::path cartella_eseguibile() {
     return errore ? std::filesystem::current_path(errore) : io.parent_path();
 }
 
+std::filesystem::path file_impostazioni() {
+    return cartella_utente("XDG_CONFIG_HOME", ".config") / "impostazioni.ini";
+}
+
+std::optional<std::filesystem::path> cartella_ricordata() {
+    const auto testo = leggi_file(file_impostazioni(), kGrandezzaMassima);
+    if (!testo) return std::nullopt;
+    const auto valore = valore_ini(*testo, kSezione, kChiave);
+    if (!valore || !valore->starts_with('/') || !contiene_archivio_accanto(*valore)) return std::nullopt;
+    return std::filesystem::path{*valore};
+}
+
+std::expected<void, ErroreArchivio> ricorda_cartella(const std::filesystem::path& cartella) {
+    const auto file = file_impostazioni();
+    std::error_code errore;
+    const std::string intera = std::filesystem::absolute(cartella, errore).string();
+    if (errore || intera.find_first_of("\r\n") != std::string::npos)
+        return std::unexpected(ErroreArchivio{cartella, "il nome di questa cartella non si può ricordare"});
+    std::filesystem::create_directories(file.parent_path(), errore);
+    auto prima = leggi_file(file, kGrandezzaMassima);
+    // There, but not readable: better old settings than settings written over.
+    if (!prima && std::filesystem::exists(file, errore)) return std::unexpected(prima.error());
+    return scrivi_file(file, con_valore_ini(prima.value_or(std::string{}), kSezione, kChiave, intera));
+}
+
 std::filesystem::path cartella_programma(const std::optional<std::filesystem::path>& scelta) {
     if (scelta) return *scelta;
-    std::error_code errore;
-    auto vicina = cartella_eseguibile();
-    if (std::filesystem::is_directory(vicina / "archivio", errore)) return vicina;
-    return dati_utente();
+    if (auto ricordata = cartella_ricordata()) return *ricordata;
+    if (auto vicina = cartella_eseguibile(); contiene_archivio_accanto(vicina)) return vicina;
+    return cartella_utente("XDG_DATA_HOME", std::filesystem::path{".local"} / "share");
 }
 
 }  // namespace sortimetra

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "files/errore.h"
+
+#include <expected>
 #include <filesystem>
 #include <optional>
 
@@ -20,8 +23,21 @@ struct Sessione {
 /// The folder of the running program.
 [[nodiscard]] std::filesystem::path cartella_eseguibile();
 
-/// The program's folder: `scelta` if given, else the executable's folder if it holds `archivio`, else the
-/// user's data folder, since an installed program's folder cannot be written.
+/// The user's settings that belong to no archive: one small text of sections and keys, UTF-8, that the window
+/// writes and both programs read ($XDG_CONFIG_HOME/sortimetra/impostazioni.ini, or under ~/.config).
+[[nodiscard]] std::filesystem::path file_impostazioni();
+
+/// The folder chosen in the window last; nothing if none was, or if it holds no `archivio` any more (a disk
+/// that is not there today is remembered for tomorrow).
+[[nodiscard]] std::optional<std::filesystem::path> cartella_ricordata();
+
+/// Makes a folder the one that both programs start in; all else in the settings stays. A relative folder is
+/// taken from where the program runs.
+[[nodiscard]] std::expected<void, ErroreArchivio> ricorda_cartella(const std::filesystem::path& cartella);
+
+/// The program's folder: `scelta` if given, else the one chosen in the window, else the executable's folder
+/// if it holds `archivio`, else the user's data folder, since an installed program's folder cannot be
+/// written.
 [[nodiscard]] std::filesystem::path cartella_programma(
     const std::optional<std::filesystem::path>& scelta = {});
 

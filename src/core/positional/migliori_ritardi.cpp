@@ -152,6 +152,8 @@ Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& do
     t.colonne.emplace_back(std::move(gruppi));
     t.colonne.emplace_back(std::move(ritardi));
     r.tabelle.push_back(std::move(t));
+    // The first page has the list of the ten most delayed numbers under its families.
+    if (parametri.pagina == 1) r.allegati = dieci_piu_in_ritardo(archivio, domanda, nessuno).tabelle;
     return r;
 }
 

@@ -44,8 +44,9 @@ struct FamigliaMigliori {
 /// up to the chosen concorso. Calendar and range do not apply. `pagina` 1 or 2.
 ///
 /// One table, "Serie", "Gruppo", "Ritardo" ("R. 12"), `righe` rows per family in the order of the page; a
-/// family with fewer groups leaves the rest empty. Where the file of the cinquine dei 90 cannot be read, its
-/// rows are empty and its message is given, and the other families are computed.
+/// family with fewer groups leaves the rest empty. On page 1 the answer of `dieci_piu_in_ritardo` is
+/// attached. Where the file of the cinquine dei 90 cannot be read, its rows are empty and its message is
+/// given, and the other families are computed.
 [[nodiscard]] Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                          Avanzamento& avanzamento);
 

@@ -1,6 +1,6 @@
 #include "positional/stampa_tabellone.h"
 
-#include "draws/ruote.h"
+#include "positional/tabellone.h"
 
 #include <algorithm>
 #include <string>
@@ -13,20 +13,18 @@ namespace sortimetra {
 namespace {
 
 constexpr float kDidascalia = 28;  ///< top of the caption
-constexpr float kColonnaRitardo = 12;
-/// From a column title's top to the first row.
-constexpr float kAltezzaTitolo = 5;
 
-// The Lotto board on a lying sheet.
-constexpr float kMargineLotto = 10;
-constexpr float kTitoliLotto = 35;
-constexpr float kRigaLotto = 3.9F;
-constexpr std::int16_t kCorpoLotto = 8;
+// The Lotto board on a lying sheet: forty rows between the caption and the foot.
+constexpr float kTitoliLotto = 33;
+constexpr float kRigaLotto = 3.83F;
+constexpr float kColonnaRitardoLotto = 10;
+constexpr float kTraRuote = 1.5F;
 
-// The others on an upright one: two blocks.
+// The others on an upright one: two blocks of 57 rows.
 constexpr std::size_t kRigheBloccoTabellone = kRighePaginaTabellone2 / 2;
-constexpr float kTitoliBlocco = 35;
-constexpr float kRigaBlocco = 4.25F;
+constexpr float kTitoliBlocco = 34;
+constexpr float kRigaBlocco = 4.2F;
+constexpr float kColonnaRitardo = 12;
 constexpr float kLarghezzaBlocco = 92.5F;
 constexpr float kTraBlocchi = 97.5F;
 constexpr float kColonnaMassima = 10;
@@ -41,48 +39,118 @@ struct TitoloColonne {
     std::size_t quante;
 };
 
+/// Where a board, or a block of one, stands, in mm, and how it is set.
+struct Posa {
+    float x = 0;
+    float y = 0;  ///< top of the titles
+    float ritardo = kColonnaRitardo;
+    float larga = 0;   ///< of a column of numbers
+    float spazio = 0;  ///< before each group of columns
+    float riga = 0;
+    std::int16_t corpo = kCorpoBlocco;
+    bool posti = false;  ///< the places are numbered under their title
+};
+
+/// Some rows of a board.
+struct Righe {
+    const Tabella& tabella;
+    std::size_t prima = 0;
+    std::size_t quante = 0;
+};
+
 void didascalia(EasyPrint& stampante, std::string_view titolo, int pagina, int pagine) {
     std::string testo{titolo};
     testo += "  (pag. " + std::to_string(pagina) + " di " + std::to_string(pagine) + ")";
     stampa_testa_propria(stampante, testo, kDidascalia, 11);
 }
 
-/// Rows of a board at (`x`, `y`): the delay, then the columns, each `larga` wide; titles over them, a frame
-/// round each group that a title names.
-void stampa_righe(EasyPrint& stampante, const Tabella& tabella, std::size_t prima_riga, std::size_t righe,
-                  std::span<const TitoloColonne> titoli, float x, float y, float larga, float riga) {
-    const auto sinistra = [&](std::size_t colonna) {
-        return x + kColonnaRitardo + larga * static_cast<float>(colonna);
-    };
-    stampante.FontBold(true);
-    stampante.ForeColor(kBluScuro);
-    stampante.PrintCentre(x + kColonnaRitardo / 2, y, "Rit.");
-    for (const TitoloColonne& t : titoli)
-        stampante.PrintCentre(sinistra(t.prima) + larga * static_cast<float>(t.quante) / 2, y, t.testo);
-    stampante.ForeColor(kNero);
-    const float cima = y + kAltezzaTitolo;
-    std::string testo;
-    for (std::size_t c = 0; c < tabella.n_colonne(); ++c) {
-        stampante.FontBold(c == 0);
-        const float centro = c == 0 ? x + kColonnaRitardo / 2 : sinistra(c - 1) + larga / 2;
-        for (std::size_t r = 0; r < righe; ++r) {
-            testo.clear();
-            tabella.aggiungi_testo(testo, prima_riga + r, c);
-            if (!testo.empty())
-                stampante.PrintCentre(centro, cima + riga * static_cast<float>(r) + 0.25F, testo);
-        }
-    }
-    stampante.FontBold(false);
-    const float larghezza = sinistra(tabella.n_colonne() - 1) - x;
-    const float altezza = riga * static_cast<float>(righe);
-    stampante.DrawWidth(1);
-    for (std::size_t r = 1; r < righe; r += 2)
-        stampante.PrintShape(x, cima + riga * static_cast<float>(r), larghezza, riga);
-    stampante.DrawWidth(3);
-    stampante.PrintShape(x, cima, kColonnaRitardo, altezza);
-    for (const TitoloColonne& t : titoli)
-        stampante.PrintShape(sinistra(t.prima), cima, larga * static_cast<float>(t.quante), altezza);
+void piede(EasyPrint& stampante, int pagina, int pagine) {
+    stampante.FontSize(10);
+    stampa_piede(stampante, pagina, pagine);
 }
+
+/// A board's titles, cells and frames.
+class Disegno {
+  public:
+    Disegno(EasyPrint& stampante, const Posa& posa, std::span<const TitoloColonne> titoli)
+        : p_{stampante}, posa_{posa}, titoli_{titoli} {}
+
+    void disegna(const Righe& righe) {
+        const float cima = scrivi_titoli();
+        scrivi_celle(righe, cima);
+        incornicia(righe.quante, cima);
+    }
+
+  private:
+    /// Left edge of a column of numbers, by its group.
+    [[nodiscard]] float sinistra(std::size_t gruppo, std::size_t colonna) const {
+        return posa_.x + posa_.ritardo + posa_.spazio * static_cast<float>(gruppo + 1) +
+               posa_.larga * static_cast<float>(colonna);
+    }
+    [[nodiscard]] float larghezza(const TitoloColonne& t) const {
+        return posa_.larga * static_cast<float>(t.quante);
+    }
+
+    /// Returns the top of the first row.
+    float scrivi_titoli() {
+        p_.FontSize(posa_.corpo);
+        p_.FontBold(true);
+        p_.ForeColor(kBluScuro);
+        float y = posa_.y;
+        const float alta = p_.TextHeight("0");
+        p_.PrintCentre(posa_.x + posa_.ritardo / 2, posa_.posti ? y + alta : y, "Rit.");
+        for (std::size_t g = 0; g < titoli_.size(); ++g)
+            p_.PrintCentre(sinistra(g, titoli_[g].prima) + larghezza(titoli_[g]) / 2, y, titoli_[g].testo);
+        y += alta;
+        p_.FontBold(false);
+        if (posa_.posti) {
+            for (std::size_t g = 0; g < titoli_.size(); ++g)
+                for (std::size_t c = 0; c < titoli_[g].quante; ++c)
+                    p_.PrintCentre(sinistra(g, titoli_[g].prima + c) + posa_.larga / 2, y,
+                                   std::to_string(c + 1));
+            y += alta;
+        }
+        p_.ForeColor(kNero);
+        return y + 0.3F;
+    }
+
+    void scrivi_celle(const Righe& righe, float cima) {
+        std::string testo;
+        const float agio = std::max((posa_.riga - p_.TextHeight("0")) / 2, 0.0F);
+        const auto colonna = [&](std::size_t c, float centro) {
+            for (std::size_t r = 0; r < righe.quante; ++r) {
+                testo.clear();
+                righe.tabella.aggiungi_testo(testo, righe.prima + r, c);
+                if (!testo.empty())
+                    p_.PrintCentre(centro, cima + posa_.riga * static_cast<float>(r) + agio, testo);
+            }
+        };
+        p_.FontBold(true);
+        colonna(0, posa_.x + posa_.ritardo / 2);
+        p_.FontBold(false);
+        for (std::size_t g = 0; g < titoli_.size(); ++g)
+            for (std::size_t c = titoli_[g].prima; c < titoli_[g].prima + titoli_[g].quante; ++c)
+                colonna(c + 1, sinistra(g, c) + posa_.larga / 2);
+    }
+
+    /// Light frames round every second row, strong ones round the delays and each group.
+    void incornicia(std::size_t righe, float cima) {
+        const auto colonna = [&](float x, float larga) {
+            p_.DrawWidth(1);
+            for (std::size_t r = 1; r < righe; r += 2)
+                p_.PrintShape(x, cima + posa_.riga * static_cast<float>(r), larga, posa_.riga);
+            p_.DrawWidth(3);
+            p_.PrintShape(x, cima, larga, posa_.riga * static_cast<float>(righe));
+        };
+        colonna(posa_.x, posa_.ritardo);
+        for (std::size_t g = 0; g < titoli_.size(); ++g)
+            colonna(sinistra(g, titoli_[g].prima), larghezza(titoli_[g]));
+    }
+
+    EasyPrint& p_;
+    Posa posa_;
+    std::span<const TitoloColonne> titoli_;
+};
 
 /// The merged titles of the table's first title row.
 std::vector<TitoloColonne> titoli_di(const Tabella& tabella) {
@@ -111,25 +179,25 @@ Rapporto a_blocchi(const MaterialeRapporto& materiale, std::vector<TitoloColonne
     const int pagine = pagine_di(tabella.righe(), kRighePaginaTabellone2);
     const bool solo = tabella.righe() <= kRigheBloccoTabellone;
     const auto colonne = static_cast<float>(tabella.n_colonne() - 1);
-    const float larga = std::min(((solo ? kBanda : kLarghezzaBlocco) - kColonnaRitardo) / colonne,
-                                 solo ? kColonnaMassimaSola : kColonnaMassima);
-    const float rientro = solo ? (kBanda - kColonnaRitardo - larga * colonne) / 2 : 0;
+    Posa posa{.y = kTitoliBlocco, .riga = kRigaBlocco};
+    posa.larga = std::min(((solo ? kBanda : kLarghezzaBlocco) - kColonnaRitardo) / colonne,
+                          solo ? kColonnaMassimaSola : kColonnaMassima);
+    const float rientro = solo ? (kBanda - kColonnaRitardo - posa.larga * colonne) / 2 : 0;
     return {.titolo = materiale.testa.ricerca,
             .pagine = pagine,
-            .disegna = [&tabella, pagine, larga, rientro, titolo = materiale.testa.ricerca,
+            .disegna = [&tabella, pagine, posa, rientro, titolo = materiale.testa.ricerca,
                         titoli = std::move(titoli)](EasyPrint& stampante, int pagina) {
                 didascalia(stampante, titolo, pagina, pagine);
-                stampante.FontSize(kCorpoBlocco);
                 for (std::size_t b = 0; b < 2; ++b) {
                     const std::size_t prima = static_cast<std::size_t>(pagina - 1) * kRighePaginaTabellone2 +
                                               b * kRigheBloccoTabellone;
                     if (b > 0 && prima >= tabella.righe()) break;
-                    stampa_righe(stampante, tabella, prima,
-                                 std::min(kRigheBloccoTabellone, tabella.righe() - prima), titoli,
-                                 inizio_banda(stampante) + rientro + kTraBlocchi * static_cast<float>(b),
-                                 kTitoliBlocco, larga, kRigaBlocco);
+                    Posa blocco = posa;
+                    blocco.x = inizio_banda(stampante) + rientro + kTraBlocchi * static_cast<float>(b);
+                    Disegno{stampante, blocco, titoli}.disegna(
+                        {tabella, prima, std::min(kRigheBloccoTabellone, tabella.righe() - prima)});
                 }
-                stampante.FontSize(10);
+                piede(stampante, pagina, pagine);
             }};
 }
 
@@ -139,20 +207,27 @@ Rapporto stampa_tab_pos(const MaterialeRapporto& materiale) {
     if (!e_tabellone(materiale.risultato)) return rapporto_tabelle(materiale);
     const Tabella& tabella = materiale.risultato.tabelle[0];
     const int pagine = pagine_di(tabella.righe(), kRighePaginaTabellone);
-    return {
-        .titolo = materiale.testa.ricerca,
-        .orientamento = Orientamento::orizzontale,
-        .pagine = pagine,
-        .disegna = [&tabella, pagine, titolo = materiale.testa.ricerca](EasyPrint& stampante, int pagina) {
-            didascalia(stampante, titolo, pagina, pagine);
-            stampante.FontSize(kCorpoLotto);
-            const std::size_t prima = static_cast<std::size_t>(pagina - 1) * kRighePaginaTabellone;
-            const float larga = (stampante.PageWidth() - 2 * kMargineLotto - kColonnaRitardo) /
-                                static_cast<float>(tabella.n_colonne() - 1);
-            stampa_righe(stampante, tabella, prima, std::min(kRighePaginaTabellone, tabella.righe() - prima),
-                         titoli_di(tabella), kMargineLotto, kTitoliLotto, larga, kRigaLotto);
-            stampante.FontSize(10);
-        }};
+    return {.titolo = materiale.testa.ricerca,
+            .orientamento = Orientamento::orizzontale,
+            .pagine = pagine,
+            .disegna = [&tabella, pagine, titoli = titoli_di(tabella), titolo = materiale.testa.ricerca](
+                           EasyPrint& stampante, int pagina) {
+                didascalia(stampante, titolo, pagina, pagine);
+                const std::size_t prima = static_cast<std::size_t>(pagina - 1) * kRighePaginaTabellone;
+                Posa posa{.x = kMargineFoglio,
+                          .y = kTitoliLotto,
+                          .ritardo = kColonnaRitardoLotto,
+                          .spazio = kTraRuote,
+                          .riga = kRigaLotto,
+                          .corpo = kCorpoOrizzontale,
+                          .posti = true};
+                posa.larga = (stampante.PageWidth() - 2 * kMargineFoglio - posa.ritardo -
+                              posa.spazio * static_cast<float>(titoli.size())) /
+                             static_cast<float>(tabella.n_colonne() - 1);
+                Disegno{stampante, posa, titoli}.disegna(
+                    {tabella, prima, std::min(kRighePaginaTabellone, tabella.righe() - prima)});
+                piede(stampante, pagina, pagine);
+            }};
 }
 
 Rapporto stampa_tab_pos_s2(const MaterialeRapporto& materiale) {
@@ -170,51 +245,75 @@ Rapporto stampa_tab_pos_10(const MaterialeRapporto& materiale) {
     return a_blocchi(materiale, titoli_di(materiale.risultato.tabelle[0]));
 }
 
+// ---- the ten most delayed numbers ----
+
+namespace {
+
+constexpr std::size_t kGruppi = 12;
+constexpr std::size_t kPosti = 10;
+
+/// One group: its name, "Num." and "Rit.", ten rows, a frame.
+void stampa_gruppo(EasyPrint& stampante, const Tabella& tabella, std::size_t gruppo, const PosaDieci& posa) {
+    const auto centro = [&](std::size_t c) { return posa.x + posa.larga * (c == 0 ? 0.28F : 0.72F); };
+    stampante.FontBold(true);
+    stampante.ForeColor(kBluScuro);
+    stampante.PrintCentre(posa.x + posa.larga / 2, posa.y, tabella.testo(gruppo * kPosti, 0));
+    for (std::size_t c = 0; c < 2; ++c)
+        stampante.PrintCentre(centro(c), posa.y + posa.riga, tabella.titoli.back()[2 + c]);
+    for (std::size_t c = 0; c < 2; ++c) {
+        stampante.FontBold(c == 0);
+        for (std::size_t p = 0; p < kPosti; ++p) {
+            const std::size_t riga = gruppo * kPosti + p;
+            const Colore colore = tabella.primo_piano(riga, 2 + c);
+            stampante.ForeColor(colore == kNessunColore ? kNero : colore);
+            stampante.PrintCentre(centro(c), posa.y + posa.riga * static_cast<float>(2 + p),
+                                  tabella.testo(riga, 2 + c));
+        }
+    }
+    stampante.ForeColor(kNero);
+    stampante.FontBold(false);
+    stampante.DrawWidth(3);
+    const float cima = posa.y - 0.15F * posa.riga;
+    stampante.PrintShape(posa.x, cima, posa.larga, 2 * posa.riga);
+    stampante.PrintShape(posa.x, cima, posa.larga, posa.riga * (2.15F + static_cast<float>(kPosti)));
+}
+
+}  // namespace
+
+bool e_lista_dieci(const Tabella& tabella) {
+    return tabella.righe() == kGruppi * kPosti && tabella.n_colonne() == 4;
+}
+
+void stampa_lista_dieci(EasyPrint& stampante, const Tabella& tabella, const PosaDieci& posa) {
+    const auto gruppi = static_cast<float>(kGruppiBanda);
+    const float larga = (posa.larga - posa.spazio * (gruppi - 1)) / gruppi;
+    for (std::size_t g = 0; g < kGruppi; ++g) {
+        PosaDieci suo = posa;
+        suo.larga = larga;
+        suo.x += (larga + posa.spazio) * static_cast<float>(g % kGruppiBanda);
+        const std::size_t fascia = g / kGruppiBanda;
+        suo.y += posa.tra_fasce * static_cast<float>(fascia);
+        stampa_gruppo(stampante, tabella, g, suo);
+    }
+}
+
 Rapporto stampa_10_num(const MaterialeRapporto& materiale) {
-    constexpr std::size_t kGruppi = 12;
-    constexpr std::size_t kPosti = 10;
-    constexpr std::size_t kGruppiFila = 6;
-    if (materiale.risultato.tabelle.empty() || materiale.risultato.tabelle[0].righe() != kGruppi * kPosti)
+    if (materiale.risultato.tabelle.empty() || !e_lista_dieci(materiale.risultato.tabelle[0]))
         return rapporto_tabelle(materiale);
     return {.titolo = materiale.testa.ricerca,
             .orientamento = Orientamento::orizzontale,
             .disegna = [&tabella = materiale.risultato.tabelle[0], titolo = materiale.testa.ricerca](
                            EasyPrint& stampante, int) {
-                constexpr float kPrimaFila = 42;
-                constexpr float kTraFile = 75;
-                constexpr float kRiga = 5;
-                constexpr float kSpazio = 2;  // right of each group
-                constexpr float kGruppo = kBanda / kGruppiFila;
-                stampa_testa_propria(stampante, titolo, 31, 12);
-                stampante.FontSize(10);
-                const float inizio = inizio_banda(stampante);
-                for (std::size_t g = 0; g < kGruppi; ++g) {
-                    const float x = inizio + kGruppo * static_cast<float>(g % kGruppiFila);
-                    const std::size_t fila = g / kGruppiFila;
-                    const float y = kPrimaFila + kTraFile * static_cast<float>(fila);
-                    const float larga = kGruppo - kSpazio;
-                    const auto centro = [&](std::size_t c) { return x + larga * (c == 0 ? 0.28F : 0.72F); };
-                    stampante.FontBold(true);
-                    stampante.ForeColor(kBluScuro);
-                    stampante.PrintCentre(x + larga / 2, y, tabella.testo(g * kPosti, 0));
-                    for (std::size_t c = 0; c < 2; ++c)
-                        stampante.PrintCentre(centro(c), y + kRiga, tabella.titoli.back()[2 + c]);
-                    for (std::size_t c = 0; c < 2; ++c) {
-                        stampante.FontBold(c == 0);
-                        for (std::size_t p = 0; p < kPosti; ++p) {
-                            const std::size_t riga = g * kPosti + p;
-                            const Colore colore = tabella.primo_piano(riga, 2 + c);
-                            stampante.ForeColor(colore == kNessunColore ? kNero : colore);
-                            stampante.PrintCentre(centro(c), y + kRiga * static_cast<float>(2 + p),
-                                                  tabella.testo(riga, 2 + c));
-                        }
-                    }
-                    stampante.ForeColor(kNero);
-                    stampante.FontBold(false);
-                    stampante.DrawWidth(3);
-                    stampante.PrintShape(x, y - 1, larga, 2 * kRiga);
-                    stampante.PrintShape(x, y - 1, larga, kRiga * static_cast<float>(2 + kPosti) + 0.5F);
-                }
+                stampa_testa_propria(stampante, titolo, 30, 12);
+                stampante.FontSize(kCorpoOrizzontale);
+                stampa_lista_dieci(stampante, tabella,
+                                   {.x = kMargineFoglio,
+                                    .y = 42,
+                                    .larga = stampante.PageWidth() - 2 * kMargineFoglio,
+                                    .riga = 5.5F,
+                                    .tra_fasce = 75,
+                                    .spazio = 4});
+                piede(stampante, 1, 1);
             }};
 }
 

@@ -1,10 +1,15 @@
 #include "printing/rapporto.h"
 
 #include "printing/metriche.h"
+#include "results/risposta.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <utility>
 #include <variant>
@@ -180,7 +185,23 @@ void stampa_testa_propria(EasyPrint& stampante, std::string_view titolo, float y
 void stampa_piede(EasyPrint& stampante, int pagina, int totale) {
     std::string testo = "Pagina " + std::to_string(pagina);
     if (totale > 0) testo += " di " + std::to_string(totale);
-    stampante.PrintRight(stampante.PageWidth() / 2 + kBanda / 2, stampante.PageHeight() - 15, testo);
+    stampante.PrintRight(stampante.PageWidth() / 2 + kBanda / 2, stampante.PageHeight() - kAltezzaPiede,
+                         testo);
+}
+
+Rapporto segna_simulato(Rapporto rapporto) {
+    rapporto.disegna = [disegna = std::move(rapporto.disegna)](EasyPrint& stampante, int pagina) {
+        disegna(stampante, pagina);
+        stampante.FontName("Arial");
+        stampante.FontSize(10);
+        stampante.FontBold(true);
+        stampante.ForeColor(kRosso);
+        stampante.PrintCentre(stampante.PageWidth() / 2, stampante.PageHeight() - kAltezzaPiede,
+                              kArchivioSimulato);
+        stampante.ForeColor(kNero);
+        stampante.FontBold(false);
+    };
+    return rapporto;
 }
 
 void stampa_legenda(EasyPrint& stampante, float y, std::span<const std::string_view> righe) {
@@ -190,6 +211,20 @@ void stampa_legenda(EasyPrint& stampante, float y, std::span<const std::string_v
         testo += riga;
     }
     stampante.PrintLeft(inizio_banda(stampante), y, testo);
+}
+
+void stampa_fondo(EasyPrint& stampante, Colore colore, float x, float y, float larghezza, float altezza) {
+    // A surface keeps a picture by the place of its bytes: one picture per shade, for as long as we run.
+    static std::map<Colore, std::string> figure;
+    std::string& figura = figure[colore];
+    if (figura.empty()) {
+        const auto c = static_cast<std::uint32_t>(colore);
+        figura = fmt::format(
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"8\" height=\"8\" viewBox=\"0 0 8 8\">"
+            "<rect width=\"8\" height=\"8\" fill=\"#{:02x}{:02x}{:02x}\"/></svg>",
+            c & 0xFFU, c >> 8U & 0xFFU, c >> 16U & 0xFFU);
+    }
+    stampante.PrintPicture({.nome = "fondo", .dati = figura}, x, y, larghezza, altezza);
 }
 
 std::string_view parola_combinazione(std::size_t numeri) {
@@ -216,9 +251,10 @@ int pagine_griglia(std::size_t righe) {
 }
 
 void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<const std::uint32_t> ordine,
-                    int pagina) {
+                    int pagina, std::span<const std::string_view> titoli) {
     const std::size_t righe = tabella.righe();
-    const auto& colonne = righe + 1 >= kSottileDa ? kStrette : kLarghe;
+    auto colonne = righe + 1 >= kSottileDa ? kStrette : kLarghe;
+    for (std::size_t c = 0; c < std::min(colonne.size(), titoli.size()); ++c) colonne[c].titolo = titoli[c];
     const std::size_t primo = static_cast<std::size_t>(pagina - 1) * kBlocchiPagina;
     for (std::size_t b = primo; b < std::min(primo + kBlocchiPagina, blocchi(righe)); ++b) {
         const std::size_t prima_riga = b * kRigheBlocco;
@@ -233,16 +269,21 @@ void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<cons
 // ---- the reports ----
 
 Rapporto rapporto_griglia(const MaterialeRapporto& materiale) {
+    return rapporto_griglia_intitolata(materiale, {});
+}
+
+Rapporto rapporto_griglia_intitolata(const MaterialeRapporto& materiale,
+                                     std::span<const std::string_view> titoli) {
     if (!e_griglia(materiale.risultato)) return rapporto_tabelle(materiale);
     const Tabella& tabella = materiale.risultato.tabelle[0];
     const int pagine = pagine_griglia(tabella.righe());
     return {.titolo = materiale.testa.ricerca,
             .pagine = pagine,
-            .disegna = [&tabella, pagine, testa = materiale.testa,
+            .disegna = [&tabella, pagine, titoli, testa = materiale.testa,
                         ordine = std::vector(materiale.ordine.begin(), materiale.ordine.end())](
                            EasyPrint& stampante, int pagina) {
                 stampa_intestazione(stampante, testa);
-                stampa_griglia(stampante, tabella, ordine, pagina);
+                stampa_griglia(stampante, tabella, ordine, pagina, titoli);
                 stampa_piede(stampante, pagina, pagine);
             }};
 }
@@ -275,7 +316,8 @@ constexpr float kAriaCella = 2;           ///< left and right of a cell's text
 constexpr float kLarghezzaMassima = 120;  ///< of a column; longer texts are clipped
 constexpr std::size_t kRigheVerticale = 45;
 constexpr std::size_t kRigheOrizzontale = 28;
-constexpr float kSpazioOrizzontale = 277;  ///< width that a lying A4 sheet leaves for a table
+/// Width that a lying A4 sheet leaves for a table.
+constexpr float kSpazioOrizzontale = kFoglioCoricato - 2 * kMargineFoglio;
 
 /// One printed page's share of the result.
 struct FoglioTabella {
@@ -307,11 +349,15 @@ std::string_view titolo(const std::vector<std::string>& riga, std::size_t colonn
 std::vector<float> misura_colonne(const Tabella& tabella, int corpo) {
     std::vector<float> larghezze(tabella.n_colonne());
     std::string testo;
+    // Of several title rows only the last that says something stands over each column by itself; the others
+    // span.
+    const auto teste = std::find_if(tabella.titoli.rbegin(), tabella.titoli.rend(), [](const auto& riga) {
+        return std::any_of(riga.begin(), riga.end(), [](const auto& t) { return !t.empty(); });
+    });
     for (std::size_t c = 0; c < larghezze.size(); ++c) {
         double larga = 0;
-        // Of several title rows only the last stands over each column by itself; the others span.
-        if (!tabella.titoli.empty())
-            larga = larghezza_testo({.corpo = corpo, .grassetto = true}, titolo(tabella.titoli.back(), c));
+        if (teste != tabella.titoli.rend())
+            larga = larghezza_testo({.corpo = corpo, .grassetto = true}, titolo(*teste, c));
         for (std::size_t r = 0; r < tabella.righe(); ++r) {
             testo.clear();
             tabella.aggiungi_testo(testo, r, c);
@@ -328,8 +374,10 @@ float somma(const std::vector<float>& larghezze) {
     return s;
 }
 
-PianoTabelle pianifica(const Risultato& risultato) {
+/// How the tables are laid on sheets; lying ones where told, or where an upright one has no room.
+PianoTabelle pianifica(const Risultato& risultato, Orientamento voluto) {
     PianoTabelle piano;
+    piano.orientamento = voluto;
     const auto misura = [&](std::int16_t corpo) {
         piano.corpo = corpo;
         piano.larghezze.clear();
@@ -340,10 +388,9 @@ PianoTabelle pianifica(const Risultato& risultato) {
         }
         return massima;
     };
-    float massima = misura(10);
-    if (massima > kBanda) {
+    if (misura(10) > kBanda) {
         piano.orientamento = Orientamento::orizzontale;
-        if (massima > kSpazioOrizzontale) massima = misura(8);
+        if (misura(kCorpoOrizzontale) > kSpazioOrizzontale) misura(kCorpoOrizzontaleFitto);
     }
     const bool verticale = piano.orientamento == Orientamento::verticale;
     const float spazio = verticale ? kBanda : kSpazioOrizzontale;
@@ -365,6 +412,9 @@ PianoTabelle pianifica(const Risultato& risultato) {
             gruppi.back().push_back(c);
             usata += larghezze[c];
         }
+        // On a lying sheet a table that stands on it whole fills it.
+        if (!verticale && gruppi.size() == 1)
+            for (float& w : piano.larghezze[t]) w *= spazio / usata;
         for (std::size_t riga = 0; riga == 0 || riga < tabella.righe(); riga += per_pagina)
             for (const auto& gruppo : gruppi)
                 piano.fogli.push_back(
@@ -380,7 +430,7 @@ void stampa_cella(EasyPrint& stampante, const Colonna& colonna, float x, float y
     const float posto = larghezza - kAriaCella;
     if (std::holds_alternative<ColonnaInteri>(colonna))
         stampante.PrintRight(x + larghezza - kAriaCella, y, testo, 0, posto);
-    else if (std::holds_alternative<ColonnaTesti>(colonna))
+    else if (!std::holds_alternative<ColonnaGruppi>(colonna))
         stampante.PrintLeft(x + kAriaCella, y, testo, 0, posto);
     else
         stampante.PrintCentre(x + larghezza / 2, y, testo, posto);
@@ -466,10 +516,8 @@ void stampa_foglio(EasyPrint& stampante, const FoglioTabella& foglio, const std:
     stampante.FontSize(10);
 }
 
-}  // namespace
-
-Rapporto rapporto_tabelle(const MaterialeRapporto& materiale) {
-    auto piano = std::make_shared<const PianoTabelle>(pianifica(materiale.risultato));
+Rapporto tabelle_su(Orientamento voluto, const MaterialeRapporto& materiale) {
+    auto piano = std::make_shared<const PianoTabelle>(pianifica(materiale.risultato, voluto));
     const int pagine = std::max(static_cast<int>(piano->fogli.size()), 1);
     return {.titolo = materiale.testa.ricerca,
             .orientamento = piano->orientamento,
@@ -493,6 +541,16 @@ Rapporto rapporto_tabelle(const MaterialeRapporto& materiale) {
                 }
                 stampa_piede(stampante, pagina, pagine);
             }};
+}
+
+}  // namespace
+
+Rapporto rapporto_tabelle(const MaterialeRapporto& materiale) {
+    return tabelle_su(Orientamento::verticale, materiale);
+}
+
+Rapporto rapporto_tabelle_orizzontale(const MaterialeRapporto& materiale) {
+    return tabelle_su(Orientamento::orizzontale, materiale);
 }
 
 }  // namespace sortimetra

@@ -3,6 +3,7 @@
 #include "draws/avanzamento.h"
 #include "files/errore.h"
 #include "printing/easy_print.h"
+#include "results/domanda.h"
 #include "results/risultato.h"
 
 #include <cstdint>
@@ -58,6 +59,8 @@ struct MaterialeRapporto {
     const Risultato& risultato;
     Intestazione testa;
     std::span<const std::uint32_t> ordine;
+    /// The question, for a report that tells more of it than the head; null where nobody has asked.
+    const Domanda* domanda = nullptr;
 };
 
 /// Draws the chosen pages, a new page between them, and ends the document. If `avanzamento` says stop the
@@ -83,10 +86,18 @@ inline constexpr Colore kBluScuro = 8388608;
 [[nodiscard]] std::size_t riga_in_griglia(const Tabella& tabella, std::size_t riga,
                                           std::span<const std::uint32_t> ordine);
 
-/// Left edge and width of the band that every report keeps to, in mm.
+/// Width of the band that head and foot of every report keep to, in mm.
 inline constexpr float kBanda = 190;
 /// Where that band begins: 10 on an upright sheet, centred on one that lies.
 [[nodiscard]] float inizio_banda(const EasyPrint& stampante);
+
+/// Left and right of a table on a lying sheet, which it fills from one margin to the other; and the sheet's
+/// width, for what is settled before there is a printer.
+inline constexpr float kMargineFoglio = 10;
+inline constexpr float kFoglioCoricato = 297;
+/// Sizes of a table's texts on a lying sheet: the larger one where rows are high enough for it.
+inline constexpr std::int16_t kCorpoOrizzontale = 9;
+inline constexpr std::int16_t kCorpoOrizzontaleFitto = 8;
 
 /// The product's logo, 190 x 20 mm.
 [[nodiscard]] const Immagine& logo();
@@ -103,9 +114,18 @@ void stampa_testa_propria(EasyPrint& stampante, std::string_view titolo, float y
 
 /// "Pagina n di m" at the foot, right; with `totale` 0 "Pagina n".
 void stampa_piede(EasyPrint& stampante, int pagina, int totale);
+/// Height of the sheet that the foot keeps for itself: a table ends above it.
+inline constexpr float kAltezzaPiede = 15;
+
+/// The same report with "Archivio simulato" at the foot of each of its pages, in the middle: its draws never
+/// took place.
+[[nodiscard]] Rapporto segna_simulato(Rapporto rapporto);
 
 /// The lines of a legend under each other, from y on at the band's left edge.
 void stampa_legenda(EasyPrint& stampante, float y, std::span<const std::string_view> righe);
+
+/// A box filled with a shade: what marks a cell on paper, drawn before the cell's text.
+void stampa_fondo(EasyPrint& stampante, Colore colore, float x, float y, float larghezza, float altezza);
 
 /// "(Ambi)", "(Terzine)" … for combinations of 2, 3, 4, 5, 6 and 10 numbers; "" for any other size.
 [[nodiscard]] std::string_view parola_combinazione(std::size_t numeri);
@@ -117,20 +137,25 @@ inline constexpr std::size_t kRigheBlocco = 45;
 [[nodiscard]] int pagine_griglia(std::size_t righe);
 
 /// One page of a grid of numbers: number or combination, frequency, delay, historic delay. Blocks of 45 rows,
-/// two side by side; a grid of one block has wide columns.
+/// two side by side; a grid of one block has wide columns. `titoli` are for a grid with four of its own.
 void stampa_griglia(EasyPrint& stampante, const Tabella& tabella, std::span<const std::uint32_t> ordine,
-                    int pagina);
+                    int pagina, std::span<const std::string_view> titoli = {});
 
 // ---- the reports ----
 
 /// Head and `stampa_griglia`: the report of every grid with the three measures. A result of another shape is
 /// printed by `rapporto_tabelle`.
 [[nodiscard]] Rapporto rapporto_griglia(const MaterialeRapporto& materiale);
+/// The same under four titles of its own, which must outlive the report.
+[[nodiscard]] Rapporto rapporto_griglia_intitolata(const MaterialeRapporto& materiale,
+                                                   std::span<const std::string_view> titoli);
 
 /// All tables of a result as ruled tables whose columns fit their content, cells with a colour of their own
 /// framed. Upright where they fit the band, else lying; a table too wide for that goes on in further pages
 /// with its first column repeated.
 [[nodiscard]] Rapporto rapporto_tabelle(const MaterialeRapporto& materiale);
+/// The same on lying sheets, whatever would fit.
+[[nodiscard]] Rapporto rapporto_tabelle_orizzontale(const MaterialeRapporto& materiale);
 
 /// The fixed table of the 90 numbers' segnalimite, 45 rows in each of two column pairs.
 [[nodiscard]] Rapporto rapporto_segnalimite(const MaterialeRapporto& materiale);

@@ -14,6 +14,11 @@ enum class Avviso : std::uint8_t {
     capigioco,            ///< one of the two head numbers is none
     file_danneggiato,     ///< the list of the cinquine dei 90 cannot be read
     troppe_combinazioni,  ///< a decomposition with more members than is allowed
+    posizione_dieci,      ///< a lunghetta by position has ten numbers at most
+    gruppo_incompleto,    ///< no group to analyse, or one with a free row
+    nessun_gruppo,        ///< no group has been saved, or none of that name
+    nome_in_uso,          ///< a group of that name is there already
+    nome_non_valido,      ///< a group's name that its file cannot hold
     numero_mancante,      ///< a choice of numbers that holds none
     sistema_danneggiato,  ///< the combinations of a saved system cannot be read to their end
 };

@@ -95,8 +95,10 @@ template <auto Campo, std::int32_t Minimo = kInteroMinimo, std::int32_t Massimo 
 [[nodiscard]] constexpr Opzione intero(Opzione o) {
     o.leggi = [](std::string_view valore, Domanda& d) {
         const auto n = intero_opzione(valore, Minimo, Massimo);
-        if (n) dettaglio::campo<Campo>(d) = *n;
-        return n.has_value();
+        if (!n) return false;
+        const std::int32_t letto = *n;
+        dettaglio::campo<Campo>(d) = letto;
+        return true;
     };
     o.scrivi = [](const Domanda& d) -> std::optional<std::string> {
         if (dettaglio::intatto<Campo>(d)) return std::nullopt;

@@ -31,8 +31,8 @@ using FunzioneRapporto = Rapporto (*)(const MaterialeRapporto&);
 using FunzioneCarica = std::expected<void, Messaggio> (*)(const std::filesystem::path& cartella,
                                                           Domanda& domanda);
 
-/// Why the question is wrong usage although each of its options is right; nothing where it is not. Only the
-/// command line asks: a screen cannot be brought to ask such a question.
+/// Why a question is none, where that takes more than one option to see; nothing if it can be asked. The
+/// sentence names the option, what it got and what it takes.
 using FunzioneControlla = std::optional<std::string> (*)(const Domanda&);
 
 /// Where the user finds a search.
@@ -51,7 +51,7 @@ struct Ricerca {
     Opzioni opzioni{};     ///< what it takes beside the scope
     FunzioneRicerca esegui = nullptr;       ///< null until the search is built: listed, but disabled
     FunzioneCarica carica = nullptr;        ///< null where nothing but the archive is read
-    FunzioneControlla controlla = nullptr;  ///< checks across options; null where there are none
+    FunzioneControlla controlla = nullptr;  ///< null where each option stands by itself
     std::string_view frase{};               ///< what it counts, in one sentence for the user
     SelezioneRuote ruote{};                 ///< wheels ticked when it opens
     FunzioneRapporto rapporto = nullptr;    ///< how its result is printed; null: as a grid of measures

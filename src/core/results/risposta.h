@@ -13,6 +13,13 @@
 
 namespace sortimetra {
 
+/// First and last draw of a game's own table.
+struct PeriodoProprio {
+    TrattoConcorsi tratto{};
+    Data dal{};
+    Data al{};
+};
+
 /// What an answer is of, in the words of a report's head: taken down when the search ran, so that neither
 /// paper nor files need the archive again.
 struct AmbitoDetto {
@@ -21,6 +28,9 @@ struct AmbitoDetto {
     TrattoConcorsi tratto{};   ///< within the archive
     std::optional<Data> dal{};
     std::optional<Data> al{};
+    /// The draws in scope of a game with draws of its own, whose range is told by the Lotto's concorsi or cut
+    /// by the hour; nothing for the Lotto and 10eLotto, and where no draw is left.
+    std::optional<PeriodoProprio> proprio{};
     std::int32_t t = 0;      ///< T, the draws in scope
     std::string archivio{};  ///< name of the file that was read
     bool simulato = false;

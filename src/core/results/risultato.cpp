@@ -33,6 +33,13 @@ ChiaveCella chiave_cella(std::string_view testo) {
     return {testo.front() < '0' ? 2 : 4, 0, minuscolo(testo)};
 }
 
+std::vector<ChiaveCella> chiavi_celle(const std::vector<std::string>& testi) {
+    std::vector<ChiaveCella> chiavi;
+    chiavi.reserve(testi.size());
+    for (const auto& t : testi) chiavi.push_back(chiave_cella(t));
+    return chiavi;
+}
+
 /// The value's place and its row side by side in one word: words sort several times as fast as rows whose
 /// values are looked up, and the row in the low half keeps equal cells in their order.
 void ordina_interi(std::vector<std::uint32_t>& ordine, const std::vector<std::int32_t>& valori, Verso verso) {
@@ -71,6 +78,8 @@ std::size_t lunghezza(const Colonna& colonna) {
         [](const auto& c) -> std::size_t {
             if constexpr (std::is_same_v<std::decay_t<decltype(c)>, ColonnaGruppi>)
                 return c.quanti == 0 ? 0 : c.numeri.size() / c.quanti;
+            else if constexpr (std::is_same_v<std::decay_t<decltype(c)>, ColonnaVoci>)
+                return c.scelte.size();
             else
                 return c.valori.size();
         },
@@ -90,6 +99,8 @@ void Tabella::aggiungi_testo(std::string& testo, std::size_t riga, std::size_t c
             if (i > 0) testo += gruppi->separatore;
             aggiungi_due_cifre(testo, gruppi->numeri[riga * gruppi->quanti + i]);
         }
+    } else if (const auto* voci = std::get_if<ColonnaVoci>(&c)) {
+        testo += voci->testo(riga);
     } else {
         testo += std::get<ColonnaTesti>(c).valori[riga];
     }
@@ -143,6 +154,12 @@ Risultato non_avviata(Messaggio messaggio) {
     return r;
 }
 
+Risultato non_avviata_in_silenzio(std::string manca) {
+    Risultato r = non_avviata({});
+    r.note.push_back(std::move(manca));
+    return r;
+}
+
 Risultato senza_estrazioni() {
     return non_avviata({Avviso::nessuna_estrazione, std::string{kNessunaEstrazione}});
 }
@@ -162,11 +179,14 @@ void riordina_per(const Tabella& tabella, const Criterio& criterio, std::vector<
             const auto* x = gruppi->numeri.data();
             return std::lexicographical_compare(x + a * k, x + a * k + k, x + b * k, x + b * k + k);
         });
+    } else if (const auto* voci = std::get_if<ColonnaVoci>(&c)) {
+        const auto& scelte = voci->scelte;
+        const auto chiavi = voci->in_ordine ? std::vector<ChiaveCella>{} : chiavi_celle(voci->voci);
+        riordina(ordine, verso, [&](auto a, auto b) {
+            return voci->in_ordine ? scelte[a] < scelte[b] : chiavi[scelte[a]] < chiavi[scelte[b]];
+        });
     } else {
-        const auto& testi = std::get<ColonnaTesti>(c).valori;
-        std::vector<ChiaveCella> chiavi;
-        chiavi.reserve(testi.size());
-        for (const auto& t : testi) chiavi.push_back(chiave_cella(t));
+        const auto chiavi = chiavi_celle(std::get<ColonnaTesti>(c).valori);
         riordina(ordine, verso, [&](auto a, auto b) { return chiavi[a] < chiavi[b]; });
     }
 }

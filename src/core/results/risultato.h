@@ -47,7 +47,19 @@ struct ColonnaGruppi {
     friend bool operator==(const ColonnaGruppi&, const ColonnaGruppi&) = default;
 };
 
-using Colonna = std::variant<ColonnaInteri, ColonnaTesti, ColonnaGruppi>;
+/// Texts of which there are few, each told many times: dates, wheels, drawn numbers that may be missing. Row
+/// r shows `voci[scelte[r]]`, so that a million dates take four bytes each.
+struct ColonnaVoci {
+    std::vector<std::string> voci;
+    std::vector<std::uint32_t> scelte;
+    /// The texts stand in their own order (days, two-digit numbers): rows sort by it, not by the letters.
+    bool in_ordine = false;
+
+    [[nodiscard]] const std::string& testo(std::size_t riga) const { return voci[scelte[riga]]; }
+    friend bool operator==(const ColonnaVoci&, const ColonnaVoci&) = default;
+};
+
+using Colonna = std::variant<ColonnaInteri, ColonnaTesti, ColonnaGruppi, ColonnaVoci>;
 
 [[nodiscard]] std::size_t lunghezza(const Colonna& colonna);
 
@@ -93,6 +105,8 @@ struct Risultato {
     /// What the answer calls itself where that is not the search's title; "" else.
     std::string titolo;
     std::vector<Tabella> tabelle;
+    /// Tables of another search that stand on the printed page with the answer; no file has them.
+    std::vector<Tabella> allegati;
     std::vector<Etichetta> etichette;
     std::vector<Messaggio> messaggi;  ///< what message boxes say
     /// Remarks that are no message box: the status line shows them, the command line writes them to standard
@@ -106,7 +120,9 @@ struct Risultato {
 
 /// The answer of a search that does not start: no table, one message.
 [[nodiscard]] Risultato non_avviata(Messaggio messaggio);
-/// The same where no draw is left by wheels, range and calendar.
+/// The answer of a search that does not start and shows no box: what is missing is a remark.
+[[nodiscard]] Risultato non_avviata_in_silenzio(std::string manca);
+/// The answer of a search where no draw is left by wheels, range and calendar.
 [[nodiscard]] Risultato senza_estrazioni();
 
 enum class Verso { crescente, decrescente };

@@ -101,6 +101,7 @@ struct Lettore {
     std::size_t quanti = 0;
     char separatore = '-';
     const std::string* testi = nullptr;
+    const std::uint32_t* scelte = nullptr;  ///< which of the texts each row has; null for its own
 
     explicit Lettore(const Colonna& colonna) {
         if (const auto* i = std::get_if<ColonnaInteri>(&colonna)) {
@@ -111,9 +112,16 @@ struct Lettore {
             gruppi = g->numeri.data();
             quanti = g->quanti;
             separatore = g->separatore;
+        } else if (const auto* v = std::get_if<ColonnaVoci>(&colonna)) {
+            testi = v->voci.data();
+            scelte = v->scelte.data();
         } else {
             testi = std::get<ColonnaTesti>(colonna).valori.data();
         }
+    }
+
+    [[nodiscard]] const std::string& testo(std::size_t riga) const {
+        return testi[scelte == nullptr ? riga : scelte[riga]];
     }
 
     /// Bytes that a cell of numbers takes at most; texts ask for their own room.
@@ -175,7 +183,7 @@ void metti_righe(Penna& penna, const Tabella& tabella, const Righe& righe) {
             prima = false;
             if (c.tipo == Lettore::Tipo::Testi) {
                 penna.fino_a(p);
-                Forma::testo(penna, rifila(c.testi[r]));
+                Forma::testo(penna, rifila(c.testo(r)));
                 penna.assicura(fisso);
                 p = penna.punta();
             } else {
@@ -383,7 +391,7 @@ class Impaginatore {
             const Lettore& l = colonne_[c];
             std::size_t prende = larghe_[c];
             if (l.tipo == Lettore::Tipo::Testi) {
-                const std::string t = su_una_linea(l.testi[riga]);
+                const std::string t = su_una_linea(l.testo(riga));
                 const std::size_t sue = larghezza_terminale(t);
                 const std::size_t oltre = t.size() - sue;
                 penna.assicura(larga + oltre + posto_ + 1);
@@ -440,7 +448,7 @@ class Impaginatore {
             bool numeri = true;
             bool piena = false;
             for (std::size_t i = 0; i < righe_.quante(); ++i) {
-                const std::string t = su_una_linea(l.testi[righe_[i]]);
+                const std::string t = su_una_linea(l.testo(righe_[i]));
                 massima = std::max(massima, larghezza_terminale(t));
                 piena = piena || !t.empty();
                 numeri = numeri && (t.empty() || leggi_numero(t));

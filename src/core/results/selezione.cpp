@@ -210,6 +210,9 @@ Colonna prendi_righe(const Colonna& colonna, std::span<const std::uint32_t> righ
                     presa.numeri.insert(presa.numeri.end(), inizio,
                                         inizio + static_cast<std::ptrdiff_t>(intera.quanti));
                 }
+            } else if constexpr (std::is_same_v<std::decay_t<decltype(intera)>, ColonnaVoci>) {
+                presa.scelte.clear();
+                for (const std::uint32_t r : righe) presa.scelte.push_back(intera.scelte[r]);
             } else {
                 presa.valori.clear();
                 for (const std::uint32_t r : righe) presa.valori.push_back(intera.valori[r]);

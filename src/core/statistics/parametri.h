@@ -5,7 +5,9 @@
 #include "statistics/serie_corrente.h"
 
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -21,6 +23,11 @@ struct ParametriStatistica {
     int sorte = 2;                 ///< numbers per combination of a decomposition, 1 to 5
     /// The members of the one family whose numbers stand in a file; null where it cannot be read.
     std::shared_ptr<const SerieCorrente> cinquine{};
+    bool analisi = false;  ///< the analysis of the group that the grid shows, in place of the grid
+    std::optional<int> combinazioni{};  ///< `ComboComb`: rows of the grid that make the group; none for all
+    std::optional<int> entro{};         ///< draws within which an outcome is asked for
+    std::vector<std::uint32_t>
+        ordine{};  ///< rows of the grid as a screen shows them; empty for that of writing
 };
 
 inline constexpr std::array<std::string_view, 2> kTipi{"ambata", "ambo"};
@@ -38,6 +45,29 @@ inline constexpr Opzione kOpzTipoTerno = parola<&ParametriStatistica::tipo, kTip
      .meta = "TIPO",
      .atteso = "ambata|ambo|terno",
      .frase = "Quanti numeri di una combinazione devono uscire insieme: uno, due o tre. Se manca: ambata."});
+
+/// Of the search whose grid needs no choice of what an outcome is.
+inline constexpr Opzione kOpzTipoCapogioco = parola<&ParametriStatistica::tipo, kTipi>(
+    {.nome = "--tipo",
+     .meta = "TIPO",
+     .atteso = "ambata|ambo",
+     .frase = "Con --analisi-gruppo: che cosa conta come esito, un numero di un ambo (ambata) o tutti e due "
+              "(ambo). Se manca: ambata."});
+
+inline constexpr Opzione kOpzAnalisiGruppo = interruttore<&ParametriStatistica::analisi>(
+    {.nome = "--analisi-gruppo",
+     .frase = "Analizza le combinazioni della griglia come un gruppo: esiti, ritardi, probabilità."});
+inline constexpr Opzione kOpzCombinazioni = intero<&ParametriStatistica::combinazioni, 1>(
+    {.nome = "--combinazioni",
+     .meta = "N",
+     .atteso = "un numero di righe, da 1",
+     .frase = "Con --analisi-gruppo, per l'ambo capogioco: soltanto le prime N righe. Se manca: tutte."});
+inline constexpr Opzione kOpzEntro = intero<&ParametriStatistica::entro, 1>(
+    {.nome = "--entro",
+     .meta = "N",
+     .atteso = "un numero di concorsi, da 1",
+     .frase = "Con --analisi-gruppo: la probabilità statistica di un esito positivo entro i prossimi N "
+              "concorsi."});
 
 // Digits only: what the boxes let one type. Whether it is a number of the game, the search tells.
 inline constexpr Opzione kOpzCapogioco = elenco<&ParametriStatistica::capogioco, 0, kInteroMassimo, 1>(
@@ -67,10 +97,13 @@ inline constexpr Opzione kOpzEstratto = intero<&ParametriStatistica::estratto, 1
      .frase = "Il posto in cui i dieci numeri sono usciti, da 1 a 5. Se manca: 1."});
 
 inline constexpr std::array kOpzioniTerni{&kOpzTipo};
-inline constexpr std::array kOpzioniAmbataCapogioco{&kOpzCapogioco};
-inline constexpr std::array kOpzioniAmboCapogioco{&kOpzTipo, &kOpzAmboCapo};
-inline constexpr std::array kOpzioniSerie{&kOpzTipo};
-inline constexpr std::array kOpzioniSerieConRuote{&kOpzTipo, &kOpzTutteLeRuote};
+inline constexpr std::array kOpzioniAmbataCapogioco{&kOpzCapogioco, &kOpzAnalisiGruppo, &kOpzTipoCapogioco,
+                                                    &kOpzCombinazioni, &kOpzEntro};
+inline constexpr std::array kOpzioniAmboCapogioco{&kOpzTipo, &kOpzAmboCapo, &kOpzAnalisiGruppo,
+                                                  &kOpzCombinazioni, &kOpzEntro};
+inline constexpr std::array kOpzioniSerie{&kOpzTipo, &kOpzAnalisiGruppo, &kOpzCombinazioni, &kOpzEntro};
+inline constexpr std::array kOpzioniSerieConRuote{&kOpzTipo, &kOpzTutteLeRuote, &kOpzAnalisiGruppo,
+                                                  &kOpzCombinazioni, &kOpzEntro};
 inline constexpr std::array kOpzioniDieciRuote{&kOpzEstratto};
 inline constexpr std::array kOpzioniScomposizione{&kOpzTipoTerno, &kOpzNumeri, &kOpzSorte};
 

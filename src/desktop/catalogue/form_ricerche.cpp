@@ -48,10 +48,10 @@ QString percorso(const std::filesystem::path& p) {
 }
 
 /// Prints a search that reads no draws: there is nothing to ask it.
-void stampa_senza_archivio(QWidget& finestra, const Ricerca& ricerca) {
+void stampa_senza_archivio(QWidget& finestra, const Ricerca& ricerca, const Sessione& sessione) {
     static const ArchivioEstrazioni nessuno;
     SenzaAvanzamento zitto;
-    stampa_risultato(&finestra, rispondi(domanda_intatta(ricerca), nessuno, {}, zitto));
+    stampa_risultato(&finestra, rispondi(domanda_intatta(ricerca), nessuno, {}, zitto), &sessione);
 }
 
 /// A window of its own, no dialog, menu or tip.
@@ -518,11 +518,13 @@ void form_ricerche::mostra_segnalimite(bool mostra) {
         connect(frame_segnalimite_, &FrameSegnalimite::esci, this, [this] { mostra_segnalimite(false); });
         connect(frame_segnalimite_, &FrameSegnalimite::stampa, this, [this] {
             if (const Ricerca* r = trova_ricerca(nomi::kSegnalimiteCabalistici.chiave))
-                stampa_senza_archivio(*this, *r);
+                stampa_senza_archivio(*this, *r, sessione_);
         });
         pagine_->addWidget(frame_segnalimite_);
     }
     pagine_->setCurrentWidget(mostra ? static_cast<QWidget*>(frame_segnalimite_) : catalogo_);
+    // "Esci" goes back to the lists, "Chiudi" ends the program: one at a time.
+    command1_->setVisible(!mostra);
     if (mostra)
         frame_segnalimite_->setFocus();
     else

@@ -255,7 +255,7 @@ QWidget* form_ricerche::componi_elenco() {
 
 QWidget* form_ricerche::componi_piede() {
     lbl_stato_ = etichetta("lblStato", "quieto");
-    lbl_stato_->setAccessibleName(tr("Archivio in uso"));
+    lbl_stato_->setAccessibleDescription(tr("Archivio in uso"));
     lbl_simulato_ = new Targhetta{tr("Archivio simulato")};
     lbl_simulato_->setObjectName(QStringLiteral("lblSimulato"));
     lbl_simulato_->setToolTip(
@@ -268,7 +268,8 @@ QWidget* form_ricerche::componi_piede() {
     connect(cambia, &QPushButton::clicked, this, &form_ricerche::scegli_cartella);
     command1_ = new QPushButton{tr("C&hiudi")};
     command1_->setObjectName(QStringLiteral("Command1"));
-    command1_->setToolTip(tr("Esce dal programma"));
+    command1_->setIcon(icona(QStringLiteral("chiudi")));
+    command1_->setToolTip(tr("Chiude il programma"));
     connect(command1_, &QPushButton::clicked, this, &QWidget::close);
     auto* piede = new QWidget;
     auto* piano = new QHBoxLayout{piede};

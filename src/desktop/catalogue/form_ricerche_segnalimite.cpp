@@ -70,7 +70,7 @@ QFrame* blocco(int primo) {
 FrameSegnalimite::FrameSegnalimite(QWidget* genitore)
     : QFrame{genitore},
       cmdstampa_{new QPushButton{icona(QStringLiteral("stampa")), tr("Stampa")}},
-      command3_{new QPushButton{tr("Esci")}} {
+      command3_{new QPushButton{icona(QStringLiteral("sinistra"), TintaIcona::su_accento), tr("Esci")}} {
     setObjectName(QStringLiteral("FrameSegnalimite"));
     auto* titolo = new QLabel{tr("Tabella dei Segnalimite Cabalistici")};
     assegna_ruolo(titolo, "titolo");

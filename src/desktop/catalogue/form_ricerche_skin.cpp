@@ -42,7 +42,6 @@ PulsanteSkin::PulsanteSkin(QWidget* genitore) : QToolButton{genitore}, menu_{new
     setPopupMode(QToolButton::InstantPopup);
     setFocusPolicy(Qt::StrongFocus);
     setStyleSheet(QStringLiteral("QToolButton::menu-indicator { image: none; }"));
-    setAccessibleName(tr("Aspetto"));
     setToolTip(tr("Cambia i colori del programma"));
     setMenu(menu_);
     auto* gruppo = new QActionGroup{menu_};
@@ -61,6 +60,7 @@ PulsanteSkin::PulsanteSkin(QWidget* genitore) : QToolButton{genitore}, menu_{new
 
 void PulsanteSkin::segna(int indice) {
     setText(QString::fromUtf8(skin_in_uso().nome));
+    setAccessibleName(tr("Aspetto: %1").arg(text()));
     for (QAction* voce : menu_->actions()) {
         const bool in_uso = voce->data().toInt() == indice;
         voce->setChecked(in_uso);

@@ -47,7 +47,7 @@ QWidget* form_tab_pos::componi_terza() {
     griglia->setAccessibleName(tr("Terza griglia"));
     auto* stampa_bottone = new QPushButton{icona(QStringLiteral("stampa")), tr("&Stampa"), pagina};
     stampa_bottone->setObjectName(QStringLiteral("Command6"));
-    auto* esci = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), pagina};
+    auto* esci = new QPushButton{icona(QStringLiteral("sinistra")), tr("&Esci"), pagina};
     esci->setObjectName(QStringLiteral("Command5"));
     connect(esci, &QPushButton::clicked, this, &QWidget::close);
     auto* piede = new QHBoxLayout;
@@ -80,7 +80,7 @@ QWidget* form_tab_pos::componi_pagina_dieci() {
     stampa_dieci_ = new QPushButton{icona(QStringLiteral("stampa")), tr("&Stampa"), pagina};
     stampa_dieci_->setObjectName(QStringLiteral("Command10"));
     auto* esporta_bottone = new QPushButton{icona(QStringLiteral("esporta")), tr("Es&porta…"), pagina};
-    auto* esci = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), pagina};
+    auto* esci = new QPushButton{icona(QStringLiteral("sinistra")), tr("&Esci"), pagina};
     esci->setObjectName(QStringLiteral("Command8"));
     esci->setToolTip(tr("Torna al catalogo (Esc)"));
     connect(tabellone, &QPushButton::clicked, this, &form_tab_pos::mostra_tabellone);

@@ -12,12 +12,14 @@
 #include "screens/pannello_avanzamento.h"
 #include "screens/tema.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QList>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -33,12 +35,16 @@ namespace {
 
 constexpr int kLarghezzaColonna = 70 * kPasso;
 constexpr int kMargineScheda = 2 * kPasso;
+/// Of the page as a picture: points of the screen across it, and what they become on paper.
+constexpr int kLarghezzaImmagine = 240 * kPasso;
+constexpr double kMmPerPollice = 25.4;
+constexpr double kPuntiPerPollice = 300;
 /// Caption once the screen runs.
 constexpr const char* kTitoloInCorsa = "Migliori Ritardi Statistici - Lotto";
 
 constexpr std::array<PaginaMigliori::Nomi, 2> kNomiPagine{{
-    {1, "Frame10rit", "Command6", "Command5", "Image1", "lblStampaIntestazione"},
-    {2, "Frame11rit", "Command10", "Command11", "Image2", "lblStampaIntestazione2"},
+    {1, "Frame10rit", "Command6", "cmdImmagine_1", "Command5", "Image1", "lblStampaIntestazione"},
+    {2, "Frame11rit", "Command10", "cmdImmagine_2", "Command11", "Image2", "lblStampaIntestazione2"},
 }};
 constexpr std::array kNomiAvvia{"Command8", "Command9"};
 constexpr std::array kNomiPannelli{"Frame3", "Frame6"};
@@ -53,6 +59,7 @@ PaginaMigliori::PaginaMigliori(const Nomi& nomi, std::span<QLabel* const> etiche
       intestazione_{new QLabel},
       freccia_{new QPushButton{nomi_.pagina == 1 ? tr("Pagina &avanti") : tr("Pagina &indietro"), this}},
       stampa_{new QPushButton{tr("&Stampa"), this}},
+      immagine_{new QPushButton{tr("Come i&mmagine…"), this}},
       esporta_{new QPushButton{tr("Es&porta…"), this}},
       scorri_{new QScrollArea{this}},
       contenuto_{new QWidget},
@@ -130,8 +137,9 @@ void PaginaMigliori::componi_contenuto(std::span<QLabel* const> etichette) {
 QBoxLayout* PaginaMigliori::componi_piede() {
     stampa_->setObjectName(QString::fromLatin1(nomi_.stampa));
     stampa_->setIcon(icona(QStringLiteral("stampa")));
+    immagine_->setObjectName(QString::fromLatin1(nomi_.immagine));
     esporta_->setIcon(icona(QStringLiteral("esporta")));
-    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
+    auto* esci_bottone = new QPushButton{icona(QStringLiteral("sinistra")), tr("&Esci"), this};
     esci_bottone->setObjectName(QString::fromLatin1(nomi_.esci));
     esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
 
@@ -139,11 +147,13 @@ QBoxLayout* PaginaMigliori::componi_piede() {
     piede->setSpacing(2 * kPasso);
     piede->addStretch(1);
     piede->addWidget(stampa_);
+    piede->addWidget(immagine_);
     piede->addWidget(esporta_);
     piede->addWidget(esci_bottone);
     // In the order of reading: the arrow at the top, then the commands.
-    giro_di_tab({freccia_, stampa_, esporta_, esci_bottone});
+    giro_di_tab({freccia_, stampa_, immagine_, esporta_, esci_bottone});
     connect(stampa_, &QPushButton::clicked, this, &PaginaMigliori::stampa);
+    connect(immagine_, &QPushButton::clicked, this, &PaginaMigliori::stampa_immagine);
     connect(esporta_, &QPushButton::clicked, this, &PaginaMigliori::esporta);
     connect(esci_bottone, &QPushButton::clicked, this, &PaginaMigliori::esci);
     return piede;
@@ -196,8 +206,8 @@ void PaginaMigliori::aggiungi_sotto(QWidget* widget, const QString& titolo) {
     giro_di_tab({freccia_, widget, stampa_});
 }
 
-void PaginaMigliori::disponi_schede() {
-    // As many cards side by side as the longest group of the page leaves room for.
+void PaginaMigliori::disponi_schede(int larghezza) {
+    // The longest group of the page stands on one line.
     const QFontMetrics misure{gruppi_.front()->font()};
     const QFontMetrics grassetto{ritardi_.front()->font()};
     const QString lungo = QStringLiteral("00-").repeated(nomi_.pagina == 1 ? 6 : 10).chopped(1);
@@ -205,7 +215,6 @@ void PaginaMigliori::disponi_schede() {
                        grassetto.horizontalAdvance(QStringLiteral("R. 0000")) + 2 * kMargineScheda +
                        3 * kPasso;
     const int spazio = 2 * kPasso;
-    const int larghezza = scorri_->viewport()->width();
     const int colonne = std::clamp((larghezza + spazio) / (minima + spazio), 1, 5);
     if (colonne == colonne_) return;
     colonne_ = colonne;
@@ -219,7 +228,8 @@ void PaginaMigliori::disponi_schede() {
 }
 
 bool PaginaMigliori::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (oggetto == scorri_->viewport() && evento->type() == QEvent::Resize) disponi_schede();
+    if (oggetto == scorri_->viewport() && evento->type() == QEvent::Resize)
+        disponi_schede(scorri_->viewport()->width());
     return QWidget::eventFilter(oggetto, evento);
 }
 
@@ -245,8 +255,9 @@ void PaginaMigliori::svuota() {
     aggiorna_comandi();
 }
 
-void PaginaMigliori::imposta_stampabile(bool si) {
+void PaginaMigliori::imposta_stampabile(bool si, bool come_immagine) {
     stampabile_ = si;
+    come_immagine_ = come_immagine;
     aggiorna_comandi();
 }
 
@@ -257,6 +268,9 @@ void PaginaMigliori::aggiorna_comandi() {
     stampa_->setToolTip(!stampabile_ ? tr("La stampa non è ancora disponibile.")
                         : qualcosa   ? tr("Stampa la pagina (Ctrl+P)")
                                      : niente);
+    immagine_->setEnabled(qualcosa && come_immagine_);
+    immagine_->setToolTip(qualcosa ? tr("Stampa la pagina com'è sullo schermo, da posare sul foglio")
+                                   : niente);
     esporta_->setEnabled(qualcosa);
     esporta_->setToolTip(qualcosa ? tr("Scrive la pagina in un file CSV, XLSX o JSON (Ctrl+E)") : niente);
 }
@@ -272,15 +286,48 @@ QImage PaginaMigliori::immagine() {
     const int skin = indice_skin_in_uso();
     const bool scura = skin_in_uso().scura;
     if (scura) applica_tema(*qApp, 1);
-    // The commands and the arrow stand outside of what is drawn; the heading comes for the picture alone.
+    // The commands and the arrow stand outside of what is drawn; the heading comes for the picture alone. The
+    // scroll area would bring the page back to the window's width.
+    scorri_->setWidgetResizable(false);
     intestazione_->show();
-    contenuto_->layout()->activate();
+    QList<std::pair<QAbstractScrollArea*, Qt::ScrollBarPolicy>> barre;
+    for (auto* area : contenuto_->findChildren<QAbstractScrollArea*>()) {
+        barre.append({area, area->horizontalScrollBarPolicy()});
+        area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
     const QSize prima = contenuto_->size();
-    contenuto_->resize(prima.width(), std::max(prima.height(), contenuto_->sizeHint().height()));
-    const QImage disegno = contenuto_->grab().toImage();
+    // At once, without a turn of the event loop, which would paint.
+    const auto disponi = [this](QSize misura) {
+        campo_->layout()->activate();
+        campo_->updateGeometry();
+        contenuto_->layout()->invalidate();
+        contenuto_->resize(misura);
+        contenuto_->layout()->activate();
+    };
+    const auto stendi = [&](int larghezza) {
+        disponi_schede(larghezza - kPasso);
+        disponi({larghezza, contenuto_->height()});
+        QLayout* tutto = contenuto_->layout();
+        tutto->invalidate();
+        disponi(
+            {larghezza, std::max(tutto->totalHeightForWidth(larghezza), tutto->totalSizeHint().height())});
+    };
+    stendi(kLarghezzaImmagine);
+    // A larger font may need more than the usual width: the picture grows rather than be cut.
+    if (const int minima = contenuto_->layout()->totalMinimumSize().width(); minima > kLarghezzaImmagine)
+        stendi(minima);
+    // A white edge all round: nothing ends where the picture does.
+    const QSizeF intera = contenuto_->size() + QSize{2 * kPasso, 2 * kPasso};
+    const double punti = kLarghezzaCarta / kMmPerPollice * kPuntiPerPollice / intera.width();
+    QImage disegno{(intera * punti).toSize(), QImage::Format_RGB32};
+    disegno.setDevicePixelRatio(punti);
+    disegno.fill(Qt::white);
+    contenuto_->render(&disegno, {kPasso, kPasso}, {}, QWidget::DrawChildren);
     intestazione_->hide();
-    contenuto_->resize(prima);
-    contenuto_->layout()->activate();
+    for (const auto& [area, come] : barre) area->setHorizontalScrollBarPolicy(come);
+    disponi_schede(scorri_->viewport()->width());
+    disponi(prima);
+    scorri_->setWidgetResizable(true);
     if (scura) applica_tema(*qApp, skin);
     return disegno;
 }
@@ -310,6 +357,7 @@ form_tab_pos2::form_tab_pos2(Sessione& sessione, QWidget* padre)
         pannelli_[p]->imposta_scritta(tr("Elaborazione in corso..."));
         connect(pagine_[p], &PaginaMigliori::volta, this, [this, p] { volta(p == 0 ? 2 : 1); });
         connect(pagine_[p], &PaginaMigliori::stampa, this, [this] { stampa(); });
+        connect(pagine_[p], &PaginaMigliori::stampa_immagine, this, &form_tab_pos2::stampa_immagine);
         connect(pagine_[p], &PaginaMigliori::esporta, this, [this] { esporta(); });
         connect(pagine_[p], &PaginaMigliori::esci, this, &QWidget::close);
     }
@@ -415,8 +463,15 @@ void form_tab_pos2::calcola(PaginaMigliori* pagina) {
         chiedi(*ricerca(), d, pannelli_[static_cast<std::size_t>(pagina->numero() - 1)]);
     if (!esito.prodotto()) return;
     const std::string ruote = d.ambito.ruote.nomi();
-    pagina->mostra(esito, tr("Ruote: %1  ·  al concorso %2")
-                              .arg(ruote.empty() ? tr("Bari") : testo_qt(ruote), concorso_->text()));
+    QString ambito = tr("Ruote: %1  ·  al concorso %2")
+                         .arg(ruote.empty() ? tr("Bari") : testo_qt(ruote), concorso_->text());
+    if (esito.ambito && esito.ambito->simulato) ambito += tr("  ·  Archivio simulato");
+    pagina->mostra(esito, ambito);
+}
+
+void form_tab_pos2::imposta(const Domanda& domanda) {
+    SchermoConcorso::imposta(domanda);
+    area_->imposta_ruote(domanda.ambito.ruote);
 }
 
 void form_tab_pos2::ripeti() {
@@ -431,7 +486,7 @@ void form_tab_pos2::keyPressEvent(QKeyEvent* evento) {
         SchermoConcorso::keyPressEvent(evento);
 }
 
-void form_tab_pos2::imposta_stampa_immagine(std::function<bool(QWidget*, const QImage&)> stampa) {
+void form_tab_pos2::imposta_stampa_immagine(std::function<void(QWidget*, const QImage&)> stampa) {
     stampa_immagine_ = std::move(stampa);
     aggiorna_comandi();
 }
@@ -441,13 +496,13 @@ const EsitoRicerca* form_tab_pos2::in_mostra() const {
     return p != nullptr && p->esito().prodotto() ? &p->esito() : nullptr;
 }
 
-void form_tab_pos2::stampa() {
-    if (in_mostra() == nullptr || in_corsa()) return;
-    if (!stampa_immagine_ || !stampa_immagine_(this, in_vista()->immagine())) SchermoConcorso::stampa();
+void form_tab_pos2::stampa_immagine() {
+    if (in_mostra() != nullptr && !in_corsa() && stampa_immagine_)
+        stampa_immagine_(this, in_vista()->immagine());
 }
 
 void form_tab_pos2::aggiorna_comandi() {
-    for (PaginaMigliori* p : pagine_) p->imposta_stampabile(stampabile() || stampa_immagine_ != nullptr);
+    for (PaginaMigliori* p : pagine_) p->imposta_stampabile(stampabile(), stampa_immagine_ != nullptr);
 }
 
 }  // namespace sortimetra

@@ -26,6 +26,7 @@ class PaginaMigliori final : public QWidget {
         int pagina;
         const char* cornice;
         const char* stampa;
+        const char* immagine;
         const char* esci;
         const char* freccia;
         const char* intestazione;
@@ -40,14 +41,19 @@ class PaginaMigliori final : public QWidget {
     /// Fills the labels; `ambito` says what the figures are about.
     void mostra(const EsitoRicerca& esito, const QString& ambito);
     void svuota();
-    void imposta_stampabile(bool si);
+    void imposta_stampabile(bool si, bool come_immagine);
     /// A page of the scroll bar down or up.
     void scorri(bool avanti);
-    /// The cards as they stand, under the line that a printed page begins with; on a light ground always.
+    /// The cards, and what stands under them, below the line that a printed page begins with: 300 dots to the
+    /// inch of `kLarghezzaCarta` on white, of the same shape however wide the window is, nothing cut and
+    /// nothing to scroll.
     [[nodiscard]] QImage immagine();
+    /// How wide that picture is on paper, in mm.
+    static constexpr double kLarghezzaCarta = 190;
 
   signals:
     void stampa();
+    void stampa_immagine();
     void esporta();
     void esci();
     void volta();
@@ -60,7 +66,8 @@ class PaginaMigliori final : public QWidget {
     void componi_contenuto(std::span<QLabel* const> etichette);
     [[nodiscard]] QBoxLayout* componi_piede();
     QWidget* componi_scheda(std::size_t prima, std::size_t dopo, std::span<QLabel* const> etichette);
-    void disponi_schede();
+    /// As many cards side by side as a width leaves room for.
+    void disponi_schede(int larghezza);
     void aggiorna_comandi();
 
     Nomi nomi_;
@@ -68,6 +75,7 @@ class PaginaMigliori final : public QWidget {
     QLabel* intestazione_;
     QPushButton* freccia_;
     QPushButton* stampa_;
+    QPushButton* immagine_;
     QPushButton* esporta_;
     QScrollArea* scorri_;
     QWidget* contenuto_;
@@ -77,6 +85,7 @@ class PaginaMigliori final : public QWidget {
     std::vector<QLabel*> ritardi_;  ///< the same
     int colonne_ = 0;
     bool stampabile_ = false;
+    bool come_immagine_ = false;
     EsitoRicerca esito_;
 };
 
@@ -95,9 +104,9 @@ class form_tab_pos2 final : public SchermoConcorso {
     void CalcolaTabellone();
     void CalcolaTabellone2();
 
-    /// Prints a picture; without it a page is printed as a report.
-    void imposta_stampa_immagine(std::function<bool(QWidget* finestra, const QImage&)> stampa);
-    void stampa() override;
+    /// Prints a picture: what "Come immagine…" does with the page in sight.
+    void imposta_stampa_immagine(std::function<void(QWidget* finestra, const QImage&)> stampa);
+    void stampa_immagine();
 
   protected:
     [[nodiscard]] TipoTabellone tipo() const override { return TipoTabellone::lotto; }
@@ -105,6 +114,7 @@ class form_tab_pos2 final : public SchermoConcorso {
     void aggiorna_comandi() override;
     [[nodiscard]] const EsitoRicerca* in_mostra() const override;
     void ripeti() override;
+    void imposta(const Domanda& domanda) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:
@@ -122,7 +132,7 @@ class form_tab_pos2 final : public SchermoConcorso {
     AreaParametri* area_;
     QLabel* concorso_;
     GrigliaDieci* dieci_;
-    std::function<bool(QWidget*, const QImage&)> stampa_immagine_;
+    std::function<void(QWidget*, const QImage&)> stampa_immagine_;
     Domanda chiesta_;
 };
 

@@ -45,6 +45,12 @@ std::optional<Concorso> CasellaTabellone::scritto() const {
     return concorso();
 }
 
+void CasellaTabellone::scrivi(Concorso concorso) {
+    toccato_ = true;
+    passo_ = limiti_.riporta(concorso);
+    testo()->setText(QString::number(passo_));
+}
+
 void CasellaTabellone::riporta() {
     if (!toccato_) return;
     const Concorso prima = concorso();
@@ -145,7 +151,8 @@ void SceltaConcorso::componi() {
 QBoxLayout* SceltaConcorso::componi_comandi() {
     auto* esci = new QPushButton{tr("&Esci"), this};
     esci->setObjectName(QStringLiteral("cmdopzioni_0"));
-    esci->setIcon(icona(QStringLiteral("chiudi")));
+    esci->setIcon(icona(QStringLiteral("sinistra")));
+    esci->setToolTip(tr("Torna al catalogo (Esc)"));
     conferma_->setObjectName(QStringLiteral("cmdopzioni_1"));
     conferma_->setIcon(icona(QStringLiteral("tabella"), TintaIcona::su_accento));
     conferma_->setToolTip(tr("Mostra il tabellone a questo concorso (F5)"));
@@ -185,6 +192,13 @@ void SceltaConcorso::attesa(bool si) {
     messaggio_->setVisible(si);
     // The search blocks the event loop at first: the word has to stand before it starts.
     if (si && isVisible()) messaggio_->repaint();
+}
+
+void SceltaConcorso::aggiungi_comando(QWidget* comando) {
+    auto* colonna = qobject_cast<QVBoxLayout*>(layout());
+    // Under the line of the limits.
+    colonna->insertWidget(colonna->indexOf(limiti_) + 1, comando, 0, Qt::AlignLeft);
+    comando->show();
 }
 
 void SceltaConcorso::fuoco_su_conferma() {

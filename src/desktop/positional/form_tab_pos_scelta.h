@@ -25,6 +25,8 @@ class CasellaTabellone final : public CasellaConcorso {
     void apri(LimitiConcorso limiti, Concorso passo, Concorso mostrato);
     /// The concorso in the box if the user put it there, nothing while it stands as it was opened.
     [[nodiscard]] std::optional<Concorso> scritto() const;
+    /// Puts a concorso in the box as the user would.
+    void scrivi(Concorso concorso);
     /// What leaving the box does to a concorso that the user put there: into the limits.
     void riporta() override;
     [[nodiscard]] Concorso passo() const { return passo_; }
@@ -56,6 +58,8 @@ class SceltaConcorso final : public QFrame {
     /// Shows "Attendere Prego" while the board is built.
     void attesa(bool si);
     void fuoco_su_conferma();
+    /// Puts a command of the screen under the box.
+    void aggiungi_comando(QWidget* comando);
 
   signals:
     /// `cmdopzioni` 1. Enter in the box is the window's, as everywhere.

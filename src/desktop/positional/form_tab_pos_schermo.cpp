@@ -3,6 +3,7 @@
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/parametri.h"
 #include "qt_testi.h"
+#include "screens/comando_ultima.h"
 #include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
@@ -43,6 +44,8 @@ SchermoConcorso::SchermoConcorso(Sessione& sessione, const QString& nome, QWidge
     mezzo->addLayout(riga);
     mezzo->addStretch(3);
     pagine_->addWidget(pagina_scelta_);
+    scelta_->aggiungi_comando(comando_ultima());
+    giro_di_tab(QList<QWidget*>{scelta_->casella()} + comando_ultima()->tasti());
     connect(scelta_, &SceltaConcorso::confermato, this, &SchermoConcorso::conferma);
     connect(scelta_, &SceltaConcorso::chiuso, this, &QWidget::close);
 }
@@ -72,6 +75,13 @@ void SchermoConcorso::conferma() {
 
 Parametri SchermoConcorso::parametri() const {
     return ParametriTabellone{.concorso = scelta_->casella()->scritto()};
+}
+
+void SchermoConcorso::imposta(const Domanda& domanda) {
+    if (pagine_->currentWidget() != pagina_scelta_) iniz();
+    if (const auto concorso = domanda.di<ParametriTabellone>().concorso)
+        scelta_->casella()->scrivi(*concorso);
+    FinestraRicerca::imposta(domanda);
 }
 
 EsitoRicerca SchermoConcorso::chiedi(const Ricerca& ricerca, const Domanda& domanda,
@@ -118,9 +128,17 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     stato_->setFont(carattere_tabellare(font()));
     assegna_ruolo(stato_, "quieto");
 
+    auto* filtra = new QPushButton{icona(QStringLiteral("filtro")), tr("&Filtra"), this};
+    filtra->setObjectName(QStringLiteral("cmdFiltra"));
+    filtra->setToolTip(tr("Filtra le righe del tabellone (Ctrl+Maiusc+F)"));
+    assegna_ruolo(filtra, "piatto");
+    connect(filtra, &QPushButton::clicked, griglia_, &GrigliaRisultati::apri_filtro);
+    auto* riga_titolo = new QHBoxLayout;
+    riga_titolo->addWidget(titolo_, 1);
+    riga_titolo->addWidget(filtra);
     auto* testata = new QVBoxLayout;
     testata->setSpacing(0);
-    testata->addWidget(titolo_);
+    testata->addLayout(riga_titolo);
     testata->addWidget(etichetta_);
     auto* colonna = new QVBoxLayout{this};
     colonna->setContentsMargins(0, 0, 0, 0);
@@ -130,6 +148,7 @@ PaginaTabellone::PaginaTabellone(const QString& nome, const QString& griglia, co
     // A line of its own: beside long captions there would be no room for it in a narrow window.
     colonna->addWidget(stato_);
     stampa_->setObjectName(stampa);
+    giro_di_tab({filtra, griglia_->vista(), stampa_});
     colonna->addLayout(componi_piede(esci));
 
     for (QTableView* v : griglia_->findChildren<QTableView*>()) v->viewport()->installEventFilter(this);
@@ -144,7 +163,7 @@ QBoxLayout* PaginaTabellone::componi_piede(const QString& nome_esci) {
     stampa_->setIcon(icona(QStringLiteral("stampa")));
     auto* esporta_bottone = new QPushButton{icona(QStringLiteral("esporta")), tr("Es&porta…"), this};
     esporta_bottone->setToolTip(tr("Scrive il tabellone in un file CSV, XLSX o JSON (Ctrl+E)"));
-    auto* esci_bottone = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Esci"), this};
+    auto* esci_bottone = new QPushButton{icona(QStringLiteral("sinistra")), tr("&Esci"), this};
     esci_bottone->setObjectName(nome_esci);
     esci_bottone->setToolTip(tr("Torna al catalogo (Esc)"));
     comandi_->setSpacing(2 * kPasso);
@@ -155,6 +174,7 @@ QBoxLayout* PaginaTabellone::componi_piede(const QString& nome_esci) {
     piede->addWidget(stampa_);
     piede->addWidget(esporta_bottone);
     piede->addWidget(esci_bottone);
+    giro_di_tab({stampa_, esporta_bottone, esci_bottone});
     connect(esci_bottone, &QPushButton::clicked, this, &PaginaTabellone::esci);
     connect(stampa_, &QPushButton::clicked, this, &PaginaTabellone::stampa);
     connect(esporta_bottone, &QPushButton::clicked, this, &PaginaTabellone::esporta);

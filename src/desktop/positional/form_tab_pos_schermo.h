@@ -49,6 +49,8 @@ class SchermoConcorso : public FinestraRicerca {
 
     void prepara() override { iniz(); }
     [[nodiscard]] Parametri parametri() const override;
+    /// A board is of one concorso: back to the chooser, with that of the question in its box.
+    void imposta(const Domanda& domanda) override;
     /// Runs a search and shows its messages; empty where there is nothing to show.
     [[nodiscard]] EsitoRicerca chiedi(const Ricerca& ricerca, const Domanda& domanda,
                                       PannelloAvanzamento* pannello = nullptr);

@@ -1,6 +1,7 @@
 #include "printing/form_anteprima.h"
 
 #include "catalogue/rapporti.h"
+#include "printing/vista_fogli.h"
 #include "qt_pdf.h"
 #include "qt_superficie.h"
 #include "screens/casella_cifre.h"
@@ -9,6 +10,7 @@
 #include "screens/giro_di_tab.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
+#include "screens/posto_finestra.h"
 #include "screens/stampanti.h"
 #include "screens/tema.h"
 
@@ -20,11 +22,8 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
+#include <QPageSize>
 #include <QPushButton>
-#include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -35,15 +34,7 @@ namespace sortimetra {
 
 namespace {
 
-constexpr double kMmPerPollice = 25.4;
-/// A4, upright: what every report is laid out for.
-constexpr Dimensioni kA4{210, 297};
 constexpr int kLarghezzaColonna = 64 * kPasso;
-
-/// The entries of the size box: two that follow the window, then parts of the true size.
-constexpr int kPaginaIntera = 0;
-constexpr int kLarghezzaPagina = -1;
-constexpr std::array kPercentuali{50, 75, 100, 125, 150, 200};
 
 QLabel* etichetta(const QString& testo, QWidget* compagno, const char* ruolo = nullptr) {
     auto* l = new QLabel{testo};
@@ -54,58 +45,6 @@ QLabel* etichetta(const QString& testo, QWidget* compagno, const char* ruolo = n
 
 }  // namespace
 
-// ---- the sheet ----
-
-FoglioAnteprima::FoglioAnteprima(QWidget* padre) : QWidget{padre} {
-    setObjectName(QStringLiteral("foglio"));
-    setAccessibleName(tr("Anteprima della pagina"));
-}
-
-void FoglioAnteprima::imposta(const Rapporto* rapporto) {
-    rapporto_ = rapporto;
-    immagine_ = {};
-    update();
-}
-
-QSizeF FoglioAnteprima::misure_mm() const {
-    const QSizeF verticale{kA4.larghezza, kA4.altezza};
-    return rapporto_ != nullptr && rapporto_->orientamento == Orientamento::orizzontale
-               ? verticale.transposed()
-               : verticale;
-}
-
-void FoglioAnteprima::mostra(int pagina) {
-    pagina_ = pagina;
-    immagine_ = {};
-    update();
-}
-
-void FoglioAnteprima::imposta_scala(double pixel_per_mm) {
-    scala_ = pixel_per_mm;
-    immagine_ = {};
-    setFixedSize((misure_mm() * scala_).toSize());
-    update();
-}
-
-void FoglioAnteprima::paintEvent(QPaintEvent*) {
-    if (rapporto_ == nullptr) return;
-    const double punti = devicePixelRatioF();
-    if (immagine_.size() != size() * punti) {
-        immagine_ = QImage{size() * punti, QImage::Format_RGB32};
-        immagine_.fill(Qt::white);  // paper, whatever the skin
-        QPainter pittore{&immagine_};
-        pittore.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
-                               QPainter::SmoothPixmapTransform);
-        pittore.scale(scala_ * punti, scala_ * punti);
-        const QSizeF misure = misure_mm();
-        SuperficieQt superficie{pittore, {misure.width(), misure.height()}, rapporto_->orientamento};
-        EasyPrint stampante{superficie, {}};
-        rapporto_->disegna(stampante, pagina_);
-    }
-    immagine_.setDevicePixelRatio(punti);
-    QPainter{this}.drawImage(0, 0, immagine_);
-}
-
 // ---- the window ----
 
 FormAnteprima::FormAnteprima(Rapporto rapporto, std::shared_ptr<const void> tenuto, QWidget* padre)
@@ -113,23 +52,36 @@ FormAnteprima::FormAnteprima(Rapporto rapporto, std::shared_ptr<const void> tenu
       rapporto_{std::move(rapporto)},
       tenuto_{std::move(tenuto)},
       corpo_{new QWidget{this}},
-      scorri_{new QScrollArea{corpo_}},
-      foglio_{new FoglioAnteprima},
-      indietro_{new QPushButton{corpo_}},
-      avanti_{new QPushButton{corpo_}},
+      vista_{new VistaFogli{corpo_}},
+      prima_{bottone_pagina("cmdPrima", QStringLiteral("prima"), tr("Prima pagina"), tr("Home"))},
+      indietro_{bottone_pagina("cmdIndietro", QStringLiteral("su"), tr("Pagina precedente"), tr("Pag ↑"))},
+      avanti_{bottone_pagina("cmdAvanti", QStringLiteral("giu"), tr("Pagina seguente"), tr("Pag ↓"))},
+      ultima_{bottone_pagina("cmdUltima", QStringLiteral("ultima"), tr("Ultima pagina"), tr("Fine"))},
+      lbl_pagina_{new QLabel{corpo_}},
       txt_pagina_{new CasellaCifre{corpo_}},
       grandezza_{new QComboBox{corpo_}},
       txtpag_0_{new CasellaCifre{corpo_}},
       txtpag_1_{new CasellaCifre{corpo_}},
+      in_vista_{new QPushButton{corpo_}},
       esito_{new QLabel{corpo_}},
       pannello_{new PannelloAvanzamento{this}} {
     setObjectName(QStringLiteral("form_anteprima"));
     setWindowTitle(tr("Anteprima di stampa - %1").arg(QString::fromStdString(rapporto_.titolo)));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     componi();
-    foglio_->imposta(&rapporto_);
-    vai(1);
-    resize(960, 720);
+    vista_->imposta(&rapporto_);
+    resize(grandezza_sullo_schermo(*this));
+}
+
+QPushButton* FormAnteprima::bottone_pagina(const char* nome, const QString& figura, const QString& scritta,
+                                           const QString& tasto) {
+    auto* b = new QPushButton{corpo_};
+    b->setObjectName(QLatin1String{nome});
+    b->setIcon(icona(figura));
+    b->setToolTip(QStringLiteral("%1 (%2)").arg(scritta, tasto));
+    b->setAccessibleName(scritta);
+    b->setAutoDefault(false);
+    return b;
 }
 
 void FormAnteprima::componi() {
@@ -140,18 +92,17 @@ void FormAnteprima::componi() {
     riga->setContentsMargins(4 * kPasso, 4 * kPasso, 4 * kPasso, 4 * kPasso);
     riga->setSpacing(4 * kPasso);
 
-    scorri_->setObjectName(QStringLiteral("scorriAnteprima"));
-    scorri_->setAccessibleName(tr("Anteprima della pagina"));
-    scorri_->setWidget(foglio_);
-    scorri_->setAlignment(Qt::AlignCenter);
-    scorri_->setMinimumSize(240, 240);
-    scorri_->viewport()->installEventFilter(this);
-    riga->addWidget(scorri_, 1);
+    vista_->setObjectName(QStringLiteral("scorriAnteprima"));
+    vista_->setAccessibleName(tr("Anteprima della pagina"));
+    vista_->setMinimumSize(240, 240);
+    connect(vista_, &VistaFogli::pagina_cambiata, this, &FormAnteprima::aggiorna_pagina);
+    riga->addWidget(vista_, 1);
 
     auto* destra = new QVBoxLayout;
     destra->setSpacing(3 * kPasso);
 
     destra->addLayout(componi_pagine());
+    destra->addLayout(componi_salto());
     destra->addLayout(componi_grandezza());
     destra->addStretch(1);
     esito_->setObjectName(QStringLiteral("lblesito"));
@@ -164,6 +115,11 @@ void FormAnteprima::componi() {
     pdf->setAutoDefault(false);
     connect(pdf, &QPushButton::clicked, this, &FormAnteprima::salva_pdf);
     destra->addWidget(componi_opzioni());
+    in_vista_->setObjectName(QStringLiteral("cmdStampaPagina"));
+    in_vista_->setIcon(icona(QStringLiteral("stampa")));
+    in_vista_->setAutoDefault(false);
+    connect(in_vista_, &QPushButton::clicked, this, &FormAnteprima::stampa_in_vista);
+    destra->addWidget(in_vista_);
     destra->addWidget(pdf);
 
     auto* colonna = new QWidget{corpo_};
@@ -171,55 +127,61 @@ void FormAnteprima::componi() {
     destra->setContentsMargins(0, 0, 0, 0);
     colonna->setMinimumWidth(kLarghezzaColonna);
     riga->addWidget(colonna);
-    giro_di_tab({indietro_, avanti_, txt_pagina_, grandezza_, txtpag_0_, txtpag_1_,
+    giro_di_tab({prima_, indietro_, avanti_, ultima_, txt_pagina_, grandezza_, txtpag_0_, txtpag_1_,
                  findChild<QPushButton*>(QStringLiteral("cmdopzioni_0")),
-                 findChild<QPushButton*>(QStringLiteral("cmdopzioni_1")), pdf, scorri_});
+                 findChild<QPushButton*>(QStringLiteral("cmdopzioni_1")), in_vista_, pdf, vista_});
 
     auto* stampa_subito = new QShortcut{Qt::CTRL | Qt::Key_P, this};
     connect(stampa_subito, &QShortcut::activated, this, &FormAnteprima::stampa);
     pannello_->imposta_annullabile(true);
+    pannello_->imposta_annulla(tr("Annulla"));
     pannello_->imposta_scritta(tr("Stampa in corso…"));
 }
 
 QBoxLayout* FormAnteprima::componi_pagine() {
-    indietro_->setObjectName(QStringLiteral("cmdIndietro"));
-    indietro_->setIcon(icona(QStringLiteral("su")));
-    indietro_->setToolTip(tr("Pagina precedente (Pag ↑)"));
-    indietro_->setAccessibleName(tr("Pagina precedente"));
-    avanti_->setObjectName(QStringLiteral("cmdAvanti"));
-    avanti_->setIcon(icona(QStringLiteral("giu")));
-    avanti_->setToolTip(tr("Pagina seguente (Pag ↓)"));
-    avanti_->setAccessibleName(tr("Pagina seguente"));
-    for (QPushButton* b : {indietro_, avanti_}) b->setAutoDefault(false);
-    txt_pagina_->setObjectName(QStringLiteral("txtPagina"));
-    txt_pagina_->setAccessibleName(tr("Pagina mostrata"));
-    txt_pagina_->setFixedWidth(16 * kPasso);
+    lbl_pagina_->setObjectName(QStringLiteral("lblPagina"));
     auto* pagine = new QHBoxLayout;
-    pagine->setSpacing(2 * kPasso);
-    pagine->addWidget(indietro_);
-    pagine->addWidget(avanti_);
-    pagine->addWidget(etichetta(tr("Pa&gina"), txt_pagina_));
-    pagine->addWidget(txt_pagina_);
-    auto* di = new QLabel{tr("di %1").arg(rapporto_.pagine), corpo_};
-    assegna_ruolo(di, "quieto");
-    pagine->addWidget(di);
-    pagine->addStretch(1);
-    connect(indietro_, &QPushButton::clicked, this, [this] { vai(pagina_ - 1); });
-    connect(avanti_, &QPushButton::clicked, this, [this] { vai(pagina_ + 1); });
-    connect(txt_pagina_, &QLineEdit::editingFinished, this, [this] { vai(txt_pagina_->numero()); });
+    pagine->setSpacing(kPasso);
+    for (QPushButton* b : {prima_, indietro_, avanti_, ultima_}) pagine->addWidget(b);
+    pagine->addSpacing(kPasso);
+    pagine->addWidget(lbl_pagina_, 1);
+    connect(prima_, &QPushButton::clicked, this, [this] { vai(1); });
+    connect(indietro_, &QPushButton::clicked, vista_, &VistaFogli::indietro);
+    connect(avanti_, &QPushButton::clicked, vista_, &VistaFogli::avanti);
+    connect(ultima_, &QPushButton::clicked, this, [this] { vai(rapporto_.pagine); });
     return pagine;
+}
+
+QBoxLayout* FormAnteprima::componi_salto() {
+    txt_pagina_->setObjectName(QStringLiteral("txtPagina"));
+    txt_pagina_->setAccessibleName(tr("Vai a pagina"));
+    txt_pagina_->setFixedWidth(16 * kPasso);
+    auto* salto = new QHBoxLayout;
+    salto->setSpacing(2 * kPasso);
+    salto->addWidget(etichetta(tr("&Vai a pagina"), txt_pagina_));
+    salto->addWidget(txt_pagina_);
+    salto->addStretch(1);
+    connect(txt_pagina_, &QLineEdit::editingFinished, this, [this] {
+        // What is in sight already stays where it was scrolled to.
+        if (txt_pagina_->numero() != pagina()) vai(txt_pagina_->numero());
+    });
+    return salto;
 }
 
 QBoxLayout* FormAnteprima::componi_grandezza() {
     grandezza_->setObjectName(QStringLiteral("cmbGrandezza"));
-    grandezza_->addItem(tr("Pagina intera"), kPaginaIntera);
-    grandezza_->addItem(tr("Larghezza della pagina"), kLarghezzaPagina);
-    for (const int p : kPercentuali) grandezza_->addItem(QStringLiteral("%1%").arg(p), p);
+    grandezza_->setToolTip(tr("Ctrl con la rotella, oppure Ctrl e + o -"));
+    grandezza_->addItem(tr("Pagina intera"), VistaFogli::kPaginaIntera);
+    grandezza_->addItem(tr("Larghezza della pagina"), VistaFogli::kLarghezzaPagina);
+    for (const int p : VistaFogli::kPercentuali) grandezza_->addItem(QStringLiteral("%1%").arg(p), p);
     auto* quanto = new QHBoxLayout;
     quanto->setSpacing(2 * kPasso);
     quanto->addWidget(etichetta(tr("&Grandezza"), grandezza_));
     quanto->addWidget(grandezza_, 1);
-    connect(grandezza_, &QComboBox::currentIndexChanged, this, [this] { adatta(); });
+    connect(grandezza_, &QComboBox::currentIndexChanged, this,
+            [this] { vista_->imposta_misura(grandezza_->currentData().toInt()); });
+    connect(vista_, &VistaFogli::misura_cambiata, this,
+            [this](int misura) { grandezza_->setCurrentIndex(grandezza_->findData(misura)); });
     return quanto;
 }
 
@@ -263,34 +225,28 @@ QFrame* FormAnteprima::componi_opzioni() {
     return quadro;
 }
 
+int FormAnteprima::pagina() const {
+    return vista_->pagina();
+}
+
 void FormAnteprima::vai(int pagina) {
-    pagina_ = std::clamp(pagina, 1, std::max(rapporto_.pagine, 1));
-    foglio_->mostra(pagina_);
-    txt_pagina_->setText(QString::number(pagina_));
-    indietro_->setEnabled(pagina_ > 1);
-    avanti_->setEnabled(pagina_ < rapporto_.pagine);
+    vista_->vai(pagina);
+}
+
+void FormAnteprima::aggiorna_pagina() {
+    const int prima = vista_->prima_in_vista();
+    const int ultima = vista_->ultima_in_vista();
+    const int totale = std::max(rapporto_.pagine, 1);
+    lbl_pagina_->setText(prima == ultima ? tr("pagina %1 di %2").arg(prima).arg(totale)
+                                         : tr("pagine %1 e %2 di %3").arg(prima).arg(ultima).arg(totale));
+    in_vista_->setText(prima == ultima ? tr("Stampa &questa pagina") : tr("Stampa &queste pagine"));
+    txt_pagina_->setText(QString::number(pagina()));
+    for (QPushButton* b : {prima_, indietro_}) b->setEnabled(prima > 1);
+    for (QPushButton* b : {avanti_, ultima_}) b->setEnabled(ultima < totale);
 }
 
 PagineScelte FormAnteprima::pagine() const {
     return {txtpag_0_->numero(), txtpag_1_->numero()};
-}
-
-void FormAnteprima::adatta() {
-    const QSizeF mm = foglio_->misure_mm();
-    const QSize posto = scorri_->maximumViewportSize() - QSize{4 * kPasso, 4 * kPasso};
-    const int barra = scorri_->verticalScrollBar()->sizeHint().width();
-    double scala = logicalDpiX() / kMmPerPollice;
-    switch (const int scelta = grandezza_->currentData().toInt()) {
-        case kPaginaIntera:
-            scala = std::min(posto.width() / mm.width(), posto.height() / mm.height());
-            break;
-        case kLarghezzaPagina:
-            scala = (posto.width() - barra) / mm.width();
-            break;
-        default:
-            scala *= scelta / 100.0;
-    }
-    foglio_->imposta_scala(std::max(scala, 0.5));
 }
 
 void FormAnteprima::riporta(CasellaCifre* casella) const {
@@ -311,7 +267,7 @@ void FormAnteprima::con_avanzamento(Lavoro&& lavoro) {
     esito_->clear();
     in_corsa_ = true;
     {
-        CorsaRicerca corsa{corpo_, pannello_, scorri_};
+        CorsaRicerca corsa{corpo_, pannello_, vista_};
         const auto legame = connect(pannello_, &PannelloAvanzamento::annulla, this, [&] { corsa.annulla(); });
         lavoro(corsa);
         disconnect(legame);
@@ -320,16 +276,29 @@ void FormAnteprima::con_avanzamento(Lavoro&& lavoro) {
 }
 
 void FormAnteprima::stampa() {
-    if (in_corsa_ || !pagine_valide()) return;
+    if (!in_corsa_ && pagine_valide() && stampa_pagine(pagine())) accept();
+}
+
+void FormAnteprima::stampa_in_vista() {
+    if (in_corsa_) return;
+    const PagineScelte viste{vista_->prima_in_vista(), vista_->ultima_in_vista()};
+    if (!stampa_pagine(viste)) return;
+    esito_->setText(viste.da == viste.a ? tr("Stampata la pagina %1.").arg(viste.da)
+                                        : tr("Stampate le pagine %1 e %2.").arg(viste.da).arg(viste.a));
+}
+
+bool FormAnteprima::stampa_pagine(PagineScelte scelte) {
     const auto stampante = stampanti().apri(stampanti().predefinita().section(QLatin1Char{','}, 0, 0));
     if (!stampante) {
         messaggi().avvisa(this, kTitoloMessaggi, tr("La stampante predefinita non si apre."));
-        return;
+        return false;
     }
     stampante->setDocName(QString::fromStdString(rapporto_.titolo));
+    // What every report is laid out for.
+    stampante->setPageSize(QPageSize{QPageSize::A4});
     stampante->setPageOrientation(
         rapporto_.orientamento == Orientamento::orizzontale ? QPageLayout::Landscape : QPageLayout::Portrait);
-    if (!stampanti().scegli(this, *stampante)) return;
+    if (!stampanti().scegli(this, *stampante)) return false;
     stampanti().nuovo_documento(*stampante);
     bool finita = false;
     bool fallita = false;
@@ -341,13 +310,11 @@ void FormAnteprima::stampa() {
                                      messaggi().ferma(this, QString::fromStdString(titolo),
                                                       QString::fromStdString(testo));
                              }};
-        finita = sortimetra::stampa(easy_print, rapporto_, pagine(), corsa);
+        finita = sortimetra::stampa(easy_print, rapporto_, scelte, corsa);
         fallita = easy_print.fallita();
     });
-    if (finita && !fallita)
-        accept();
-    else if (!fallita)
-        esito_->setText(tr("Stampa annullata."));
+    if (!finita && !fallita) esito_->setText(tr("Stampa annullata."));
+    return finita && !fallita;
 }
 
 void FormAnteprima::salva_pdf() {
@@ -372,34 +339,29 @@ bool FormAnteprima::eventFilter(QObject* oggetto, QEvent* evento) {
     if (evento->type() == QEvent::FocusOut)
         for (CasellaCifre* casella : {txtpag_0_, txtpag_1_})
             if (oggetto == casella) riporta(casella);
-    // A sheet that is wholly in sight has nothing to scroll: the wheel turns pages.
-    if (const auto* ruota = dynamic_cast<QWheelEvent*>(evento);
-        ruota != nullptr && oggetto == scorri_->viewport() && scorri_->verticalScrollBar()->maximum() == 0 &&
-        ruota->angleDelta().y() != 0) {
-        vai(pagina_ + (ruota->angleDelta().y() < 0 ? 1 : -1));
-        return true;
-    }
     return QDialog::eventFilter(oggetto, evento);
 }
 
-void FormAnteprima::resizeEvent(QResizeEvent* evento) {
-    QDialog::resizeEvent(evento);
-    adatta();
+void FormAnteprima::showEvent(QShowEvent* evento) {
+    if (sessione_ != nullptr && !std::exchange(posto_letto_, true))
+        leggi_posto(*this, *sessione_, grandezza_sullo_schermo(*this));
+    QDialog::showEvent(evento);
 }
 
-void FormAnteprima::showEvent(QShowEvent* evento) {
-    QDialog::showEvent(evento);
-    adatta();
+void FormAnteprima::done(int esito) {
+    if (sessione_ != nullptr && isVisible()) scrivi_posto(*this, *sessione_);
+    QDialog::done(esito);
 }
 
 void FormAnteprima::keyPressEvent(QKeyEvent* evento) {
     if (in_corsa_) return;
+    const bool ctrl = evento->modifiers().testFlag(Qt::ControlModifier);
     switch (evento->key()) {
         case Qt::Key_PageUp:
-            vai(pagina_ - 1);
+            vista_->scorri(false);
             return;
         case Qt::Key_PageDown:
-            vai(pagina_ + 1);
+            vista_->scorri(true);
             return;
         case Qt::Key_Home:
             vai(1);
@@ -407,9 +369,20 @@ void FormAnteprima::keyPressEvent(QKeyEvent* evento) {
         case Qt::Key_End:
             vai(rapporto_.pagine);
             return;
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+        case Qt::Key_Minus:
+            if (!ctrl) break;
+            vista_->ingrandisci(evento->key() != Qt::Key_Minus);
+            return;
+        case Qt::Key_0:
+            if (!ctrl) break;
+            vista_->imposta_misura(VistaFogli::kPaginaIntera);
+            return;
         default:
-            QDialog::keyPressEvent(evento);
+            break;
     }
+    QDialog::keyPressEvent(evento);
 }
 
 void FormAnteprima::closeEvent(QCloseEvent* evento) {
@@ -419,15 +392,22 @@ void FormAnteprima::closeEvent(QCloseEvent* evento) {
         QDialog::closeEvent(evento);
 }
 
-FormAnteprima* stampa_risultato(QWidget* finestra, const Risposta& risposta) {
+FormAnteprima* stampa_risultato(QWidget* finestra, const Risposta& risposta, const Sessione* sessione) {
     auto* anteprima = new FormAnteprima{prepara_rapporto(risposta), risposta.risultato, finestra};
+    if (sessione != nullptr) anteprima->ricorda(*sessione);
     anteprima->setAttribute(Qt::WA_DeleteOnClose);
     anteprima->open();
     return anteprima;
 }
 
-void stampa_lavoro(const LavoroStampa& lavoro) {
-    if (lavoro.risposta.prodotta()) stampa_risultato(lavoro.finestra, lavoro.risposta);
+void stampa_rapporto(QWidget* finestra, Rapporto rapporto) {
+    auto* anteprima = new FormAnteprima{std::move(rapporto), nullptr, finestra};
+    anteprima->setAttribute(Qt::WA_DeleteOnClose);
+    anteprima->open();
+}
+
+void stampa_lavoro(const LavoroStampa& lavoro, const Sessione& sessione) {
+    if (lavoro.risposta.prodotta()) stampa_risultato(lavoro.finestra, lavoro.risposta, &sessione);
 }
 
 }  // namespace sortimetra

@@ -8,13 +8,13 @@
 #include "screens/esporta.h"
 #include "screens/giro_di_tab.h"
 #include "screens/messaggi.h"
+#include "screens/posto_finestra.h"
 #include "screens/stampanti.h"
 #include "screens/tema.h"
 
 #include <QBuffer>
 #include <QCheckBox>
 #include <QFile>
-#include <QFormLayout>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -98,7 +98,9 @@ PicPreview::PicPreview(QWidget* padre)
     bordo_->setObjectName(QStringLiteral("shpBordo"));
     bordo_->setScaledContents(true);
     bordo_->setCursor(Qt::SizeAllCursor);
-    bordo_->setToolTip(tr("Trascina l'immagine, o spostala con le frecce"));
+    bordo_->setMouseTracking(true);
+    bordo_->setToolTip(
+        tr("Trascina l'immagine, o spostala con le frecce; con Ctrl le frecce spostano l'ingrandimento"));
     bordo_->installEventFilter(this);
 }
 
@@ -135,23 +137,30 @@ void PicPreview::resizeEvent(QResizeEvent* evento) {
 }
 
 void PicPreview::keyPressEvent(QKeyEvent* evento) {
+    constexpr double kSguardo = 0.05;
     const double passo = evento->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+    QPointF verso;
     switch (evento->key()) {
         case Qt::Key_Left:
-            emit spostata(-passo, 0);
-            return;
+            verso = {-1, 0};
+            break;
         case Qt::Key_Right:
-            emit spostata(passo, 0);
-            return;
+            verso = {1, 0};
+            break;
         case Qt::Key_Up:
-            emit spostata(0, -passo);
-            return;
+            verso = {0, -1};
+            break;
         case Qt::Key_Down:
-            emit spostata(0, passo);
-            return;
+            verso = {0, 1};
+            break;
         default:
             QWidget::keyPressEvent(evento);
+            return;
     }
+    if (evento->modifiers().testFlag(Qt::ControlModifier))
+        emit sguardo_spostato(verso * kSguardo);
+    else
+        emit spostata(verso.x() * passo, verso.y() * passo);
 }
 
 bool PicPreview::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -163,6 +172,8 @@ bool PicPreview::eventFilter(QObject* oggetto, QEvent* evento) {
             setFocus();
             break;
         case QEvent::MouseMove:
+            emit guardata({mouse->position().x() / std::max(bordo_->width(), 1),
+                           mouse->position().y() / std::max(bordo_->height(), 1)});
             if (presa_) {
                 const QPointF passo = (mouse->globalPosition() - *presa_) / scala();
                 presa_ = mouse->globalPosition();
@@ -201,7 +212,7 @@ frmStampaFCPB::frmStampaFCPB(QWidget* padre)
     setObjectName(QStringLiteral("frmStampaFCPB"));
     setWindowTitle(QStringLiteral("StampaFCPB"));
     componi();
-    resize(820, 640);
+    resize(grandezza_sullo_schermo(*this));
 }
 
 void frmStampaFCPB::componi() {
@@ -244,18 +255,29 @@ void frmStampaFCPB::componi_immagini() {
         cornice_.translate(dx, dy);
         mostra_valori();
     });
+    connect(preview_, &PicPreview::guardata, this, &frmStampaFCPB::guarda);
+    connect(preview_, &PicPreview::sguardo_spostato, this,
+            [this](QPointF passo) { guarda(sguardo_ + passo); });
 }
 
 QGridLayout* frmStampaFCPB::componi_misure() {
     auto* moduli = new QGridLayout;
     moduli->setHorizontalSpacing(2 * kPasso);
     moduli->setVerticalSpacing(2 * kPasso);
-    moduli->setColumnStretch(1, 1);
-    const auto scritta = [&](int riga_modulo, const QString& testo, QWidget* casella) {
+    // Two boxes a row, each with its caption before it and what it is told in behind it: a low screen has no
+    // room for six rows.
+    constexpr int kColonne = 3;
+    for (const int c : {1, 1 + kColonne}) {
+        moduli->setColumnStretch(c, 1);
+        moduli->setColumnMinimumWidth(c, 18 * kPasso);
+    }
+    const auto posa = [&](int n, const QString& testo, QWidget* casella, QWidget* dopo) {
         auto* l = new QLabel{testo, this};
         l->setBuddy(casella);
-        moduli->addWidget(l, riga_modulo, 0);
-        moduli->addWidget(casella, riga_modulo, 1);
+        const int colonna = n % 2 * kColonne;
+        moduli->addWidget(l, n / 2, colonna);
+        moduli->addWidget(casella, n / 2, colonna + 1);
+        if (dopo != nullptr) moduli->addWidget(dopo, n / 2, colonna + 2);
     };
     struct Casella {
         QLineEdit* casella;
@@ -271,10 +293,9 @@ QGridLayout* frmStampaFCPB::componi_misure() {
         c.casella->setObjectName(QLatin1String{c.nome});
         c.casella->setAlignment(Qt::AlignRight);
         c.casella->setToolTip(tr("In millimetri"));
-        scritta(n, c.scritta, c.casella);
         auto* mm = new QLabel{QStringLiteral("mm"), this};
         assegna_ruolo(mm, "quieto");
-        moduli->addWidget(mm, n++, 2);
+        posa(n++, c.scritta, c.casella, mm);
     }
     txt_scala_->setObjectName(QStringLiteral("txtScala"));
     txt_scala_->setAlignment(Qt::AlignRight);
@@ -282,12 +303,11 @@ QGridLayout* frmStampaFCPB::componi_misure() {
     auto* ok = new QPushButton{tr("OK"), this};
     ok->setObjectName(QStringLiteral("cmdScala"));
     ok->setAutoDefault(false);
-    scritta(n, tr("Sca&la:"), txt_scala_);
-    moduli->addWidget(ok, n++, 2);
+    posa(n++, tr("Sca&la:"), txt_scala_, ok);
     txt_copie_->setObjectName(QStringLiteral("txtNCopies"));
     txt_copie_->setText(QStringLiteral("1"));
     txt_copie_->setMaxLength(3);
-    scritta(n, tr("C&opie:"), txt_copie_);
+    posa(n, tr("C&opie:"), txt_copie_, nullptr);
     connect(txt_x_, &QLineEdit::editingFinished, this, &frmStampaFCPB::cambia_posto);
     connect(txt_y_, &QLineEdit::editingFinished, this, &frmStampaFCPB::cambia_posto);
     connect(txt_w_, &QLineEdit::editingFinished, this, [this] { cambia_misura(true); });
@@ -330,9 +350,13 @@ void frmStampaFCPB::componi_foglio(QBoxLayout* colonna) {
     fra_foglio_->setObjectName(QStringLiteral("fraFoglio"));
     lbl_fg_w_->setObjectName(QStringLiteral("lblFgW"));
     lbl_fg_h_->setObjectName(QStringLiteral("lblFgH"));
-    auto* misure = new QFormLayout{fra_foglio_};
-    misure->addRow(tr("Larghezza:"), lbl_fg_w_);
-    misure->addRow(tr("Altezza:"), lbl_fg_h_);
+    auto* misure = new QHBoxLayout{fra_foglio_};
+    misure->setSpacing(2 * kPasso);
+    for (QWidget* w :
+         {static_cast<QWidget*>(new QLabel{tr("Larghezza:"), fra_foglio_}), static_cast<QWidget*>(lbl_fg_w_),
+          static_cast<QWidget*>(new QLabel{tr("Altezza:"), fra_foglio_}), static_cast<QWidget*>(lbl_fg_h_)})
+        misure->addWidget(w);
+    misure->addStretch(1);
     colonna->addWidget(fra_foglio_);
     fuori_foglio_->setObjectName(QStringLiteral("lblFuoriFoglio"));
     assegna_ruolo(fuori_foglio_, "avviso");
@@ -396,13 +420,38 @@ bool frmStampaFCPB::Zoom(const QImage& immagine) {
         messaggi().ferma(this, QStringLiteral(" Errore in Zoom"), tr("Formato grafico sconosciuto."));
         return false;
     }
-    const double punti = devicePixelRatioF();
-    QPixmap ingrandita = QPixmap::fromImage(immagine);
-    ingrandita.setDevicePixelRatio(1);
-    ingrandita = ingrandita.scaled(zoom_->size() * punti, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    ingrandita.setDevicePixelRatio(punti);
-    zoom_->setPixmap(ingrandita);
+    ingrandita_ = immagine;
+    ingrandisci();
     return true;
+}
+
+void frmStampaFCPB::ingrandisci() {
+    if (ingrandita_.isNull()) return;
+    const QSizeF tutta = ingrandita_.size();
+    const QSizeF posto = zoom_->size();
+    const double intera = std::min(posto.width() / tutta.width(), posto.height() / tutta.height());
+    const double mostrata = preview_->larghezza_mostrata() / tutta.width();
+    const double scala = std::max(intera, kIngrandimento * mostrata);
+    const QSize parte = (posto / scala).toSize().expandedTo({1, 1}).boundedTo(ingrandita_.size());
+    // Where the point looked at is near an edge the part ends with the picture.
+    const auto inizio = [](double punto, int tutto, int lungo) {
+        return std::clamp(static_cast<int>(punto * tutto) - lungo / 2, 0, tutto - lungo);
+    };
+    parte_ = QRect{QPoint{inizio(sguardo_.x(), ingrandita_.width(), parte.width()),
+                          inizio(sguardo_.y(), ingrandita_.height(), parte.height())},
+                   parte};
+    const double punti = devicePixelRatioF();
+    QImage pezzo = ingrandita_.copy(parte_);
+    pezzo.setDevicePixelRatio(1);
+    QPixmap mostrato = QPixmap::fromImage(pezzo.scaled((QSizeF{parte} * scala * punti).toSize(),
+                                                       Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    mostrato.setDevicePixelRatio(punti);
+    zoom_->setPixmap(mostrato);
+}
+
+void frmStampaFCPB::guarda(QPointF punto) {
+    sguardo_ = {std::clamp(punto.x(), 0.0, 1.0), std::clamp(punto.y(), 0.0, 1.0)};
+    ingrandisci();
 }
 
 void frmStampaFCPB::errore(const char* routine, const QString& testo) {
@@ -568,6 +617,7 @@ void frmStampaFCPB::mostra_valori() {
                               cornice_.right() > foglio_.width() + kTolleranza ||
                               cornice_.bottom() > foglio_.height() + kTolleranza);
     preview_->imposta(foglio_, cornice_);
+    ingrandisci();
 }
 
 void frmStampaFCPB::cambia_posto() {
@@ -705,13 +755,25 @@ void frmStampaFCPB::keyPressEvent(QKeyEvent* evento) {
 }
 
 bool frmStampaFCPB::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (oggetto == zoom_ && evento->type() == QEvent::Resize && !immagine_.isNull()) Zoom(immagine_);
+    if (oggetto == zoom_ && evento->type() == QEvent::Resize) ingrandisci();
     return QDialog::eventFilter(oggetto, evento);
 }
 
 void frmStampaFCPB::resizeEvent(QResizeEvent* evento) {
     QDialog::resizeEvent(evento);
     preview_->imposta(foglio_, cornice_);
+    ingrandisci();
+}
+
+void frmStampaFCPB::showEvent(QShowEvent* evento) {
+    if (sessione_ != nullptr && !std::exchange(posto_letto_, true))
+        leggi_posto(*this, *sessione_, grandezza_sullo_schermo(*this));
+    QDialog::showEvent(evento);
+}
+
+void frmStampaFCPB::done(int esito) {
+    if (sessione_ != nullptr && isVisible()) scrivi_posto(*this, *sessione_);
+    QDialog::done(esito);
 }
 
 }  // namespace sortimetra

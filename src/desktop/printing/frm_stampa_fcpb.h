@@ -23,6 +23,8 @@ class QTimer;
 
 namespace sortimetra {
 
+struct Sessione;
+
 /// What can be printed as a picture: a picture, or a control, which copies itself. An object that is no
 /// control can be handed over but not printed.
 using OggettoStampa = std::variant<std::monostate, QImage, QObject*>;
@@ -37,11 +39,17 @@ class PicPreview final : public QWidget {
     void imposta_immagine(const QImage& immagine);
     /// Sheet and frame in millimetres.
     void imposta(QSizeF foglio, QRectF cornice);
+    /// How many pixels of the screen the picture is wide.
+    [[nodiscard]] double larghezza_mostrata() const { return cornice_.width() * scala(); }
     [[nodiscard]] QSize minimumSizeHint() const override { return {240, 260}; }
 
   signals:
     /// The frame was moved by that many millimetres.
     void spostata(double dx, double dy);
+    /// The pointer is over a point of the picture, 0 to 1 on both axes.
+    void guardata(QPointF punto);
+    /// Ctrl with an arrow: the point looked at goes on by a step that way.
+    void sguardo_spostato(QPointF passo);
 
   protected:
     void resizeEvent(QResizeEvent* evento) override;
@@ -67,6 +75,9 @@ class frmStampaFCPB final : public QDialog {
   public:
     explicit frmStampaFCPB(QWidget* padre = nullptr);
 
+    /// Opens where it was left the last time, and remembers its place.
+    void ricorda(const Sessione& sessione) { sessione_ = &sessione; }
+
     /// Checks the arguments, asks if the picture is larger than the sheet, then shows the preview until it is
     /// closed. Returns whether the preview came up. `nome` is how messages call the object.
     bool StampaFCPB(const OggettoStampa& oggetto, double x, double y, double larghezza, double altezza,
@@ -76,8 +87,10 @@ class frmStampaFCPB final : public QDialog {
     [[nodiscard]] QImage Copia_Oggetto(const OggettoStampa& oggetto);
     /// Puts a picture on the sheet of the preview. False after a message.
     bool Preview(const QImage& immagine);
-    /// Shows a picture enlarged in `picZoom`. False after a message.
+    /// Shows a picture enlarged in `picZoom`: the part round the point looked at, at least `kIngrandimento`
+    /// times as large as in the preview; a small picture whole. False after a message.
     bool Zoom(const QImage& immagine);
+    static constexpr double kIngrandimento = 3;
     /// Reads sheet, name and size from the printer. False after a message.
     bool FoglioStampa();
     /// " Foglio: A4,  Portrait".
@@ -85,9 +98,14 @@ class frmStampaFCPB final : public QDialog {
 
     [[nodiscard]] QRectF cornice() const { return cornice_; }
     [[nodiscard]] QSizeF foglio() const { return foglio_; }
+    /// The part of the picture that `picZoom` shows, in its pixels.
+    [[nodiscard]] QRect parte_ingrandita() const { return parte_; }
+
+    void done(int esito) override;
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
@@ -106,6 +124,8 @@ class frmStampaFCPB final : public QDialog {
     void Print_FCPB(double x, double y, double larghezza, double altezza);
 
     void mostra_valori();
+    void ingrandisci();
+    void guarda(QPointF punto);
     void cambia_posto();
     void cambia_misura(bool dalla_larghezza);
     void applica_scala();
@@ -123,6 +143,11 @@ class frmStampaFCPB final : public QDialog {
     QString testo_foglio_;
     QString nome_;  ///< of the object, as messages call it
     QRectF cornice_;
+    QImage ingrandita_;  ///< what `picZoom` shows a part of
+    QPointF sguardo_{0, 0};
+    QRect parte_;
+    const Sessione* sessione_ = nullptr;
+    bool posto_letto_ = false;
 
     QLabel* pic_copia_;
     QLabel* pic_copia_temp_;

@@ -61,8 +61,10 @@ void CasellaConcorso::riporta() {
         setValue(minimum());
     else
         return;
-    // The value may have been the bound already, with another text on show.
+    // The value may have been the bound already, with another text on show: then the box writes its line
+    // without a signal.
     lineEdit()->setText(textFromValue(value()));
+    guarda_testo();
 }
 
 QValidator::State CasellaConcorso::validate(QString& testo, int&) const {
@@ -88,6 +90,13 @@ QString CasellaConcorso::textFromValue(int valore) const {
 void CasellaConcorso::focusOutEvent(QFocusEvent* evento) {
     riporta();
     QSpinBox::focusOutEvent(evento);
+    guarda_testo();
+}
+
+void CasellaConcorso::keyPressEvent(QKeyEvent* evento) {
+    QSpinBox::keyPressEvent(evento);
+    // Return brings the text back without a signal.
+    guarda_testo();
 }
 
 bool CasellaConcorso::eventFilter(QObject* oggetto, QEvent* evento) {
@@ -181,7 +190,9 @@ void AreaParametri::componi_concorsi() {
         auto* giorno = new QLabel{this};
         giorno->setObjectName(QString::fromLatin1(kEtichette[n]));
         giorno->setFont(carattere_tabellare(font()));
-        giorno->setAccessibleName(i == 0 ? tr("Data del primo concorso") : tr("Data dell'ultimo concorso"));
+        // A description: a name would be read in place of the date.
+        giorno->setAccessibleDescription(i == 0 ? tr("Data del primo concorso")
+                                                : tr("Data dell'ultimo concorso"));
         giorno->setMinimumWidth(giorno->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) +
                                 kPasso);
         tratto_[n] = casella;
@@ -255,6 +266,21 @@ void AreaParametri::imposta_ruote(SelezioneRuote ruote) {
     emit cambiato();
 }
 
+void AreaParametri::imposta_ambito(const AmbitoRicerca& ambito) {
+    fermo_ = true;
+    ruote_ = ambito.ruote;
+    mostra_ruote();
+    intervallo_->setCurrentIndex(
+        static_cast<int>(genere_ == Genere::win_for_life ? ambito.ora : ambito.intervallo));
+    const std::array<Concorso, 2> estremi{ambito.tratto.da, ambito.tratto.a};
+    for (std::size_t i = 0; i < tratto_.size(); ++i) {
+        tratto_[i]->setValue(estremi[i]);
+        tratto_[i]->testo()->setText(QString::number(tratto_[i]->value()));
+        aggiorna_data(static_cast<int>(i));
+    }
+    fermo_ = false;
+}
+
 QString AreaParametri::testo_intervallo() const {
     return intervallo_->currentText();
 }
@@ -270,6 +296,7 @@ void AreaParametri::riporta_tratto() {
 
 void AreaParametri::ruota_premuta(int casella, bool spuntata) {
     if (fermo_) return;
+    if (unica_ && spuntata) ruote_ = SelezioneRuote::nessuna();
     ruote_.clic(casella, spuntata);
     mostra_ruote();
     emit cambiato();

@@ -40,6 +40,7 @@ class CasellaConcorso : public QSpinBox {
     /// Whether a character may be typed.
     [[nodiscard]] virtual bool ammette(QChar c) const;
     void focusOutEvent(QFocusEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
@@ -70,6 +71,12 @@ class AreaParametri final : public QFrame {
     [[nodiscard]] AmbitoRicerca ambito() const;
     [[nodiscard]] SelezioneRuote ruote() const { return ruote_; }
     void imposta_ruote(SelezioneRuote ruote);
+    /// A screen that looks at one wheel: a wheel that is ticked clears all others.
+    void imposta_ruota_unica(bool si) { unica_ = si; }
+    /// Puts wheels, calendar (or hour) and range as another screen has them. No signal is sent.
+    void imposta_ambito(const AmbitoRicerca& ambito);
+    /// The last concorso of the archive, as the boxes have it.
+    [[nodiscard]] Concorso ultimo() const { return tratto_[0]->maximum(); }
     /// Text of `ComboIntervallo` and of the two boxes with their dates, as a report's head shows them.
     [[nodiscard]] QString testo_intervallo() const;
     [[nodiscard]] QString testo_concorsi() const;
@@ -100,6 +107,7 @@ class AreaParametri final : public QFrame {
     const ArchivioEstrazioni* archivio_ = nullptr;
     SelezioneRuote ruote_;
     Genere genere_ = Genere::lotto;
+    bool unica_ = false;
     bool fermo_ = false;  ///< set while the area itself changes its controls: no rule runs, no signal is sent
 };
 

@@ -52,10 +52,12 @@ CorniceRicerca::CorniceRicerca(Domande domande, QWidget* padre)
       area_{domande == Domande::con_parametri ? new AreaParametri : nullptr},
       scorri_{new QScrollArea{this}},
       extra_{new QVBoxLayout},
+      sopra_avvio_{new QVBoxLayout},
       freccia_{new FrecciaAnimata{this}},
       avvia_{new QPushButton{tr("Avvia &Ricerca"), this}},
       riga_titolo_{new QHBoxLayout},
       titolo_{new QLabel{this}},
+      cmd_filtra_{new QPushButton{tr("&Filtra"), this}},
       frase_{new QLabel{this}},
       campo_{new QWidget{this}},
       risposta_{new QVBoxLayout{campo_}},
@@ -102,18 +104,24 @@ QBoxLayout* CorniceRicerca::componi_domande() {
     auto* sinistra = new QVBoxLayout;
     sinistra->setSpacing(3 * kPasso);
     sinistra->addWidget(scorri_, 1);
+    sinistra->addLayout(sopra_avvio_);
     sinistra->addLayout(riga_avvia);
     return sinistra;
 }
 
 QBoxLayout* CorniceRicerca::componi_risposta() {
     titolo_->setObjectName(QStringLiteral("lbltitolo"));
+    titolo_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     assegna_ruolo(titolo_, "titolo");
     frase_->setObjectName(QStringLiteral("lblfrase"));
     frase_->setWordWrap(true);
     assegna_ruolo(frase_, "quieto");
     riga_titolo_->setSpacing(2 * kPasso);
     riga_titolo_->addWidget(titolo_, 1);
+    battezza(cmd_filtra_, "cmdFiltra", "filtro");
+    cmd_filtra_->setToolTip(tr("Filtra le righe del risultato (Ctrl+Maiusc+F)"));
+    assegna_ruolo(cmd_filtra_, "piatto");
+    riga_titolo_->addWidget(cmd_filtra_);
     riga_comandi_->setSpacing(2 * kPasso);
     risposta_->setContentsMargins(0, 0, 0, 0);
     risposta_->setSpacing(2 * kPasso);
@@ -159,6 +167,7 @@ QBoxLayout* CorniceRicerca::componi_piede() {
 void CorniceRicerca::intitola(const QString& titolo, const QString& frase) {
     titolo_->setText(titolo);
     titolo_->setToolTip(titolo);
+    adatta_titolo();
     frase_->setText(frase);
 }
 
@@ -174,7 +183,19 @@ void CorniceRicerca::scrivi_stato(const QString& testo) {
 void CorniceRicerca::resizeEvent(QResizeEvent* evento) {
     QWidget::resizeEvent(evento);
     // The line's own width is known only once the layout has run.
-    QMetaObject::invokeMethod(this, [this] { scrivi_stato(stato_->toolTip()); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            adatta_titolo();
+            scrivi_stato(stato_->toolTip());
+        },
+        Qt::QueuedConnection);
+}
+
+/// A narrow window cuts the title with its dots, and is not kept wide by it.
+void CorniceRicerca::adatta_titolo() {
+    if (!isVisible()) return;
+    titolo_->setText(titolo_->fontMetrics().elidedText(titolo_->toolTip(), Qt::ElideRight, titolo_->width()));
 }
 
 void CorniceRicerca::abilita_stampa(bool collegata, bool qualcosa) {
@@ -190,11 +211,23 @@ void CorniceRicerca::abilita_esporta(bool qualcosa) {
                                       : tr("Non c'è ancora un risultato da esportare."));
 }
 
+void CorniceRicerca::aggiungi_sopra_avvio(QWidget* comando) {
+    sopra_avvio_->addWidget(comando);
+}
+
 void CorniceRicerca::ordina_tabulazione() {
+    const auto riga = [](const QLayout* di) {
+        QList<QWidget*> tasti;
+        for (int i = 0; i < di->count(); ++i) {
+            QWidget* w = di->itemAt(i)->widget();
+            if (w == nullptr) continue;
+            if ((w->focusPolicy() & Qt::TabFocus) != 0) tasti << w;
+            tasti << tasti_di(w);
+        }
+        return tasti;
+    };
     QList<QWidget*> giro = tasti_di(scorri_->widget());
-    giro << avvia_ << tasti_di(campo_);
-    for (int i = 0; i < riga_comandi_->count(); ++i)
-        if (QWidget* w = riga_comandi_->itemAt(i)->widget(); w != nullptr) giro << w;
+    giro << riga(sopra_avvio_) << avvia_ << riga(riga_titolo_) << tasti_di(campo_) << riga(riga_comandi_);
     giro << cmd_stampa_ << cmd_esporta_ << cmd_chiudi_;
     giro_di_tab(giro);
 }

@@ -36,7 +36,12 @@ class CorniceRicerca final : public QWidget {
     [[nodiscard]] QVBoxLayout* risposta() const { return risposta_; }
     [[nodiscard]] QHBoxLayout* riga_comandi() const { return riga_comandi_; }
 
+    /// Puts a command of the question over the start button.
+    void aggiungi_sopra_avvio(QWidget* comando);
+
     [[nodiscard]] QPushButton* primario() const { return avvia_; }
+    /// Opens the filter line of the grid (`cmdFiltra`).
+    [[nodiscard]] QPushButton* cmd_filtra() const { return cmd_filtra_; }
     [[nodiscard]] QPushButton* cmd_stampa() const { return cmd_stampa_; }
     [[nodiscard]] QPushButton* cmd_esporta() const { return cmd_esporta_; }
     [[nodiscard]] QPushButton* cmd_chiudi() const { return cmd_chiudi_; }
@@ -59,6 +64,7 @@ class CorniceRicerca final : public QWidget {
     void resizeEvent(QResizeEvent* evento) override;
 
   private:
+    void adatta_titolo();
     [[nodiscard]] QBoxLayout* componi_domande();
     [[nodiscard]] QBoxLayout* componi_risposta();
     [[nodiscard]] QBoxLayout* componi_piede();
@@ -66,10 +72,12 @@ class CorniceRicerca final : public QWidget {
     AreaParametri* area_;
     QScrollArea* scorri_;
     QVBoxLayout* extra_;
+    QVBoxLayout* sopra_avvio_;
     FrecciaAnimata* freccia_;
     QPushButton* avvia_;
     QHBoxLayout* riga_titolo_;
     QLabel* titolo_;
+    QPushButton* cmd_filtra_;
     QLabel* frase_;
     QWidget* campo_;
     QVBoxLayout* risposta_;

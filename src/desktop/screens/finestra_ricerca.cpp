@@ -1,9 +1,12 @@
 #include "screens/finestra_ricerca.h"
 
 #include "qt_testi.h"
+#include "results/selezione.h"
 #include "screens/area_parametri.h"
+#include "screens/comando_ultima.h"
 #include "screens/esporta.h"
 #include "screens/freccia.h"
+#include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
@@ -14,10 +17,12 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <numeric>
 #include <utility>
 
 namespace sortimetra {
@@ -44,15 +49,18 @@ FinestraRicerca::FinestraRicerca(Sessione& sessione, const QString& nome, QWidge
     : QWidget{padre, Qt::Window},
       sessione_{sessione},
       corpo_{new QWidget{this}},
+      comando_ultima_{new ComandoUltima{this}},
       pannello_{new PannelloAvanzamento{this}} {
     setObjectName(nome);
     auto* tutto = new QVBoxLayout{this};
     tutto->setContentsMargins(kMargine, kMargine, kMargine, kMargine);
     tutto->addWidget(corpo_);
     scorciatoie();
-    connect(pannello_, &PannelloAvanzamento::annulla, this, [this] {
-        if (corsa_ != nullptr) corsa_->annulla();
-    });
+    connect(pannello_, &PannelloAvanzamento::annulla, this, &FinestraRicerca::ferma_corsa);
+    comando_ultima_->hide();
+    connect(comando_ultima_, &ComandoUltima::premuto, this, &FinestraRicerca::come_l_ultima_volta);
+    connect(comando_ultima_, &ComandoUltima::riapri_scelto, this,
+            [this](bool si) { imposta_riapre_come_l_ultima_volta(sessione_, si); });
     resize(kAllApertura);
 }
 
@@ -63,7 +71,10 @@ CorniceRicerca* FinestraRicerca::incornicia(CorniceRicerca::Domande domande) {
     auto* tutto = new QVBoxLayout{corpo_};
     tutto->setContentsMargins(0, 0, 0, 0);
     tutto->addWidget(cornice_);
+    cornice_->aggiungi_sopra_avvio(comando_ultima_);
+    comando_ultima_->show();
     connect(cornice_->primario(), &QPushButton::clicked, this, &FinestraRicerca::avvia);
+    connect(cornice_->cmd_filtra(), &QPushButton::clicked, this, &FinestraRicerca::filtra);
     connect(cornice_->cmd_stampa(), &QPushButton::clicked, this, &FinestraRicerca::stampa);
     connect(cornice_->cmd_esporta(), &QPushButton::clicked, this, &FinestraRicerca::esporta);
     connect(cornice_->cmd_chiudi(), &QPushButton::clicked, this, &QWidget::close);
@@ -84,6 +95,8 @@ void FinestraRicerca::scorciatoie() {
     tasto(Qt::CTRL | Qt::Key_P, [this] { stampa(); });
     tasto(Qt::CTRL | Qt::Key_E, [this] { esporta(); });
     tasto(QKeySequence::Find, [this] { trova(); });
+    tasto(kTastoFiltro, [this] { filtra(); });
+    tasto(Qt::CTRL | Qt::Key_L, [this] { come_l_ultima_volta(); });
 }
 
 AreaParametri* FinestraRicerca::area() const {
@@ -97,6 +110,7 @@ void FinestraRicerca::apri(const Ricerca& ricerca, const ArchivioEstrazioni& arc
     archivio_ = &archivio;
     apritore_ = apritore;
     esito_ = {};
+    ordine_richiesto_.reset();
     const QString titolo = testo_qt(ricerca.titolo());
     setWindowTitle(titolo);
     setProperty("Tag", testo_qt(tag_di(ricerca)));
@@ -109,6 +123,9 @@ void FinestraRicerca::apri(const Ricerca& ricerca, const ArchivioEstrazioni& arc
         attivaWFL();
     else
         attiva();
+    segui_controlli();
+    aggiorna_ultima();
+    if (riapre_come_l_ultima_volta(sessione_)) come_l_ultima_volta();
     aggiorna_comandi();
     if (cornice_ == nullptr) return;
     aggiorna_stato();
@@ -135,6 +152,68 @@ bool FinestraRicerca::archivio_simulato() const {
                                                   : archivio_->drawit().simulato;
 }
 
+// ---- the last time ----
+
+/// The controls that a screen may have made since the last opening: grids tell their order, lines leave the
+/// window its keys.
+void FinestraRicerca::segui_controlli() {
+    for (QLineEdit* casella : findChildren<QLineEdit*>()) casella->installEventFilter(this);
+    for (const GrigliaRisultati* g : findChildren<GrigliaRisultati*>()) {
+        disconnect(g, &GrigliaRisultati::ordinata, this, nullptr);
+        connect(g, &GrigliaRisultati::ordinata, this, [this, g](int colonna, Verso verso) {
+            if (g != griglia_in_uso() || ricerca_ == nullptr) return;
+            if (ordine_richiesto_) ordine_richiesto_ = {colonna, verso};
+            ricorda_ordine(sessione_, *ricerca_, OrdineGriglia{colonna, verso});
+        });
+    }
+}
+
+Concorso FinestraRicerca::ultimo_concorso() const {
+    if (area() != nullptr) return area()->ultimo();
+    return ricerca_->gioco == Gioco::win_for_life ? archivio_->ultimo_concorso_winforlife()
+                                                  : archivio_->ultimo_concorso();
+}
+
+void FinestraRicerca::aggiorna_ultima() {
+    comando_ultima_->mostra(ultima_volta(sessione_, *ricerca_, ultimo_concorso()).has_value(),
+                            riapre_come_l_ultima_volta(sessione_));
+}
+
+void FinestraRicerca::come_l_ultima_volta() {
+    if (in_corsa() || ricerca_ == nullptr || archivio_ == nullptr) return;
+    const auto ultima = ultima_volta(sessione_, *ricerca_, ultimo_concorso());
+    if (!ultima) return;
+    imposta(ultima->domanda);
+    ordine_richiesto_ = ultima->ordine;
+}
+
+void FinestraRicerca::imposta(const Domanda& domanda) {
+    if (area() != nullptr) area()->imposta_ambito(domanda.ambito);
+    // The answer on show was of another question.
+    svuota();
+}
+
+GrigliaRisultati* FinestraRicerca::griglia_in_uso() const {
+    GrigliaRisultati* prima = nullptr;
+    for (GrigliaRisultati* g : findChildren<GrigliaRisultati*>()) {
+        if (g->window() != this || !g->isVisibleTo(this)) continue;
+        if (g->isAncestorOf(focusWidget())) return g;
+        if (prima == nullptr) prima = g;
+    }
+    return prima;
+}
+
+/// Puts a new answer in the order of the last time, where that was asked for.
+void FinestraRicerca::riordina() {
+    GrigliaRisultati* g = griglia_in_uso();
+    if (!ordine_richiesto_ || g == nullptr || ordine_richiesto_->first >= g->modello()->columnCount()) return;
+    g->ordina_colonna(ordine_richiesto_->first, ordine_richiesto_->second);
+}
+
+void FinestraRicerca::filtra() {
+    if (GrigliaRisultati* g = griglia_in_uso(); g != nullptr && !in_corsa()) g->apri_filtro();
+}
+
 // ---- question and answer ----
 
 Domanda FinestraRicerca::domanda(const Ricerca& ricerca) const {
@@ -150,11 +229,18 @@ EsitoRicerca FinestraRicerca::corri(const Ricerca& ricerca, Domanda domanda, Pan
     domanda.ricerca = &ricerca;
     // Without a cancel button the whole screen is disabled; with one, all but the panel.
     const QWidget* sopra = cornice_ == nullptr ? corpo_ : cornice_->risposta()->parentWidget();
-    CorsaRicerca corsa{annullabile_ ? corpo_ : static_cast<QWidget*>(this),
-                       pannello == nullptr ? pannello_ : pannello, sopra};
+    QWidget* spento = spento_ != nullptr ? spento_ : annullabile_ ? corpo_ : static_cast<QWidget*>(this);
+    CorsaRicerca corsa{spento, pannello == nullptr ? pannello_ : pannello, sopra};
     corsa_ = &corsa;
+    corsa.imposta_annullo_a_passi(annullo_a_passi_);
+    // As it was asked: files of the user's that the search reads are no part of what is remembered.
+    const Domanda chiesta = domanda;
     Risposta risposta = rispondi(std::move(domanda), *archivio_, sessione_.percorso_programma, corsa);
     corsa_ = nullptr;
+    if (&ricerca == ricerca_ && risposta.prodotta()) {
+        ricorda(sessione_, chiesta, ultimo_concorso());
+        aggiorna_ultima();
+    }
     return {std::move(risposta), corsa.trascorsi()};
 }
 
@@ -163,14 +249,23 @@ void FinestraRicerca::avvia() {
     if (area() != nullptr) area()->riporta_tratto();
     const EsitoRicerca esito = corri(*ricerca_, domanda(*ricerca_));
     if (esito.risultato == nullptr) return;
+    presenta(esito);
+    di_messaggi(esito);
+}
+
+void FinestraRicerca::presenta(const EsitoRicerca& esito) {
     svuota();
     if (esito.prodotto()) {
         esito_ = esito;
         mostra(esito_);
+        riordina();
     }
     aggiorna_comandi();
     aggiorna_stato();
-    di_messaggi(esito);
+}
+
+void FinestraRicerca::ferma_corsa() {
+    if (corsa_ != nullptr) corsa_->annulla();
 }
 
 void FinestraRicerca::svuota() {
@@ -217,7 +312,6 @@ std::size_t FinestraRicerca::concorsi_in_ambito() const {
         case AreaParametri::Genere::win_for_life:
             return vista_winforlife(*archivio_, ambito).size();
         case AreaParametri::Genere::senza_ruote:
-            return vista_superenalotto(*archivio_, ambito).size();
         case AreaParametri::Genere::lotto:
         case AreaParametri::Genere::solo_ruote:
             break;
@@ -249,8 +343,20 @@ void FinestraRicerca::aggiorna_comandi() {
 LavoroStampa FinestraRicerca::lavoro() {
     const EsitoRicerca* esito = in_mostra();
     if (esito == nullptr) return {};
-    LavoroStampa lavoro{.finestra = this, .risposta = *esito};
-    lavoro.risposta.ordine = ordine_in_mostra();
+    LavoroStampa lavoro{.finestra = this, .risposta = static_cast<const Risposta&>(*esito)};
+    Risposta& r = lavoro.risposta;
+    r.ordine = ordine_in_mostra();
+    if (r.risultato->tabelle.empty() || r.ordine.empty() ||
+        r.ordine.size() == r.risultato->tabelle.front().righe())
+        return lavoro;
+    // A filter leaves some rows alone: what is printed and written is what is on show.
+    auto filtrato = std::make_shared<Risultato>(*r.risultato);
+    Tabella& tabella = filtrato->tabelle.front();
+    std::vector<std::size_t> colonne(tabella.n_colonne());
+    std::iota(colonne.begin(), colonne.end(), std::size_t{0});
+    tabella = seleziona(tabella, r.ordine, colonne);
+    r.risultato = std::move(filtrato);
+    r.ordine.clear();
     return lavoro;
 }
 
@@ -265,6 +371,19 @@ void FinestraRicerca::esporta() {
 }
 
 // ---- the window ----
+
+bool FinestraRicerca::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() == QEvent::ShortcutOverride && qobject_cast<QLineEdit*>(oggetto) != nullptr) {
+        // A text field would take some of the window's keys for moves of its cursor.
+        auto* tasto = dynamic_cast<QKeyEvent*>(evento);
+        if (tasto != nullptr && tasto->modifiers() == Qt::ControlModifier &&
+            (tasto->key() == Qt::Key_E || tasto->key() == Qt::Key_P || tasto->key() == Qt::Key_L)) {
+            evento->ignore();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(oggetto, evento);
+}
 
 void FinestraRicerca::keyPressEvent(QKeyEvent* evento) {
     if (in_corsa()) return;

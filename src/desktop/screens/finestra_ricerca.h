@@ -5,6 +5,7 @@
 #include "files/sessione.h"
 #include "results/risposta.h"
 #include "screens/cornice_ricerca.h"
+#include "screens/ultima_volta.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -12,12 +13,15 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace sortimetra {
 
+class ComandoUltima;
 class CorsaRicerca;
+class GrigliaRisultati;
 class PannelloAvanzamento;
 
 /// What a run gave: the answer with its row and its question, and the time it took.
@@ -44,7 +48,11 @@ struct LavoroStampa {
 /// its place in `schermi.ini` of the program's folder and brings its opener back.
 ///
 /// F5 and Enter start (`avvia`), but on a button Enter presses that button; Esc closes, Ctrl+P prints, Ctrl+E
-/// exports, Ctrl+F finds.
+/// exports, Ctrl+F finds, Ctrl+Shift+F filters, Ctrl+L brings the last question back.
+///
+/// Every question that gave an answer is remembered in `schermi.ini`, search by search: wheels, calendar,
+/// range, order, and the text of each option of the row. A screen that has controls for options of its own
+/// fills them in `imposta`.
 ///
 /// A screen puts its widgets into the frame that `incornicia` gives and says what is asked (`parametri`), how
 /// the answer is shown (`mostra`) and taken away (`svuota`). One with pages of its own lays them out in
@@ -73,6 +81,10 @@ class FinestraRicerca : public QWidget {
     virtual void stampa();
     virtual void esporta();
 
+    /// Fills the controls as they stood when this search was run last (Ctrl+L); nothing runs, and nothing
+    /// happens where it never was.
+    void come_l_ultima_volta();
+
     /// What "Stampa" does; the button is disabled without it.
     void imposta_stampa(std::function<void(const LavoroStampa&)> stampa);
 
@@ -100,8 +112,16 @@ class FinestraRicerca : public QWidget {
     [[nodiscard]] virtual std::vector<std::uint32_t> ordine_in_mostra() const { return {}; }
     /// What the search adds to the question; the window puts the scope of its parameter area.
     [[nodiscard]] virtual Parametri parametri() const { return {}; }
+    /// Fills the controls from a question, the other way round of `parametri`; the window fills its parameter
+    /// area. A screen with controls of its own fills them, then leaves the rest to this.
+    virtual void imposta(const Domanda& domanda);
+    /// The grid that the user works on: the one with the keyboard, else the first on show; null where there
+    /// is none.
+    [[nodiscard]] GrigliaRisultati* griglia_in_uso() const;
     /// What Ctrl+F does.
     virtual void trova() {}
+    /// What Ctrl+Shift+F and `cmdFiltra` do: open the filter line of the grid in use.
+    virtual void filtra();
     /// An answer or the printer came or went: buttons follow. Those of the frame do so by themselves.
     virtual void aggiorna_comandi();
     /// Shows one message of a search, under the usual title.
@@ -110,6 +130,9 @@ class FinestraRicerca : public QWidget {
     /// Mounts the usual frame, with its buttons connected; once, in the constructor.
     CorniceRicerca* incornicia(CorniceRicerca::Domande domande);
     [[nodiscard]] CorniceRicerca* cornice() const { return cornice_; }
+    /// "Come l'ultima volta" for a screen without the frame to put in its place; the frame's stands over the
+    /// start button.
+    [[nodiscard]] ComandoUltima* comando_ultima() const { return comando_ultima_; }
     /// Where a screen without the frame lays out its own.
     [[nodiscard]] QWidget* corpo() const { return corpo_; }
 
@@ -119,12 +142,21 @@ class FinestraRicerca : public QWidget {
     /// is on, or where the row has no search yet.
     [[nodiscard]] EsitoRicerca corri(const Ricerca& ricerca, Domanda domanda,
                                      PannelloAvanzamento* pannello = nullptr);
+    /// Puts an answer on show in place of the one before: what `avvia` does once it has one.
+    void presenta(const EsitoRicerca& esito);
     /// Tells buttons and bottom line of an answer that a page of the screen has kept; none for an empty one.
     void riprendi(const EsitoRicerca& esito);
     /// Shows what a search had to say.
     void di_messaggi(const EsitoRicerca& esito);
     /// A search that can be stopped by the user shows `cmdAnnulla` in the panel.
     void imposta_annullabile(bool si);
+    /// What a run disables, where that is neither the whole window nor, with a cancel button, all but the
+    /// panel.
+    void imposta_spento(QWidget* parte) { spento_ = parte; }
+    /// Tells the run in progress, if there is one, to stop.
+    void ferma_corsa();
+    /// A cancel stops only what the search is doing at the moment; it is told once, then forgotten.
+    void imposta_annullo_a_passi(bool si) { annullo_a_passi_ = si; }
 
     [[nodiscard]] bool stampabile() const { return stampa_ != nullptr; }
     /// The answer on show as the printer, and whatever else works on it, is handed it.
@@ -136,9 +168,14 @@ class FinestraRicerca : public QWidget {
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
     void scorciatoie();
+    void segui_controlli();
+    void aggiorna_ultima();
+    [[nodiscard]] Concorso ultimo_concorso() const;
+    void riordina();
     /// The bottom line: rows of the answer if there is one, draws in scope, time taken, notes.
     void aggiorna_stato();
     [[nodiscard]] std::size_t concorsi_in_ambito() const;
@@ -151,9 +188,14 @@ class FinestraRicerca : public QWidget {
     std::function<void(const LavoroStampa&)> stampa_;
     CorsaRicerca* corsa_ = nullptr;
     bool annullabile_ = false;
+    QWidget* spento_ = nullptr;
+    bool annullo_a_passi_ = false;
     bool posto_letto_ = false;
+    /// The order that the next answers are shown in, once the last question has been brought back.
+    std::optional<OrdineGriglia> ordine_richiesto_;
 
     QWidget* corpo_;
+    ComandoUltima* comando_ultima_;
     CorniceRicerca* cornice_ = nullptr;
     PannelloAvanzamento* pannello_;
 };

@@ -17,10 +17,9 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
-#include <QToolButton>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 #include <numeric>
 #include <utility>
 
@@ -47,10 +46,11 @@ constexpr int kMargineStrettoTabellone = kPasso / 2;
 constexpr int kColonnaMassima = 120 * kPasso;
 /// Eighths of a selection's colour in the row under the pointer.
 constexpr int kParteSotto = 3;
-/// Side of the arrow in a sort button.
+/// Side of the arrow in a sort button, and the button's own width where it stands beside a title.
 constexpr int kFreccia = 3 * kPasso;
-
-constexpr std::array kChiaviPulsanteUno{"ricerche su tutti gli ambi", "ambata capogioco", "ambo capogioco"};
+constexpr int kPulsanteOrdina = 5 * kPasso;
+/// A grid of few columns is not narrower than what it says when it is empty.
+constexpr int kLarghezzaMinima = 90 * kPasso;
 
 /// `a` with so many eighths of `b`.
 QRgb mescolato(QRgb a, QRgb b, int ottavi) {
@@ -165,13 +165,17 @@ void VistaGriglia::keyPressEvent(QKeyEvent* evento) {
 /// The titles and the sort buttons, lined up with the columns of the view under them.
 class GrigliaRisultati::Testata final : public QWidget {
   public:
-    explicit Testata(GrigliaRisultati* griglia) : QWidget{griglia}, griglia_{griglia} {}
-
-    [[nodiscard]] std::size_t righe_dipinte() const {
-        const auto& t = griglia_->modello_->tabella();
-        return t && (griglia_->tabellone_ || t->titoli.size() > 1) ? t->titoli.size() : 0;
+    explicit Testata(GrigliaRisultati* griglia) : QWidget{griglia->campo_}, griglia_{griglia} {
+        setMouseTracking(true);
     }
-    [[nodiscard]] int altezza_titolo() const { return fontMetrics().height() + 2 * kPasso; }
+
+    [[nodiscard]] std::size_t righe() const {
+        const auto& t = griglia_->modello_->tabella();
+        return t ? t->titoli.size() : 0;
+    }
+    [[nodiscard]] int altezza_titolo() const {
+        return fontMetrics().height() + (griglia_->titoli_sotto() ? 2 : 3) * kPasso;
+    }
 
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -179,8 +183,8 @@ class GrigliaRisultati::Testata final : public QWidget {
         QPainter p{this};
         p.fillRect(rect(), QColor::fromRgb(s.rilievo));
         p.fillRect(0, height() - 1, width(), 1, QColor::fromRgb(s.bordo));
-        if (righe_dipinte() == 0) return;
-        const int base = height() - static_cast<int>(righe_dipinte()) * altezza_titolo();
+        if (righe() == 0) return;
+        const int base = height() - static_cast<int>(righe()) * altezza_titolo();
         const bool blocca = griglia_->bloccata_->isVisible();
         const int fermo = blocca ? griglia_->bloccata_->columnWidth(0) + 1 : 0;
         p.save();
@@ -194,15 +198,35 @@ class GrigliaRisultati::Testata final : public QWidget {
         }
     }
     void mousePressEvent(QMouseEvent* e) override {
-        if (griglia_->tabellone_ || righe_dipinte() == 0 || e->position().y() < height() - altezza_titolo())
-            return;
-        const int x = static_cast<int>(e->position().x()) - 1;
-        const bool ferma = griglia_->bloccata_->isVisible() && x < griglia_->bloccata_->columnWidth(0);
-        const int colonna = ferma ? 0 : griglia_->vista_->columnAt(x);
+        const int colonna = titolo_in(e->position());
         if (colonna >= 0) griglia_->titolo_premuto(colonna);
     }
+    void mouseMoveEvent(QMouseEvent* e) override { segna_sopra(titolo_in(e->position())); }
+    void leaveEvent(QEvent*) override { segna_sopra(-1); }
 
   private:
+    /// The column whose title is at a point; -1 where there is none that sorts.
+    [[nodiscard]] int titolo_in(QPointF dove) const {
+        if (griglia_->tabellone_ || righe() == 0 || dove.y() < height() - altezza_titolo()) return -1;
+        const int x = static_cast<int>(dove.x()) - 1;
+        const bool ferma = griglia_->bloccata_->isVisible() && x < griglia_->bloccata_->columnWidth(0);
+        return ferma ? 0 : griglia_->vista_->columnAt(x);
+    }
+    void segna_sopra(int colonna) {
+        if (std::exchange(sopra_, colonna) == colonna) return;
+        update();
+        setToolTip(colonna < 0
+                       ? QString{}
+                       : GrigliaRisultati::tr("Ordina per questa colonna; un altro clic gira l'ordine"));
+    }
+    /// Blanks at the sides of a title: beside the last row of them, where there is no strip above, stands the
+    /// column's button.
+    [[nodiscard]] std::pair<int, int> margini(int colonna, bool ultima) const {
+        const int margine = griglia_->tabellone_ ? 1 : griglia_->margine_;
+        if (!ultima || griglia_->titoli_sotto()) return {margine, margine};
+        return griglia_->modello_->numerica(colonna) ? std::pair{kPulsanteOrdina, margine}
+                                                     : std::pair{margine, kPulsanteOrdina};
+    }
     /// `fermo` is what the frozen column covers: a wide title stays in the part of its span that is in sight.
     void dipingi_titoli(QPainter& p, int base, int scarto, int fermo) const {
         const Skin& s = skin_in_uso();
@@ -236,6 +260,7 @@ class GrigliaRisultati::Testata final : public QWidget {
                     c = fine;
                     continue;
                 }
+                if (ultima && c == sopra_) p.fillRect(dove.adjusted(0, 0, 0, -1), QColor::fromRgb(s.linea));
                 p.setPen(QColor::fromRgb(s.linea));
                 p.drawLine(dove.topRight(), dove.bottomRight());
                 p.setPen(QColor::fromRgb(s.testo));
@@ -246,8 +271,8 @@ class GrigliaRisultati::Testata final : public QWidget {
                 const QRect in_vista = dove.intersected({fermo, y, width() - fermo, dove.height()});
                 if (fine - c > 1 && p.fontMetrics().horizontalAdvance(scritto) < in_vista.width())
                     dove = in_vista;
-                const int margine = griglia_->tabellone_ ? 1 : griglia_->margine_;
-                p.drawText(dove.adjusted(margine, 0, -margine, 0), static_cast<int>(lato | Qt::AlignVCenter),
+                const auto [prima, dopo] = margini(c, ultima);
+                p.drawText(dove.adjusted(prima, 0, -dopo, 0), static_cast<int>(lato | Qt::AlignVCenter),
                            scritto);
                 c = fine;
             }
@@ -255,18 +280,25 @@ class GrigliaRisultati::Testata final : public QWidget {
     }
 
     GrigliaRisultati* griglia_;
+    int sopra_ = -1;  ///< the column whose title is under the pointer
 };
 
 GrigliaRisultati::GrigliaRisultati(QWidget* padre)
     : QWidget{padre},
       modello_{new ModelloRisultato{this}},
-      vista_{new VistaGriglia{this}},
+      campo_{new QWidget{this}},
+      vista_{new VistaGriglia{campo_}},
       bloccata_{new VistaGriglia{vista_}},
       testata_{new Testata{this}},
       frase_{new QLabel{vista_}},
       barra_trova_{new QWidget{this}},
       testo_trova_{new QLineEdit{barra_trova_}},
-      esito_trova_{new QLabel{barra_trova_}} {
+      esito_trova_{new QLabel{barra_trova_}},
+      barra_filtro_{new QWidget{this}},
+      testo_filtro_{new QLineEdit{barra_filtro_}},
+      conto_filtro_{new QLabel{barra_filtro_}},
+      errore_filtro_{new QLabel{barra_filtro_}},
+      pausa_filtro_{new QTimer{this}} {
     componi_viste();
     frase_->setAlignment(Qt::AlignCenter);
     frase_->setWordWrap(true);
@@ -274,14 +306,35 @@ GrigliaRisultati::GrigliaRisultati(QWidget* padre)
     assegna_ruolo(frase_, "quieto");
 
     componi_trova();
+    componi_filtro();
+    auto* tavola = new QVBoxLayout{campo_};
+    tavola->setContentsMargins(0, 0, 0, 0);
+    tavola->setSpacing(0);
+    tavola->addWidget(testata_);
+    tavola->addWidget(vista_, 1);
     auto* colonna = new QVBoxLayout{this};
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(0);
-    colonna->addWidget(testata_);
-    colonna->addWidget(vista_, 1);
+    colonna->addWidget(barra_filtro_);
+    colonna->addWidget(campo_, 1);
     colonna->addWidget(barra_trova_);
-    setFocusProxy(vista_);
     disponi();
+}
+
+void GrigliaRisultati::focusInEvent(QFocusEvent* evento) {
+    // No focus proxy: Tab would go round between the proxy and the sort buttons and never leave the grid.
+    vista_->setFocus(evento->reason());
+}
+
+/// Whether the titles stand under a strip of sort buttons (or, on a board, without any).
+bool GrigliaRisultati::titoli_sotto() const {
+    const auto& t = modello_->tabella();
+    return tabellone_ || (t && t->titoli.size() > 1);
+}
+
+/// What columns may take: the grid's width less what is round them.
+int GrigliaRisultati::spazio_colonne() const {
+    return width() - 2 * vista_->frameWidth();
 }
 
 void GrigliaRisultati::componi_viste() {
@@ -331,41 +384,6 @@ void GrigliaRisultati::componi_viste() {
     connect(vista_, &VistaGriglia::copia_richiesta, this, &GrigliaRisultati::copia);
 }
 
-void GrigliaRisultati::componi_trova() {
-    auto* riga_trova = new QHBoxLayout{barra_trova_};
-    riga_trova->setContentsMargins(0, 2 * kPasso, 0, 0);
-    riga_trova->setSpacing(2 * kPasso);
-    testo_trova_->setObjectName(QStringLiteral("txttrova"));
-    testo_trova_->setPlaceholderText(tr("Trova nel risultato"));
-    testo_trova_->setAccessibleName(tr("Trova nel risultato"));
-    testo_trova_->setMaximumWidth(80 * kPasso);
-    testo_trova_->addAction(icona(QStringLiteral("cerca"), TintaIcona::quieto), QLineEdit::LeadingPosition);
-    testo_trova_->installEventFilter(this);
-    assegna_ruolo(esito_trova_, "quieto");
-    const auto bottone = [this](const char* figura, const QString& nome, auto&& azione) {
-        auto* b = new QToolButton{barra_trova_};
-        b->setIcon(icona(QString::fromLatin1(figura)));
-        b->setToolTip(nome);
-        b->setAccessibleName(nome);
-        connect(b, &QToolButton::clicked, this, azione);
-        return b;
-    };
-    riga_trova->addWidget(testo_trova_, 1);
-    riga_trova->addWidget(bottone("su", tr("Precedente"), [this] { trova(-1); }));
-    riga_trova->addWidget(bottone("giu", tr("Successivo"), [this] { trova(1); }));
-    riga_trova->addWidget(esito_trova_);
-    riga_trova->addStretch(1);
-    riga_trova->addWidget(bottone("chiudi", tr("Chiudi la ricerca"), [this] {
-        barra_trova_->hide();
-        vista_->setFocus();
-    }));
-    barra_trova_->hide();
-    connect(testo_trova_, &QLineEdit::textChanged, this, [this] {
-        cerca_corrispondenze();
-        if (!corrispondenze_.empty()) vai_a(0);
-    });
-}
-
 void GrigliaRisultati::inizializza(const std::vector<std::vector<std::string>>& titoli) {
     auto vuota = std::make_shared<Tabella>();
     vuota->titoli = titoli;
@@ -377,6 +395,7 @@ void GrigliaRisultati::inizializza(const std::vector<std::vector<std::string>>& 
 void GrigliaRisultati::mostra(std::shared_ptr<const Tabella> tabella) {
     modello_->mostra(std::move(tabella));
     ordinamento_.reset();
+    if (!barra_filtro_->isHidden()) filtra(true);
     crea_pulsanti();
     adatta_colonne();
     segna_ordinamento();
@@ -392,13 +411,19 @@ void GrigliaRisultati::svuota() {
     ordinamento_.reset();
     segna_ordinamento();
     cerca_corrispondenze();
+    conto_filtro_->clear();
     aggiorna_frase();
     emit riga_cambiata();
 }
 
 void GrigliaRisultati::imposta_frase_vuota(const QString& frase) {
-    frase_->setText(frase);
+    frase_vuota_ = frase;
     aggiorna_frase();
+}
+
+void GrigliaRisultati::imposta_pulsante_1(int colonna) {
+    pulsante_1_ = colonna;
+    for (int i = 0; i < static_cast<int>(pulsanti_.size()); ++i) battezza_pulsante(i);
 }
 
 void GrigliaRisultati::blocca_prima_colonna(bool si) {
@@ -422,6 +447,8 @@ void GrigliaRisultati::crea_pulsanti() {
         delete pulsanti_.back();
         pulsanti_.pop_back();
     }
+    // Tab reaches the buttons before the rows under them, however late they were made.
+    QWidget* prima = pulsanti_.empty() ? static_cast<QWidget*>(vista_) : pulsanti_.back();
     while (pulsanti_.size() < n) {
         const auto i = static_cast<int>(pulsanti_.size());
         auto* b = new QPushButton{testata_};
@@ -430,22 +457,33 @@ void GrigliaRisultati::crea_pulsanti() {
         b->setIconSize({kFreccia, kFreccia});
         connect(b, &QPushButton::clicked, this, [this, i] { premi(i); });
         b->show();
+        setTabOrder(prima, b);
+        prima = b;
         pulsanti_.push_back(b);
     }
-    const bool titoli_dipinti = testata_->righe_dipinte() > 0;
+    if (n > 0) setTabOrder(pulsanti_.back(), vista_);
     for (std::size_t i = 0; i < n; ++i) {
         QPushButton* b = pulsanti_[i];
-        const QString titolo = modello_->headerData(static_cast<int>(i), Qt::Horizontal).toString();
-        b->setText(titoli_dipinti ? QString{} : titolo);
-        b->setToolTip(tr("Ordina per questa colonna"));
-        b->setAccessibleName(
-            tr("Ordina per %1").arg(titolo.isEmpty() ? tr("colonna %1").arg(i + 1) : titolo));
         // Sixty sort buttons would bury the grid in tab stops: there the context menu sorts.
         b->setFocusPolicy(n <= 8 ? Qt::StrongFocus : Qt::ClickFocus);
-        const bool destra = modello_->numerica(static_cast<int>(i));
-        b->setProperty("lato", titoli_dipinti ? "centro" : destra ? "destra" : "sinistra");
+        b->setProperty("striscia", titoli_sotto());
         assegna_ruolo(b, "ordina");
+        battezza_pulsante(static_cast<int>(i));
     }
+}
+
+void GrigliaRisultati::battezza_pulsante(int i) {
+    const auto titolo = [this](int colonna) {
+        const QString t = modello_->headerData(colonna, Qt::Horizontal).toString();
+        return t.isEmpty() ? tr("colonna %1").arg(colonna + 1) : t;
+    };
+    const int ordinata = i == 1 ? pulsante_1_ : i;
+    QPushButton* b = pulsanti_[static_cast<std::size_t>(i)];
+    b->setAccessibleName(tr("Ordina per %1").arg(titolo(ordinata)));
+    b->setToolTip(ordinata == i ? tr("Ordina per questa colonna")
+                                : tr("Questo pulsante ordina per «%1».\nPer ordinare per «%2» fai clic sul "
+                                     "titolo.")
+                                      .arg(titolo(ordinata), titolo(i)));
 }
 
 void GrigliaRisultati::prendi_caratteri() {
@@ -480,7 +518,7 @@ void GrigliaRisultati::adatta_colonne() {
     QFont font_titoli = testata_->font();
     font_titoli.setBold(true);
     const QFontMetrics titoli{font_titoli};
-    const bool dipinti = testata_->righe_dipinte() > 0;
+    const bool dipinti = titoli_sotto();
     margine_ = compatta_ ? kMargineStretto : kMargineCella;
     std::vector<int> larghezze;
     std::vector<int> strette;
@@ -488,9 +526,9 @@ void GrigliaRisultati::adatta_colonne() {
     for (int c = 0; c < n; ++c) {
         const QString titolo = titolo_piu_largo(c);
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
-        // Painted titles have no arrow beside them: it stands in the strip of buttons above.
-        const int testata = titoli.horizontalAdvance(titolo) + (dipinti ? 0 : kFreccia + kPasso);
-        const int margine = tabellone_ ? kMargineTabellone : compatta_ ? kMargineStretto : kMargineCella;
+        // Under a strip of buttons titles have none beside them.
+        const int testata = titoli.horizontalAdvance(titolo) + (dipinti ? 0 : kPulsanteOrdina - kPasso);
+        const int margine = tabellone_ ? kMargineTabellone : margine_;
         const int minima = tabellone_             ? kColonnaMinimaTabellone
                            : dipinti || compatta_ ? kColonnaMinimaDipinta
                                                   : kColonnaMinima;
@@ -501,14 +539,13 @@ void GrigliaRisultati::adatta_colonne() {
     }
     const bool scorre =
         modello_->rowCount() * vista_->verticalHeader()->defaultSectionSize() > vista_->viewport()->height();
-    const int barra = scorre && !vista_->verticalScrollBar()->isVisible()
-                          ? vista_->verticalScrollBar()->sizeHint().width()
-                          : 0;
+    const int barra = scorre ? vista_->verticalScrollBar()->sizeHint().width() : 0;
     const auto libero = [&](const std::vector<int>& l) {
-        return vista_->viewport()->width() - barra - std::accumulate(l.begin(), l.end(), 0);
+        return spazio_colonne() - barra - std::accumulate(l.begin(), l.end(), 0);
     };
-    // Many columns of short numbers give up their blanks where that brings the last of them into sight.
-    if (dipinti && libero(larghezze) < 0 && libero(strette) >= 0) {
+    // Many columns of short numbers give up their blanks where that brings the last of them into sight. Those
+    // of a board do so at any width: a narrower window never has wider cells.
+    if (dipinti && libero(larghezze) < 0 && (tabellone_ || libero(strette) >= 0)) {
         larghezze = strette;
         margine_ = blanco;
     }
@@ -527,21 +564,38 @@ void GrigliaRisultati::adatta_colonne() {
 }
 
 void GrigliaRisultati::disponi() {
-    const int riga = testata_->fontMetrics().height() + 3 * kPasso;
-    const auto dipinte = testata_->righe_dipinte();
-    const int striscia = tabellone_ ? 0 : dipinte > 0 ? 6 * kPasso : riga;
-    testata_->setFixedHeight(
-        modello_->columnCount() == 0 ? 0 : striscia + static_cast<int>(dipinte) * testata_->altezza_titolo());
+    const int striscia = tabellone_ || !titoli_sotto() ? 0 : 6 * kPasso;
+    testata_->setFixedHeight(modello_->columnCount() == 0 ? 0
+                                                          : striscia + static_cast<int>(testata_->righe()) *
+                                                                           testata_->altezza_titolo());
+    // Columns stay together: what is left of a wide window is no part of the table.
+    const int larga = vista_->horizontalHeader()->length() + 2 * vista_->frameWidth() +
+                      vista_->verticalScrollBar()->sizeHint().width();
+    const int avanza = width() - std::max(larga, compatta_ ? 0 : kLarghezzaMinima);
+    campo_->layout()->setContentsMargins(0, 0, modello_->columnCount() == 0 ? 0 : std::max(avanza, 0), 0);
 
     const bool blocca = blocca_ && modello_->columnCount() > 1 &&
                         vista_->horizontalHeader()->length() > vista_->viewport()->width();
+    const bool accanto = !titoli_sotto();
+    QFont grassetto = testata_->font();
+    grassetto.setBold(true);
+    const QFontMetrics titoli{grassetto};
     const QRect porta = vista_->viewport()->geometry();
     bloccata_->setGeometry(porta.x(), porta.y(), bloccata_->columnWidth(0), porta.height());
     bloccata_->setVisible(blocca);
     for (std::size_t i = 0; i < pulsanti_.size(); ++i) {
         const int c = static_cast<int>(i);
         const int x = blocca && c == 0 ? 0 : vista_->columnViewportPosition(c);
-        pulsanti_[i]->setGeometry(porta.x() + x, 0, vista_->columnWidth(c), striscia);
+        const int larghezza = vista_->columnWidth(c);
+        // Right beside its title: at the column's other end it would seem to belong to the next one.
+        const int titolo = titoli.horizontalAdvance(titolo_piu_largo(c)) + margine_;
+        const int accosto = std::min(titolo, larghezza - kPulsanteOrdina);
+        const int scarto = modello_->numerica(c) ? larghezza - accosto - kPulsanteOrdina : accosto;
+        // The last pixel of the header is its lower edge.
+        if (accanto)
+            pulsanti_[i]->setGeometry(porta.x() + x + scarto, 0, kPulsanteOrdina, testata_->height() - 1);
+        else
+            pulsanti_[i]->setGeometry(porta.x() + x, 0, larghezza, striscia);
     }
     if (blocca && !pulsanti_.empty()) pulsanti_.front()->raise();
     testata_->update();
@@ -552,25 +606,27 @@ void GrigliaRisultati::segna_ordinamento() {
     for (std::size_t i = 0; i < pulsanti_.size(); ++i) {
         const bool questa = ordinamento_ && ordinamento_->first == static_cast<int>(i);
         const bool crescente = questa && ordinamento_->second == Verso::crescente;
-        // A button without a caption would be a blank: there the arrow shows always, quiet until it sorts.
-        const bool muto = pulsanti_[i]->text().isEmpty();
-        pulsanti_[i]->setIcon(questa || muto ? icona(crescente ? QStringLiteral("su") : QStringLiteral("giu"),
-                                                     questa ? TintaIcona::accento : TintaIcona::quieto)
-                                             : QIcon{});
+        // Another shape, not another colour alone: a full arrow that way, or the quiet sign of a button.
+        const QString figura = !questa     ? QStringLiteral("ordina")
+                               : crescente ? QStringLiteral("ordinata_su")
+                                           : QStringLiteral("ordinata_giu");
+        pulsanti_[i]->setIcon(icona(figura, questa ? TintaIcona::accento : TintaIcona::quieto));
+        pulsanti_[i]->setProperty("freccia", figura);
+        pulsanti_[i]->setAccessibleDescription(!questa     ? QString{}
+                                               : crescente ? tr("ordinata dal più piccolo")
+                                                           : tr("ordinata dal più grande"));
     }
 }
 
 void GrigliaRisultati::aggiorna_frase() {
+    frase_->setText(modello_->filtrato() ? tr("Nessuna riga risponde al filtro.") : frase_vuota_);
     frase_->setVisible(vuota() && !frase_->text().isEmpty());
 }
 
 void GrigliaRisultati::premi(int pulsante) {
     if (pulsante < 0 || static_cast<std::size_t>(pulsante) >= pulsanti_.size()) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const bool propria =
-        pulsante == 1 && std::any_of(kChiaviPulsanteUno.begin(), kChiaviPulsanteUno.end(),
-                                     [this](const char* c) { return chiave_ == QLatin1String(c); });
-    const int colonna = propria ? 0 : pulsante;
+    const int colonna = pulsante == 1 ? pulsante_1_ : pulsante;
     QPushButton* b = pulsanti_[static_cast<std::size_t>(pulsante)];
     const bool crescente = !b->property("tag").toString().isEmpty();
     b->setProperty("tag", crescente ? QString{} : QStringLiteral("0"));
@@ -587,12 +643,20 @@ void GrigliaRisultati::ordina_colonna(int colonna, Verso verso) {
     segna_ordinamento();
     vista_->scrollToTop();
     cerca_corrispondenze();
+    emit ordinata(colonna, verso);
 }
 
 void GrigliaRisultati::titolo_premuto(int colonna) {
-    const std::pair crescente{colonna, Verso::crescente};
-    const Verso verso = ultimo_titolo_ == crescente ? Verso::decrescente : Verso::crescente;
-    ultimo_titolo_ = {colonna, verso};
+    // Under a strip of buttons titles keep a turn of their own, ascending first. A title that stands alone
+    // follows the order on show, the largest first, as its button does.
+    Verso verso = Verso::decrescente;
+    if (titoli_sotto()) {
+        const std::pair crescente{colonna, Verso::crescente};
+        verso = ultimo_titolo_ == crescente ? Verso::decrescente : Verso::crescente;
+        ultimo_titolo_ = {colonna, verso};
+    } else if (ordinamento_ == std::pair{colonna, Verso::decrescente}) {
+        verso = Verso::crescente;
+    }
     ordina_colonna(colonna, verso);
 }
 
@@ -656,6 +720,9 @@ void GrigliaRisultati::mostra_menu(const QPoint& dove) {
     a = menu.addAction(icona(QStringLiteral("cerca")), tr("&Trova…"), this, &GrigliaRisultati::apri_trova);
     a->setShortcut(QKeySequence::Find);
     a->setEnabled(qualcosa);
+    a = menu.addAction(icona(QStringLiteral("filtro")), tr("&Filtra le righe…"), this,
+                       &GrigliaRisultati::apri_filtro);
+    a->setShortcut(kTastoFiltro);
     menu.addSeparator();
     if (!tabellone_) {
         a = menu.addAction(icona(QStringLiteral("giu")), tr("&Ordina per questa colonna"), this,
@@ -676,61 +743,6 @@ void GrigliaRisultati::mostra_menu(const QPoint& dove) {
     menu.exec(dove);
 }
 
-void GrigliaRisultati::apri_trova() {
-    if (vuota()) return;
-    barra_trova_->show();
-    // Whatever was shown or sorted while the line was hidden.
-    cerca_corrispondenze();
-    testo_trova_->setFocus();
-    testo_trova_->selectAll();
-}
-
-void GrigliaRisultati::cerca_corrispondenze() {
-    corrispondenze_.clear();
-    corrente_.reset();
-    const std::string cercato = testo_trova_->text().toLower().toStdString();
-    const auto& tabella = modello_->tabella();
-    if (cercato.empty() || !tabella || barra_trova_->isHidden()) {
-        esito_trova_->clear();
-        return;
-    }
-    std::string cella;
-    const int righe = modello_->rowCount();
-    const int colonne = modello_->columnCount();
-    for (int r = 0; r < righe; ++r) {
-        const std::size_t originale = modello_->riga_originale(r);
-        for (int c = 0; c < colonne; ++c) {
-            cella.clear();
-            tabella->aggiungi_testo(cella, originale, static_cast<std::size_t>(c));
-            // Only text columns have letters; numbers need no change of case.
-            const bool testo =
-                std::holds_alternative<ColonnaTesti>(tabella->colonne[static_cast<std::size_t>(c)]);
-            if (testo) cella = QString::fromStdString(cella).toLower().toStdString();
-            if (tabellone_ ? cella == cercato : cella.find(cercato) != std::string::npos)
-                corrispondenze_.emplace_back(r, c);
-        }
-    }
-    esito_trova_->setText(corrispondenze_.empty() ? tr("Nessuna corrispondenza") : QString{});
-}
-
-void GrigliaRisultati::vai_a(std::size_t corrispondenza) {
-    corrente_ = corrispondenza;
-    const auto [r, c] = corrispondenze_[corrispondenza];
-    const QModelIndex i = modello_->index(r, c);
-    vista_->selectionModel()->setCurrentIndex(i, QItemSelectionModel::ClearAndSelect);
-    vista_->scrollTo(i);
-    esito_trova_->setText(tr("%1 di %2").arg(corrispondenza + 1).arg(corrispondenze_.size()));
-}
-
-void GrigliaRisultati::trova(int passo) {
-    const std::size_t n = corrispondenze_.size();
-    if (n == 0) return;
-    if (passo > 0)
-        vai_a(corrente_ ? (*corrente_ + 1) % n : 0);
-    else
-        vai_a((corrente_.value_or(0) + n - 1) % n);
-}
-
 void GrigliaRisultati::segna_riga_sotto(int riga) {
     if (riga == riga_sotto_) return;
     for (VistaGriglia* v : {vista_, bloccata_}) {
@@ -743,18 +755,9 @@ void GrigliaRisultati::segna_riga_sotto(int riga) {
 }
 
 bool GrigliaRisultati::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (oggetto == testo_trova_ && evento->type() == QEvent::KeyPress) {
-        const auto* tasto = dynamic_cast<QKeyEvent*>(evento);
-        if (tasto == nullptr) return false;
-        if (tasto->key() == Qt::Key_Escape) {
-            barra_trova_->hide();
-            vista_->setFocus();
-            return true;
-        }
-        if (tasto->key() == Qt::Key_Return || tasto->key() == Qt::Key_Enter) {
-            trova((tasto->modifiers() & Qt::ShiftModifier) != 0 ? -1 : 1);
-            return true;
-        }
+    if (oggetto == testo_trova_ || oggetto == testo_filtro_) {
+        auto* tasto = dynamic_cast<QKeyEvent*>(evento);
+        return tasto != nullptr && tasto_in_riga(*tasto, oggetto);
     }
     if (oggetto == vista_->viewport() && evento->type() == QEvent::Resize) disponi();
     const bool sulla_griglia = oggetto == vista_->viewport() || oggetto == bloccata_->viewport();

@@ -2,6 +2,7 @@
 
 #include "screens/modello_risultato.h"
 
+#include <QKeySequence>
 #include <QString>
 #include <QTableView>
 #include <QWidget>
@@ -12,15 +13,19 @@
 #include <utility>
 #include <vector>
 
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
+class QTimer;
 
 namespace sortimetra {
 
-/// The table view of a grid. The bands of its rows go on to the right edge, beyond a narrow table's last
-/// column.
+/// The key of the filter line.
+inline const QKeySequence kTastoFiltro{Qt::CTRL | Qt::SHIFT | Qt::Key_F};
+
+/// The table view of a grid. The bands of its rows fill what a rounding leaves beside the last column.
 class VistaGriglia final : public QTableView {
     Q_OBJECT
   public:
@@ -36,9 +41,13 @@ class VistaGriglia final : public QTableView {
 
 /// A result grid: the sort buttons `cmdcol_0`, `cmdcol_1`, … over the view `MSHFlexGrid1`.
 ///
-/// With one row of titles the buttons carry them and are the header; with more, the titles are painted (a
-/// title followed by empty ones spans them) and a strip of buttons stands above. Ctrl+C copies what is
-/// selected as tab-separated text (with one cell, its row), Ctrl+F opens a line that finds in the result.
+/// A column has two controls for sorting: its title, which sorts that very column, and beside it (over it,
+/// where there are several rows of titles) its small button. A title followed by empty ones spans them. The
+/// arrow of a button says by its shape which column is sorted, and which way.
+///
+/// Ctrl+C copies what is selected as tab-separated text (with one cell, its row), Ctrl+F opens a line that
+/// finds in the result, Ctrl+Shift+F one that leaves in sight the rows for which an expression holds. On wide
+/// windows the columns stay together.
 class GrigliaRisultati final : public QWidget {
     Q_OBJECT
   public:
@@ -48,12 +57,12 @@ class GrigliaRisultati final : public QWidget {
     void inizializza(const std::vector<std::vector<std::string>>& titoli);
     /// Shows a table in the order of writing, its first row on top. The tags of the buttons stay.
     void mostra(std::shared_ptr<const Tabella> tabella);
-    /// Takes the rows away; titles and the tags of the buttons stay.
+    /// Takes the rows away; titles, the tags of the buttons and the filter line stay.
     void svuota();
     [[nodiscard]] bool vuota() const { return modello_->rowCount() == 0; }
 
-    /// The key of the search: three of them have a sort rule of their own (see `premi`).
-    void imposta_chiave(const QString& chiave) { chiave_ = chiave; }
+    /// The column that the button of index 1 sorts (see `premi`); its tooltip says so where it is another.
+    void imposta_pulsante_1(int colonna);
     /// Other names for the sort buttons, where a screen has several lists: "%1" stands for `primo` and up.
     void imposta_pulsanti(const QString& nomi, int primo) {
         nomi_pulsanti_ = nomi;
@@ -74,8 +83,8 @@ class GrigliaRisultati final : public QWidget {
     void imposta_stampabile(bool si) { stampabile_ = si; }
 
     /// The click on `cmdcol` i. With an empty tag it sorts descending and sets the tag "0"; else ascending
-    /// and clears it. It sorts column i, except that button 1 sorts column 0 for the keys "ricerche su tutti
-    /// gli ambi", "ambata capogioco" and "ambo capogioco". The first row comes to the top.
+    /// and clears it. It sorts column i; button 1 that of `imposta_pulsante_1`. The first row comes to the
+    /// top.
     void premi(int pulsante);
     /// Sorts one column, whatever the buttons' tags say.
     void ordina_colonna(int colonna, Verso verso);
@@ -92,14 +101,20 @@ class GrigliaRisultati final : public QWidget {
     void copia() const;
     /// Opens the line that finds in the result.
     void apri_trova();
+    /// Opens the line that filters its rows; closing it brings all of them back.
+    void apri_filtro();
+    void chiudi_filtro();
 
   signals:
     void riga_cambiata();
+    /// The rows were put in the order of a column.
+    void ordinata(int colonna, Verso verso);
     void esporta_richiesta();
     void stampa_richiesta();
 
   protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void focusInEvent(QFocusEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     void changeEvent(QEvent* evento) override;
 
@@ -109,7 +124,9 @@ class GrigliaRisultati final : public QWidget {
 
     void componi_viste();
     void componi_trova();
+    void componi_filtro();
     void crea_pulsanti();
+    void battezza_pulsante(int i);
     void adatta_colonne();
     [[nodiscard]] QString titolo_piu_largo(int colonna) const;
     void disponi();
@@ -122,8 +139,13 @@ class GrigliaRisultati final : public QWidget {
     void trova(int passo);
     void cerca_corrispondenze();
     void vai_a(std::size_t corrispondenza);
+    void filtra(bool di_errore);
+    [[nodiscard]] bool titoli_sotto() const;
+    [[nodiscard]] int spazio_colonne() const;
+    [[nodiscard]] bool tasto_in_riga(QKeyEvent& tasto, const QObject* casella);
 
     ModelloRisultato* modello_;
+    QWidget* campo_;
     VistaGriglia* vista_;
     VistaGriglia* bloccata_;
     Testata* testata_;
@@ -134,7 +156,13 @@ class GrigliaRisultati final : public QWidget {
     std::vector<QPushButton*> pulsanti_;
     std::vector<std::pair<int, int>> corrispondenze_;  ///< row and column of the grid as it is sorted now
     std::optional<std::size_t> corrente_;              ///< the one gone to; none before the first
-    QString chiave_;
+    QWidget* barra_filtro_;
+    QLineEdit* testo_filtro_;
+    QLabel* conto_filtro_;
+    QLabel* errore_filtro_;
+    QTimer* pausa_filtro_;
+    QString frase_vuota_;
+    int pulsante_1_ = 1;
     QString nomi_pulsanti_ = QStringLiteral("cmdcol_%1");
     int primo_pulsante_ = 0;
     std::optional<std::pair<int, Verso>> ordinamento_;

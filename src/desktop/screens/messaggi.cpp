@@ -1,6 +1,7 @@
 #include "screens/messaggi.h"
 
 #include "qt_testi.h"
+#include "screens/tema.h"
 #include "statistics/famiglie.h"
 
 #include <QFileDialog>
@@ -14,27 +15,40 @@ namespace {
 Messaggi veri;
 Messaggi* in_uso = &veri;
 
-void mostra(QWidget* padre, QMessageBox::Icon figura, const QString& titolo, const QString& testo) {
-    QMessageBox riquadro{figura, titolo, testo, QMessageBox::Ok, padre};
+/// Side of a box's picture.
+constexpr int kFigura = 8 * kPasso;
+
+/// A box with a picture of the program's own, drawn at the display's scale.
+void vesti(QMessageBox& riquadro, const char* figura, TintaIcona tinta) {
+    riquadro.setObjectName(QStringLiteral("riquadro_%1").arg(QLatin1String{figura}));
+    riquadro.setIconPixmap(icona(QString::fromLatin1(figura), tinta)
+                               .pixmap(QSize{kFigura, kFigura}, riquadro.devicePixelRatioF()));
+}
+
+void mostra(QWidget* padre, const char* figura, TintaIcona tinta, const QString& titolo,
+            const QString& testo) {
+    QMessageBox riquadro{QMessageBox::NoIcon, titolo, testo, QMessageBox::Ok, padre};
+    vesti(riquadro, figura, tinta);
     riquadro.exec();
 }
 
 }  // namespace
 
 void Messaggi::informa(QWidget* padre, const QString& titolo, const QString& testo) {
-    mostra(padre, QMessageBox::Information, titolo, testo);
+    mostra(padre, "info", TintaIcona::accento, titolo, testo);
 }
 
 void Messaggi::avvisa(QWidget* padre, const QString& titolo, const QString& testo) {
-    mostra(padre, QMessageBox::Warning, titolo, testo);
+    mostra(padre, "avviso", TintaIcona::avviso, titolo, testo);
 }
 
 void Messaggi::ferma(QWidget* padre, const QString& titolo, const QString& testo) {
-    mostra(padre, QMessageBox::Critical, titolo, testo);
+    mostra(padre, "ferma", TintaIcona::avviso, titolo, testo);
 }
 
 bool Messaggi::chiede(QWidget* padre, const QString& titolo, const QString& testo) {
-    QMessageBox riquadro{QMessageBox::Question, titolo, testo, QMessageBox::NoButton, padre};
+    QMessageBox riquadro{QMessageBox::NoIcon, titolo, testo, QMessageBox::NoButton, padre};
+    vesti(riquadro, "domanda", TintaIcona::accento);
     riquadro.addButton(QMessageBox::tr("&Sì"), QMessageBox::YesRole);
     QPushButton* no = riquadro.addButton(QMessageBox::tr("&No"), QMessageBox::NoRole);
     riquadro.setDefaultButton(no);
@@ -44,7 +58,8 @@ bool Messaggi::chiede(QWidget* padre, const QString& titolo, const QString& test
 }
 
 Assenso Messaggi::chiede_o_annulla(QWidget* padre, const QString& titolo, const QString& testo) {
-    QMessageBox riquadro{QMessageBox::Question, titolo, testo, QMessageBox::NoButton, padre};
+    QMessageBox riquadro{QMessageBox::NoIcon, titolo, testo, QMessageBox::NoButton, padre};
+    vesti(riquadro, "domanda", TintaIcona::accento);
     const QPushButton* si = riquadro.addButton(QMessageBox::tr("&Sì"), QMessageBox::YesRole);
     const QPushButton* no = riquadro.addButton(QMessageBox::tr("&No"), QMessageBox::NoRole);
     QPushButton* annulla = riquadro.addButton(QMessageBox::tr("&Annulla"), QMessageBox::RejectRole);

@@ -33,7 +33,7 @@ Aspetto aspetto(std::string_view cella) {
 
 /// A light ground of a search on a dark skin: its hue, as dark as the skin's own grounds. Others as they are.
 QRgb smorzato(QRgb fondo) {
-    constexpr float kChiaro = 0.75F;
+    constexpr float kChiaro = 0.8F;
     float tinta = 0;
     float saturazione = 0;
     float luce = 0;
@@ -47,9 +47,10 @@ QRgb smorzato(QRgb fondo) {
 bool e_numerica(const Colonna& colonna) {
     if (std::holds_alternative<ColonnaInteri>(colonna)) return true;
     const auto* testi = std::get_if<ColonnaTesti>(&colonna);
-    if (testi == nullptr) return false;
+    const auto* voci = std::get_if<ColonnaVoci>(&colonna);
+    if (testi == nullptr && voci == nullptr) return false;
     bool qualcuno = false;
-    for (const std::string& t : testi->valori) {
+    for (const std::string& t : voci != nullptr ? voci->voci : testi->valori) {
         const Aspetto a = aspetto(t);
         if (a == Aspetto::testo) return false;
         qualcuno = qualcuno || a == Aspetto::numero;
@@ -63,6 +64,7 @@ void ModelloRisultato::mostra(std::shared_ptr<const Tabella> tabella) {
     beginResetModel();
     tabella_ = std::move(tabella);
     ordine_.clear();
+    filtrato_ = false;
     numerica_.clear();
     if (tabella_)
         for (const Colonna& c : tabella_->colonne) numerica_.push_back(e_numerica(c));
@@ -71,6 +73,7 @@ void ModelloRisultato::mostra(std::shared_ptr<const Tabella> tabella) {
 
 void ModelloRisultato::svuota() {
     if (!tabella_ || tabella_->righe() == 0) return;
+    filtra({});
     auto vuota = std::make_shared<Tabella>();
     vuota->nome = tabella_->nome;
     vuota->titoli = tabella_->titoli;
@@ -92,10 +95,16 @@ void ModelloRisultato::ordina_per(int colonna, Verso verso) {
     originali.reserve(static_cast<std::size_t>(vecchi.size()));
     for (const QModelIndex& i : vecchi) originali.push_back(riga_originale(i.row()));
 
-    ordine_ = ordina(*tabella_, static_cast<std::size_t>(colonna), verso);
+    std::vector<std::uint32_t> ordine = ordina(*tabella_, static_cast<std::size_t>(colonna), verso);
+    if (filtrato_) {
+        std::vector<bool> in_mostra(ordine.size());
+        for (const std::uint32_t r : ordine_) in_mostra[r] = true;
+        std::erase_if(ordine, [&](std::uint32_t r) { return !in_mostra[r]; });
+    }
+    ordine_ = std::move(ordine);
 
     if (!vecchi.isEmpty()) {
-        std::vector<int> posto(ordine_.size());
+        std::vector<int> posto(tabella_->righe());
         for (std::size_t i = 0; i < ordine_.size(); ++i) posto[ordine_[i]] = static_cast<int>(i);
         QModelIndexList nuovi;
         nuovi.reserve(vecchi.size());
@@ -104,6 +113,14 @@ void ModelloRisultato::ordina_per(int colonna, Verso verso) {
         changePersistentIndexList(vecchi, nuovi);
     }
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void ModelloRisultato::filtra(const std::optional<std::vector<std::uint32_t>>& righe) {
+    if (!tabella_ || (!righe && !filtrato_)) return;
+    beginResetModel();
+    filtrato_ = righe.has_value();
+    ordine_ = righe.value_or(std::vector<std::uint32_t>{});
+    endResetModel();
 }
 
 std::size_t ModelloRisultato::riga_originale(int riga) const {
@@ -137,11 +154,17 @@ QString ModelloRisultato::testo_piu_largo(int colonna) const {
         for (std::size_t r = 1; r < testi->valori.size(); ++r)
             if (testi->valori[r].size() > testi->valori[scelta].size()) scelta = r;
     }
+    if (const auto* voci = std::get_if<ColonnaVoci>(&dati)) {
+        const auto lungo = std::max_element(voci->voci.begin(), voci->voci.end(),
+                                            [](const auto& a, const auto& b) { return a.size() < b.size(); });
+        return lungo == voci->voci.end() ? QString{} : qtesto(*lungo);
+    }
     return qtesto(tabella_->testo(scelta, c));
 }
 
 int ModelloRisultato::rowCount(const QModelIndex& padre) const {
-    return padre.isValid() || !tabella_ ? 0 : static_cast<int>(tabella_->righe());
+    if (padre.isValid() || !tabella_) return 0;
+    return static_cast<int>(filtrato_ ? ordine_.size() : tabella_->righe());
 }
 
 int ModelloRisultato::columnCount(const QModelIndex& padre) const {

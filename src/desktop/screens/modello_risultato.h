@@ -6,6 +6,7 @@
 #include <QRgb>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace sortimetra {
@@ -23,11 +24,14 @@ class ModelloRisultato final : public QAbstractTableModel {
     void svuota();
     /// Puts the rows in the order of one column; the table itself stays.
     void ordina_per(int colonna, Verso verso);
+    /// Shows these rows of the table alone, in the order in use; nothing shows all of them again.
+    void filtra(const std::optional<std::vector<std::uint32_t>>& righe);
+    [[nodiscard]] bool filtrato() const { return filtrato_; }
 
     [[nodiscard]] const std::shared_ptr<const Tabella>& tabella() const { return tabella_; }
     /// Row of the table that stands in a row of the grid: what a search or a file means by "row".
     [[nodiscard]] std::size_t riga_originale(int riga) const;
-    /// The permutation in use, empty for the order of writing.
+    /// The rows on show in their order, empty for all of them as written.
     [[nodiscard]] const std::vector<std::uint32_t>& ordine() const { return ordine_; }
     /// Text of a cell without the blanks that once lined it up.
     [[nodiscard]] QString testo(int riga, int colonna) const;
@@ -47,6 +51,7 @@ class ModelloRisultato final : public QAbstractTableModel {
 
     std::shared_ptr<const Tabella> tabella_;
     std::vector<std::uint32_t> ordine_;
+    bool filtrato_ = false;
     std::vector<bool> numerica_;
 };
 

@@ -73,6 +73,10 @@ void PannelloAvanzamento::imposta_annullabile(bool si) {
     annulla_->setVisible(si);
 }
 
+void PannelloAvanzamento::imposta_annulla(const QString& testo) {
+    annulla_->setText(testo);
+}
+
 void PannelloAvanzamento::resizeEvent(QResizeEvent* evento) {
     QFrame::resizeEvent(evento);
     imposta(parte_);
@@ -99,7 +103,8 @@ CorsaRicerca::~CorsaRicerca() {
 
 bool CorsaRicerca::procedi(std::size_t fatto, std::size_t totale) {
     const qint64 ora = orologio_.elapsed();
-    if (ora < kAttesa || ora - ultimo_giro_ < kGiro) return !annullata_;
+    const bool presto = ora < kAttesa || ora - ultimo_giro_ < kGiro;
+    if (presto && !(pannello_ && pannello_->sempre())) return va_avanti();
     if (pannello_ && sopra_) {
         if (!visto_) pannello_->mostra_su(sopra_);
         visto_ = true;
@@ -108,7 +113,7 @@ bool CorsaRicerca::procedi(std::size_t fatto, std::size_t totale) {
     QApplication::processEvents();
     // Counted from the end of the turn, so that slow painting cannot fill the whole run.
     ultimo_giro_ = orologio_.elapsed();
-    return !annullata_;
+    return va_avanti();
 }
 
 }  // namespace sortimetra

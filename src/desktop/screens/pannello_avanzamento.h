@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QFrame>
 #include <QPointer>
+#include <utility>
 
 class QLabel;
 class QPushButton;
@@ -26,6 +27,12 @@ class PannelloAvanzamento final : public QFrame {
     /// Shows the panel over the middle of `sopra`, a widget inside the panel's parent.
     void mostra_su(const QWidget* sopra);
     void imposta_annullabile(bool si);
+    /// A run shows the panel at once and lets the windows live at each of its reports, not only once it has
+    /// taken long: for who wants to see every step.
+    void imposta_sempre(bool si) { sempre_ = si; }
+    [[nodiscard]] bool sempre() const { return sempre_; }
+    /// What `cmdAnnulla` says; at first "Annulla Ricerca".
+    void imposta_annulla(const QString& testo);
 
   signals:
     void annulla();
@@ -39,6 +46,7 @@ class PannelloAvanzamento final : public QFrame {
     QFrame* interna_;
     QPushButton* annulla_;
     double parte_ = 0;
+    bool sempre_ = false;
 };
 
 /// One run of a search on a screen, from construction to destruction: the screen is disabled, the pointer
@@ -56,6 +64,8 @@ class CorsaRicerca final : public Avanzamento {
     bool procedi(std::size_t fatto, std::size_t totale) override;
     /// The search is told to stop at its next report.
     void annulla() { annullata_ = true; }
+    /// For a search that stops piece by piece: it is told once for each cancel, then goes on.
+    void imposta_annullo_a_passi(bool si) { a_passi_ = si; }
     [[nodiscard]] bool annullata() const { return annullata_; }
     /// Milliseconds since the run began.
     [[nodiscard]] double trascorsi() const { return static_cast<double>(orologio_.nsecsElapsed()) / 1e6; }
@@ -70,6 +80,9 @@ class CorsaRicerca final : public Avanzamento {
     qint64 ultimo_giro_ = 0;
     bool visto_ = false;
     bool annullata_ = false;
+    bool a_passi_ = false;
+
+    [[nodiscard]] bool va_avanti() { return a_passi_ ? !std::exchange(annullata_, false) : !annullata_; }
 };
 
 }  // namespace sortimetra

@@ -10,9 +10,6 @@ namespace sortimetra {
 
 namespace {
 
-/// Room for the title bar, which a window has only once the desktop has dressed it.
-constexpr int kBarraTitolo = 40;
-
 /// Where the inside of a window may stand on a screen without its title bar or its foot leaving it.
 QRect interno(const QScreen& schermo) {
     return schermo.availableGeometry().adjusted(0, kBarraTitolo, 0, 0);
@@ -22,6 +19,10 @@ QRect interno(const QScreen& schermo) {
 
 QString file_posti(const Sessione& sessione) {
     return QString::fromStdU16String((sessione.percorso_programma / "schermi.ini").u16string());
+}
+
+QSize grandezza_sullo_schermo(const QWidget& finestra) {
+    return interno(*finestra.screen()).size() * 9 / 10;
 }
 
 void leggi_posto(QWidget& finestra, const Sessione& sessione, QSize usuale) {

@@ -12,10 +12,14 @@ struct PostoRicerca {
     NomeRicerca nome;
     Schermo schermo;
     std::string_view tag;  ///< "" for the key
+    int pulsante_1 = 1;    ///< the column that sort button 1 sorts
 };
 
-/// The searches that have another screen than `Form_stat`.
+/// The searches that have another screen than `Form_stat`, or anything else of their own.
 constexpr PostoRicerca kRighe[] = {
+    {nomi::kTuttiGliAmbi, Schermo::stat, {}, 0},
+    {nomi::kAmbataCapogioco, Schermo::stat, {}, 0},
+    {nomi::kAmboCapogioco, Schermo::stat, {}, 0},
     {nomi::kUltimi, Schermo::ultimi, {}},
     {nomi::kFiltri, Schermo::filtri, {}},
     {nomi::kSistemiRealizzati, Schermo::filtri, {}},
@@ -58,6 +62,11 @@ Schermo schermo_di(const Ricerca& ricerca) {
     if (ricerca.dove == Dove::solo_comandi) return Schermo::nessuno;
     const PostoRicerca* riga = riga_di(ricerca);
     return riga == nullptr ? Schermo::stat : riga->schermo;
+}
+
+int colonna_del_pulsante_1(const Ricerca& ricerca) {
+    const PostoRicerca* riga = riga_di(ricerca);
+    return riga == nullptr ? 1 : riga->pulsante_1;
 }
 
 std::string_view tag_di(const Ricerca& ricerca) {

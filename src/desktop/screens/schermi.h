@@ -33,6 +33,9 @@ enum class Schermo : std::uint8_t {
 /// Which screen hosts a search.
 [[nodiscard]] Schermo schermo_di(const Ricerca& ricerca);
 
+/// The column that the sort button of index 1 over a search's grid sorts; every other button sorts its own.
+[[nodiscard]] int colonna_del_pulsante_1(const Ricerca& ricerca);
+
 /// The screen's mode, its `Tag`: the key where the table tells no other.
 [[nodiscard]] std::string_view tag_di(const Ricerca& ricerca);
 

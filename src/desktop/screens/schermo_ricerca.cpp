@@ -1,7 +1,7 @@
 #include "screens/schermo_ricerca.h"
 
-#include "qt_testi.h"
 #include "screens/griglia_risultati.h"
+#include "screens/schermi.h"
 
 #include <QVBoxLayout>
 #include <memory>
@@ -19,7 +19,7 @@ SchermoRicerca::SchermoRicerca(Sessione& sessione, const QString& nome, QWidget*
 }
 
 void SchermoRicerca::prepara() {
-    griglia_->imposta_chiave(testo_qt(ricerca()->chiave()));
+    griglia_->imposta_pulsante_1(colonna_del_pulsante_1(*ricerca()));
     inizializza_griglia();
 }
 

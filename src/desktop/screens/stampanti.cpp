@@ -29,7 +29,6 @@ std::unique_ptr<QPrinter> Stampanti::apri(const QString& nome) {
     auto stampante = std::make_unique<QPrinter>(QPrinter::HighResolution);
     if (!nome.isEmpty()) stampante->setPrinterName(nome);
     if (!nome.isEmpty() && !stampante->isValid()) return nullptr;
-    stampante->setPageSize(QPageSize{QPageSize::A4});
     foglio_intero(*stampante);
     return stampante;
 }
@@ -67,7 +66,7 @@ std::unique_ptr<QPrinter> StampantiDiProva::apri(const QString& chiesta) {
     if (!si_apre) return nullptr;
     auto stampante = std::make_unique<QPrinter>(QPrinter::HighResolution);
     stampante->setOutputFormat(QPrinter::PdfFormat);
-    stampante->setPageSize(QPageSize{QPageSize::A4});
+    stampante->setPageSize(QPageSize{foglio});
     stampante->setPageOrientation(orientamento);
     foglio_intero(*stampante);
     return stampante;

@@ -3,6 +3,7 @@
 #include "printing/rapporto.h"
 #include "qt_superficie.h"
 
+#include <QPageSize>
 #include <QPrinter>
 #include <QString>
 #include <QStringList>
@@ -23,7 +24,7 @@ class Stampanti {
 
     /// Name of the default printer, "" where there is none.
     [[nodiscard]] virtual QString predefinita();
-    /// A printer by its name, whole sheet, best resolution; null if it cannot be opened.
+    /// A printer by its name, its own sheet without margins, best resolution; null if it cannot be opened.
     [[nodiscard]] virtual std::unique_ptr<QPrinter> apri(const QString& nome);
     /// The system's print dialog; false if the user thinks better of it.
     [[nodiscard]] virtual bool scegli(QWidget* padre, QPrinter& stampante);
@@ -52,6 +53,7 @@ class StampantiDiProva final : public Stampanti {
     bool si_apre = true;
     bool accetta = true;
     bool immagini = true;
+    QPageSize::PageSizeId foglio = QPageSize::A4;
     QPageLayout::Orientation orientamento = QPageLayout::Portrait;
     QStringList aperte;     ///< names that were asked for
     QStringList documenti;  ///< files, in the order of printing; a file that cannot be written is a failure

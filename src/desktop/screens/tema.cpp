@@ -1,5 +1,7 @@
 #include "screens/tema.h"
 
+#include "screens/accesso.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFontDatabase>
@@ -276,6 +278,7 @@ class MotoreIcona final : public QIconEngine {
         if (tinta_ == TintaIcona::quieto) colore = s.testo_quieto;
         if (tinta_ == TintaIcona::accento) colore = s.accento;
         if (tinta_ == TintaIcona::su_accento) colore = s.testo_accento;
+        if (tinta_ == TintaIcona::avviso) colore = s.avviso;
         if (modo == QIcon::Disabled) colore = mescola(s.finestra, s.testo_quieto, 0.62);
         QByteArray svg = svg_;
         svg.replace("currentColor", esadecimale(colore).toLatin1());
@@ -347,13 +350,11 @@ QPushButton[ruolo="piatto"]:hover { background: @rilievo@; }
 QPushButton[ruolo="piatto"]:focus { border: 2px solid @accento@; padding: 4px 11px; }
 QPushButton[ruolo="piatto"]:disabled { background: transparent; border-color: transparent; }
 
-QPushButton[ruolo="ordina"] { background: @rilievo@; border: none; border-right: 1px solid @linea@;
-              border-bottom: 1px solid @bordo@; border-radius: 0; padding: 5px 8px; font-weight: 600; }
-QPushButton[ruolo="ordina"][lato="destra"] { text-align: right; }
-QPushButton[ruolo="ordina"][lato="sinistra"] { text-align: left; }
+QPushButton[ruolo="ordina"] { background: transparent; border: none; border-radius: 0; padding: 0; }
 QPushButton[ruolo="ordina"]:hover { background: @linea@; }
-QPushButton[ruolo="ordina"]:focus { border: none; border-bottom: 2px solid @accento@; padding: 5px 8px 4px 8px; }
-QPushButton[ruolo="ordina"]:disabled { color: @spento@; }
+QPushButton[ruolo="ordina"]:focus { border: 2px solid @accento@; }
+QPushButton[ruolo="ordina"][striscia="true"] { border-right: 1px solid @linea@; border-bottom: 1px solid @linea@; }
+QPushButton[ruolo="ordina"][striscia="true"]:focus { border: 2px solid @accento@; }
 
 QToolButton { background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 3px; }
 QToolButton:hover { background: @rilievo@; }
@@ -381,8 +382,8 @@ QComboBox { background: @superficie@; color: @testo@; border: 1px solid @bordo@;
 QComboBox:hover { background: @rilievo@; }
 QComboBox:focus { border: 2px solid @accento@; padding: 3px 7px; }
 QComboBox:disabled { background: @finestra@; color: @spento@; border-color: @linea@; }
-QComboBox::drop-down { subcontrol-origin: border; subcontrol-position: center right; width: 24px; border: none; }
-QComboBox::down-arrow { image: url(:/icone/giu_@glifi@.svg); width: 12px; height: 12px; }
+QComboBox::drop-down, QDateEdit::drop-down { subcontrol-origin: border; subcontrol-position: center right; width: 24px; border: none; }
+QComboBox::down-arrow, QDateEdit::down-arrow { image: url(:/icone/giu_@glifi@.svg); width: 12px; height: 12px; }
 QComboBox QAbstractItemView, QComboBox QAbstractItemView:focus { background: @superficie@; color: @testo@;
               border: none; padding: 4px;
               selection-background-color: @selezione@; selection-color: @testo_selezione@; outline: none; }
@@ -507,6 +508,7 @@ bool applica_tema(QApplication& applicazione, int indice) {
     if (!vestito) {
         carica_risorse();
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        annuncia_finestre();
         vestito = true;
     }
     const QPalette colori = tavolozza(skin_in_uso());

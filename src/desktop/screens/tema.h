@@ -71,7 +71,7 @@ void assegna_ruolo(QWidget* widget, const char* ruolo);
 /// Whichever of black and white is the more readable on a ground that no skin has chosen.
 [[nodiscard]] QRgb testo_su(QRgb fondo);
 
-enum class TintaIcona { testo, quieto, accento, su_accento };
+enum class TintaIcona { testo, quieto, accento, su_accento, avviso };
 
 /// An icon of data/icone by its file's name, drawn in the colours of the skin in use at each painting: it
 /// follows a change of skin and any scale.

@@ -6,6 +6,7 @@
 #include <optional>
 
 class QLabel;
+class QPushButton;
 
 namespace sortimetra {
 
@@ -19,8 +20,11 @@ class Form_spec final : public QWidget {
     explicit Form_spec(QWidget* padre = nullptr);
 
     /// Shows an answer made with the option of all wheels; the title is its key and " - Ritardo per ogni
-    /// ruota".
+    /// ruota", the window's caption tells its scope besides. The window opens over the middle of its screen
+    /// and is closed with it.
     void mostra(const Risposta& risposta);
+    /// The scope of the screen has changed: the table is of another one.
+    void svuota();
     /// The text of the family, from the label `descrizione` of the result.
     void descrizione(const Risultato& risultato);
     [[nodiscard]] GrigliaRisultati* griglia() const { return griglia_; }
@@ -29,7 +33,11 @@ class Form_spec final : public QWidget {
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:
+    void centra();
+
     QLabel* titolo_;
+    QLabel* ambito_;
+    QPushButton* esporta_;
     GrigliaRisultati* griglia_;
     QLabel* descrizione_;
     std::optional<Risposta> risposta_;

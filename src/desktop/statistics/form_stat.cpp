@@ -1,15 +1,18 @@
 #include "statistics/form_stat.h"
 
+#include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/casella_cifre.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
 #include "statistics/form_spec.h"
+#include "statistics/form_stat2.h"
 #include "statistics/parametri.h"
 #include "statistics/serie_speciali.h"
 #include "systems/ric_stat.h"
 
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QFrame>
@@ -109,6 +112,9 @@ void Form_stat::componi_riquadri() {
     for (QLineEdit* casella : {capogioco_, ambo_capo_[0], ambo_capo_[1]})
         connect(casella, &QLineEdit::textEdited, this, [this] { svuota(); });
     connect(estratto_, &QComboBox::currentIndexChanged, this, [this] { svuota(); });
+    connect(combo_rit_, &QComboBox::currentIndexChanged, this, &Form_stat::svuota_tabella_ruote);
+    connect(area(), &AreaParametri::cambiato, this, &Form_stat::svuota_tabella_ruote);
+    connect(area(), &AreaParametri::tratto_cambiato, this, &Form_stat::svuota_tabella_ruote);
 }
 
 void Form_stat::componi_comandi() {
@@ -135,10 +141,7 @@ void Form_stat::componi_comandi() {
         b->setObjectName(QStringLiteral("Command%1").arg(i + 3));
         b->setIcon(icona(QStringLiteral("analisi")));
         cornice()->riga_comandi()->addWidget(b);
-        connect(b, &QPushButton::clicked, this, [this] {
-            if (esegui_analisi_)
-                esegui_analisi_(lavoro(), combo_comb_->isHidden() ? 0 : combo_comb_->currentIndex() + 1);
-        });
+        connect(b, &QPushButton::clicked, this, &Form_stat::analizza_gruppo);
         analisi_[i] = b;
     }
 }
@@ -148,9 +151,21 @@ void Form_stat::imposta_serie(std::vector<int> numeri, int sorte) {
     sorte_ = sorte;
 }
 
-void Form_stat::imposta_analisi(std::function<void(const LavoroStampa&, int)> analisi) {
-    esegui_analisi_ = std::move(analisi);
-    aggiorna_comandi();
+void Form_stat::intitola(const QString& titolo) {
+    setWindowTitle(titolo);
+    cornice()->intitola(titolo, testo_qt(ricerca()->frase));
+}
+
+void Form_stat::proponi_tipi(int quanti, int scelto) {
+    const QSignalBlocker zitto{combo_rit_};
+    while (combo_rit_->count() > quanti) combo_rit_->removeItem(combo_rit_->count() - 1);
+    combo_rit_->setCurrentIndex(scelto);
+    sessione().indice_combo_rit = scelto;
+}
+
+void Form_stat::imposta_stampa(const std::function<void(const LavoroStampa&)>& stampa) {
+    stampa_ = stampa;
+    SchermoRicerca::imposta_stampa(stampa);
 }
 
 void Form_stat::inizializza_griglia() {
@@ -173,6 +188,7 @@ void Form_stat::inizializza_griglia() {
     for (CasellaCifre* c : ambo_capo_) c->clear();
     estratto_->setCurrentIndex(0);
     if (spec_ != nullptr) spec_->close();
+    if (stat2_ != nullptr) stat2_->close();
     griglia()->inizializza({titoli_serie(r.famiglia)});
 }
 
@@ -194,16 +210,48 @@ Parametri Form_stat::parametri() const {
     if (r.ammette(kOpzCapogioco)) p.capogioco = {capogioco_->numero()};
     if (r.ammette(kOpzAmboCapo)) p.capogioco = {ambo_capo_[0]->numero(), ambo_capo_[1]->numero()};
     if (r.ammette(kOpzEstratto)) p.estratto = estratto_->currentIndex() + 1;
-    if (r.ammette(kOpzNumeri)) p.numeri = numeri_;
-    if (r.ammette(kOpzSorte)) p.sorte = sorte_;
+    // A decomposition is of numbers that another screen has set, whatever the game calls their option.
+    if (r.ammette(kOpzSorte)) {
+        p.numeri = numeri_;
+        p.sorte = sorte_;
+    }
     return p;
+}
+
+void Form_stat::imposta(const Domanda& domanda) {
+    const auto& p = domanda.di<ParametriStatistica>();
+    const auto scrivi = [&p](CasellaCifre* casella, std::size_t i) {
+        casella->setText(i < p.capogioco.size() ? QString::number(p.capogioco[i]) : QString{});
+    };
+    if (ammette_tipo(*ricerca())) combo_rit_->setCurrentIndex(p.tipo);
+    scrivi(capogioco_, 0);
+    for (std::size_t i = 0; i < ambo_capo_.size(); ++i) scrivi(ambo_capo_[i], i);
+    estratto_->setCurrentIndex(p.estratto - 1);
+    if (ricerca()->ammette(kOpzNumeri)) numeri_ = p.numeri;
+    if (ricerca()->ammette(kOpzSorte)) sorte_ = p.sorte;
+    svuota_tabella_ruote();
+    SchermoRicerca::imposta(domanda);
+}
+
+void Form_stat::svuota() {
+    combo_comb_->clear();
+    SchermoRicerca::svuota();
+}
+
+void Form_stat::svuota_tabella_ruote() {
+    if (spec_ != nullptr) spec_->svuota();
+}
+
+void Form_stat::closeEvent(QCloseEvent* evento) {
+    SchermoRicerca::closeEvent(evento);
+    if (evento->isAccepted() && spec_ != nullptr) spec_->close();
 }
 
 void Form_stat::mostra(const EsitoRicerca& esito) {
     SchermoRicerca::mostra(esito);
     combo_comb_->clear();
     if (!ricerca()->ammette(kOpzAmboCapo)) return;
-    const int righe = griglia()->modello()->rowCount();
+    const int righe = static_cast<int>(esito.righe());
     for (int i = 1; i <= righe; ++i) combo_comb_->addItem(QString::number(i));
     combo_comb_->setCurrentIndex(righe - 1);
 }
@@ -231,10 +279,9 @@ void Form_stat::aggiorna_comandi() {
                           : !qualcosa ? tr("Avvia prima la ricerca.")
                                       : tr("Passa i numeri del risultato al programma delle schedine."));
     for (QPushButton* b : analisi_) {
-        b->setEnabled(qualcosa && esegui_analisi_ != nullptr);
-        b->setToolTip(esegui_analisi_ == nullptr ? tr("L'analisi di gruppo non è ancora disponibile.")
-                      : qualcosa                 ? tr("Analizza come un gruppo le serie sullo schermo.")
-                                                 : tr("Avvia prima la ricerca."));
+        b->setEnabled(qualcosa);
+        b->setToolTip(qualcosa ? tr("Analizza come un gruppo le serie sullo schermo.")
+                               : tr("Avvia prima la ricerca."));
     }
     combo_comb_->setEnabled(qualcosa && combo_comb_->count() > 0);
 }
@@ -252,6 +299,32 @@ void Form_stat::apri_tabella_ruote() {
     di_messaggi(esito);
 }
 
+void Form_stat::analizza_gruppo() {
+    const EsitoRicerca* esito = in_mostra();
+    if (in_corsa() || esito == nullptr) return;
+    Domanda d = esito->domanda;
+    auto& p = d.parametri.per<ParametriStatistica>();
+    // The bet is that of the box as it stands, also where the grid itself has no use for it.
+    p.tipo = frame_rit_->isHidden() ? 0 : combo_rit_->currentIndex();
+    p.analisi = true;
+    if (!combo_comb_->isHidden()) {
+        p.combinazioni = combo_comb_->currentIndex() + 1;
+        p.ordine = griglia()->modello()->ordine();
+    }
+    const EsitoRicerca analizzato = corri(*ricerca(), std::move(d));
+    if (analizzato.prodotto()) {
+        if (stat2_ == nullptr) {
+            stat2_ = new Form_stat2{this};
+            connect(stat2_, &Form_stat2::stampa_richiesta, this, [this](const LavoroStampa& lavoro) {
+                if (stampa_) stampa_(lavoro);
+            });
+        }
+        stat2_->imposta_stampabile(stampa_ != nullptr);
+        stat2_->mostra(analizzato);
+    }
+    di_messaggi(analizzato);
+}
+
 void Form_stat::passa_alle_schedine() {
     const EsitoRicerca* esito = in_mostra();
     if (in_corsa() || esito == nullptr) return;
@@ -260,12 +333,20 @@ void Form_stat::passa_alle_schedine() {
         messaggi().avvisa(this, kTitoloMessaggi, QString::fromStdString(consegna.error().testo()));
         return;
     }
-    // The slip program is open and reads the new system by itself.
-    if (consegna->programma_aperto) return;
+    const QString scritto =
+        tr("Sistema scritto in %1").arg(testo_qt((sessione().percorso_programma / consegna->file).string()));
+    // The slip program reads the new system by itself.
+    if (consegna->programma_aperto) {
+        cornice()->scrivi_stato(scritto + tr(": il programma delle schedine è già aperto e lo legge da lì."));
+        return;
+    }
+    cornice()->scrivi_stato(scritto);
     const auto programma = sessione().percorso_programma / kProgrammaSchedine;
-    if (!avvia_programma(QString::fromStdU16String(programma.u16string())))
-        messaggi().informa(this, kTitoloMessaggi,
-                           tr("File Danneggiato!\nReinstalla Sortimetra dal tuo CD-ROM."));
+    if (avvia_programma(QString::fromStdU16String(programma.u16string()))) return;
+    messaggi().informa(this, kTitoloMessaggi, tr("File Danneggiato!\nReinstalla Sortimetra dal tuo CD-ROM."));
+    cornice()->scrivi_stato(scritto +
+                            tr(": i file ci sono, ma il programma delle schedine (%1) non si avvia.")
+                                .arg(QString::fromLatin1(kProgrammaSchedine)));
 }
 
 }  // namespace sortimetra

@@ -45,7 +45,7 @@ void ognuna(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito) {
         EXPECT_FALSE(risposta.titolo().empty());
         EXPECT_TRUE(risposta.prodotta() || !risposta.risultato->messaggi.empty() ||
                     !risposta.risultato->note.empty())
-            << "a refusal says why, in a box or in a line";
+            << "a refusal says why, in a box or as a remark";
         for (const Tabella& t : risposta.risultato->tabelle)
             for (const Colonna& c : t.colonne) EXPECT_EQ(lunghezza(c), t.righe());
     }

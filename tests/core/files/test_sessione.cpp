@@ -1,7 +1,10 @@
+#include "files/file_sicuro.h"
 #include "files/sessione.h"
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <optional>
@@ -9,6 +12,9 @@
 
 namespace sortimetra {
 namespace {
+
+namespace fs = std::filesystem;
+using prove::CartellaProva;
 
 /// An environment variable for the rest of its life; what stood there comes back at the end.
 class Ambiente {
@@ -32,7 +38,24 @@ class Ambiente {
     std::optional<std::string> prima_;
 };
 
-TEST(Sessione, CartelleDelProgramma) {
+/// A home folder of its own, with folders in it that hold an archive or none.
+class SessioneTest : public ::testing::Test {
+  protected:
+    [[nodiscard]] const fs::path& casa() const { return casa_.percorso(); }
+    [[nodiscard]] fs::path con_archivio(const fs::path& nome) const {
+        fs::create_directories(casa() / nome / "archivio");
+        return casa() / nome;
+    }
+    [[nodiscard]] fs::path consueta() const { return casa() / ".local/share/sortimetra"; }
+
+  private:
+    CartellaProva casa_;
+    Ambiente home_{"HOME", casa_.percorso().string()};
+    Ambiente impostazioni_{"XDG_CONFIG_HOME", std::nullopt};
+    Ambiente dati_{"XDG_DATA_HOME", std::nullopt};
+};
+
+TEST_F(SessioneTest, CartelleDelProgramma) {
     Sessione s;
     s.percorso_programma = "/casa";
     EXPECT_EQ(s.percorso_archivio(), "/casa/archivio");
@@ -40,27 +63,88 @@ TEST(Sessione, CartelleDelProgramma) {
     EXPECT_EQ(s.percorso_skin(), "/casa/skin");
 }
 
-TEST(Sessione, LaCartellaSceltaVale) {
-    EXPECT_EQ(cartella_programma("da qui"), "da qui") << "as it was given, there or not";
+TEST_F(SessioneTest, SenzaUnaSceltaVaneiDatiDellUtente) {
+    EXPECT_EQ(file_impostazioni(), casa() / ".config/sortimetra/impostazioni.ini");
+    EXPECT_EQ(cartella_ricordata(), std::nullopt);
+    EXPECT_EQ(cartella_programma(), consueta());
+    ::setenv("XDG_DATA_HOME", (casa() / "dati").c_str(), 1);
+    EXPECT_EQ(cartella_programma(), casa() / "dati/sortimetra");
+    // A relative path is none.
+    ::setenv("XDG_DATA_HOME", "dati", 1);
+    EXPECT_EQ(cartella_programma(), consueta());
 }
 
-TEST(Sessione, SenzaSceltaQuellaDellUtente) {
-    // No archive stands beside the test programs.
-    ASSERT_FALSE(std::filesystem::exists(cartella_eseguibile() / "archivio"));
-    {
-        const Ambiente dati{"XDG_DATA_HOME", "/dati"};
-        EXPECT_EQ(cartella_programma(), "/dati/sortimetra");
+TEST_F(SessioneTest, LaCartellaSceltaSiRicorda) {
+    // Blanks, accents, quotes: a folder's name may hold them all.
+    for (const char* nome : {"lotto", "le mie estrazioni", "perché no", " con spazi ai lati ",
+                             "\"fra virgolette\"", "a=b;c#d"}) {
+        SCOPED_TRACE(nome);
+        const auto cartella = con_archivio(nome);
+        ASSERT_TRUE(ricorda_cartella(cartella));
+        EXPECT_EQ(cartella_ricordata(), cartella);
+        EXPECT_EQ(cartella_programma(), cartella);
     }
-    const Ambiente casa{"HOME", "/casa/anna"};
-    for (const auto& valore :
-         {std::optional<std::string>{}, std::optional<std::string>{"dati"}, std::optional<std::string>{""}}) {
-        const Ambiente dati{"XDG_DATA_HOME", valore};
-        EXPECT_EQ(cartella_programma(), "/casa/anna/.local/share/sortimetra")
-            << "a relative one does not count";
-    }
+    // What is chosen for this one time wins.
+    EXPECT_EQ(cartella_programma(casa() / "altra"), casa() / "altra");
 }
 
-TEST(Sessione, LaCartellaDelProgrammaCheGira) {
+TEST_F(SessioneTest, UnaCartellaRelativaSiRicordaIntera) {
+    const auto prima = fs::current_path();
+    const auto cartella = con_archivio("lotto");
+    fs::current_path(casa());
+    ASSERT_TRUE(ricorda_cartella("lotto"));
+    fs::current_path(prima);
+    EXPECT_EQ(cartella_programma(), cartella);
+}
+
+TEST_F(SessioneTest, UnaCartellaSparitaTornaQuandoTorna) {
+    const auto cartella = con_archivio("disco");
+    ASSERT_TRUE(ricorda_cartella(cartella));
+    fs::rename(cartella, casa() / "staccato");
+    EXPECT_EQ(cartella_programma(), consueta());
+    fs::rename(casa() / "staccato", cartella);
+    EXPECT_EQ(cartella_programma(), cartella);
+}
+
+TEST_F(SessioneTest, IlRestoDelleImpostazioniResta) {
+    fs::create_directories(casa() / ".config/sortimetra");
+    ASSERT_TRUE(scrivi_file(file_impostazioni(), "[Altro]\nx=1\n[Cartelle]\ncartella=/prima\nultima=/y\n"));
+    EXPECT_EQ(cartella_programma(), consueta());
+    const auto cartella = con_archivio("lotto");
+    ASSERT_TRUE(ricorda_cartella(cartella));
+    EXPECT_EQ(leggi_file(file_impostazioni()),
+              "[Altro]\nx=1\n[Cartelle]\ncartella=" + cartella.string() + "\nultima=/y\n");
+}
+
+TEST_F(SessioneTest, ImpostazioniCheNonLoSono) {
+    fs::create_directories(casa() / ".config/sortimetra");
+    const auto qui = con_archivio("lotto");
+    for (const std::string& testo :
+         {std::string{}, std::string{"\0\xff[Cartelle]", 12}, std::string{"[Cartelle]"},
+          std::string{"[Cartelle]\ncartella=\n"}, std::string{"[Cartelle]\ncartella=lotto\n"},
+          std::string{"cartella="} + qui.string() + "\n"}) {
+        SCOPED_TRACE(testo);
+        ASSERT_TRUE(scrivi_file(file_impostazioni(), testo));
+        EXPECT_EQ(cartella_programma(), consueta());
+    }
+    // A folder in the place of the file: nothing is remembered, and it is said.
+    fs::remove(file_impostazioni());
+    fs::create_directory(file_impostazioni());
+    EXPECT_EQ(cartella_programma(), consueta());
+    const auto esito = ricorda_cartella(qui);
+    ASSERT_FALSE(esito);
+    EXPECT_EQ(esito.error().file, file_impostazioni());
+}
+
+TEST_F(SessioneTest, UnNomeSuDueRigheNonSiRicorda) {
+    const auto prima = con_archivio("lotto");
+    ASSERT_TRUE(ricorda_cartella(prima));
+    const auto esito = ricorda_cartella(con_archivio("due\nrighe"));
+    ASSERT_FALSE(esito);
+    EXPECT_EQ(cartella_programma(), prima);
+}
+
+TEST_F(SessioneTest, LaCartellaDelProgrammaCheGira) {
     EXPECT_EQ(cartella_eseguibile(), std::filesystem::canonical(SORTIMETRA_BIN));
 }
 

@@ -94,6 +94,21 @@ struct Stampato {
         return testo;
     }
 
+    /// Top of the row of a delay, which alone is bold on its line.
+    [[nodiscard]] double y_del_ritardo(const std::string& ritardo, int pagina) const {
+        for (const auto& t : foglio.testi())
+            if (t.pagina == pagina && t.carattere.grassetto && t.testo == ritardo) return t.y;
+        return -1;
+    }
+    /// Sizes of the texts under the head, the smallest and the largest.
+    [[nodiscard]] std::pair<int, int> corpi_sotto(double y) const {
+        std::pair<int, int> corpi{99, 0};
+        for (const auto& t : foglio.testi())
+            if (t.y > y && t.y < foglio.foglio().altezza - 15.5)
+                corpi = {std::min(corpi.first, t.carattere.corpo), std::max(corpi.second, t.carattere.corpo)};
+        return corpi;
+    }
+
   private:
     /// Nothing leaves the sheet, whichever way it lies.
     void sul_foglio() const {
@@ -109,6 +124,9 @@ struct Stampato {
 };
 
 // ---- by position ----
+
+/// Height of a row where 45 of them stand between the titles and the foot.
+constexpr double kRiga45 = (210 - 15 - 1.5 - 59.5) / 45;
 
 TEST(StampaPosizione, LottoInDuePagineOrizzontali) {
     const Stampato s{"ritardi e frequenze per posizione dei 90 numeri"};
@@ -131,7 +149,7 @@ TEST(StampaPosizione, LottoInDuePagineOrizzontali) {
     for (std::size_t r = 0; r < 90; ++r) {
         std::string attesa;
         for (std::size_t c = 0; c < 16; ++c) attesa += (c == 0 ? "" : " ") + t.testo(r, c);
-        EXPECT_EQ(s.riga(61 + 2.95 * static_cast<double>(r % 45), r < 45 ? 1 : 2), attesa);
+        EXPECT_EQ(s.riga(59.5 + kRiga45 * static_cast<double>(r % 45), r < 45 ? 1 : 2), attesa);
     }
     // The legend stands on the last page alone.
     for (const char* voce : {"F = Frequenza", "R = Ritardo", "RS = Ritardo Storico"}) {
@@ -184,8 +202,8 @@ TEST(StampaPosizione, LeRigheNellOrdineDellaGriglia) {
     std::vector<std::uint32_t> ordine(90);
     for (std::uint32_t i = 0; i < 90; ++i) ordine[i] = 89 - i;
     const Stampato s{"ritardi e frequenze per posizione dei 90 numeri", {}, ordine};
-    EXPECT_EQ(s.riga(61, 1).substr(0, 3), "90 ");
-    EXPECT_EQ(s.riga(61 + 44 * 2.95, 2).substr(0, 2), "1 ");
+    EXPECT_EQ(s.riga(59.5, 1).substr(0, 3), "90 ");
+    EXPECT_EQ(s.riga(59.5 + 44 * kRiga45, 2).substr(0, 2), "1 ");
 }
 
 TEST(StampaPosizione, GliAltriGiochi) {
@@ -195,20 +213,57 @@ TEST(StampaPosizione, GliAltriGiochi) {
     EXPECT_EQ(superenalotto.quante("Jolly", 1), 1U);
     EXPECT_EQ(superenalotto.quante("RS", 1), 7U);
 
-    // Twenty places: three sheets for each half of the numbers, every place on one of them.
+    // Twenty places: two sheets for each half of the numbers, every place on one of them.
     const Stampato dieci{"frequenza e ritardo dei 90 numeri per posizione (10 e lotto)"};
-    EXPECT_EQ(dieci.rapporto.pagine, 6);
+    EXPECT_EQ(dieci.rapporto.pagine, 4);
     std::string posti;
     for (const auto& t : dieci.foglio.testi())
-        if (t.carattere.sottolineato && t.pagina <= 3) posti += t.testo + " ";
+        if (t.carattere.sottolineato && t.pagina <= 2) posti += t.testo + " ";
     EXPECT_EQ(posti, "1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 ");
-    EXPECT_EQ(dieci.quante("RS = Ritardo Storico", 6), 1U);
+    EXPECT_EQ(dieci.quante("RS = Ritardo Storico", 4), 1U);
 
     const Stampato wfl{"frequenza e ritardo dei 20 numeri per posizione (win for life)"};
-    EXPECT_EQ(wfl.rapporto.pagine, 2);
-    EXPECT_EQ(wfl.quante("RS", 1), 5U);
-    EXPECT_EQ(wfl.quante("RS", 2), 5U);
+    EXPECT_EQ(wfl.rapporto.pagine, 1);
+    EXPECT_EQ(wfl.quante("RS", 1), 10U);
     EXPECT_EQ(wfl.quante("Win for Life", 1), 1U);
+    // Beside the dates of the range those of the game's own draws.
+    EXPECT_EQ(superenalotto.quante("01/01/2000-30/11/2001  (SuperEnalotto: 06/02/2001 - 30/11/2001)"), 2U);
+    EXPECT_EQ(wfl.quante("01/01/2000-30/11/2001  (Win for Life: 01/01/2000 - 30/11/2001)"), 1U);
+}
+
+TEST(StampaPosizione, LaTabellaRiempieIlFoglio) {
+    for (const char* chiave : {"ritardi e frequenze per posizione dei 90 numeri",
+                               "frequenza e ritardo dei 90 numeri per posizione (superenalotto)",
+                               "frequenza e ritardo dei 90 numeri per posizione (10 e lotto)",
+                               "frequenza e ritardo dei 20 numeri per posizione (win for life)"}) {
+        SCOPED_TRACE(chiave);
+        const Stampato s{chiave};
+        const auto [minimo, massimo] = s.corpi_sotto(48);
+        EXPECT_GE(minimo, 8);
+        EXPECT_LE(massimo, 9);
+        double sinistra = 297;
+        double destra = 0;
+        double fondo = 0;
+        for (const auto& r : s.foglio.riquadri()) {
+            sinistra = std::min(sinistra, r.x1);
+            destra = std::max(destra, r.x2);
+            fondo = std::max(fondo, r.y2);
+        }
+        EXPECT_NEAR(sinistra, 10, kDecimo);
+        EXPECT_NEAR(destra, 287, kDecimo);
+        EXPECT_LE(fondo, 195);
+    }
+}
+
+TEST(StampaPosizione, NumeriLarghiHannoPiuFogli) {
+    // Delays of five digits leave no room for ten places: five and five.
+    Risultato r =
+        *prove::rispondi(prove::domanda("frequenza e ritardo dei 20 numeri per posizione (win for life)"),
+                         archivio_lungo())
+             .risultato;
+    for (std::size_t c = 1; c < r.tabelle[0].n_colonne(); ++c)
+        for (auto& v : std::get<ColonnaInteri>(r.tabelle[0].colonne[c]).valori) v = 20060;
+    EXPECT_EQ(rapporto_posizione({r, {}, {}}).pagine, 2);
 }
 
 // ---- the boards ----
@@ -238,13 +293,71 @@ TEST(StampaTabellone, LottoQuarantaRighePerPagina) {
         // The head has no fields here.
         EXPECT_EQ(s.quante("Ricerca:", p), 0U);
     }
-    // Each cell once, the row of a delay on one line.
-    EXPECT_EQ(s.foglio.testi().size(), piene(t) + static_cast<std::size_t>(pagine) * 13);
+    // Each cell once, the row of a delay on one line; caption, twelve titles, 55 places and the foot a page.
+    EXPECT_EQ(s.foglio.testi().size(), piene(t) + static_cast<std::size_t>(pagine) * (1 + 12 + 55 + 1));
+    const auto [minimo, massimo] = s.corpi_sotto(32.5);
+    EXPECT_GE(minimo, 8);
+    EXPECT_LE(massimo, 9);
     for (const std::size_t r : {std::size_t{0}, std::size_t{39}, std::size_t{40}}) {
         std::string attesa;
         for (std::size_t c = 0; c < t.n_colonne(); ++c)
             if (!t.testo(r, c).empty()) attesa += (c == 0 ? "" : " ") + t.testo(r, c);
-        EXPECT_EQ(s.riga(40.25 + 3.9 * static_cast<double>(r % 40), r < 40 ? 1 : 2), attesa);
+        const int pagina = r < 40 ? 1 : 2;
+        EXPECT_EQ(s.riga(s.y_del_ritardo(t.testo(r, 0), pagina), pagina), attesa);
+    }
+    // The last row of a full page ends above the foot.
+    double fondo = 0;
+    for (const auto& r : s.foglio.riquadri()) fondo = std::max(fondo, r.y2);
+    EXPECT_LT(fondo, 195);
+}
+
+TEST(StampaTabellone, OgniRuotaHaITitoliDeiSuoiPosti) {
+    const Stampato s{"tabellone posizionale"};
+    const auto* primo = s.foglio.trova("1", 1);
+    ASSERT_NE(primo, nullptr);
+    std::string posti;
+    for (int w = 0; w < 11; ++w) posti += "1 2 3 4 5 ";
+    EXPECT_EQ(s.riga(primo->y, 1), "Rit. " + posti.substr(0, posti.size() - 1));
+    // A place stands over the cells of its column: the first row of the board is one number somewhere.
+    const Tabella& t = s.risultato.tabelle[0];
+    const double y = s.y_del_ritardo(t.testo(0, 0), 1);
+    std::vector<double> centri;
+    for (const auto& scritto : s.foglio.testi())
+        if (scritto.pagina == 1 && std::abs(scritto.y - primo->y) < kDecimo)
+            centri.push_back(scritto.x + scritto.larghezza / 2);
+    std::sort(centri.begin(), centri.end());
+    ASSERT_EQ(centri.size(), 56U);
+    for (std::size_t c = 1; c < t.n_colonne(); ++c) {
+        if (t.testo(0, c).empty()) continue;
+        const auto trovato = std::any_of(
+            s.foglio.testi().begin(), s.foglio.testi().end(), [&](const SuperficieRegistrata::Testo& x) {
+                return x.pagina == 1 && x.testo == t.testo(0, c) && std::abs(x.y - y) < kDecimo &&
+                       std::abs(x.x + x.larghezza / 2 - centri[c]) < kDecimo;
+            });
+        EXPECT_TRUE(trovato) << c;
+    }
+}
+
+TEST(StampaTabellone, OgniTabelloneHaIlPiede) {
+    for (const char* chiave :
+         {"tabellone posizionale", "tabellone posizionale primi estratti",
+          "tabellone posizionale sestina superenalotto", "tabellone posizionale combinazione 10 e lotto",
+          "tabellone posizionale combinazione win for life", "i 10 numeri più in ritardo su ogni ruota",
+          "tabellone migliori ritardi"}) {
+        SCOPED_TRACE(chiave);
+        const Stampato s{chiave};
+        const Foglio carta = s.foglio.foglio();
+        for (int p = 1; p <= s.rapporto.pagine; ++p) {
+            const auto* piede =
+                s.foglio.trova("Pagina " + std::to_string(p) + " di " + std::to_string(s.rapporto.pagine), p);
+            ASSERT_NE(piede, nullptr) << p;
+            EXPECT_NEAR(piede->y, carta.altezza - 15, kDecimo);
+            EXPECT_NEAR(piede->x + piede->larghezza, carta.larghezza / 2 + 95, kDecimo);
+            for (const auto& t : s.foglio.testi()) {
+                if (t.pagina != p || &t == piede) continue;
+                EXPECT_LT(t.y + altezza_testo(t.carattere), piede->y) << t.testo;
+            }
+        }
     }
 }
 
@@ -256,14 +369,16 @@ TEST(StampaTabellone, UnRiquadroPerOgniRuota) {
         if (r.pagina == 1 && r.spessore == 3) sinistre.push_back(r.x1);
     std::sort(sinistre.begin(), sinistre.end());
     ASSERT_EQ(sinistre.size(), 12U);
-    const double ruota = (297.0 - 20 - 12) / 11;
+    // A gap parts each wheel from what stands before it.
+    constexpr double kTra = 1.5;
+    const double ruota = (297.0 - 20 - 10 - 11 * kTra) / 11;
     EXPECT_NEAR(sinistre[0], 10, kDecimo);
     for (std::size_t w = 0; w < 11; ++w)
-        EXPECT_NEAR(sinistre[w + 1], 22 + ruota * static_cast<double>(w), kDecimo);
+        EXPECT_NEAR(sinistre[w + 1], 20 + kTra + (ruota + kTra) * static_cast<double>(w), kDecimo);
     // Each name stands in the middle of its wheel's frame.
     const auto* venezia = s.foglio.trova("Venezia", 1);
     ASSERT_NE(venezia, nullptr);
-    EXPECT_NEAR(venezia->x + venezia->larghezza / 2, 22 + ruota * 9.5, kDecimo);
+    EXPECT_NEAR(venezia->x + venezia->larghezza / 2, sinistre[10] + ruota / 2, kDecimo);
 }
 
 TEST(StampaTabellone, GliAltriAdueBlocchi) {
@@ -271,7 +386,8 @@ TEST(StampaTabellone, GliAltriAdueBlocchi) {
     for (const char* nome : {"BA", "FI", "MI", "NA", "PA", "RO"}) EXPECT_EQ(s.quante(nome, 1), 1U);
     EXPECT_EQ(s.quante("Firenze"), 0U);
     EXPECT_EQ(s.rapporto.orientamento, Orientamento::verticale);
-    EXPECT_TRUE(s.riga(40.25, 1).starts_with(s.risultato.tabelle[0].testo(0, 0) + " "));
+    const std::string primo = s.risultato.tabelle[0].testo(0, 0);
+    EXPECT_TRUE(s.riga(s.y_del_ritardo(primo, 1), 1).starts_with(primo + " "));
 
     const Stampato sestina{"tabellone posizionale sestina superenalotto"};
     EXPECT_GE(sestina.quante("Sestina SuperEnalotto", 1), 1U);
@@ -280,7 +396,7 @@ TEST(StampaTabellone, GliAltriAdueBlocchi) {
     const Stampato wfl{"tabellone posizionale combinazione win for life"};
     EXPECT_GE(wfl.quante("Combinazione win for life", 1), 1U);
     EXPECT_EQ(wfl.quante("Tabellone Posizionale (30/11/2001) - Win for Life  (pag. 1 di 1)"), 1U);
-    EXPECT_EQ(wfl.foglio.testi().size(), piene(wfl.risultato.tabelle[0]) + 3);
+    EXPECT_EQ(wfl.foglio.testi().size(), piene(wfl.risultato.tabelle[0]) + 4);
 }
 
 TEST(StampaTabellone, UnBloccoSoloStaInMezzoAlFoglio) {
@@ -288,7 +404,7 @@ TEST(StampaTabellone, UnBloccoSoloStaInMezzoAlFoglio) {
     const Tabella& t = s.risultato.tabelle[0];
     ASSERT_LE(t.righe(), 57U);
     // The twenty columns of the last draw share the band of 190 mm, each as wide as the others.
-    const double y = 40.25 + 4.25 * static_cast<double>(t.righe() - 1);
+    const double y = s.y_del_ritardo("0", 1);
     std::vector<double> centri;
     for (const auto& scritto : s.foglio.testi())
         if (std::abs(scritto.y - y) < kDecimo) centri.push_back(scritto.x + scritto.larghezza / 2);
@@ -333,7 +449,7 @@ TEST(StampaTabellone, CentoquattordiciRighePerPagina) {
     EXPECT_NEAR(seconda->y, prima->y, kDecimo);
     EXPECT_NEAR(seconda->x, prima->x + 97.5, kDecimo);
     EXPECT_NEAR(ultima->y, prima->y, kDecimo);
-    EXPECT_NEAR(foglio.trova("144", 1)->y, prima->y + 56 * 4.25, kDecimo);
+    EXPECT_NEAR(foglio.trova("144", 1)->y, prima->y + 56 * 4.2, kDecimo);
     for (auto& c : r.tabelle[0].colonne) std::get<ColonnaInteri>(c).valori.pop_back();
     EXPECT_EQ(stampa_tab_pos_10({r, {}, {}}).pagine, 1);
 }
@@ -349,7 +465,7 @@ TEST(StampaTabellone, IDieciPiuInRitardo) {
     std::string attesa;
     for (const std::size_t g : {6U, 7U, 8U, 9U, 10U, 11U})
         attesa += (g == 6 ? "" : " ") + t.testo(g * 10, 2) + " " + t.testo(g * 10, 3);
-    EXPECT_EQ(s.riga(127, 1), attesa);
+    EXPECT_EQ(s.riga(117 + 2 * 5.5, 1), attesa);
     EXPECT_EQ(s.quante("I 10 Numeri più in ritardo per ogni Ruota (30/11/2001)"), 1U);
 }
 
@@ -362,12 +478,45 @@ TEST(StampaMigliori, OgniFamigliaNellaSuaScheda) {
         EXPECT_EQ(s.quante("I migliori ritardi statistici all'estrazione n°700 del 30/11/2001"), 1U);
         EXPECT_EQ(s.quante("Ruote: Tutte"), 1U);
         EXPECT_EQ(s.quante(pagina == 1 ? "Radicali" : "Cinquine pari/dispari"), 1U);
+        EXPECT_EQ(s.rapporto.pagine, 1);
         const Tabella& t = s.risultato.tabelle[0];
         std::map<std::string, std::size_t> gruppi;
         for (std::size_t r = 0; r < t.righe(); ++r)
-            if (!t.testo(r, 1).empty()) ++gruppi[t.testo(r, 1)];
+            if (t.testo(r, 1).find_first_of("-/") != std::string::npos) ++gruppi[t.testo(r, 1)];
         for (const auto& [gruppo, volte] : gruppi) EXPECT_EQ(s.quante(gruppo), volte) << gruppo;
     }
+}
+
+/// The first page is one document: the cards, and under them the list of the ten most delayed numbers, as
+/// text, whoever prints it. The second has cards alone.
+TEST(StampaMigliori, SottoLeSchedeIDieciNumeri) {
+    Domanda d;
+    d.ambito.ruote = SelezioneRuote::tutte();
+    d.parametri.per<ParametriTabellone>().concorso = 650;
+    const Stampato s{"tabellone migliori ritardi", d};
+    EXPECT_EQ(s.risultato.tabelle.size(), 1U);
+    const Stampato lista{"i 10 numeri più in ritardo su ogni ruota", d};
+    ASSERT_EQ(s.risultato.allegati, lista.risultato.tabelle);
+    const Tabella& t = lista.risultato.tabelle[0];
+    EXPECT_EQ(s.quante("Num."), 12U);
+    const auto* bari = s.foglio.trova("Bari", 1);
+    const auto* tutte = s.foglio.trova("Tutte", 1);
+    ASSERT_TRUE(bari != nullptr && tutte != nullptr);
+    EXPECT_EQ(s.riga(bari->y, 1), "Bari Cagliari Firenze Genova Milano Napoli");
+    EXPECT_EQ(s.riga(tutte->y, 1), "Palermo Roma Torino Venezia Nazionale Tutte");
+    for (const std::size_t posto : {0U, 9U}) {
+        std::string attesa;
+        for (std::size_t g = 0; g < 6; ++g)
+            attesa += (g == 0 ? "" : " ") + t.testo(g * 10 + posto, 2) + " " + t.testo(g * 10 + posto, 3);
+        EXPECT_EQ(s.riga(bari->y + 4 * static_cast<double>(2 + posto), 1), attesa);
+    }
+    // Under the last card.
+    EXPECT_GT(bari->y, s.foglio.trova("Radicali", 1)->y + 20);
+
+    d.parametri.per<ParametriTabellone>().pagina = 2;
+    const Stampato seconda{"tabellone migliori ritardi", d};
+    EXPECT_TRUE(seconda.risultato.allegati.empty());
+    EXPECT_EQ(seconda.quante("Num."), 0U);
 }
 
 // ---- what the screens read off a board ----

@@ -1,10 +1,13 @@
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
+#include "lunghette/parametri.h"
+#include "personal/parametri.h"
 #include "printing/metriche.h"
 #include "statistics/parametri.h"
 #include "stores/dimostrazione.h"
 #include "support/archivi.h"
 #include "support/superficie_registrata.h"
+#include "tools/parametri.h"
 
 #include <gtest/gtest.h>
 
@@ -37,7 +40,16 @@ Domanda domanda_di(const Ricerca& ricerca, const SelezioneRuote& ruote) {
         d.parametri.per<ParametriStatistica>().capogioco = {12, 34};
     else if (ricerca.ammette(kOpzCapogioco))
         d.parametri.per<ParametriStatistica>().capogioco = {12};
+    if (ricerca.ammette(kOpzNumeriSpia)) d.parametri.per<ParametriSpia>().numeri = {5, 12, 40, 41, 77};
     if (ricerca.ammette(kOpzNumeri)) d.parametri.per<ParametriStatistica>().numeri = {5, 12, 40, 41, 77};
+    if (ricerca.ammette(kOpzNumeriPersonali)) d.parametri.per<ParametriPersonali>().numeri = {5, 17, 90};
+    if (ricerca.ammette(kOpzNumeriPersonaliWinForLife))
+        d.parametri.per<ParametriPersonali>().numeri = {5, 17};
+    if (ricerca.ammette(kOpzLunghette))
+        d.parametri =
+            ParametriGruppi{.lunghette = *leggi_lunghette("1 2 3 4;50 60 70 80"), .sorte = 2, .dettaglio = 1};
+    if (ricerca.ammette(kOpzNumeroPiramide)) d.parametri.per<ParametriPiramide>().numero = 33;
+    if (ricerca.ammette(kOpzMeta)) d.parametri.per<ParametriScomposte>().meta = 1;
     return d;
 }
 
@@ -132,7 +144,15 @@ TEST(OgniRapporto, DiceOgniCella) {
                 for (std::size_t c = in_comune; c < tabella.n_colonne(); ++c)
                     if (const std::string testo = tabella.testo(r, c); !testo.empty()) ++celle[testo];
         };
-        for (const Tabella& tabella : s.risultato.tabelle) conta(tabella);
+        // The one row of a lunghetta is printed number by number.
+        const auto etichette = std::find_if(s.risultato.etichette.begin(), s.risultato.etichette.end(),
+                                            [](const Etichetta& e) { return e.nome == "lblnum"; });
+        if (etichette != s.risultato.etichette.end()) {
+            for (const std::string& n : std::get<std::vector<std::string>>(etichette->testo))
+                if (!n.empty()) ++celle[n];
+        } else {
+            for (const Tabella& tabella : s.risultato.tabelle) conta(tabella);
+        }
         for (const auto& [testo, volte] : celle) EXPECT_GE(scritti[testo], volte) << testo;
     }
 }
@@ -143,12 +163,19 @@ TEST(OgniRapporto, OgniPaginaHaLaTesta) {
         SCOPED_TRACE(s.chiave);
         std::set<int> con_logo;
         for (const auto& f : s.foglio.figure()) {
+            if (f.nome != logo().nome) continue;
             con_logo.insert(f.pagina);
             EXPECT_NEAR(f.dimensioni.larghezza, 190, 0.01);
             EXPECT_NEAR(f.dimensioni.altezza, 20, 0.01);
             EXPECT_NEAR(f.y, 5, 0.01);
         }
         EXPECT_EQ(con_logo.size(), static_cast<std::size_t>(s.pagine));
+        for (int p = 1; p <= s.pagine; ++p) {
+            const auto piede = "Pagina " + std::to_string(p);
+            EXPECT_TRUE(std::any_of(s.foglio.testi().begin(), s.foglio.testi().end(), [&](const auto& t) {
+                return t.pagina == p && t.testo.starts_with(piede + " di ");
+            })) << piede;
+        }
     }
 }
 

@@ -1,6 +1,9 @@
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
 #include "printing/rapporto.h"
+#include "statistics/parametri.h"
+#include "stores/apertura.h"
+#include "stores/importa.h"
 #include "support/archivi.h"
 #include "support/superficie_registrata.h"
 
@@ -376,6 +379,74 @@ TEST(TestiTesta, ChiNonHaAmbitoHaSoloIlTitolo) {
               (Intestazione{.ricerca = "Tabella dei Segnalimite Cabalistici"}));
 }
 
+/// The games with draws of their own say when those were: the range is told by the Lotto's concorsi.
+TEST(TestiTesta, IlPeriodoDelleEstrazioniProprie) {
+    const auto archivio =
+        prove::da_testi("1 BA 1 2 3 4 5\n2 BA 1 2 3 4 5\n3 BA 1 2 3 4 5\n4 BA 1 2 3 4 5\n5 BA 1 2 3 4 5\n",
+                        "2 1 2 3 4 5 6 7 8\n3 1 2 3 4 5 6 7 8\n",
+                        "1 9:00 1 2 3 4 5 6 7 8 9 10\n2 8:00 1 2 3 4 5 6 7 8 9 10\n"
+                        "3 9:00 1 2 3 4 5 6 7 8 9 10\n4 8:00 1 2 3 4 5 6 7 8 9 10\n");
+    const auto testa = [&](std::string_view chiave, const AmbitoRicerca& ambito) {
+        return intestazione(prove::rispondi(prove::domanda(chiave, ambito), archivio));
+    };
+    const char* sestina = "ritardo e frequenza dei 90 numeri nella sestina superenalotto";
+    EXPECT_EQ(testa(sestina, {}).periodo, "Tutti i Concorsi: 01/01/2000 - 05/01/2000");
+    EXPECT_EQ(testa(sestina, {}).nota, "Estrazioni esaminate del SuperEnalotto: 02/01/2000 - 03/01/2000");
+    AmbitoRicerca dal_tre;
+    dal_tre.tratto.da = 3;
+    EXPECT_EQ(testa(sestina, dal_tre).nota,
+              "Estrazioni esaminate del SuperEnalotto: 03/01/2000 - 03/01/2000");
+    // The hour chosen leaves out the first and the last day.
+    AmbitoRicerca alle_otto;
+    alle_otto.ora = *trova_ora("8:00");
+    const Intestazione wfl =
+        testa("ritardo e frequenza dei 20 numeri nella combinazione win for life", alle_otto);
+    EXPECT_EQ(wfl.periodo, "ore 8:00: 01/01/2000 - 04/01/2000");
+    EXPECT_EQ(wfl.nota, "Estrazioni esaminate del Win for Life: 02/01/2000 - 04/01/2000");
+    EXPECT_EQ(testa("ritardo e frequenza dei 90 numeri", {}).nota, "");
+    const auto proprio = prove::rispondi(prove::domanda(sestina, dal_tre), archivio).ambito->proprio;
+    ASSERT_TRUE(proprio.has_value());
+    EXPECT_EQ(proprio->tratto, (TrattoConcorsi{3, 3}));
+}
+
+TEST(TestiTesta, LaTabellaDiOgniRuotaTieneLeMaiuscole) {
+    const auto archivio = tre_concorsi();
+    Domanda d = prove::domanda("decine simmetriche");
+    d.parametri.per<ParametriStatistica>().tutte_le_ruote = true;
+    EXPECT_EQ(intestazione(prove::rispondi(d, archivio)).ricerca,
+              "Decine Simmetriche - Ritardo per ogni ruota");
+}
+
+// ---- a simulated archive ----
+
+/// Every sheet of every kind of report says that its draws never took place; none does of real ones.
+TEST(Simulato, OgniFoglioLoDice) {
+    const prove::CartellaProva cartella;
+    SenzaAvanzamento nessuno;
+    ASSERT_TRUE(crea_dimostrazione(cartella.percorso(), nessuno));
+    const auto finto = apri_archivio(cartella.percorso());
+    ASSERT_TRUE(finto);
+    for (const char* chiave :
+         {"ricerche su tutti gli ambi", "tabellone posizionale", "i 10 numeri più in ritardo su ogni ruota",
+          "tabellone migliori ritardi", "tabellone posizionale combinazione win for life",
+          "frequenza e ritardo dei 90 numeri per posizione (10 e lotto)"}) {
+        SCOPED_TRACE(chiave);
+        Risposta risposta = prove::rispondi(prove::domanda(chiave), *finto, prove::cartella_dati());
+        const Rapporto rapporto = prepara_rapporto(risposta);
+        const Stampato s{rapporto};
+        for (int p = 1; p <= rapporto.pagine; ++p) {
+            const auto* scritta = s.foglio.trova("Archivio simulato", p);
+            ASSERT_NE(scritta, nullptr) << p;
+            const Foglio carta = s.foglio.foglio();
+            EXPECT_NEAR(scritta->x + scritta->larghezza / 2, carta.larghezza / 2, kDecimo);
+            EXPECT_NEAR(scritta->y, carta.altezza - 15, kDecimo);
+            EXPECT_EQ(scritta->colore, 255);
+        }
+        risposta.ambito->simulato = false;
+        EXPECT_EQ(Stampato{prepara_rapporto(risposta)}.foglio.trova("Archivio simulato"), nullptr);
+    }
+}
+
 // ---- other reports ----
 
 TEST(Segnalimite, DueColonneDiQuarantacinque) {
@@ -446,6 +517,21 @@ TEST(Tabelle, LarghePrimaInOrizzontalePoiSuPiuFogli) {
         EXPECT_LE(t.x + t.larghezza, 287.1) << t.testo;
         EXPECT_LE(t.y, 210 - 10) << t.testo;
     }
+}
+
+TEST(Tabelle, InOrizzontaleRiempionoIlFoglio) {
+    const Stampato s{rapporto_tabelle({larga(16, 30), kTesta, {}})};
+    double sinistra = 297;
+    double destra = 0;
+    for (const auto& r : s.foglio.riquadri()) {
+        sinistra = std::min(sinistra, r.x1);
+        destra = std::max(destra, r.x2);
+    }
+    EXPECT_NEAR(sinistra, 10, kDecimo);
+    EXPECT_NEAR(destra, 287, kDecimo);
+    const auto* cella = s.foglio.trova("1015", 1);
+    ASSERT_NE(cella, nullptr);
+    EXPECT_EQ(cella->carattere.corpo, 9);
 }
 
 TEST(Tabelle, SenzaTabelleIlMessaggio) {

@@ -43,10 +43,7 @@ constexpr const char* kMigliori = "tabellone migliori ritardi";
 
 /// In place of the printer: keeps the picture of a page.
 auto tieni(QImage& dove) {
-    return [&dove](QWidget*, const QImage& immagine) {
-        dove = immagine;
-        return true;
-    };
+    return [&dove](QWidget*, const QImage& immagine) { dove = immagine; };
 }
 
 /// 1000 draws: wheel w has five numbers that move on by one a draw, so that every number of 1 to 90 is on
@@ -291,10 +288,11 @@ class TestTabelloni final : public QObject {
                  (QStringList{"MSFlexGrid1", "Command7", "Command2", "Es&porta…", "Command1"}));
         auto& migliori = apri<form_tab_pos2>(kMigliori);
         clic("cmdopzioni_1");
-        migliori.imposta_stampa_immagine([](QWidget*, const QImage&) { return true; });
+        migliori.imposta_stampa([](const LavoroStampa&) {});
+        migliori.imposta_stampa_immagine([](QWidget*, const QImage&) {});
         clic("Command8");
-        QCOMPARE(giro("Command8", 6),
-                 (QStringList{"Command8", "Image1", "MSFlexGrid4", "Command6", "Es&porta…", "Command5"}));
+        QCOMPARE(giro("Command8", 7), (QStringList{"Command8", "Image1", "MSFlexGrid4", "Command6",
+                                                   "cmdImmagine_1", "Es&porta…", "Command5"}));
     }
 
     void il_tabellone_del_lotto() {
@@ -720,18 +718,38 @@ class TestTabelloni final : public QObject {
         QVERIFY(!testo("lblDatiTab_144").isEmpty());
     }
 
+    /// "Stampa" is the report, that of the command line: cards and list as text.
+    void la_pagina_si_stampa_come_rapporto() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        QStringList stampate;
+        std::size_t allegati = 0;
+        form.imposta_stampa([&](const LavoroStampa& l) {
+            stampate = pagine_di(l.risposta);
+            allegati = l.risposta.risultato->allegati.size();
+        });
+        clic("cmdopzioni_1");
+        QVERIFY(!controllo<QPushButton>("Command6")->isEnabled());
+        clic("Command8");
+        clic("Command6");
+        QCOMPARE(stampate, pagine_di(kMigliori));
+        QCOMPARE(allegati, std::size_t{1});
+        stampate.clear();
+        QTest::keyClick(&form, Qt::Key_P, Qt::ControlModifier);
+        QCOMPARE(stampate, pagine_di(kMigliori));
+    }
+
     void la_pagina_si_stampa_come_immagine() {
         auto& form = apri<form_tab_pos2>(kMigliori);
         QImage immagine;
         form.imposta_stampa_immagine(tieni(immagine));
         clic("cmdopzioni_1");
-        QVERIFY(!controllo<QPushButton>("Command6")->isEnabled());
+        QVERIFY(!controllo<QPushButton>("cmdImmagine_1")->isEnabled());
         clic("Command8");
         const QSize prima = controllo<QWidget>("Frame10rit")->size();
-        clic("Command6");
+        clic("cmdImmagine_1");
         QVERIFY(!immagine.isNull());
-        // The whole page, the list under the cards too, though the window is lower than that.
-        QVERIFY(immagine.height() > prima.height());
+        // 300 dots to the inch of the 190 mm between the margins.
+        QVERIFY(qAbs(immagine.width() - 190 / 25.4 * 300) <= 1);
         QCOMPARE(testo("lblStampaIntestazione"),
                  QStringLiteral("I migliori ritardi statistici all'estrazione n°1000 del 26/09/2002"));
         QVERIFY(!visibile("lblStampaIntestazione"));
@@ -739,6 +757,44 @@ class TestTabelloni final : public QObject {
         QCOMPARE(controllo<QWidget>("Frame10rit")->size(), prima);
         clic("Command5");
         QVERIFY(!form.isVisible());
+    }
+
+    /// The picture is the same whatever the window's width: on white, whole, nothing to scroll in it.
+    void l_immagine_non_dipende_dalla_finestra() {
+        auto& form = apri<form_tab_pos2>(kMigliori);
+        QImage immagine;
+        form.imposta_stampa_immagine(tieni(immagine));
+        clic("cmdopzioni_1");
+        clic("Command8");
+        auto* dieci = controllo<QTableView>("MSFlexGrid4");
+        QImage prima;
+        for (const QSize finestra : {QSize{1024, 640}, QSize{1600, 900}, QSize{1024, 500}}) {
+            form.resize(finestra);
+            QCoreApplication::processEvents();
+            const int colonna = dieci->columnWidth(1);
+            clic("cmdImmagine_1");
+            if (prima.isNull()) prima = immagine;
+            QCOMPARE(immagine.size(), prima.size());
+            QVERIFY(immagine == prima);
+            QCoreApplication::processEvents();
+            QCOMPARE(dieci->columnWidth(1), colonna);  // the window's own again
+        }
+        // White round the cards, and the whole list: its last row's ink stands above the foot of the picture.
+        for (const QPoint angolo :
+             {QPoint{0, 0}, QPoint{immagine.width() - 1, 0}, QPoint{0, immagine.height() - 1},
+              QPoint{immagine.width() - 1, immagine.height() - 1}})
+            QCOMPARE(immagine.pixel(angolo), qRgb(255, 255, 255));
+        const auto scura = [&](int x, int y) { return qGray(immagine.pixel(x, y)) < 100; };
+        int ultima_riga = 0;
+        int ultima_colonna = 0;
+        for (int y = 0; y < immagine.height(); ++y)
+            for (int x = 0; x < immagine.width(); ++x)
+                if (scura(x, y)) {
+                    ultima_riga = y;
+                    ultima_colonna = std::max(ultima_colonna, x);
+                }
+        QVERIFY(ultima_riga > immagine.height() * 9 / 10);
+        QVERIFY(ultima_riga < immagine.height() - 5 && ultima_colonna < immagine.width() - 5);
     }
 
     void su_una_skin_scura_la_carta_resta_chiara() {
@@ -749,7 +805,7 @@ class TestTabelloni final : public QObject {
         clic("Command8");
         applica_tema(*qApp, 2);
         QVERIFY(skin_in_uso().scura);
-        clic("Command6");
+        clic("cmdImmagine_1");
         QCOMPARE(indice_skin_in_uso(), 2);
         QVERIFY(qGray(immagine.pixel(immagine.width() - 1, immagine.height() / 4)) > 200);
         applica_tema(*qApp, 1);

@@ -21,6 +21,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
@@ -293,9 +294,10 @@ class TestStampa : public QObject {
         form.show();
         QVERIFY(QTest::qWaitForWindowActive(&form));
         form.vai(3);
-        QCOMPARE(giro_di_tab(&form, "cmdIndietro"),
-                 (QStringList{"cmdIndietro", "cmdAvanti", "txtPagina", "cmbGrandezza", "txtpag_0", "txtpag_1",
-                              "cmdopzioni_0", "cmdopzioni_1", "cmdPdf", "scorriAnteprima"}));
+        QCOMPARE(giro_di_tab(&form, "cmdPrima"),
+                 (QStringList{"cmdPrima", "cmdIndietro", "cmdAvanti", "cmdUltima", "txtPagina",
+                              "cmbGrandezza", "txtpag_0", "txtpag_1", "cmdopzioni_0", "cmdopzioni_1",
+                              "cmdStampaPagina", "cmdPdf", "scorriAnteprima"}));
     }
 
     void il_rapporto_di_una_ricerca() {
@@ -319,7 +321,7 @@ class TestStampa : public QObject {
         std::set<std::string_view> viste;
         for (const Ricerca& r : ricerche())
             if (r.pronta() && r.tabelle != 0 && schermo_di(r) != Schermo::segnalimite &&
-                !r.ammette(kOpzNumeri) && viste.insert(r.chiave()).second) {
+                schermo_di(r) != Schermo::nessuno && viste.insert(r.chiave()).second) {
                 const QByteArray chiave{r.chiave().data(), static_cast<qsizetype>(r.chiave().size())};
                 QTest::newRow(chiave.constData()) << chiave;
             }
@@ -349,29 +351,19 @@ class TestStampa : public QObject {
                 casella != nullptr && casella->isVisible())
                 scrivi(casella, QString::number(capo++));
         // The boards ask for the concorso first; the best delays have their start on the page that follows.
-        premi(schermo.get(), schermo->findChild<QPushButton*>("cmdopzioni_1") ? "cmdopzioni_1" : "Command1");
+        // Where a half must be chosen, the upper one.
+        if (auto* meta = schermo->findChild<QRadioButton*>("Option2_1")) meta->click();
+        for (const char* avvia : {"cmdopzioni_1", "cmdAvviaRicerca", "Command1"})
+            if (schermo->findChild<QPushButton*>(QLatin1String{avvia}) != nullptr) {
+                premi(schermo.get(), avvia);
+                break;
+            }
         if (schermo_di(ricerca) == Schermo::tab_pos2) premi(schermo.get(), "Command8");
         QVERIFY2(detti.detti.isEmpty(), qPrintable(detti.detti.value(0).testo));
-        // The best delays are printed as they stand, as a picture, in a window that waits to be closed.
-        bool immagine = false;
-        QTimer spia;
-        connect(&spia, &QTimer::timeout, &spia, [&] {
-            auto* form = schermo->findChild<frmStampaFCPB*>();
-            if (form == nullptr || !form->isVisible()) return;
-            spia.stop();
-            immagine = true;
-            premi(form, "cmdStampa");
-            QTRY_COMPARE(prova.documenti.size(), 1);
-            form->reject();
-        });
-        spia.start(10);
         QTest::keyClick(schermo.get(), Qt::Key_P, Qt::ControlModifier);
-        QCOMPARE(immagine, schermo_di(ricerca) == Schermo::tab_pos2);
-        if (!immagine) {
-            auto* anteprima = trova<FormAnteprima>(schermo.get(), "form_anteprima");
-            QVERIFY(anteprima->isVisible());
-            premi(anteprima, "cmdopzioni_1");
-        }
+        auto* anteprima = trova<FormAnteprima>(schermo.get(), "form_anteprima");
+        QVERIFY(anteprima->isVisible());
+        premi(anteprima, "cmdopzioni_1");
         QCOMPARE(prova.documenti.size(), 1);
         QVERIFY(pagine_pdf(prova.documenti[0]) >= 1);
         QVERIFY(detti.detti.isEmpty());
@@ -466,8 +458,7 @@ class TestStampa : public QObject {
             QVERIFY(form.windowTitle().startsWith("Anteprima di stampa "));
             QVERIFY(!trova<QLabel>(&form, "lblFuoriFoglio")->isVisible());
             const QPixmap zoom = trova<QLabel>(&form, "picZoom")->pixmap();
-            QCOMPARE(zoom.width(), 2 * zoom.height());
-            QVERIFY(zoom.width() > 60 && zoom.width() <= 240);
+            QVERIFY(zoom.width() > 60 && zoom.width() <= 240 && zoom.height() <= 240);
             QVERIFY(form.minimumSizeHint().height() <= 640);
         }));
         prova.orientamento = QPageLayout::Landscape;
@@ -475,6 +466,38 @@ class TestStampa : public QObject {
         QVERIFY(in_anteprima(coricato, quadro(), {0, 0, 250, 50}, [&] {
             QCOMPARE(coricato.testo_foglio(), " Foglio: A4,  Landscape");
             QCOMPARE(trova<QLabel>(&coricato, "lblFgW")->text(), "297");
+        }));
+    }
+
+    /// The picture of a page, far larger than the screen: `picZoom` shows a part of it, larger than beside
+    /// it.
+    void lo_zoom_ingrandisce_il_punto_guardato() {
+        StampantiDiProva prova{cartella_.path()};
+        frmStampaFCPB form;
+        QImage grande{2000, 3000, QImage::Format_RGB32};
+        grande.fill(Qt::red);
+        for (int y = 1500; y < 3000; ++y)
+            for (int x = 0; x < 2000; ++x) grande.setPixel(x, y, qRgb(0, 0, 255));
+        QVERIFY(in_anteprima(form, grande, {10, 10, 180, 270}, [&] {
+            const auto* zoom = trova<QLabel>(&form, "picZoom");
+            auto* bordo = trova<QLabel>(&form, "shpBordo");
+            const double mostrata = bordo->width() / 2000.0;
+            const auto ingrandita = [&] {
+                const QPixmap p = zoom->pixmap();
+                return p.width() / p.devicePixelRatio() / form.parte_ingrandita().width();
+            };
+            QVERIFY(ingrandita() > 2.5 * mostrata);
+            QVERIFY(form.parte_ingrandita().contains(QPoint(0, 0)));
+            QCOMPARE(zoom->pixmap().toImage().pixelColor(5, 5), QColor{Qt::red});
+            // It follows the pointer over the picture,
+            QTest::mouseMove(bordo, {bordo->width() / 2, bordo->height() - 3});
+            QVERIFY(form.parte_ingrandita().contains(QPoint(1000, 2990)));
+            QCOMPARE(zoom->pixmap().toImage().pixelColor(5, 5), QColor{Qt::blue});
+            // and Ctrl with the arrows.
+            auto* preview = trova<PicPreview>(&form, "picPreview");
+            for (int i = 0; i < 30; ++i) QTest::keyClick(preview, Qt::Key_Up, Qt::ControlModifier);
+            QCOMPARE(form.parte_ingrandita().top(), 0);
+            QCOMPARE(form.cornice().topLeft(), QPointF(10, 10));
         }));
     }
 
@@ -638,29 +661,62 @@ class TestStampa : public QObject {
         QVERIFY(prova.documenti.isEmpty());
     }
 
-    /// Without a printer a page that is printed as a picture still comes to paper: as a report.
-    void senza_stampante_i_migliori_ritardi_sono_un_rapporto() {
-        StampantiDiProva prova{cartella_.path()};
-        prova.nome.clear();
-        MessaggiDiProva detti;
-        const auto archivio = ArchivioEstrazioni::componi(archivio_dimostrativo()).value();
+    /// The best delays on the screen, calculated, to be printed.
+    std::unique_ptr<QWidget> migliori_ritardi(Sessione& sessione, const ArchivioEstrazioni& archivio) {
         QFile::copy(QStringLiteral(SORTIMETRA_RADICE "/data/n90ridd.rid"), cartella_.filePath("n90ridd.rid"));
-        Sessione sessione;
         sessione.percorso_programma = cartella_.path().toStdString();
-        for (const RigaSchermo& riga : schermi_del_programma()) {
-            if (riga.schermo != Schermo::tab_pos2) continue;
-            const std::unique_ptr<QWidget> schermo{riga.crea(sessione)};
-            riga.attiva(*schermo, *trova_ricerca(nomi::kMiglioriRitardi.chiave), archivio);
-            schermo->show();
-            QVERIFY(QTest::qWaitForWindowActive(schermo.get()));
-            premi(schermo.get(), "cmdopzioni_1");
-            premi(schermo.get(), "Command8");
-            QTest::keyClick(schermo.get(), Qt::Key_P, Qt::ControlModifier);
-            QVERIFY(trova<FormAnteprima>(schermo.get(), "form_anteprima")->isVisible());
-            QVERIFY(detti.detti.isEmpty());
-            return;
+        const auto riga = std::find_if(schermi_del_programma().begin(), schermi_del_programma().end(),
+                                       [](const RigaSchermo& s) { return s.schermo == Schermo::tab_pos2; });
+        std::unique_ptr<QWidget> schermo{riga->crea(sessione)};
+        riga->attiva(*schermo, *trova_ricerca(nomi::kMiglioriRitardi.chiave), archivio);
+        schermo->show();
+        premi(schermo.get(), "cmdopzioni_1");
+        premi(schermo.get(), "Command8");
+        return schermo;
+    }
+
+    /// Who wants the page as a picture has it, on the sheet that the printer has.
+    void i_migliori_ritardi_come_immagine_sul_foglio_della_stampante() {
+        StampantiDiProva prova{cartella_.path()};
+        MessaggiDiProva detti;
+        Sessione sessione;
+        const auto archivio = ArchivioEstrazioni::componi(archivio_dimostrativo()).value();
+        const auto schermo = migliori_ritardi(sessione, archivio);
+        for (const auto foglio : {QPageSize::A4, QPageSize::Letter, QPageSize::A5}) {
+            prova.foglio = foglio;
+            const QSizeF mm = QPageSize{foglio}.size(QPageSize::Millimeter);
+            QRectF cornice;
+            QSizeF mostrato;
+            QTimer::singleShot(0, schermo.get(), [&] {
+                auto* form = schermo->findChild<frmStampaFCPB*>();
+                cornice = form->cornice();
+                mostrato = form->foglio();
+                form->reject();
+            });
+            premi(schermo.get(), "cmdImmagine_1");
+            QVERIFY(qAbs(mostrato.width() - mm.width()) < 0.5 && qAbs(mostrato.height() - mm.height()) < 0.5);
+            // Whole, between margins of 10 mm, one of its sides from one to the other.
+            const QRectF dentro{10, 10, mostrato.width() - 20, mostrato.height() - 20};
+            QVERIFY(dentro.adjusted(-0.01, -0.01, 0.01, 0.01).contains(cornice));
+            QVERIFY(qAbs(cornice.width() - dentro.width()) < 0.01 ||
+                    qAbs(cornice.height() - dentro.height()) < 0.01);
         }
-        QFAIL("manca lo schermo dei migliori ritardi");
+        QVERIFY(detti.detti.isEmpty());  // nobody is asked about a scale
+        prova.nome.clear();
+        premi(schermo.get(), "cmdImmagine_1");
+        QCOMPARE(detti.detti.value(0).testo, "Stampante di default non specificata.");
+    }
+
+    /// A sheet of another size is the picture's affair alone: reports are laid out for A4.
+    void un_rapporto_resta_in_a4() {
+        StampantiDiProva prova{cartella_.path()};
+        prova.foglio = QPageSize::A5;
+        FormAnteprima form{cinque_pagine(), nullptr};
+        form.show();
+        premi(&form, "cmdopzioni_1");
+        QFile f{prova.documenti.value(0)};
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QVERIFY(f.readAll().contains("/MediaBox [0 0 595."));
     }
 
     void ogni_copia_e_un_documento() {

@@ -3,6 +3,7 @@
 #include "screens/tema.h"
 #include "support/archivi.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -56,7 +57,9 @@ class TestAreaParametri : public QObject {
     void all_uscita_il_valore_torna_nei_limiti();
     void le_frecce_la_rotella_e_le_pagine_spostano();
     void la_data_segue_ogni_cambio();
-    void senza_la_riga_di_bari_non_c_e_data();
+    void la_data_torna_con_il_valore_che_c_era();
+    void chi_ascolta_sente_la_data_stessa();
+    void senza_la_riga_di_bari_la_data_manca();
     void il_primo_puo_superare_l_ultimo();
     void il_testo_dei_concorsi();
     void ogni_controllo_ha_un_nome_per_chi_non_vede();
@@ -364,7 +367,40 @@ void TestAreaParametri::la_data_segue_ogni_cambio() {
     QCOMPARE(data("lbldata2"), giorno(30));
 }
 
-void TestAreaParametri::senza_la_riga_di_bari_non_c_e_data() {
+void TestAreaParametri::la_data_torna_con_il_valore_che_c_era() {
+    const auto giorno = [this](int c) { return QString::fromStdString(testo_data(*archivio_.data_bari(c))); };
+    for (const bool con_invio : {true, false}) {
+        QLineEdit* t = testo("txta");
+        t->setFocus();
+        t->selectAll();
+        QTest::keyClicks(t, QStringLiteral("99"));  // beyond the last: the box holds 30 already
+        QCOMPARE(data("lbldata2"), QString{});
+        if (con_invio)
+            QTest::keyClick(t, Qt::Key_Return);
+        else
+            intervallo()->setFocus();
+        QCOMPARE(t->text(), QStringLiteral("30"));
+        QCOMPARE(data("lbldata2"), giorno(30));
+    }
+    QLineEdit* t = testo("txtda");
+    t->setFocus();
+    t->selectAll();
+    QTest::keyClicks(t, QStringLiteral("0"));
+    area_->riporta_tratto();
+    QCOMPARE(t->text(), QStringLiteral("1"));
+    QCOMPARE(data("lbldata1"), giorno(1));
+}
+
+void TestAreaParametri::chi_ascolta_sente_la_data_stessa() {
+    for (const char* nome : {"lbldata1", "lbldata2"}) {
+        auto* l = area_->findChild<QLabel*>(QLatin1String{nome});
+        QVERIFY(!l->text().isEmpty());
+        QCOMPARE(QAccessible::queryAccessibleInterface(l)->text(QAccessible::Name), l->text());
+        QVERIFY(!l->accessibleDescription().isEmpty());
+    }
+}
+
+void TestAreaParametri::senza_la_riga_di_bari_la_data_manca() {
     QLineEdit* t = testo("txtda");
     t->setFocus();
     t->selectAll();

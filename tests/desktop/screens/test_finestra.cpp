@@ -5,16 +5,20 @@
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/schermo_ricerca.h"
+#include "statistics/form_stat.h"
 #include "statistics/parametri.h"
 #include "support/archivi.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QVBoxLayout>
 #include <QtTest>
 #include <memory>
@@ -23,10 +27,10 @@ using namespace sortimetra;
 
 namespace {
 
-/// 700 draws of the Lotto whose numbers move on by one a draw: every board is full.
-ArchivioEstrazioni archivio_pieno() {
+/// Draws of the Lotto whose numbers move on by one a draw: with 700 every board is full.
+ArchivioEstrazioni archivio_pieno(int quante = 700) {
     std::string lotto;
-    for (int c = 1; c <= 700; ++c)
+    for (int c = 1; c <= quante; ++c)
         for (int w = 0; w < kRuote; ++w) {
             lotto += std::to_string(c) + " " + std::string{kNomiRuote[static_cast<std::size_t>(w)].codice};
             for (int i = 0; i < kEstratti; ++i) lotto += " " + std::to_string((c + 7 * w + 18 * i) % 90 + 1);
@@ -282,10 +286,15 @@ class TestFinestra final : public QObject {
         form.passo->setText(QStringLiteral("30"));
         QTest::keyClick(&form, Qt::Key_F5);
         form.passo->setFocus();
-        QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
-        QCOMPARE(form.focusWidget(), bottone("Command1"));
-        QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
-        QVERIFY(form.numeri->isAncestorOf(form.focusWidget()));
+        const auto tab = [&form] {
+            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+            return form.focusWidget();
+        };
+        QCOMPARE(tab(), bottone("cmdUltima"));
+        QCOMPARE(tab()->objectName(), QStringLiteral("cmdRiapri"));
+        QCOMPARE(tab(), bottone("Command1"));
+        QCOMPARE(tab(), bottone("cmdFiltra"));
+        QVERIFY(form.numeri->isAncestorOf(tab()));
     }
 
     // ---- what all kinds of screens have alike ----
@@ -314,6 +323,150 @@ class TestFinestra final : public QObject {
         // Enter on a board asks nothing again, and takes nothing away.
         QTest::keyClick(form.focusWidget(), Qt::Key_Return);
         QCOMPARE(corse, 1);
+    }
+
+    void le_chiavi_della_finestra_valgono_nelle_caselle() {
+        auto& form = apri<SchermoDueGriglie>(kMultipli);
+        int stampe = 0;
+        form.imposta_stampa([&](const LavoroStampa&) { ++stampe; });
+        form.passo->setText(QStringLiteral("30"));
+        QTest::keyClick(&form, Qt::Key_F5);
+        QTest::keyClick(&form, Qt::Key_F, Qt::ControlModifier);
+        auto* trova = form.numeri->findChild<QLineEdit*>(QStringLiteral("txttrova"));
+        QVERIFY(trova->hasFocus());
+        MessaggiDiProva detti;
+        const QString file = QString::fromStdString((cartella_.percorso() / "da_trova.csv").string());
+        detti.file = file;
+        QTest::keyClick(trova, Qt::Key_E, Qt::ControlModifier);
+        QVERIFY(QFile::exists(file));
+        QTest::keyClick(trova, Qt::Key_P, Qt::ControlModifier);
+        QCOMPARE(stampe, 1);
+        form.passo->setFocus();
+        QTest::keyClick(form.passo, Qt::Key_P, Qt::ControlModifier);
+        QCOMPARE(stampe, 2);
+        QFile::remove(file);
+        QTest::keyClick(form.passo, Qt::Key_E, Qt::ControlModifier);
+        QVERIFY(QFile::exists(file));
+    }
+
+    void il_filtro_si_apre_con_il_tasto_e_con_il_bottone() {
+        auto& form = apri<SchermoDueGriglie>(kMultipli);
+        form.passo->setText(QStringLiteral("30"));
+        QTest::keyClick(&form, Qt::Key_F5);
+        auto* primo = form.numeri->findChild<QLineEdit*>(QStringLiteral("txtfiltro"));
+        auto* secondo = form.cadenze->findChild<QLineEdit*>(QStringLiteral("txtfiltro"));
+        QTest::mouseClick(bottone("cmdFiltra"), Qt::LeftButton);
+        QVERIFY(primo->hasFocus());
+        QVERIFY(!secondo->isVisible());
+        // The key opens that of the grid where the keyboard is.
+        form.cadenze->setFocus();
+        QTest::keyClick(form.focusWidget(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(secondo->hasFocus());
+    }
+
+    void si_stampa_e_si_scrive_cio_che_il_filtro_lascia() {
+        auto& form = apri<SchermoDueGriglie>(kMultipli);
+        LavoroStampa ricevuto;
+        form.imposta_stampa([&](const LavoroStampa& l) { ricevuto = l; });
+        form.passo->setText(QStringLiteral("10"));
+        QTest::keyClick(&form, Qt::Key_F5);
+        form.numeri->apri_filtro();
+        form.numeri->findChild<QLineEdit*>(QStringLiteral("txtfiltro"))
+            ->setText(QStringLiteral("numero > 20 e numero <= 40"));
+        form.numeri->ordina_colonna(0, Verso::decrescente);
+        form.stampa();
+        const Tabella& stampata = ricevuto.risposta.risultato->tabelle.front();
+        QCOMPARE(std::get<ColonnaInteri>(stampata.colonne[0]).valori, (std::vector<std::int32_t>{40, 30}));
+        QVERIFY(ricevuto.risposta.ordine.empty());
+        // The answer itself stays whole.
+        QCOMPARE(form.risultato()->tabelle.front().righe(), std::size_t{9});
+    }
+
+    void come_l_ultima_volta() {
+        {
+            auto& form = apri<Form_stat>(*trova_ricerca("ambata capogioco"));
+            QVERIFY(!bottone("cmdUltima")->isEnabled());
+            QTest::keyClick(&form, Qt::Key_L, Qt::ControlModifier);  // nothing to bring back
+            form.area()->imposta_ruote(SelezioneRuote::tutte());
+            form.findChild<QComboBox*>(QStringLiteral("ComboIntervallo"))->setCurrentIndex(6);
+            form.findChild<QSpinBox*>(QStringLiteral("UpDown1_0"))->setValue(100);
+            form.findChild<QLineEdit*>(QStringLiteral("txtcapogioco"))->setText(QStringLiteral("12"));
+            form.avvia();
+            form.griglia()->ordina_colonna(2, Verso::crescente);
+            form.close();
+        }
+        // A new start, an archive that has grown.
+        archivio_ = archivio_pieno(720);
+        auto& form = apri<Form_stat>(*trova_ricerca("ambata capogioco"));
+        QVERIFY(form.area()->ruote() == SelezioneRuote{});
+        QVERIFY(bottone("cmdUltima")->isEnabled());
+        QTest::keyClick(&form, Qt::Key_L, Qt::ControlModifier);
+        const AmbitoRicerca a = form.area()->ambito();
+        QVERIFY(a.ruote == SelezioneRuote::tutte());
+        QCOMPARE(a.intervallo, std::size_t{6});
+        QCOMPARE(a.tratto.da, 100);
+        QCOMPARE(a.tratto.a, 720);
+        QCOMPARE(form.findChild<QLineEdit*>(QStringLiteral("txtcapogioco"))->text(), QStringLiteral("12"));
+        QVERIFY(form.griglia()->vuota());
+        form.avvia();
+        QVERIFY(form.griglia()->ordinamento() == std::pair(2, Verso::crescente));
+        // Another search has a memory of its own.
+        form.close();
+        form.apri(*trova_ricerca("ritardo e frequenza dei 90 numeri"), archivio_);
+        form.come_l_ultima_volta();
+        QCOMPARE(form.area()->ambito().tratto.da, 1);
+        archivio_ = archivio_pieno();
+    }
+
+    void un_tratto_che_finiva_prima_resta_dov_era() {
+        const Ricerca& ricerca = *trova_ricerca("ricerche su tutti gli ambi");
+        auto& form = apri<Form_stat>(ricerca);
+        form.findChild<QSpinBox*>(QStringLiteral("UpDown1_1"))->setValue(500);
+        form.avvia();
+        form.close();
+        form.apri(ricerca, archivio_);
+        QCOMPARE(form.area()->ambito().tratto.a, 700);
+        form.come_l_ultima_volta();
+        QCOMPARE(form.area()->ambito().tratto.a, 500);
+    }
+
+    void riapri_come_l_ultima_volta() {
+        const Ricerca& ricerca = *trova_ricerca("ricerche su tutti i terni");
+        auto& form = apri<Form_stat>(ricerca);
+        auto* scelta = form.findChild<QAction*>(QStringLiteral("mnuRiapri"));
+        QVERIFY(!scelta->isChecked());
+        form.area()->imposta_ruote(SelezioneRuote::nazionale());
+        form.area()->imposta_ruote(SelezioneRuote::tutte());
+        form.findChild<QComboBox*>(QStringLiteral("ComboRit"))->setCurrentIndex(1);
+        form.findChild<QSpinBox*>(QStringLiteral("UpDown1_0"))->setValue(680);
+        form.avvia();
+        form.close();
+        form.apri(ricerca, archivio_);
+        QVERIFY(form.area()->ruote() == SelezioneRuote{});
+        scelta->trigger();
+        form.apri(ricerca, archivio_);
+        QVERIFY(form.area()->ruote() == SelezioneRuote::tutte());
+        QCOMPARE(form.area()->ambito().tratto.da, 680);
+        QCOMPARE(form.findChild<QComboBox*>(QStringLiteral("ComboRit"))->currentIndex(), 1);
+        scelta->trigger();
+        form.apri(ricerca, archivio_);
+        QVERIFY(form.area()->ruote() == SelezioneRuote{});
+    }
+
+    void il_concorso_di_un_tabellone_torna() {
+        const Ricerca& ricerca = *trova_ricerca("tabellone posizionale");
+        auto& form = apri<form_tab_pos>(ricerca);
+        auto* casella = form.findChild<QLineEdit*>(QStringLiteral("txtconc"));
+        casella->setFocus();
+        casella->selectAll();
+        QTest::keyClicks(casella, QStringLiteral("690"));
+        form.conferma();
+        form.close();
+        form.apri(ricerca, archivio_);
+        form.show();
+        QCOMPARE(casella->text(), QStringLiteral("700"));
+        QTest::mouseClick(bottone("cmdUltima"), Qt::LeftButton);
+        QCOMPARE(casella->text(), QStringLiteral("690"));
     }
 
     void ogni_pagina_si_stampa_con_la_sua_riga() {

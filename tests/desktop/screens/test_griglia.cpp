@@ -1,4 +1,6 @@
+#include "catalogue/ricerche.h"
 #include "screens/griglia_risultati.h"
+#include "screens/schermi.h"
 #include "screens/tema.h"
 
 #include <QAbstractItemModelTester>
@@ -14,6 +16,7 @@
 #include <QtTest>
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <numeric>
 #include <variant>
 #include <vector>
@@ -64,6 +67,10 @@ QPushButton* cmdcol(const GrigliaRisultati& g, int i) {
     return g.findChild<QPushButton*>(QStringLiteral("cmdcol_%1").arg(i));
 }
 
+QString freccia(const GrigliaRisultati& g, int i) {
+    return cmdcol(g, i)->property("freccia").toString();
+}
+
 }  // namespace
 
 class TestGriglia : public QObject {
@@ -72,7 +79,15 @@ class TestGriglia : public QObject {
     void initTestCase() { applica_tema(*qApp, 1); }
 
     void il_modello_tiene_le_sue_promesse();
-    void i_titoli_stanno_sui_pulsanti();
+    void ogni_colonna_ha_il_suo_pulsante();
+    void il_titolo_ordina_la_propria_colonna();
+    void la_freccia_dice_colonna_e_verso_con_la_forma();
+    void tab_esce_dalla_griglia();
+    void le_colonne_restano_insieme();
+    void un_tabellone_che_si_stringe_non_allarga_le_celle();
+    void trova_capisce_i_numeri_data();
+    void trova_capisce_i_numeri();
+    void il_filtro_lascia_le_righe_che_rispondono();
     void i_numeri_stanno_a_destra();
     void le_righe_si_alternano();
     void i_colori_della_ricerca();
@@ -119,23 +134,217 @@ void TestGriglia::il_modello_tiene_le_sue_promesse() {
     m.svuota();
 }
 
-void TestGriglia::i_titoli_stanno_sui_pulsanti() {
+void TestGriglia::ogni_colonna_ha_il_suo_pulsante() {
     GrigliaRisultati g;
     g.inizializza({{"Numeri", "Frequenza", "Ritardo", "Ritardo Storico"}});
-    QCOMPARE(cmdcol(g, 3)->text(), QStringLiteral("Ritardo Storico"));
+    QCOMPARE(cmdcol(g, 3)->accessibleName(), QStringLiteral("Ordina per Ritardo Storico"));
     QVERIFY(cmdcol(g, 4) == nullptr);
     g.mostra(misure({1, 2}));
-    QCOMPARE(cmdcol(g, 2)->text(), QStringLiteral("Ritardo"));
+    QCOMPARE(cmdcol(g, 2)->accessibleName(), QStringLiteral("Ordina per Ritardo"));
     QVERIFY(cmdcol(g, 3) == nullptr);
     g.resize(700, 300);
     g.show();
     QVERIFY(QTest::qWaitForWindowExposed(&g));
     for (int c = 0; c < 3; ++c) {
-        // Each button stands exactly over its column.
+        // Each button stands within its column, and leaves most of it to the title.
         const int x = g.vista()->viewport()->mapTo(&g, QPoint{g.vista()->columnViewportPosition(c), 0}).x();
-        QCOMPARE(cmdcol(g, c)->mapTo(&g, QPoint{}).x(), x);
-        QCOMPARE(cmdcol(g, c)->width(), g.vista()->columnWidth(c));
+        const int bottone = cmdcol(g, c)->mapTo(&g, QPoint{}).x();
+        QVERIFY(bottone >= x && bottone + cmdcol(g, c)->width() <= x + g.vista()->columnWidth(c));
+        QVERIFY(2 * cmdcol(g, c)->width() < g.vista()->columnWidth(c));
     }
+}
+
+void TestGriglia::il_titolo_ordina_la_propria_colonna() {
+    GrigliaRisultati g;
+    g.imposta_pulsante_1(0);
+    g.mostra(misure({5, 9, 7}));
+    g.resize(700, 300);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    QWidget* testata = cmdcol(g, 0)->parentWidget();
+    const auto titolo = [&](int c) {
+        return QPoint{g.vista()->columnViewportPosition(c) + g.vista()->columnWidth(c) / 2 + 1,
+                      testata->height() / 2};
+    };
+    QTest::mouseClick(testata, Qt::LeftButton, {}, titolo(1));
+    QVERIFY(g.ordinamento() == std::pair(1, Verso::decrescente));
+    QCOMPARE(colonna(g, 1), (QStringList{"9", "7", "5"}));
+    QTest::mouseClick(testata, Qt::LeftButton, {}, titolo(1));
+    QVERIFY(g.ordinamento() == std::pair(1, Verso::crescente));
+    // The tag is the button's own: its first press sorts descending still.
+    QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QString{});
+    QTest::mouseClick(testata, Qt::LeftButton, {}, titolo(0));
+    QVERIFY(g.ordinamento() == std::pair(0, Verso::decrescente));
+}
+
+void TestGriglia::la_freccia_dice_colonna_e_verso_con_la_forma() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    g.show();
+    const auto figura = [&g](int c) {
+        // The shape alone: what is painted at all, whatever its colour.
+        return cmdcol(g, c)->icon().pixmap(24, 24).toImage().convertToFormat(QImage::Format_Alpha8);
+    };
+    const QImage ferma = figura(1);
+    g.ordina_colonna(1, Verso::decrescente);
+    const QImage giu = figura(1);
+    QCOMPARE(freccia(g, 1), QStringLiteral("ordinata_giu"));
+    QCOMPARE(freccia(g, 0), QStringLiteral("ordina"));
+    QVERIFY(!cmdcol(g, 1)->accessibleDescription().isEmpty());
+    QVERIFY(cmdcol(g, 0)->accessibleDescription().isEmpty());
+    g.ordina_colonna(1, Verso::crescente);
+    QCOMPARE(freccia(g, 1), QStringLiteral("ordinata_su"));
+    QVERIFY(ferma != giu);
+    QVERIFY(figura(1) != giu);
+    QVERIFY(figura(1) != ferma);
+}
+
+void TestGriglia::tab_esce_dalla_griglia() {
+    QWidget finestra;
+    QLineEdit prima{&finestra};
+    GrigliaRisultati g{&finestra};
+    QLineEdit dopo{&finestra};
+    g.setGeometry(0, 40, 500, 300);
+    dopo.move(0, 350);
+    finestra.resize(600, 400);
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowActive(&finestra));
+    g.mostra(misure({5, 9, 7}));
+    const auto giro = [&](Qt::Key tasto, QWidget* inizio) {
+        inizio->setFocus();
+        QList<QWidget*> visti;
+        for (int i = 0; i < 5; ++i) {
+            QTest::keyClick(finestra.focusWidget(), tasto);
+            visti << finestra.focusWidget();
+        }
+        return visti;
+    };
+    QCOMPARE(giro(Qt::Key_Tab, &prima),
+             (QList<QWidget*>{cmdcol(g, 0), cmdcol(g, 1), cmdcol(g, 2), g.vista(), &dopo}));
+    QCOMPARE(giro(Qt::Key_Backtab, &dopo),
+             (QList<QWidget*>{g.vista(), cmdcol(g, 2), cmdcol(g, 1), cmdcol(g, 0), &prima}));
+    // Who gives the grid the keyboard means its rows.
+    g.setFocus();
+    QCOMPARE(finestra.focusWidget(), g.vista());
+}
+
+void TestGriglia::le_colonne_restano_insieme() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7}));
+    g.resize(1800, 300);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    const int larghe = g.vista()->horizontalHeader()->length();
+    QVERIFY(larghe < 600);
+    // Neither rows nor header go on to the right of the last column, but for the scroll bar's room.
+    QTRY_VERIFY(g.vista()->width() < larghe + 40);
+    QCOMPARE(cmdcol(g, 0)->parentWidget()->width(), g.vista()->width());
+    QCOMPARE(g.vista()->x(), 0);
+}
+
+void TestGriglia::un_tabellone_che_si_stringe_non_allarga_le_celle() {
+    auto t = std::make_shared<Tabella>();
+    t->titoli = {{}, {}};
+    for (int c = 0; c < 40; ++c) {
+        for (auto& riga : t->titoli) riga.push_back(std::to_string(c));
+        t->colonne.emplace_back(ColonnaInteri{{c, 90 - c}});
+    }
+    GrigliaRisultati g;
+    g.imposta_tabellone(true);
+    g.mostra(t);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    int prima = std::numeric_limits<int>::max();
+    for (int larga = 2400; larga >= 400; larga -= 7) {
+        g.resize(larga, 300);
+        const int ora = g.vista()->horizontalHeader()->length();
+        QVERIFY2(ora <= prima, qPrintable(QStringLiteral("%1: %2 dopo %3").arg(larga).arg(ora).arg(prima)));
+        prima = ora;
+    }
+}
+
+void TestGriglia::trova_capisce_i_numeri_data() {
+    QTest::addColumn<QString>("scritto");
+    QTest::addColumn<QList<int>>("righe");
+    // Rows: 07-22 (253), 22-35 (53), 53-90 (7), 01-02 (722).
+    QTest::newRow("prima il numero, poi il conto, poi chi lo contiene")
+        << QStringLiteral("53") << QList<int>{2, 1, 0};
+    QTest::newRow("zero davanti") << QStringLiteral("07") << QList<int>{0};
+    QTest::newRow("due numeri") << QStringLiteral("7 22") << QList<int>{0};
+    QTest::newRow("a rovescio") << QStringLiteral("22-07") << QList<int>{0};
+    QTest::newRow("col punto") << QStringLiteral("7.22") << QList<int>{0};
+    QTest::newRow("parte di un conto") << QStringLiteral("722") << QList<int>{3};
+    QTest::newRow("nessuno") << QStringLiteral("7 90") << QList<int>{};
+    QTest::newRow("parole") << QStringLiteral("VEN") << QList<int>{3};
+}
+
+void TestGriglia::trova_capisce_i_numeri() {
+    QFETCH(QString, scritto);
+    QFETCH(QList<int>, righe);
+    auto t = std::make_shared<Tabella>();
+    t->titoli = {{"Numeri", "Frequenza", "Ruota"}};
+    t->colonne = {ColonnaGruppi{.quanti = 2, .separatore = '-', .numeri = {7, 22, 22, 35, 53, 90, 1, 2}},
+                  ColonnaInteri{{253, 53, 7, 722}}, ColonnaTesti{{"Bari", "Roma", "Bari", "Venezia"}}};
+    GrigliaRisultati g;
+    g.mostra(t);
+    g.show();
+    g.apri_trova();
+    auto* casella = g.findChild<QLineEdit*>(QStringLiteral("txttrova"));
+    casella->setText(scritto);
+    QList<int> trovate;
+    for (int i = 0; i < righe.size(); ++i) {
+        trovate << g.vista()->currentIndex().row();
+        QTest::keyClick(casella, Qt::Key_Return);
+    }
+    if (scritto == QLatin1String{"07"}) {
+        // The number 7 first, then the count 7 of another row.
+        QCOMPARE(trovate[0], 0);
+        return;
+    }
+    QCOMPARE(trovate, righe);
+    if (righe.isEmpty()) QVERIFY(!g.vista()->currentIndex().isValid());
+    // Round to the first.
+    else
+        QCOMPARE(g.vista()->currentIndex().row(), righe.front());
+}
+
+void TestGriglia::il_filtro_lascia_le_righe_che_rispondono() {
+    GrigliaRisultati g;
+    g.mostra(misure({5, 9, 7, 20}));
+    g.show();
+    QVERIFY(QTest::qWaitForWindowActive(&g));
+    auto* casella = g.findChild<QLineEdit*>(QStringLiteral("txtfiltro"));
+    auto* errore = g.findChild<QLabel*>(QStringLiteral("lblerrorefiltro"));
+    QVERIFY(!casella->isVisible());
+    g.apri_filtro();
+    QVERIFY(casella->hasFocus());
+    QTest::keyClicks(casella, QStringLiteral("frequenza >"));
+    // Half an expression filters nothing, and is no error while one types.
+    QCOMPARE(g.modello()->rowCount(), 4);
+    QVERIFY(!errore->isVisible());
+    casella->setText(QStringLiteral("pippo > 6"));
+    QTest::keyClick(casella, Qt::Key_Return);
+    QVERIFY(errore->isVisible());
+    QVERIFY2(errore->text().contains(QStringLiteral("pippo")), qPrintable(errore->text()));
+    QVERIFY(errore->y() > casella->y());
+    QCOMPARE(g.modello()->rowCount(), 4);
+    casella->setText(QStringLiteral("frequenza > 6"));
+    QVERIFY(!errore->isVisible());
+    QCOMPARE(colonna(g, 1), (QStringList{"9", "7", "20"}));
+    QCOMPARE(g.findChild<QLabel*>(QStringLiteral("lblcontofiltro"))->text(), QStringLiteral("3 di 4 righe"));
+    // The order goes on beneath it, and comes back with the other rows.
+    g.ordina_colonna(1, Verso::decrescente);
+    QCOMPARE(colonna(g, 1), (QStringList{"20", "9", "7"}));
+    QCOMPARE(g.modello()->ordine(), (std::vector<std::uint32_t>{3, 1, 2}));
+    g.mostra(misure({1, 50}));
+    QCOMPARE(colonna(g, 1), QStringList{"50"});
+    g.mostra(misure({1, 2}));
+    QVERIFY(g.vuota());
+    g.mostra(misure({5, 9, 7, 20}));
+    g.ordina_colonna(1, Verso::decrescente);
+    QTest::keyClick(casella, Qt::Key_Escape);
+    QVERIFY(!casella->isVisible());
+    QCOMPARE(colonna(g, 1), (QStringList{"20", "9", "7", "5"}));
 }
 
 void TestGriglia::i_numeri_stanno_a_destra() {
@@ -233,7 +442,7 @@ void TestGriglia::il_primo_clic_ordina_dal_piu_grande() {
     QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
     QCOMPARE(colonna(g, 1), (QStringList{"9", "7", "5"}));
     QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QStringLiteral("0"));
-    QVERIFY(!cmdcol(g, 1)->icon().isNull());
+    QCOMPARE(freccia(g, 1), QStringLiteral("ordinata_giu"));
     QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
     QCOMPARE(colonna(g, 1), (QStringList{"5", "7", "9"}));
     QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QString{});
@@ -248,8 +457,8 @@ void TestGriglia::ogni_colonna_ha_il_proprio_verso() {
     QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);  // descending, tag "0"
     QTest::mouseClick(cmdcol(g, 2), Qt::LeftButton);  // its own tag is empty: descending
     QCOMPARE(colonna(g, 2), (QStringList{"3", "2", "1"}));
-    QVERIFY(cmdcol(g, 1)->icon().isNull());
-    QVERIFY(!cmdcol(g, 2)->icon().isNull());
+    QCOMPARE(freccia(g, 1), QStringLiteral("ordina"));
+    QCOMPARE(freccia(g, 2), QStringLiteral("ordinata_giu"));
     QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);  // comes back to its tag: ascending
     QCOMPARE(colonna(g, 1), (QStringList{"5", "7", "9"}));
 }
@@ -262,7 +471,7 @@ void TestGriglia::i_versi_restano_quando_la_griglia_si_svuota() {
     g.svuota();
     QVERIFY(g.vuota());
     QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QStringLiteral("0"));
-    QVERIFY(cmdcol(g, 1)->icon().isNull());
+    QCOMPARE(freccia(g, 1), QStringLiteral("ordina"));
     g.mostra(misure({5, 9, 7}));
     QCOMPARE(colonna(g, 1), (QStringList{"5", "9", "7"}));
     QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
@@ -283,16 +492,23 @@ void TestGriglia::per_tre_chiavi_il_secondo_pulsante_ordina_la_prima_colonna() {
     QFETCH(QString, chiave);
     QFETCH(int, ordinata);
     GrigliaRisultati g;
-    g.imposta_chiave(chiave);
+    const Ricerca* ricerca = trova_ricerca(chiave.toStdString());
+    QVERIFY(ricerca != nullptr);
+    QCOMPARE(colonna_del_pulsante_1(*ricerca), ordinata);
+    g.imposta_pulsante_1(colonna_del_pulsante_1(*ricerca));
     g.mostra(misure({5, 9, 7}));
     g.show();
     QTest::mouseClick(cmdcol(g, 1), Qt::LeftButton);
     QVERIFY(g.ordinamento() == std::pair(ordinata, Verso::decrescente));
     QCOMPARE(colonna(g, 0), ordinata == 0 ? (QStringList{"3", "2", "1"}) : (QStringList{"2", "3", "1"}));
+    // The button says what it does where that is not what one would think.
+    QCOMPARE(cmdcol(g, 1)->toolTip().contains(QStringLiteral("Numeri")), ordinata == 0);
+    QCOMPARE(cmdcol(g, 1)->accessibleName(),
+             ordinata == 0 ? QStringLiteral("Ordina per Numeri") : QStringLiteral("Ordina per Frequenza"));
     // The tag is that of the button that was pressed, the arrow that of the column that is sorted.
     QCOMPARE(cmdcol(g, 1)->property("tag").toString(), QStringLiteral("0"));
     QCOMPARE(cmdcol(g, 0)->property("tag").toString(), QString{});
-    QVERIFY(!cmdcol(g, ordinata)->icon().isNull());
+    QCOMPARE(freccia(g, ordinata), QStringLiteral("ordinata_giu"));
     QTest::mouseClick(cmdcol(g, 0), Qt::LeftButton);
     QVERIFY(g.ordinamento() == std::pair(0, Verso::decrescente));
 }
@@ -495,23 +711,23 @@ void TestGriglia::trova_nel_risultato() {
     g.apri_trova();
     QVERIFY(casella->isVisible());
     QTest::keyClicks(casella, QStringLiteral("12"));
-    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(0, 1));
+    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(2, 1));  // 12 itself before 512
     QTest::keyClick(casella, Qt::Key_Return);
-    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(2, 1));
-    QTest::keyClick(casella, Qt::Key_Return);  // round to the first
     QCOMPARE(g.vista()->currentIndex(), g.modello()->index(0, 1));
-    QTest::keyClick(casella, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(casella, Qt::Key_Return);  // round to the first
     QCOMPARE(g.vista()->currentIndex(), g.modello()->index(2, 1));
+    QTest::keyClick(casella, Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(0, 1));
     QTest::keyClicks(casella, QStringLiteral("x"));
     QTest::keyClick(casella, Qt::Key_Return);  // nothing found: nothing moves
-    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(2, 1));
+    QCOMPARE(g.vista()->currentIndex(), g.modello()->index(0, 1));
     QTest::keyClick(casella, Qt::Key_Escape);
     QVERIFY(!casella->isVisible());
 }
 
 void TestGriglia::il_menu_ordina_la_colonna_della_cella() {
     GrigliaRisultati g;
-    g.imposta_chiave(QStringLiteral("ambo capogioco"));
+    g.imposta_pulsante_1(0);
     g.mostra(misure({5, 9, 7}));
     g.show();
     g.vista()->setCurrentIndex(g.modello()->index(0, 1));
@@ -578,7 +794,8 @@ void TestGriglia::la_prima_colonna_resta_in_vista() {
     QTRY_VERIFY(ferma->isVisible());
     g.vista()->horizontalScrollBar()->setValue(500);
     QCOMPARE(ferma->x(), g.vista()->viewport()->x());
-    QCOMPARE(cmdcol(g, 0)->x(), g.vista()->viewport()->x());
+    QVERIFY(cmdcol(g, 0)->x() >= g.vista()->viewport()->x());
+    QVERIFY(cmdcol(g, 0)->geometry().right() <= ferma->geometry().right());
     QVERIFY(cmdcol(g, 1)->x() < 0);
     QCOMPARE(ferma->indexAt(QPoint{3, 3}), g.modello()->index(0, 0));
     g.resize(6000, 300);

@@ -6,6 +6,8 @@
 #include "screens/tema.h"
 #include "statistics/form_spec.h"
 #include "statistics/form_stat.h"
+#include "statistics/form_stat2.h"
+#include "statistics/pannello_gruppo.h"
 #include "support/archivi.h"
 
 #include <QApplication>
@@ -16,7 +18,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
+#include <QSpinBox>
 #include <QtTest>
 #include <filesystem>
 
@@ -83,9 +87,11 @@ class TestFormStat : public QObject {
     void dieci_e_lotto_apre_con_tutte();
     void la_riga_di_stato();
     void l_archivio_simulato_e_dichiarato();
-    void stampa_e_analisi_aspettano_il_loro_gancio();
+    void la_stampa_aspetta_il_suo_gancio();
     void la_stampa_riceve_cio_che_si_vede();
     void le_schedine_ricevono_il_sistema();
+    void la_tabella_delle_ruote_e_del_suo_schermo();
+    void il_numero_di_combinazioni_si_svuota_con_la_griglia();
     void l_analisi_riceve_le_combinazioni();
     void esporta_in_tre_formati();
     void un_esportazione_che_non_riesce_lo_dice();
@@ -119,8 +125,8 @@ class TestFormStat : public QObject {
     }
     QStringList titoli() const {
         QStringList t;
-        for (int i = 0; auto* b = form_->findChild<QPushButton*>(QStringLiteral("cmdcol_%1").arg(i)); ++i)
-            t << b->text();
+        const ModelloRisultato& m = *form_->griglia()->modello();
+        for (int i = 0; i < m.columnCount(); ++i) t << m.headerData(i, Qt::Horizontal).toString();
         return t;
     }
 
@@ -419,7 +425,12 @@ void TestFormStat::la_tabella_di_tutte_le_ruote() {
     premi("cmdSpec");
     Form_spec* spec = form_->tabella_ruote();
     QVERIFY(spec != nullptr && spec->isVisible());
-    QCOMPARE(spec->windowTitle(), QStringLiteral("decine - Ritardo per ogni ruota"));
+    QCOMPARE(spec->findChild<QLabel*>(QStringLiteral("lbltitolo"))->text(),
+             QStringLiteral("decine - Ritardo per ogni ruota"));
+    // The caption says of what: calendar and range.
+    QCOMPARE(spec->windowTitle(),
+             QStringLiteral("decine - Ritardo per ogni ruota  ·  Tutti i Concorsi, dal concorso 1 del "
+                            "01/01/2000 al concorso 30 del 30/01/2000"));
     QCOMPARE(spec->griglia()->modello()->rowCount(), 9);
     QCOMPARE(spec->griglia()->modello()->columnCount(), 12);
     QVERIFY(spec->findChild<QLabel*>(QStringLiteral("descrizione"))
@@ -428,6 +439,39 @@ void TestFormStat::la_tabella_di_tutte_le_ruote() {
     QCOMPARE(righe(), 0);  // the screen's own grid is not touched
     QTest::keyClick(spec, Qt::Key_Escape);
     QVERIFY(!spec->isVisible());
+}
+
+void TestFormStat::la_tabella_delle_ruote_e_del_suo_schermo() {
+    apri("decine");
+    form_->setGeometry(100, 60, 600, 500);
+    premi("cmdSpec");
+    Form_spec* spec = form_->tabella_ruote();
+    QVERIFY(spec->isVisible());
+    // Over it, as far as the display lets.
+    QVERIFY(spec->geometry().intersects(form_->geometry()));
+    QVERIFY(spec->screen()->availableGeometry().contains(spec->geometry().topLeft()));
+    // The screen's own search leaves it alone; another scope does not.
+    premi("Command1");
+    QCOMPARE(spec->griglia()->modello()->rowCount(), 9);
+    controllo<QSpinBox>("UpDown1_0")->setValue(5);
+    QCOMPARE(spec->griglia()->modello()->rowCount(), 0);
+    QCOMPARE(spec->windowTitle(), QStringLiteral("decine - Ritardo per ogni ruota"));
+    QVERIFY(!spec->findChild<QPushButton*>(QStringLiteral("cmdEsporta"))->isEnabled());
+    premi("cmdSpec");
+    QVERIFY(spec->windowTitle().contains(QStringLiteral("dal concorso 5")));
+    form_->close();
+    QVERIFY(!spec->isVisible());
+}
+
+void TestFormStat::il_numero_di_combinazioni_si_svuota_con_la_griglia() {
+    apri("ambo capogioco");
+    controllo<QLineEdit>("txtAmboCapo_0")->setText(QStringLiteral("1"));
+    controllo<QLineEdit>("txtAmboCapo_1")->setText(QStringLiteral("2"));
+    premi("Command1");
+    QVERIFY(controllo<QComboBox>("ComboComb")->count() > 0);
+    controllo<QComboBox>("ComboIntervallo")->setCurrentIndex(1);
+    QCOMPARE(righe(), 0);
+    QCOMPARE(controllo<QComboBox>("ComboComb")->count(), 0);
 }
 
 void TestFormStat::il_win_for_life_ha_le_ore() {
@@ -487,13 +531,12 @@ void TestFormStat::l_archivio_simulato_e_dichiarato() {
     QVERIFY(controllo<QLabel>("lblsimulato")->isVisible());
 }
 
-void TestFormStat::stampa_e_analisi_aspettano_il_loro_gancio() {
+void TestFormStat::la_stampa_aspetta_il_suo_gancio() {
     apri("decine");
     premi("Command1");
     QVERIFY(!controllo<QPushButton>("cmdStampa")->isEnabled());
     QVERIFY(!controllo<QPushButton>("cmdStampa")->toolTip().isEmpty());
-    QVERIFY(!controllo<QPushButton>("Command5")->isEnabled());
-    QVERIFY(!controllo<QPushButton>("Command5")->toolTip().isEmpty());
+    QVERIFY(controllo<QPushButton>("Command5")->isEnabled());
     QCOMPARE(controllo<QPushButton>("Command5")->text(), QStringLiteral("Analisi Gruppo"));
     QCOMPARE(controllo<QPushButton>("Command2")->text(), QStringLiteral("Schedine"));
 }
@@ -537,6 +580,10 @@ void TestFormStat::le_schedine_ricevono_il_sistema() {
     premi("Command2");
     QVERIFY(avviato.endsWith(QStringLiteral("stampa.exe")));
     QVERIFY(messaggi_->detti.isEmpty());
+    // The window says what was written and where.
+    const auto stato = [this] { return controllo<QLabel>("lblstato")->toolTip(); };
+    const QString dove = QString::fromStdString((cartella_->percorso() / "ambo").string());
+    QVERIFY2(stato().contains(dove) && stato().contains(QStringLiteral("ric_stat")), qPrintable(stato()));
     const auto leggi = [this](const char* nome) {
         QFile f{QString::fromStdString((cartella_->percorso() / nome).string())};
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray{};
@@ -555,6 +602,9 @@ void TestFormStat::le_schedine_ricevono_il_sistema() {
     QCOMPARE(messaggi_->detti[0].titolo, QStringLiteral("Sortimetra"));
     QCOMPARE(messaggi_->detti[0].testo,
              QStringLiteral("File Danneggiato!\nReinstalla Sortimetra dal tuo CD-ROM."));
+    // The files are there all the same.
+    QVERIFY2(stato().contains(dove) && stato().contains(QStringLiteral("i file ci sono")),
+             qPrintable(stato()));
     // With the slip program open nothing is started.
     QFile sch{QString::fromStdString((cartella_->percorso() / "sch").string())};
     QVERIFY(sch.open(QIODevice::WriteOnly));
@@ -562,6 +612,7 @@ void TestFormStat::le_schedine_ricevono_il_sistema() {
     avviato.clear();
     premi("Command2");
     QCOMPARE(avviato, QString{});
+    QVERIFY2(stato().contains(dove) && stato().contains(QStringLiteral("già aperto")), qPrintable(stato()));
     // "Cifre" gives no slips.
     apri("cifre");
     premi("Command1");
@@ -570,8 +621,7 @@ void TestFormStat::le_schedine_ricevono_il_sistema() {
 }
 
 void TestFormStat::l_analisi_riceve_le_combinazioni() {
-    int ricevute = -1;
-    form_->imposta_analisi([&](const LavoroStampa&, int n) { ricevute = n; });
+    const auto lunghette = [this] { return form_->analisi()->pannello()->lunghette()->modello(); };
     apri("ambo capogioco");
     QVERIFY(!controllo<QPushButton>("Command4")->isEnabled());
     controllo<QLineEdit>("txtAmboCapo_0")->setText(QStringLiteral("7"));
@@ -584,11 +634,26 @@ void TestFormStat::l_analisi_riceve_le_combinazioni() {
     QCOMPARE(comb->currentText(), QStringLiteral("88"));
     comb->setCurrentIndex(4);
     premi("Command4");
-    QCOMPARE(ricevute, 5);
+    QVERIFY(form_->analisi()->isVisible());
+    QCOMPARE(lunghette()->rowCount(), 5);
+    QCOMPARE(lunghette()->testo(0, 0), QStringLiteral("1 - 7 - 21"));
+    // The first rows are those of the grid as it is shown.
+    form_->griglia()->ordina_colonna(0, Verso::decrescente);
+    premi("Command4");
+    QCOMPARE(lunghette()->testo(0, 0), QStringLiteral("7 - 21 - 90"));
+    QTest::keyClick(form_->analisi(), Qt::Key_Escape);
+    QVERIFY(!form_->analisi()->isVisible());
     apri("gemelli");
     premi("Command1");
     premi("Command5");
-    QCOMPARE(ricevute, 0);
+    QCOMPARE(form_->analisi()->windowTitle(), QStringLiteral("Analisi Gruppo - Gemelli"));
+    QCOMPARE(lunghette()->rowCount(), 1);
+    QCOMPARE(lunghette()->testo(0, 0), QStringLiteral("11 - 22 - 33 - 44 - 55 - 66 - 77 - 88"));
+    apri("ambata capogioco");
+    controllo<QLineEdit>("txtcapogioco")->setText(QStringLiteral("90"));
+    premi("Command1");
+    premi("Command3");
+    QCOMPARE(lunghette()->rowCount(), 89);
 }
 
 void TestFormStat::esporta_in_tre_formati() {
@@ -708,7 +773,7 @@ void TestFormStat::ordine_di_tabulazione() {
     QStringList atteso;
     for (int i = 0; i < 12; ++i) atteso << QStringLiteral("CheckRuota_%1").arg(i);
     atteso << "ComboIntervallo" << "UpDown1_0" << "UpDown1_1" << "txtAmboCapo_0" << "txtAmboCapo_1"
-           << "ComboRit" << "Command1";
+           << "ComboRit" << "cmdRiapri" << "Command1";
     QVERIFY2(giro == atteso, qPrintable(giro.join(QLatin1Char(32))));
     // Every control that takes the keyboard says what it is.
     for (QWidget* w : form_->findChildren<QWidget*>()) {

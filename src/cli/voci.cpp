@@ -1,0 +1,76 @@
+#include "cli/voci.h"
+
+#include "cli/richiesta.h"
+
+#include <algorithm>
+
+namespace sortimetra {
+
+namespace {
+
+template <class Riga>
+void aggiungi(std::vector<Voce>& voci, const Riga& o) {
+    // A name may stand twice in a table, once a command or a kind of search: the first is the one told.
+    if (std::any_of(voci.begin(), voci.end(), [&](const Voce& v) { return v.nome == o.nome; })) return;
+    voci.push_back({o.nome, o.meta, o.frase, o.parole});
+}
+
+template <class Quali>
+std::vector<Voce> quelle(Quali&& quali) {
+    std::vector<Voce> voci;
+    for (const VoceOpzione& o : opzioni())
+        if (quali(o)) aggiungi(voci, o);
+    return voci;
+}
+
+bool di_ogni_comando(const VoceOpzione& o) {
+    return o.comandi == kOgniComando;
+}
+
+}  // namespace
+
+Valore valore_di(const Voce& voce) {
+    if (voce.meta.empty()) return Valore::nessuno;
+    if (voce.meta.starts_with("FILE")) return Valore::file;
+    if (voce.meta == "DIR") return Valore::cartella;
+    if (voce.parole.empty()) return Valore::libero;
+    return voce.meta == "ELENCO" ? Valore::elenco : Valore::parola;
+}
+
+std::vector<Voce> voci_di_ogni_comando() {
+    return quelle(di_ogni_comando);
+}
+
+std::vector<Voce> voci_comando(const Comando& comando) {
+    return quelle([&](const VoceOpzione& o) {
+        return !di_ogni_comando(o) && o.ammessa == nullptr && conosce(o, comando.bit, nullptr);
+    });
+}
+
+std::vector<Voce> voci_ricerca(const Comando& comando, const Ricerca& ricerca) {
+    std::vector<Voce> voci;
+    for (const Opzione* o : ricerca.opzioni) aggiungi(voci, *o);
+    for (const VoceOpzione& o : opzioni())
+        if (o.ammessa != nullptr && conosce(o, comando.bit, &ricerca)) aggiungi(voci, o);
+    return voci;
+}
+
+bool vuole_chiave(const Comando& comando) {
+    return comando.argomenti.starts_with("CHIAVE");
+}
+
+std::vector<const Comando*> comandi_pronti() {
+    std::vector<const Comando*> pronti;
+    for (const Comando& c : comandi())
+        if (c.esegui != nullptr) pronti.push_back(&c);
+    return pronti;
+}
+
+std::vector<const Ricerca*> ricerche_pronte() {
+    std::vector<const Ricerca*> pronte;
+    for (const Ricerca& r : ricerche())
+        if (r.pronta()) pronte.push_back(&r);
+    return pronte;
+}
+
+}  // namespace sortimetra

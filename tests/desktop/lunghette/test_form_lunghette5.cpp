@@ -1,0 +1,108 @@
+#include "catalogue/ricerche.h"
+#include "lunghette/form_lunghette5.h"
+#include "lunghette/parametri.h"
+#include "screens/area_parametri.h"
+#include "screens/griglia_risultati.h"
+#include "screens/messaggi.h"
+#include "screens/tema.h"
+#include "support/archivi.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QtTest>
+#include <memory>
+
+using namespace sortimetra;
+
+class TestFormLunghette5 final : public QObject {
+    Q_OBJECT
+
+    prove::CartellaProva cartella_;
+    Sessione sessione_{.percorso_programma = cartella_.percorso()};
+    ArchivioEstrazioni archivio_ = prove::da_testi("", "",
+                                                   "1 9:00 10 9 8 7 6 5 4 3 2 1\n"
+                                                   "2 9:00 1 2 3 4 6 7 8 9 10 11\n"
+                                                   "3 10:00 1 2 3 4 5 16 17 18 19 20\n"
+                                                   "4 10:00 2 3 4 5 6 16 17 18 19 20\n");
+    std::unique_ptr<Form_Lunghette5> form_;
+
+    template <class T>
+    T* controllo(const char* nome) const {
+        T* c = form_->findChild<T*>(QString::fromLatin1(nome));
+        if (c == nullptr) QTest::qFail(nome, __FILE__, __LINE__);
+        return c;
+    }
+    void clic(const char* nome) const { QTest::mouseClick(controllo<QPushButton>(nome), Qt::LeftButton); }
+    [[nodiscard]] int righe() const { return form_->griglia()->modello()->rowCount(); }
+    [[nodiscard]] QString riga(int r) const {
+        QStringList celle;
+        for (int c = 0; c < 4; ++c) celle << form_->griglia()->modello()->testo(r, c);
+        return celle.join(' ');
+    }
+
+  private slots:
+    void initTestCase() { applica_tema(*qApp, 1); }
+    void init() {
+        form_ = std::make_unique<Form_Lunghette5>(sessione_);
+        form_->apri(*trova_ricerca("calcolo lunghette scomposte"), archivio_);
+        form_->show();
+        QVERIFY(QTest::qWaitForWindowActive(form_.get()));
+    }
+    void cleanup() { form_.reset(); }
+
+    void si_apre_senza_meta_e_non_fa_nulla() {
+        MessaggiDiProva messaggi;
+        QCOMPARE(form_->windowTitle(), QStringLiteral("Calcolo lunghette scomposte  win for life"));
+        QVERIFY(!controllo<QRadioButton>("Option2_0")->isChecked());
+        QVERIFY(!controllo<QRadioButton>("Option2_1")->isChecked());
+        QVERIFY(!controllo<QLabel>("lblmanca")->isVisible());
+        // The hour has no effect and is not asked for.
+        QVERIFY(!controllo<QComboBox>("ComboIntervallo")->isVisible());
+        clic("Command1");
+        QCOMPARE(righe(), 0);
+        QVERIFY(controllo<QLabel>("lblmanca")->isVisible());
+        QVERIFY(messaggi.detti.isEmpty());
+        QCOMPARE(form_->griglia()->modello()->tabella()->titoli[0][3], std::string{"Ritardo Storico"});
+    }
+
+    void i_primi_e_gli_ultimi_con_i_tasti() {
+        controllo<QRadioButton>("Option2_0")->setFocus();
+        QTest::keyClick(controllo<QRadioButton>("Option2_0"), Qt::Key_Space);
+        clic("Command1");
+        QCOMPARE(righe(), 3003);
+        QCOMPARE(riga(0), QStringLiteral("01-02-03-04-05 2 0 1"));
+        // Another half is another question.
+        QTest::keyClick(controllo<QRadioButton>("Option2_1"), Qt::Key_Space);
+        QCOMPARE(righe(), 0);
+        QTest::keyClick(controllo<QRadioButton>("Option1_1"), Qt::Key_Space);
+        QTest::keyClick(form_.get(), Qt::Key_F5);
+        QCOMPARE(righe(), 3003);
+        QCOMPARE(riga(0), QStringLiteral("06-07-08-09-10 1 3 3"));
+        // The column sort of every grid: the most frequent comes first.
+        clic("cmdcol_1");
+        QCOMPARE(riga(0), QStringLiteral("16-17-18-19-20 2 0 2"));
+    }
+
+    void senza_estrazioni_non_fa_nulla() {
+        MessaggiDiProva messaggi;
+        controllo<QRadioButton>("Option2_0")->click();
+        form_->area()->findChild<QLineEdit*>("txtda")->setText("3");
+        form_->area()->findChild<QLineEdit*>("txta")->setText("2");
+        clic("Command1");
+        QCOMPARE(righe(), 0);
+        QVERIFY(messaggi.detti.isEmpty());
+    }
+
+    void si_puo_annullare() {
+        auto* annulla = controllo<QPushButton>("cmdAnnulla");
+        QCOMPARE(annulla->text(), QStringLiteral("Annulla Ricerca"));
+        QVERIFY(!annulla->isHidden());
+    }
+};
+
+QTEST_MAIN(TestFormLunghette5)
+#include "test_form_lunghette5.moc"
