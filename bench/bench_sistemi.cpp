@@ -18,7 +18,6 @@ namespace {
 
 using sortimetra::Domanda;
 using sortimetra::kGeneri;
-using sortimetra::kStatistiche;
 using sortimetra::ParametriSistemi;
 using sortimetra::Statistica;
 

@@ -22,7 +22,10 @@ namespace sortimetra {
 namespace {
 
 constexpr int kMargine = 6 * kPasso;
+/// Boxes side by side; the others stand under them.
 constexpr int kPerRiga = 5;
+/// Where the option of the places stands, under that of the numbers and its two rows of boxes.
+constexpr int kRigaPosti = 4;
 
 }  // namespace
 
@@ -133,12 +136,11 @@ ScegliNumeri::ScegliNumeri(QWidget* padre)
         connect(opzioni_[i], &QRadioButton::toggled, this, [this] { aggiorna(); });
     }
     opzioni_[tutte]->setChecked(true);
-    constexpr int kColonne = 10;
-    griglia->addWidget(opzioni_[tutte], 0, 0, 1, kColonne);
-    griglia->addWidget(opzioni_[con_numeri], 1, 0, 1, kColonne);
-    griglia->addWidget(opzioni_[con_posizioni], 3, 0, 1, kColonne);
+    griglia->addWidget(opzioni_[tutte], 0, 0, 1, kPerRiga + 1);
+    griglia->addWidget(opzioni_[con_numeri], 1, 0, 1, kPerRiga + 1);
+    griglia->addWidget(opzioni_[con_posizioni], kRigaPosti, 0, 1, kPerRiga + 1);
     componi_caselle(griglia);
-    griglia->setColumnStretch(kColonne, 1);
+    griglia->setColumnStretch(kPerRiga, 1);
     contenuto()->addLayout(griglia);
     errore_->setObjectName(QStringLiteral("lblerrore_scelta"));
     assegna_ruolo(errore_, "avviso");
@@ -150,14 +152,14 @@ ScegliNumeri::ScegliNumeri(QWidget* padre)
 
 void ScegliNumeri::componi_caselle(QGridLayout* griglia) {
     for (std::size_t i = 0; i < numeri_.size(); ++i) {
-        const int colonna = static_cast<int>(i);
+        const int n = static_cast<int>(i);
         auto* numero = new CasellaCifre{this};
         numero->setObjectName(QStringLiteral("txtNumeriScelti_%1").arg(i));
         numero->setAccessibleName(tr("Numero %1").arg(i + 1));
         numero->setMaxLength(2);
         numero->setAlignment(Qt::AlignHCenter);
         numero->setFixedWidth(16 * kPasso);
-        griglia->addWidget(numero, 2, colonna);
+        griglia->addWidget(numero, 2 + n / kPerRiga, n % kPerRiga);
         numeri_[i] = numero;
     }
     for (std::size_t i = 0; i < posti_.size(); ++i) {
@@ -170,8 +172,10 @@ void ScegliNumeri::componi_caselle(QGridLayout* griglia) {
         auto* titolo = new QLabel{QStringLiteral("%1ª").arg(i + 1), this};
         titolo->setAlignment(Qt::AlignHCenter);
         assegna_ruolo(titolo, "quieto");
-        griglia->addWidget(titolo, 4, static_cast<int>(i));
-        griglia->addWidget(posto, 5, static_cast<int>(i));
+        const int n = static_cast<int>(i);
+        const int riga = kRigaPosti + 1 + 2 * (n / kPerRiga);
+        griglia->addWidget(titolo, riga, n % kPerRiga);
+        griglia->addWidget(posto, riga + 1, n % kPerRiga);
         posti_[i] = posto;
     }
 }

@@ -17,6 +17,7 @@ namespace {
 
 /// Width that a grid of three columns of numbers asks for, with the bar that scrolls it.
 constexpr int kLarghezzaGriglia = 46 * kPasso;
+constexpr int kAltezzaMinima = 25 * kPasso;
 constexpr int kColonneGriglia = 3;
 constexpr std::size_t kGruppiInColonna = 2;
 
@@ -93,6 +94,8 @@ void QuadroGriglie::crea_griglia(const QString& nome, const QString& pulsanti, i
     griglia->imposta_pulsanti(pulsanti, primo);
     griglia->imposta_compatta(statistica_ != Statistica::posizione);
     griglia->vista()->setObjectName(nome);
+    // A few rows at least: where there is no room for them the board scrolls.
+    griglia->vista()->setMinimumHeight(kAltezzaMinima);
     titolo->setBuddy(griglia->vista());
     colonna->addWidget(titolo);
     colonna->addWidget(griglia, 1);

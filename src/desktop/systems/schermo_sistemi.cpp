@@ -11,10 +11,27 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace sortimetra {
+
+namespace {
+
+/// A page of the answer's room, which scrolls where the window is small.
+QScrollArea* scorrevole(QWidget* pagina) {
+    auto* scorri = new QScrollArea;
+    scorri->setWidget(pagina);
+    scorri->setWidgetResizable(true);
+    scorri->setFrameShape(QFrame::NoFrame);
+    scorri->setFocusPolicy(Qt::NoFocus);
+    scorri->viewport()->setAutoFillBackground(false);
+    pagina->setAutoFillBackground(false);
+    return scorri;
+}
+
+}  // namespace
 
 SchermoSistemi::SchermoSistemi(Sessione& sessione, const QString& nome,
                                std::span<const std::string_view> titoli)
@@ -48,7 +65,7 @@ SchermoSistemi::SchermoSistemi(Sessione& sessione, const QString& nome,
 }
 
 void SchermoSistemi::componi_scelta(CorniceScelta* scelta) {
-    pagine_->addWidget(scelta);
+    pagine_->addWidget(scorrevole(scelta));
     connect(scelta, &CorniceScelta::scelto, this, &SchermoSistemi::scelta_fatta);
     connect(scelta, &CorniceScelta::annullato, this, [this] {
         torna_alla_pagina();
@@ -61,13 +78,17 @@ QVBoxLayout* SchermoSistemi::domande() const {
 }
 
 void SchermoSistemi::aggiungi_pagina(QWidget* pagina) {
-    pagine_->addWidget(pagina);
-    connect(pagina, &QObject::destroyed, this, [this] { pagina_ = nullptr; });
+    pagine_->addWidget(scorrevole(pagina));
 }
 
 void SchermoSistemi::mostra_pagina(QWidget* pagina) {
     pagina_ = pagina;
-    pagine_->setCurrentWidget(pagina);
+    torna_alla_pagina();
+}
+
+void SchermoSistemi::in_vista(QWidget* pagina) {
+    // The page stands in the viewport of what scrolls it.
+    pagine_->setCurrentWidget(pagina->parentWidget()->parentWidget());
 }
 
 // ---- the ticked box ----
@@ -144,7 +165,8 @@ CorniceScelta* SchermoSistemi::scelta_del_gioco() const {
 }
 
 CorniceScelta* SchermoSistemi::scelta_in_mostra() const {
-    return qobject_cast<CorniceScelta*>(pagine_->currentWidget());
+    const auto* scorri = qobject_cast<QScrollArea*>(pagine_->currentWidget());
+    return scorri == nullptr ? nullptr : qobject_cast<CorniceScelta*>(scorri->widget());
 }
 
 void SchermoSistemi::avvia() {
@@ -159,7 +181,7 @@ void SchermoSistemi::avvia() {
         esegui();
         return;
     }
-    pagine_->setCurrentWidget(scelta);
+    in_vista(scelta);
     scelta->prendi_tastiera();
 }
 
@@ -181,7 +203,7 @@ void SchermoSistemi::scelta_fatta() {
 }
 
 void SchermoSistemi::torna_alla_pagina() {
-    if (pagina_ != nullptr) pagine_->setCurrentWidget(pagina_);
+    if (pagina_ != nullptr) in_vista(pagina_);
 }
 
 void SchermoSistemi::svuota() {

@@ -63,6 +63,7 @@ class SchermoSistemi : public FinestraRicerca {
     void prepara_area();
     [[nodiscard]] CorniceScelta* scelta_del_gioco() const;
     [[nodiscard]] CorniceScelta* scelta_in_mostra() const;
+    void in_vista(QWidget* pagina);
     void torna_alla_pagina();
     void scelta_fatta();
 

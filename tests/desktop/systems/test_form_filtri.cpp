@@ -412,6 +412,15 @@ class TestFormFiltri final : public QObject {
         for (const char* nome : {"CheckSistema_0", "CheckSistema_6", "Combo1", "cmdEsci", "ComboIntervallo"})
             QVERIFY2(visti.contains(QString::fromLatin1(nome)), nome);
     }
+
+    void sta_anche_in_una_finestra_piccola() {
+        apri(kFiltri);
+        // Under the title bar of a screen of 960 x 540.
+        QVERIFY2(form_->minimumSizeHint().width() <= 960,
+                 qPrintable(QString::number(form_->minimumSizeHint().width())));
+        QVERIFY2(form_->minimumSizeHint().height() <= 500,
+                 qPrintable(QString::number(form_->minimumSizeHint().height())));
+    }
 };
 
 QTEST_MAIN(TestFormFiltri)

@@ -150,6 +150,15 @@ class TestFormUltimi final : public QObject {
         QVERIFY(stampato.risposta.risultato != nullptr);
         QCOMPARE(stampato.risposta.risultato->tabelle.size(), std::size_t{2});
     }
+
+    void sta_anche_in_una_finestra_piccola() {
+        apri();
+        // Under the title bar of a screen of 960 x 540.
+        QVERIFY2(form_->minimumSizeHint().width() <= 960,
+                 qPrintable(QString::number(form_->minimumSizeHint().width())));
+        QVERIFY2(form_->minimumSizeHint().height() <= 500,
+                 qPrintable(QString::number(form_->minimumSizeHint().height())));
+    }
 };
 
 QTEST_MAIN(TestFormUltimi)
