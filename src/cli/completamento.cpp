@@ -44,8 +44,8 @@ std::string_view prima_frase(std::string_view frase) {
     return prima.ends_with('.') ? prima.substr(0, prima.size() - 1) : prima;
 }
 
-std::vector<Voce> voci_finestra(std::span<const Opzione> opzioni) {
-    std::vector<Voce> voci;
+std::vector<VoceManuale> voci_finestra(std::span<const Opzione> opzioni) {
+    std::vector<VoceManuale> voci;
     for (const Opzione& o : opzioni) voci.push_back({o.nome, o.meta, o.frase, o.parole});
     return voci;
 }
@@ -53,8 +53,8 @@ std::vector<Voce> voci_finestra(std::span<const Opzione> opzioni) {
 /// Every option that is followed by a value, in any command or search.
 std::set<std::string_view> con_valore() {
     std::set<std::string_view> nomi;
-    const auto guarda = [&](const std::vector<Voce>& voci) {
-        for (const Voce& v : voci)
+    const auto guarda = [&](const std::vector<VoceManuale>& voci) {
+        for (const VoceManuale& v : voci)
             if (!v.meta.empty()) nomi.insert(v.nome);
     };
     guarda(voci_di_ogni_comando());
@@ -66,12 +66,12 @@ std::set<std::string_view> con_valore() {
     return nomi;
 }
 
-using Scrive = std::string (*)(const Voce&);
+using Scrive = std::string (*)(const VoceManuale&);
 
 /// The options as the elements of an array, one a line after `rientro`.
-std::string elementi(const std::vector<Voce>& voci, Scrive scrive, std::string_view rientro) {
+std::string elementi(const std::vector<VoceManuale>& voci, Scrive scrive, std::string_view rientro) {
     std::string t;
-    for (const Voce& v : voci) t += fmt::format("{}{}\n", rientro, apici(scrive(v)));
+    for (const VoceManuale& v : voci) t += fmt::format("{}{}\n", rientro, apici(scrive(v)));
     return t;
 }
 
@@ -119,7 +119,7 @@ std::string comandi_con_chiave() {
 // ---- bash ----
 
 /// One option in the arrays of bash: its name, the kind of its value, the words, joined by "|".
-std::string voce_bash(const Voce& v) {
+std::string voce_bash(const VoceManuale& v) {
     constexpr std::string_view kSegni = "-vfdpl";
     std::string t = fmt::format("{}|{}", v.nome, kSegni[static_cast<std::size_t>(valore_di(v))]);
     for (const std::string_view p : v.parole) t += fmt::format("|{}", p);
@@ -209,7 +209,7 @@ std::string nomi_con_valore(const std::set<std::string_view>& nomi) {
 // ---- zsh ----
 
 /// One option as `_arguments` of zsh takes it: "--da=[Il primo concorso]:N: ".
-std::string voce_zsh(const Voce& v) {
+std::string voce_zsh(const VoceManuale& v) {
     const std::string frase = protetto(prima_frase(v.frase), "\\[]:");
     if (v.meta.empty()) return fmt::format("{}[{}]", v.nome, frase);
     const std::string meta = protetto(v.meta, "\\:");
@@ -217,21 +217,21 @@ std::string voce_zsh(const Voce& v) {
     for (const std::string_view p : v.parole) parole += fmt::format(" {}", protetto(p, "\\ :()'\""));
     std::string azione;
     switch (valore_di(v)) {
-        case Valore::file:
+        case ValoreOpzione::file:
             azione = "_files";
             break;
-        case Valore::cartella:
+        case ValoreOpzione::cartella:
             azione = "_directories";
             break;
-        case Valore::parola:
+        case ValoreOpzione::parola:
             azione = fmt::format("({})", parole.substr(1));
             break;
         // The blank before the action: it is called as it stands.
-        case Valore::elenco:
+        case ValoreOpzione::elenco:
             azione = fmt::format(" _values -s , {}{}", meta, parole);
             break;
-        case Valore::libero:
-        case Valore::nessuno:
+        case ValoreOpzione::libero:
+        case ValoreOpzione::nessuno:
             azione = " ";
             break;
     }
@@ -277,7 +277,7 @@ std::string completamento_bash_cli() {
 std::string completamento_bash_finestra(std::span<const Opzione> opzioni) {
     const auto voci = voci_finestra(opzioni);
     std::set<std::string_view> nomi;
-    for (const Voce& v : voci)
+    for (const VoceManuale& v : voci)
         if (!v.meta.empty()) nomi.insert(v.nome);
     std::string t = fmt::format("# bash: Tab dopo sortimetra. {}\n{}", kFattoDa, kComuneBash);
     t += fmt::format(

@@ -51,15 +51,15 @@ std::string termine(std::string_view termine, std::string_view testo) {
     return fmt::format(".TP\n{}\n{}\n", termine, roff(testo));
 }
 
-std::string voce(const Voce& v) {
+std::string voce(const VoceManuale& v) {
     std::string nome = fmt::format("\\fB{}\\fR", roff(v.nome));
     if (!v.meta.empty()) nome += fmt::format(" \\fI{}\\fR", roff(v.meta));
     return termine(nome, v.frase);
 }
 
-std::string voci(const std::vector<Voce>& tutte) {
+std::string voci(const std::vector<VoceManuale>& tutte) {
     std::string t;
-    for (const Voce& v : tutte) t += voce(v);
+    for (const VoceManuale& v : tutte) t += voce(v);
     return t;
 }
 

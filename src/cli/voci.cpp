@@ -9,15 +9,15 @@ namespace sortimetra {
 namespace {
 
 template <class Riga>
-void aggiungi(std::vector<Voce>& voci, const Riga& o) {
+void aggiungi(std::vector<VoceManuale>& voci, const Riga& o) {
     // A name may stand twice in a table, once a command or a kind of search: the first is the one told.
-    if (std::any_of(voci.begin(), voci.end(), [&](const Voce& v) { return v.nome == o.nome; })) return;
+    if (std::any_of(voci.begin(), voci.end(), [&](const VoceManuale& v) { return v.nome == o.nome; })) return;
     voci.push_back({o.nome, o.meta, o.frase, o.parole});
 }
 
 template <class Quali>
-std::vector<Voce> quelle(Quali&& quali) {
-    std::vector<Voce> voci;
+std::vector<VoceManuale> quelle(Quali&& quali) {
+    std::vector<VoceManuale> voci;
     for (const VoceOpzione& o : opzioni())
         if (quali(o)) aggiungi(voci, o);
     return voci;
@@ -29,26 +29,26 @@ bool di_ogni_comando(const VoceOpzione& o) {
 
 }  // namespace
 
-Valore valore_di(const Voce& voce) {
-    if (voce.meta.empty()) return Valore::nessuno;
-    if (voce.meta.starts_with("FILE")) return Valore::file;
-    if (voce.meta == "DIR") return Valore::cartella;
-    if (voce.parole.empty()) return Valore::libero;
-    return voce.meta == "ELENCO" ? Valore::elenco : Valore::parola;
+ValoreOpzione valore_di(const VoceManuale& voce) {
+    if (voce.meta.empty()) return ValoreOpzione::nessuno;
+    if (voce.meta.starts_with("FILE")) return ValoreOpzione::file;
+    if (voce.meta == "DIR") return ValoreOpzione::cartella;
+    if (voce.parole.empty()) return ValoreOpzione::libero;
+    return voce.meta == "ELENCO" ? ValoreOpzione::elenco : ValoreOpzione::parola;
 }
 
-std::vector<Voce> voci_di_ogni_comando() {
+std::vector<VoceManuale> voci_di_ogni_comando() {
     return quelle(di_ogni_comando);
 }
 
-std::vector<Voce> voci_comando(const Comando& comando) {
+std::vector<VoceManuale> voci_comando(const Comando& comando) {
     return quelle([&](const VoceOpzione& o) {
         return !di_ogni_comando(o) && o.ammessa == nullptr && conosce(o, comando.bit, nullptr);
     });
 }
 
-std::vector<Voce> voci_ricerca(const Comando& comando, const Ricerca& ricerca) {
-    std::vector<Voce> voci;
+std::vector<VoceManuale> voci_ricerca(const Comando& comando, const Ricerca& ricerca) {
+    std::vector<VoceManuale> voci;
     for (const Opzione* o : ricerca.opzioni) aggiungi(voci, *o);
     for (const VoceOpzione& o : opzioni())
         if (o.ammessa != nullptr && conosce(o, comando.bit, &ricerca)) aggiungi(voci, o);

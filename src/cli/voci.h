@@ -10,21 +10,21 @@
 namespace sortimetra {
 
 /// An option as a manual page or a shell shows it, whichever table it stands in.
-struct Voce {
+struct VoceManuale {
     std::string_view nome, meta, frase;
     std::span<const std::string_view> parole{};
 };
 
 /// What follows the name of an option, as a shell can help with it.
-enum class Valore { nessuno, libero, file, cartella, parola, elenco };
-[[nodiscard]] Valore valore_di(const Voce& voce);
+enum class ValoreOpzione { nessuno, libero, file, cartella, parola, elenco };
+[[nodiscard]] ValoreOpzione valore_di(const VoceManuale& voce);
 
 /// The options that every command takes.
-[[nodiscard]] std::vector<Voce> voci_di_ogni_comando();
+[[nodiscard]] std::vector<VoceManuale> voci_di_ogni_comando();
 /// Those that a command takes beside them, whatever it searches.
-[[nodiscard]] std::vector<Voce> voci_comando(const Comando& comando);
+[[nodiscard]] std::vector<VoceManuale> voci_comando(const Comando& comando);
 /// Those that a command takes further for one search.
-[[nodiscard]] std::vector<Voce> voci_ricerca(const Comando& comando, const Ricerca& ricerca);
+[[nodiscard]] std::vector<VoceManuale> voci_ricerca(const Comando& comando, const Ricerca& ricerca);
 
 /// Whether a command is followed by the key of a search.
 [[nodiscard]] bool vuole_chiave(const Comando& comando);

@@ -16,6 +16,13 @@ using testing::IsEmpty;
 /// Core files whose tests stand in the file of a neighbour.
 const Coperture kCoperture{
     {"src/core/catalogue/rapporti.cpp", "tests/core/printing/test_rapporto.cpp"},
+    {"src/core/lunghette/lunghetta.cpp", "tests/core/lunghette/test_lunghette.cpp"},
+    {"src/core/lunghette/misuratore.cpp", "tests/core/lunghette/test_lunghette.cpp"},
+    {"src/core/lunghette/righe_gioco.cpp", "tests/core/lunghette/test_lunghette.cpp"},
+    {"src/core/lunghette/stadi.cpp", "tests/core/lunghette/test_lunghette.cpp"},
+    {"src/core/lunghette/voci.cpp", "tests/core/lunghette/test_stampa_lunghette.cpp"},
+    {"src/core/systems/conteggi.cpp", "tests/core/systems/test_filtri.cpp"},
+    {"src/core/systems/scelte.cpp", "tests/core/systems/test_filtri.cpp"},
     {"src/core/personal/analisi_serie.cpp", "tests/core/personal/test_gruppi.cpp"},
     {"src/core/personal/stampa_piramide.cpp", "tests/core/personal/test_stampa_personali.cpp"},
     {"src/core/personal/taratura.cpp", "tests/core/personal/test_poste.cpp"},

@@ -29,11 +29,11 @@ struct Cinquina {
 };
 
 /// All cinquine of fifteen numbers in ascending order, as sets of bits, and the place of each set.
-struct Elenco {
+struct ElencoCinquine {
     std::array<std::uint16_t, kCinquine> insiemi{};
     std::array<std::uint16_t, std::size_t{1} << kNumeriMeta> posti{};
 
-    Elenco() {
+    ElencoCinquine() {
         std::uint16_t n = 0;
         for (unsigned i = 0; i < 11; ++i)
             for (unsigned j = i + 1; j < 12; ++j)
@@ -48,8 +48,8 @@ struct Elenco {
     }
 };
 
-const Elenco& elenco() {
-    static const Elenco tutte;
+const ElencoCinquine& elenco() {
+    static const ElencoCinquine tutte;
     return tutte;
 }
 
@@ -66,7 +66,7 @@ std::uint32_t insieme_meta(const Numero* celle, std::uint32_t primo) {
 
 std::vector<Cinquina> conta(const RigheGioco& righe, std::size_t primo_posto, std::uint32_t primo_numero) {
     std::vector<Cinquina> cinquine(kCinquine);
-    const Elenco& tutte = elenco();
+    const ElencoCinquine& tutte = elenco();
     const std::size_t n = righe.righe();
     for (std::size_t r = 0; r < n; ++r) {
         const std::uint32_t insieme =

@@ -313,7 +313,7 @@ Rapporto rapporto_filtri(const MaterialeRapporto& materiale) {
                     else
                         stampa_legenda(stampante, kLegenda, kLegendaEstrazioni);
                 }
-                stampa_piede(stampante, pagina, 0);
+                stampa_piede(stampante, pagina, quante);
             }};
 }
 

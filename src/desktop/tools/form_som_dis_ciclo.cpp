@@ -176,15 +176,17 @@ void Form_som_dis_ciclo::componi_risposta() {
     }
     // In a narrow window the three scroll as one, their rows side by side.
     QScrollArea* tavole = scorrevole(campo);
-    tavole->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    tavole->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    tavole->setFixedHeight(campo->sizeHint().height() + tavole->horizontalScrollBar()->sizeHint().height());
+    tavole->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    const int intere = campo->sizeHint().height() + tavole->horizontalScrollBar()->sizeHint().height();
+    tavole->setMaximumHeight(intere);
+    // In a low one they scroll, too.
+    tavole->setMinimumHeight(intere / 2);
     auto* titolo = new QLabel{tr("Isotopi")};
     assegna_ruolo(titolo, "sezione");
     isotopi_->setObjectName(QStringLiteral("lblisotopi"));
     isotopi_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     isotopi_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    cornice()->risposta()->addWidget(tavole);
+    cornice()->risposta()->addWidget(tavole, 10);
     cornice()->risposta()->addSpacing(2 * kPasso);
     cornice()->risposta()->addWidget(titolo);
     // As many lines as a draw may have: they scroll where the window is low.

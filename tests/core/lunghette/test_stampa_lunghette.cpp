@@ -1,5 +1,6 @@
 #include "catalogue/rapporti.h"
 #include "lunghette/parametri.h"
+#include "lunghette/voci.h"
 #include "printing/rapporto.h"
 #include "support/archivi.h"
 #include "support/superficie_registrata.h"

@@ -1,3 +1,4 @@
+#include "catalogue/nomi.h"
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
 #include "lunghette/parametri.h"
@@ -67,6 +68,8 @@ std::deque<Stampato> stampa_tutti() {
     SenzaAvanzamento nessuno;
     for (const Ricerca& ricerca : ricerche()) {
         if (!ricerca.pronta() || !viste.insert(ricerca.chiave()).second) continue;
+        // It needs a system that the user has saved: its report has a test of its own.
+        if (ricerca.chiave() == nomi::kSistemiRealizzati.chiave) continue;
         for (const ArchivioEstrazioni* archivio : archivi()) {
             for (const SelezioneRuote& ruote : {SelezioneRuote::tutte(), ricerca.ruote}) {
                 const Domanda domanda = domanda_di(ricerca, ruote);

@@ -1,6 +1,7 @@
 #include "draws/cursore.h"
 #include "results/scrittori.h"
 #include "support/archivi.h"
+#include "systems/conteggi.h"
 #include "systems/filtri.h"
 #include "systems/parametri.h"
 #include "systems/scelte.h"

@@ -15,14 +15,17 @@
 #include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QApplication>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QtTest>
+#include <algorithm>
 #include <memory>
 
 using namespace sortimetra;
@@ -50,12 +53,21 @@ bool interno(const QWidget* w) {
            qobject_cast<const QLineEdit*>(padre) != nullptr;
 }
 
+/// A button of a group of which Tab reaches the chosen one alone: the arrows go on from there.
+bool per_le_frecce(const QWidget* w) {
+    const auto* scelta = qobject_cast<const QRadioButton*>(w);
+    if (scelta == nullptr || scelta->isChecked()) return false;
+    if (scelta->group() != nullptr) return scelta->group()->checkedButton() != nullptr;
+    const auto altre = w->parentWidget()->findChildren<QRadioButton*>(QString{}, Qt::FindDirectChildrenOnly);
+    return std::any_of(altre.begin(), altre.end(), [](const QRadioButton* b) { return b->isChecked(); });
+}
+
 /// What Tab must reach in a window as it stands.
 QSet<QWidget*> da_visitare(const QWidget& finestra) {
     QSet<QWidget*> tutti;
     for (QWidget* w : finestra.findChildren<QWidget*>())
         if (w->window() == &finestra && w->isVisible() && w->isEnabled() && !interno(w) &&
-            (w->focusPolicy() & Qt::TabFocus) != 0)
+            !per_le_frecce(w) && (w->focusPolicy() & Qt::TabFocus) != 0)
             tutti << w;
     return tutti;
 }
