@@ -27,17 +27,17 @@ namespace {
 
 /// A decomposition's button: what it is called in the title, and between how many numbers it is offered. The
 /// larger ones are withdrawn where nobody could read them any more.
-struct Scomposizione {
+struct VoceScomposizione {
     const char* nome;
     const char* relativa;
     std::size_t da;
     std::size_t a;
 };
-constexpr std::array<Scomposizione, 5> kScomposizioni{{{"Ambata", "all'ambata", 1, 90},
-                                                       {"Ambo", "all'ambo", 2, 90},
-                                                       {"Terno", "al terno", 3, 50},
-                                                       {"Quaterna", "alla quaterna", 4, 40},
-                                                       {"Cinquina", "alla cinquina", 5, 25}}};
+constexpr std::array<VoceScomposizione, 5> kScomposizioni{{{"Ambata", "all'ambata", 1, 90},
+                                                           {"Ambo", "all'ambo", 2, 90},
+                                                           {"Terno", "al terno", 3, 50},
+                                                           {"Quaterna", "alla quaterna", 4, 40},
+                                                           {"Cinquina", "alla cinquina", 5, 25}}};
 
 std::size_t combinazioni(std::size_t n, std::size_t k) {
     std::size_t quante = 1;
@@ -279,7 +279,7 @@ void Form_Personali::scomponi(int sorte) {
     if (in_corsa() || riga == nullptr) return;
     area()->riporta_tratto();
     const std::vector<int> scelti = scelta_->numeri();
-    const Scomposizione& s = kScomposizioni[static_cast<std::size_t>(sorte) - 1];
+    const VoceScomposizione& s = kScomposizioni[static_cast<std::size_t>(sorte) - 1];
     if (!scomposizione_) scomposizione_ = std::make_unique<Form_stat>(sessione());
     scomposizione_->imposta_stampa(stampa_);
     scomposizione_->imposta_serie(scelti, sorte);
