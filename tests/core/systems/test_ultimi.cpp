@@ -2,6 +2,7 @@
 #include "draws/combinazioni.h"
 #include "draws/cursore.h"
 #include "support/archivi.h"
+#include "systems/misure_combinazione.h"
 #include "systems/parametri.h"
 #include "systems/ultimi.h"
 
@@ -210,6 +211,7 @@ std::vector<std::string> colonna_lenta(std::vector<int> c, bool vita) {
     }
     v.push_back(consecutivi);
     std::vector<std::string> testi;
+    testi.reserve(v.size() + kGruppiNumeri.size() + 3);
     for (const int n : v) testi.push_back(std::to_string(n));
     testi.insert(testi.end(), {"", ""});
     const auto quanti = [&](const auto& dentro) {

@@ -28,7 +28,7 @@ constexpr const char* kFiltri = "filtri di condizionamento";
 constexpr const char* kSistemi = "statistica relativa ai sistemi realizzati";
 
 ArchivioEstrazioni archivio_piccolo() {
-    std::string lotto = "1 BA 10 20 31 33 90\n2 BA 1 2 3 4 5\n2 CA 6 7 8 9 10\n";
+    const std::string lotto = "1 BA 10 20 31 33 90\n2 BA 1 2 3 4 5\n2 CA 6 7 8 9 10\n";
     return prove::da_testi(lotto, "1 1 2 3 4 5 6 90 0\n2 11 12 13 14 15 16 90 0\n",
                            "1 9:00 1 2 3 4 5 6 7 8 9 10\n2 10:00 2 4 6 8 10 12 14 16 18 20\n"
                            "3 11:00 1 3 5 7 9 11 13 15 17 19\n");
@@ -253,7 +253,7 @@ class TestFormFiltri final : public QObject {
         apri(kFiltri);
         sistema(5);
         statistica(Statistica::somme1);
-        QWidget* frame = trova<QWidget>("FrameSceltaPosizioni10elotto");
+        auto* frame = trova<QWidget>("FrameSceltaPosizioni10elotto");
         QVERIFY(frame->isVisible());
         QCOMPARE(griglia(Statistica::somme1, 0)->rowCount(), 0);
         auto* procedi = trova<QPushButton>("cmdProcediPos10elotto");
@@ -304,7 +304,7 @@ class TestFormFiltri final : public QObject {
         apri(kFiltri);
         sistema(6);
         statistica(Statistica::somme1);
-        QWidget* frame = trova<QWidget>("frameSceltaNumeriWFL");
+        auto* frame = trova<QWidget>("frameSceltaNumeriWFL");
         QVERIFY(frame->isVisible());
         QVERIFY(!trova<QWidget>("txtNumeriScelti_0")->isEnabled());
         QVERIFY(!trova<QWidget>("cmbNumeriPosizione_0")->isEnabled());
@@ -348,7 +348,7 @@ class TestFormFiltri final : public QObject {
         scrivi("terno/altrosyb.txt", "7,8,9\r\n");
         scrivi("terno/ric_statsyb.txt", "1,2,3\r\n");
         scrivi("terno/ric_stat.nn", "");
-        MessaggiDiProva detti;
+        const MessaggiDiProva detti;
         apri(kSistemi);
         QVERIFY(trova<QWidget>("FrameSistemi")->isVisible());
         QVERIFY(!trova<QWidget>("FrameParametri")->isVisible());
@@ -387,7 +387,7 @@ class TestFormFiltri final : public QObject {
 
     void un_sistema_danneggiato_si_dice_nella_finestra() {
         scrivi("quaterna/rottosyc.txt", "1,2,3,4\r\n1,due,3,4\r\n");
-        MessaggiDiProva detti;
+        const MessaggiDiProva detti;
         apri(kSistemi);
         sistema(2);
         auto* elenco = trova<QTreeWidget>("ListView1");

@@ -119,7 +119,7 @@ class TestFormUltimi final : public QObject {
     }
 
     void win_for_life_passa_oltre() {
-        MessaggiDiProva detti;
+        const MessaggiDiProva detti;
         apri();
         clic("CheckSistema_3");
         clic("cmdavviaRicerca");
