@@ -5,8 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
-#include <vector>
+#include <variant>
 
 // The lunghette by points, worked by hand; the comparison with the plain second way stands beside that of the
 // Lotto.
@@ -14,6 +13,11 @@
 namespace sortimetra::prove {
 namespace {
 
+std::string punteggio(const Risultato& r) {
+    for (const Etichetta& e : r.etichette)
+        if (e.nome == "lblRit_freq") return std::get<std::string>(e.testo);
+    return "manca";
+}
 std::string numeri(const Risultato& r) {
     return r.tabelle.empty() ? "nessuna tabella" : r.tabelle[0].testo(0, 0);
 }

@@ -57,7 +57,9 @@ bool interno(const QWidget* w) {
 bool per_le_frecce(const QWidget* w) {
     const auto* scelta = qobject_cast<const QRadioButton*>(w);
     if (scelta == nullptr || scelta->isChecked()) return false;
-    if (scelta->group() != nullptr) return scelta->group()->checkedButton() != nullptr;
+    // Of a group in which nothing is chosen yet it reaches the first.
+    if (const QButtonGroup* gruppo = scelta->group(); gruppo != nullptr)
+        return gruppo->checkedButton() != nullptr || gruppo->buttons().first() != w;
     const auto altre = w->parentWidget()->findChildren<QRadioButton*>(QString{}, Qt::FindDirectChildrenOnly);
     return std::any_of(altre.begin(), altre.end(), [](const QRadioButton* b) { return b->isChecked(); });
 }
