@@ -6,11 +6,13 @@
 #include "screens/tema.h"
 
 #include <QAbstractSpinBox>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -23,6 +25,14 @@ namespace {
 constexpr int kLarghezzaColonna = 70 * kPasso;
 constexpr int kMargine = 4 * kPasso;
 
+/// Tab stops at the chosen button of a group, from the first time on: by itself the toolkit would stop at
+/// whichever comes first, and only then leave the others to the arrows.
+void ferma_alla_scelta(const QWidget* finestra) {
+    for (auto* b : finestra->findChildren<QRadioButton*>())
+        if (b->group() != nullptr && b->group()->checkedButton() != nullptr)
+            b->setFocusPolicy(b->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
 /// The controls inside a widget that take the keyboard, in the order in which they were put there. The inner
 /// parts of a combo or a spin box are the box itself.
 QList<QWidget*> tasti_di(const QWidget* dentro) {
@@ -34,8 +44,11 @@ QList<QWidget*> tasti_di(const QWidget* dentro) {
                              qobject_cast<const QLineEdit*>(padre) != nullptr;
         // The list of a combo that has been opened once is a window of its own.
         const bool altrove = w->window() != dentro->window();
-        if (!interno && !altrove && w->focusProxy() == nullptr && (w->focusPolicy() & Qt::TabFocus) != 0)
-            trovati << w;
+        // Of a group of choices only the one chosen takes Tab; which it is changes, its place in the round
+        // not.
+        const bool prende =
+            (w->focusPolicy() & Qt::TabFocus) != 0 || qobject_cast<QRadioButton*>(w) != nullptr;
+        if (!interno && !altrove && w->focusProxy() == nullptr && prende) trovati << w;
     }
     return trovati;
 }
@@ -216,6 +229,7 @@ void CorniceRicerca::aggiungi_sopra_avvio(QWidget* comando) {
 }
 
 void CorniceRicerca::ordina_tabulazione() {
+    ferma_alla_scelta(window());
     const auto riga = [](const QLayout* di) {
         QList<QWidget*> tasti;
         for (int i = 0; i < di->count(); ++i) {

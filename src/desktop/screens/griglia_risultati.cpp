@@ -499,6 +499,8 @@ QString GrigliaRisultati::titolo_piu_largo(int colonna) const {
     const auto c = static_cast<std::size_t>(colonna);
     const auto& titoli = modello_->tabella()->titoli;
     for (std::size_t r = 0; r < titoli.size(); ++r) {
+        // A table without rows may have fewer titles than the grid has had columns.
+        if (c >= titoli[r].size()) continue;
         // A title with empty ones after it has their room too.
         const bool si_allarga = (tabellone_ || r + 1 < titoli.size()) && c > 0 && c + 1 < titoli[r].size() &&
                                 titoli[r][c + 1].empty();
