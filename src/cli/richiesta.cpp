@@ -463,18 +463,17 @@ std::string opzione_estranea(std::string_view nome, unsigned comando, std::strin
                        nome == "-?" ? std::string{" Volevi dire \"--aiuto\"?"} : volevi_dire(nome, nomi));
 }
 
-/// Reads one option of the search itself. Nothing if it has no such option.
-std::optional<std::expected<void, std::string>> leggi_di_ricerca(const OpzioneData& data,
-                                                                 Richiesta& richiesta) {
-    if (richiesta.ricerca == nullptr) return std::nullopt;
+/// Reads one option of the search itself. False if it has no such option.
+std::expected<bool, std::string> leggi_di_ricerca(const OpzioneData& data, Richiesta& richiesta) {
+    if (richiesta.ricerca == nullptr) return false;
     const std::string_view valore = data.valore ? std::string_view{*data.valore} : std::string_view{};
     for (const Opzione* o : richiesta.ricerca->opzioni) {
         if (o->nome != data.nome) continue;
-        if (o->leggi(valore, richiesta.domanda)) return std::expected<void, std::string>{};
+        if (o->leggi(valore, richiesta.domanda)) return true;
         return std::unexpected(fmt::format("{}: trovato \"{}\", atteso {}.{}", o->nome, valore, o->atteso,
                                            volevi_dire(valore, o->parole)));
     }
-    return std::nullopt;
+    return false;
 }
 
 std::expected<void, std::string> leggi_di_comando(const OpzioneData& data, const VoceOpzione& voce,
@@ -493,8 +492,11 @@ std::expected<void, std::string> leggi_opzioni(const Parole& parole, unsigned co
                                                std::string_view nome_comando, Richiesta& richiesta) {
     std::vector<std::string_view> viste;
     for (const OpzioneData& data : parole.date) {
-        auto letta = leggi_di_ricerca(data, richiesta);
-        if (!letta) {
+        const auto sua = leggi_di_ricerca(data, richiesta);
+        std::expected<void, std::string> letta;
+        if (!sua) {
+            letta = std::unexpected(sua.error());
+        } else if (!*sua) {
             const auto voce = std::find_if(kOpzioni.begin(), kOpzioni.end(), [&](const VoceOpzione& v) {
                 return v.nome == data.nome && conosce(v, comando, richiesta.ricerca);
             });
@@ -506,7 +508,7 @@ std::expected<void, std::string> leggi_opzioni(const Parole& parole, unsigned co
         if (std::find(viste.begin(), viste.end(), data.nome) != viste.end())
             return std::unexpected(fmt::format("{} è data due volte.", data.nome));
         viste.push_back(data.nome);
-        if (!*letta) return *letta;
+        if (!letta) return letta;
     }
     return {};
 }

@@ -548,6 +548,7 @@ void scrivi_json(std::string& testo, const Risposta& risposta, std::size_t massi
     }
     penna.aggiungi("},\n\"messaggi\": ");
     std::vector<std::string> messaggi;
+    messaggi.reserve(risultato.messaggi.size());
     for (const Messaggio& m : risultato.messaggi) messaggi.push_back(m.testo);
     lista_testi_json(penna, messaggi);
     ambito_json(penna, risposta.ambito);

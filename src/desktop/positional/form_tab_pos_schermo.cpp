@@ -86,7 +86,7 @@ void SchermoConcorso::imposta(const Domanda& domanda) {
 
 EsitoRicerca SchermoConcorso::chiedi(const Ricerca& ricerca, const Domanda& domanda,
                                      PannelloAvanzamento* pannello) {
-    EsitoRicerca esito = corri(ricerca, domanda, pannello);
+    const EsitoRicerca esito = corri(ricerca, domanda, pannello);
     di_messaggi(esito);
     return esito.prodotto() ? esito : EsitoRicerca{};
 }
