@@ -311,6 +311,7 @@ bool cifre_uguali(const QFont& carattere) {
 // Names in @...@ are filled in from the skin. Measures are multiples of four, less the one-pixel edges.
 constexpr const char* kFoglio = R"(
 QToolTip { background: @superficie@; color: @testo@; border: 1px solid @bordo@; padding: 4px 8px; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 QLabel[ruolo="titolo"] { font-size: @punti_titolo@pt; font-weight: 600; }
 QLabel[ruolo="quieto"] { color: @testo_quieto@; }
 QLabel[ruolo="avviso"] { color: @avviso@; }

@@ -1,7 +1,9 @@
 #include "screens/tema.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFontMetricsF>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSet>
@@ -19,6 +21,7 @@ class TestTema : public QObject {
     void un_indice_fuori_dai_nove_non_cambia_nulla();
     void le_icone_seguono_la_skin();
     void le_cifre_sono_larghe_uguali();
+    void i_bottoni_dei_messaggi_non_hanno_figure();
 };
 
 void TestTema::nove_skin_con_nome_e_colori_propri() {
@@ -121,6 +124,25 @@ void TestTema::le_cifre_sono_larghe_uguali() {
     const QFontMetricsF misure{carattere_tabellare(qApp->font())};
     for (const char cifra : {'1', '4', '7', '8'})
         QCOMPARE(misure.horizontalAdvance(QLatin1Char(cifra)), misure.horizontalAdvance(QLatin1Char('0')));
+}
+
+// A desktop's own stock pictures are not the skin's. The offscreen platform has none, so a style asks for
+// them.
+void TestTema::i_bottoni_dei_messaggi_non_hanno_figure() {
+    class ConFigure : public QProxyStyle {
+      public:
+        using QProxyStyle::QProxyStyle;
+        int styleHint(StyleHint quale, const QStyleOption* opzione, const QWidget* widget,
+                      QStyleHintReturn* ritorno) const override {
+            if (quale == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
+            return QProxyStyle::styleHint(quale, opzione, widget, ritorno);
+        }
+    };
+    QVERIFY(applica_tema(*qApp, 1));
+    QApplication::setStyle(new ConFigure{QStringLiteral("Fusion")});
+    const QDialogButtonBox bottoni{QDialogButtonBox::Ok | QDialogButtonBox::Cancel};
+    QVERIFY(bottoni.button(QDialogButtonBox::Ok)->icon().isNull());
+    QVERIFY(bottoni.button(QDialogButtonBox::Cancel)->icon().isNull());
 }
 
 QTEST_MAIN(TestTema)
