@@ -58,6 +58,8 @@ Form_Piramide::Form_Piramide(Sessione& sessione, QWidget* padre)
     cornice()->primario()->setObjectName(QStringLiteral("CmdAvviaRicerca"));
     cornice()->cmd_stampa()->setObjectName(QStringLiteral("cmdstampa"));
     cornice()->cmd_chiudi()->setObjectName(QStringLiteral("Cmdesci"));
+    // A triangle has no rows to choose from.
+    cornice()->cmd_filtra()->hide();
     cornice()->cmd_chiudi()->setText(tr("&Esci"));
     cornice()->cmd_esporta()->setText(tr("Es&porta…"));
     area()->imposta_ruota_unica(true);

@@ -91,6 +91,8 @@ class TestFormPiramide final : public QObject {
             QVERIFY2(controllo<QWidget>(nome) != nullptr, nome);
         QCOMPARE(controllo<QLabel>("lbltitolo_7")->text(),
                  QStringLiteral("Ottina per Ambo, Terno e Quaterna"));
+        // No grid, nothing to filter.
+        QVERIFY(!controllo<QPushButton>("cmdFiltra")->isVisible());
     }
 
     void una_ruota_alla_volta() {
