@@ -106,6 +106,11 @@ Parametri Form_scommesse::parametri() const {
     return p;
 }
 
+void Form_scommesse::imposta(const Domanda& domanda) {
+    combo1_->setCurrentIndex(domanda.di<ParametriScommesse>().analisi);
+    SchermoRicerca::imposta(domanda);
+}
+
 void Form_scommesse::avvia() {
     // Started from inside the box, the search runs with what stands there.
     if (limite_->hasFocus()) lascia_limite();

@@ -29,6 +29,8 @@ class Form_scommesse final : public SchermoRicerca {
   protected:
     void prepara() override;
     [[nodiscard]] Parametri parametri() const override;
+    /// The analysis; the limit is the file's.
+    void imposta(const Domanda& domanda) override;
 
   private:
     void componi_domanda();

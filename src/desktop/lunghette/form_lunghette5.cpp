@@ -92,4 +92,11 @@ Parametri Form_Lunghette5::parametri() const {
     return ParametriScomposte{.meta = meta_->checkedId(), .ordine = ordine_->checkedId()};
 }
 
+void Form_Lunghette5::imposta(const Domanda& domanda) {
+    const auto& p = domanda.di<ParametriScomposte>();
+    if (QAbstractButton* b = meta_->button(p.meta)) b->setChecked(true);
+    if (QAbstractButton* b = ordine_->button(p.ordine)) b->setChecked(true);
+    SchermoRicerca::imposta(domanda);
+}
+
 }  // namespace sortimetra

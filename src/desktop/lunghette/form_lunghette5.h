@@ -24,6 +24,7 @@ class Form_Lunghette5 final : public SchermoRicerca {
 
   protected:
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
 
   private:
     std::array<QRadioButton*, 2> option2_{};

@@ -213,10 +213,6 @@ void Form_Piramide::prepara() {
     svuota_piramide();
 }
 
-void Form_Piramide::attiva() {
-    FinestraRicerca::attiva();
-}
-
 void Form_Piramide::svuota_piramide() {
     for (std::size_t r = 0; r < kRighePiramide; ++r)
         for (std::size_t c = 0; c <= r; ++c) celle_[r][c]->clear();
@@ -231,6 +227,15 @@ Parametri Form_Piramide::parametri() const {
     if (casella != nullptr && casella->numero() >= 1 && casella->numero() <= kNumeri)
         p.numero = casella->numero();
     return p;
+}
+
+void Form_Piramide::imposta(const Domanda& domanda) {
+    const auto& p = domanda.di<ParametriPiramide>();
+    opzioni_->button(p.opzione)->setChecked(true);
+    for (CasellaCifre* c : numeri_) c->clear();
+    if (p.numero && (p.opzione == 0 || p.opzione == 3))
+        numeri_[p.opzione == 0 ? 0 : 1]->setText(QString::number(*p.numero));
+    FinestraRicerca::imposta(domanda);
 }
 
 void Form_Piramide::avvia() {

@@ -26,7 +26,6 @@ class Form_Piramide final : public FinestraRicerca {
     explicit Form_Piramide(Sessione& sessione, QWidget* padre = nullptr);
 
     void avvia() override;
-    void attiva() override;
 
     /// How a report that is no answer is printed: the slips.
     void imposta_stampa_rapporto(std::function<void(QWidget*, Rapporto)> stampa);
@@ -38,6 +37,7 @@ class Form_Piramide final : public FinestraRicerca {
     void mostra(const EsitoRicerca& esito) override;
     void svuota() override;
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
     void aggiorna_comandi() override;
     void keyPressEvent(QKeyEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;

@@ -92,6 +92,18 @@ class TestFormScommesse final : public QObject {
     }
     void cleanup() { form_.reset(); }
 
+    void come_l_ultima_volta() {
+        form_.reset();
+        apri();
+        trova<QComboBox>(QStringLiteral("Combo1"))->setCurrentIndex(3);
+        clic("cmdAvvia");
+        form_->close();
+        apri();
+        QCOMPARE(trova<QComboBox>(QStringLiteral("Combo1"))->currentIndex(), 0);
+        form_->come_l_ultima_volta();
+        QCOMPARE(trova<QComboBox>(QStringLiteral("Combo1"))->currentIndex(), 3);
+    }
+
     void ogni_controllo_ha_il_suo_nome() {
         apri();
         QCOMPARE(form_->windowTitle(), QStringLiteral("Scommesse Lotto"));

@@ -54,6 +54,19 @@ class TestFormLunghette5 final : public QObject {
     }
     void cleanup() { form_.reset(); }
 
+    void come_l_ultima_volta() {
+        controllo<QRadioButton>("Option2_1")->click();
+        controllo<QRadioButton>("Option1_1")->click();
+        clic("Command1");
+        QCOMPARE(righe(), 3003);
+        form_->close();
+        init();
+        QVERIFY(!controllo<QRadioButton>("Option2_1")->isChecked());
+        form_->come_l_ultima_volta();
+        QVERIFY(controllo<QRadioButton>("Option2_1")->isChecked());
+        QVERIFY(controllo<QRadioButton>("Option1_1")->isChecked());
+    }
+
     void si_apre_senza_meta_e_non_fa_nulla() {
         MessaggiDiProva messaggi;
         QCOMPARE(form_->windowTitle(), QStringLiteral("Calcolo lunghette scomposte  win for life"));

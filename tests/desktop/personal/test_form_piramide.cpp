@@ -95,6 +95,22 @@ class TestFormPiramide final : public QObject {
         QVERIFY(!controllo<QPushButton>("cmdFiltra")->isVisible());
     }
 
+    void come_l_ultima_volta() {
+        clic("OptionP_3");
+        controllo<QLineEdit>("txtnumpir_1")->setText(QStringLiteral("7"));
+        clic("CmdAvviaRicerca");
+        QCOMPARE(numero(0), QStringLiteral("07"));
+        form_->close();
+        form_ = std::make_unique<Form_Piramide>(*sessione_);
+        form_->apri(*trova_ricerca("piramide statistica"), archivio_);
+        form_->show();
+        QVERIFY(controllo<QRadioButton>("OptionP_1")->isChecked());
+        form_->come_l_ultima_volta();
+        QVERIFY(controllo<QRadioButton>("OptionP_3")->isChecked());
+        QCOMPARE(controllo<QLineEdit>("txtnumpir_1")->text(), QStringLiteral("7"));
+        QVERIFY(controllo<QLineEdit>("txtnumpir_0")->text().isEmpty());
+    }
+
     void una_ruota_alla_volta() {
         clic("CheckRuota_1");
         QVERIFY(controllo<QCheckBox>("CheckRuota_1")->isChecked());
