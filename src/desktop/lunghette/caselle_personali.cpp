@@ -82,6 +82,13 @@ void CasellePersonali::lasciata(std::size_t quale) {
     emit cambiate();
 }
 
+void CasellePersonali::imposta(const std::vector<int>& numeri) {
+    for (std::size_t i = 0; i < caselle_.size(); ++i) {
+        caselle_[i]->setText(i < numeri.size() ? QString::number(numeri[i]) : QString{});
+        aggiorna();
+    }
+}
+
 void CasellePersonali::lascia() {
     // Of two equal numbers the later one goes, which was typed last.
     for (std::size_t i = caselle_.size(); i-- > 0;) lasciata(i);

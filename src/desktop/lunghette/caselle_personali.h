@@ -25,6 +25,8 @@ class CasellePersonali final : public QWidget {
     void lascia();
     /// The numbers from the first box to the first empty one.
     [[nodiscard]] std::vector<int> numeri() const;
+    /// Writes numbers into the boxes, from the first; what finds no open box is left out.
+    void imposta(const std::vector<int>& numeri);
 
   signals:
     void cambiate();

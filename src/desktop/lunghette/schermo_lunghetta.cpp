@@ -323,6 +323,19 @@ Parametri SchermoLunghetta::parametri() const {
                               .a_ogni_passo = osserva_};
 }
 
+void SchermoLunghetta::imposta(const Domanda& domanda) {
+    const auto& p = domanda.di<ParametriLunghette>();
+    combo1_->setCurrentIndex(p.ricerca);
+    if (QAbstractButton* b = opzioni_->button(p.opzione)) b->setChecked(true);
+    personali_->imposta(p.numeri);
+    if (a_punti()) {
+        check1_->setChecked(p.posizione);
+        check2_->setChecked(p.frequente);
+    }
+    scegli_lunghezza(p.lunghezza);
+    FinestraRicerca::imposta(domanda);
+}
+
 void SchermoLunghetta::passo(const PassoLunghetta& passo) {
     // Without a number of its own a step is a beginning: the seed, or the next of the automatic analysis.
     if (passo.entrato == 0) passi_.clear();

@@ -45,6 +45,7 @@ class SchermoLunghetta : public FinestraRicerca {
   protected:
     void prepara() override;
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
     void mostra(const EsitoRicerca& esito) override;
     void svuota() override;
     void aggiorna_comandi() override;

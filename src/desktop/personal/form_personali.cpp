@@ -239,6 +239,16 @@ Parametri Form_Personali::parametri() const {
     return p;
 }
 
+void Form_Personali::imposta(const Domanda& domanda) {
+    const auto& p = domanda.di<ParametriPersonali>();
+    scelta_->imposta(p.numeri);
+    if (ricerca()->gioco == Gioco::lotto) {
+        estratto_->setCurrentIndex(p.estratto);
+        chiusura_->setChecked(p.chiusura);
+    }
+    FinestraRicerca::imposta(domanda);
+}
+
 void Form_Personali::mostra(const EsitoRicerca& esito) {
     auto uscite = std::make_shared<Tabella>(*tabella(esito.risultato, "risultati"));
     uscite->titoli = titoli_a_schermo(uscite->titoli[0]);

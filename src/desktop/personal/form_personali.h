@@ -45,6 +45,7 @@ class Form_Personali final : public FinestraRicerca {
     void svuota() override;
     [[nodiscard]] std::vector<std::uint32_t> ordine_in_mostra() const override;
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
     void trova() override;
     void aggiorna_comandi() override;
 

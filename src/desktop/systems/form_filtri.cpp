@@ -161,6 +161,17 @@ Parametri Form_filtri::parametri() const {
     return p;
 }
 
+void Form_filtri::imposta(const Domanda& domanda) {
+    SchermoSistemi::imposta(domanda);
+    const int statistica = domanda.di<ParametriSistemi>().statistica;
+    if (statistica < 0 || statistica >= combo_->count()) return;
+    // Chosen by hand it would start.
+    fermo_ = true;
+    combo_->setCurrentIndex(statistica);
+    fermo_ = false;
+    mostra_pagina(quadri_[static_cast<std::size_t>(statistica)]);
+}
+
 void Form_filtri::esegui() {
     const auto s = static_cast<std::size_t>(statistica());
     const EsitoRicerca esito = corri(*ricerca(), domanda(*ricerca()));

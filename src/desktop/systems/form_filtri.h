@@ -29,6 +29,7 @@ class Form_filtri final : public SchermoSistemi {
     [[nodiscard]] bool chiede_scelte() const override { return !sui_sistemi(); }
     void svuota() override;
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
     [[nodiscard]] std::vector<std::uint32_t> ordine_in_mostra() const override;
     [[nodiscard]] LavoroStampa lavoro() override;
     void trova() override;

@@ -149,6 +149,13 @@ Parametri SchermoSistemi::parametri() const {
     return p;
 }
 
+void SchermoSistemi::imposta(const Domanda& domanda) {
+    // The area of the game comes before the scope; positions and numbers are asked for at each start.
+    const int sistema = domanda.di<ParametriSistemi>().sistema;
+    if (sistema >= 0 && static_cast<std::size_t>(sistema) < caselle_.size()) sistema_premuto(sistema, true);
+    FinestraRicerca::imposta(domanda);
+}
+
 // ---- positions and numbers ----
 
 CorniceScelta* SchermoSistemi::scelta_del_gioco() const {

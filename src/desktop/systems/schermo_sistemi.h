@@ -43,6 +43,7 @@ class SchermoSistemi : public FinestraRicerca {
 
     void svuota() override;
     [[nodiscard]] Parametri parametri() const override;
+    void imposta(const Domanda& domanda) override;
     void mostra_messaggio(const Messaggio& messaggio) override;
     void keyPressEvent(QKeyEvent* evento) override;
 

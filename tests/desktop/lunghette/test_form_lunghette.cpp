@@ -90,6 +90,27 @@ class TestFormLunghette final : public QObject {
     void initTestCase() { applica_tema(*qApp, 1); }
     void cleanup() { form_.reset(); }
 
+    void come_l_ultima_volta() {
+        apri(kLotto);
+        combo("Combo1")->setCurrentIndex(2);
+        opzione(2)->click();
+        QTest::keyClicks(casella(0), QStringLiteral("12"));
+        QTest::keyClicks(casella(1), QStringLiteral("34"));
+        combo("ComboLunga")->setCurrentIndex(2);
+        clic("cmdAvviaRicerca");
+        form_->close();
+        apri(kLotto);
+        QCOMPARE(combo("Combo1")->currentIndex(), 0);
+        form_->come_l_ultima_volta();
+        QCOMPARE(combo("Combo1")->currentIndex(), 2);
+        QVERIFY(opzione(2)->isChecked());
+        QCOMPARE(casella(0)->text(), QStringLiteral("12"));
+        QCOMPARE(casella(1)->text(), QStringLiteral("34"));
+        QCOMPARE(casella(2)->text(), QString{});
+        QCOMPARE(combo("ComboLunga")->currentIndex(), 2);
+        QVERIFY(numeri().isEmpty());
+    }
+
     void ogni_controllo_c_e_data() {
         QTest::addColumn<QString>("chiave");
         QTest::addColumn<QString>("titolo");

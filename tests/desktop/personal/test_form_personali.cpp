@@ -89,6 +89,21 @@ class TestFormPersonali final : public QObject {
         QCOMPARE(form_->property("Tag").toString(), QStringLiteral("lotto"));
     }
 
+    void come_l_ultima_volta() {
+        apri(kLotto);
+        segna(5);
+        segna(77);
+        controllo<QComboBox>("cmbEstratto")->setCurrentIndex(2);
+        clic("cmdRicerca");
+        form_->close();
+        apri(kLotto);
+        QCOMPARE(scelta()->numeri(), std::vector<int>{});
+        form_->come_l_ultima_volta();
+        QCOMPARE(scelta()->numeri(), (std::vector<int>{5, 77}));
+        QCOMPARE(controllo<QComboBox>("cmbEstratto")->currentIndex(), 2);
+        QVERIFY(!controllo<QCheckBox>("Check1")->isChecked());
+    }
+
     void si_segna_con_il_mouse_e_con_la_tastiera() {
         apri(kLotto);
         QCOMPARE(controllo<QLabel>("lblnumeri")->text(), QStringLiteral("Numeri Selezionati: 0"));

@@ -90,6 +90,22 @@ class TestFormFiltri final : public QObject {
   private slots:
     void initTestCase() { applica_tema(*qApp, 1); }
 
+    void come_l_ultima_volta() {
+        apri(kFiltri);
+        sistema(4);
+        statistica(Statistica::somme1);
+        clic(QStringLiteral("cmdAvvia"));
+        form_->close();
+        apri(kFiltri);
+        QVERIFY(trova<QCheckBox>("CheckSistema_0")->isChecked());
+        form_->come_l_ultima_volta();
+        QVERIFY(trova<QCheckBox>("CheckSistema_4")->isChecked());
+        QVERIFY(!trova<QCheckBox>("CheckSistema_0")->isChecked());
+        QCOMPARE(trova<QComboBox>("Combo1")->currentIndex(), static_cast<int>(Statistica::somme1));
+        // Filled, not started.
+        QVERIFY(righe(Statistica::somme1, 0).isEmpty());
+    }
+
     void ogni_controllo_ha_il_suo_nome() {
         apri(kFiltri);
         QCOMPARE(form_->windowTitle(), QStringLiteral("Filtri di Condizionamento"));
