@@ -18,6 +18,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
@@ -49,6 +50,7 @@ Form_Piramide::Form_Piramide(Sessione& sessione, QWidget* padre)
       invito_{new QLabel{tr(
           "Scegli la ruota e da dove parte la piramide,\npoi premi «Avvia Ricerca» (oppure Invio, o F5).")}},
       piede_{new QLabel},
+      testi_{new QListWidget{this}},
       pannelli_{new QStackedWidget},
       poste_{new GrigliaPoste},
       schedine_{new QPushButton{tr("Stampa Sc&hedine")}},
@@ -155,6 +157,9 @@ QWidget* Form_Piramide::componi_piramide() {
     }
     griglia->setColumnMinimumWidth(2 * static_cast<int>(kRighePiramide), 3 * kPasso);
 
+    testi_->setObjectName(QStringLiteral("List1"));
+    testi_->setAccessibleName(tr("Numeri della piramide"));
+    testi_->hide();
     piede_->setObjectName(QStringLiteral("lblpiede"));
     assegna_ruolo(piede_, "sezione");
     invito_->setAlignment(Qt::AlignCenter);
@@ -216,6 +221,7 @@ void Form_Piramide::prepara() {
 void Form_Piramide::svuota_piramide() {
     for (std::size_t r = 0; r < kRighePiramide; ++r)
         for (std::size_t c = 0; c <= r; ++c) celle_[r][c]->clear();
+    testi_->clear();
     piede_->clear();
     piede_->hide();
     invito_->show();
@@ -246,9 +252,11 @@ void Form_Piramide::avvia() {
 void Form_Piramide::mostra(const EsitoRicerca& esito) {
     const auto piramide = piramide_di(*esito.risultato);
     if (!piramide) return;
+    testi_->clear();
     for (std::size_t r = 0; r < kRighePiramide; ++r)
         for (std::size_t c = 0; c <= r; ++c) {
             const QString numero = testo_qt(esito.risultato->tabelle[0].testo(r, c));
+            testi_->addItem(numero);
             celle_[r][c]->setText(numero);
             celle_[r][c]->setAccessibleName(tr("Riga %1, numero %2: %3").arg(r + 1).arg(c + 1).arg(numero));
         }

@@ -10,6 +10,7 @@
 class QAction;
 class QButtonGroup;
 class QLabel;
+class QListWidget;
 class QPushButton;
 class QStackedWidget;
 
@@ -61,6 +62,7 @@ class Form_Piramide final : public FinestraRicerca {
     std::array<std::array<QLabel*, kRighePiramide>, kRighePiramide> celle_{};
     QLabel* invito_;
     QLabel* piede_;
+    QListWidget* testi_;  ///< `List1`: the two digits of every cell, row by row; never on show
     QStackedWidget* pannelli_;
     GrigliaPoste* poste_;
     QPushButton* schedine_;

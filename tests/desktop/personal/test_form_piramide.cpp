@@ -13,6 +13,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QtTest>
@@ -100,6 +101,9 @@ class TestFormPiramide final : public QObject {
         controllo<QLineEdit>("txtnumpir_1")->setText(QStringLiteral("7"));
         clic("CmdAvviaRicerca");
         QCOMPARE(numero(0), QStringLiteral("07"));
+        auto* testi = controllo<QListWidget>("List1");
+        QCOMPARE(testi->count(), 55);
+        for (int i = 0; i < testi->count(); ++i) QCOMPARE(testi->item(i)->text(), numero(i));
         form_->close();
         form_ = std::make_unique<Form_Piramide>(*sessione_);
         form_->apri(*trova_ricerca("piramide statistica"), archivio_);
