@@ -41,6 +41,7 @@ Domanda domanda_di(const Ricerca& ricerca, const SelezioneRuote& ruote) {
         d.parametri.per<ParametriStatistica>().capogioco = {12, 34};
     else if (ricerca.ammette(kOpzCapogioco))
         d.parametri.per<ParametriStatistica>().capogioco = {12};
+    if (ricerca.ammette(kOpzCapogiocoWinForLife)) d.parametri.per<ParametriAmbiWinForLife>().capogioco = {12};
     if (ricerca.ammette(kOpzNumeriSpia)) d.parametri.per<ParametriSpia>().numeri = {5, 12, 40, 41, 77};
     if (ricerca.ammette(kOpzNumeri)) d.parametri.per<ParametriStatistica>().numeri = {5, 12, 40, 41, 77};
     if (ricerca.ammette(kOpzNumeriPersonali)) d.parametri.per<ParametriPersonali>().numeri = {5, 17, 90};
