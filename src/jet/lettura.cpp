@@ -6,12 +6,9 @@
 #include "text/testi.h"
 
 #include <mdbtools.h>
-#include <sys/prctl.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <span>
@@ -300,26 +297,6 @@ void leggi(void* byte, std::size_t quanti, unsigned tabelle,
     Uscita uscita{scrivi};
     leggi_tutto(byte, quanti, tabelle, uscita);
     uscita.svuota();
-}
-
-void limita(std::size_t memoria, unsigned secondi) {
-    const auto limite = [](int cosa, rlim_t quanto) {
-        const rlimit l{quanto, quanto};
-        (void)setrlimit(static_cast<__rlimit_resource>(cosa), &l);
-    };
-    // The address sanitizer reserves terabytes of addresses that it never uses.
-#if !defined(__SANITIZE_ADDRESS__)
-    limite(RLIMIT_AS, memoria);
-#else
-    (void)memoria;
-#endif
-    limite(RLIMIT_CPU, secondi);
-    limite(RLIMIT_CORE, 0);
-    limite(RLIMIT_FSIZE, 0);
-    limite(RLIMIT_NPROC, 0);
-    // Not to outlive a program that was killed while it waited for us.
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
-    (void)prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
 }
 
 }  // namespace sortimetra::jet
