@@ -1,5 +1,6 @@
 #include "jet/lettura.h"
 
+#include "jet/numerico.h"
 #include "stores/apertura.h"
 #include "stores/celle.h"
 #include "stores/protocollo.h"
@@ -182,13 +183,13 @@ void scrivi_cella(MdbHandle* mdb, const MdbColumn* colonna, Uscita& uscita, std:
         case MDB_TEXT:
             decodifica(byte, mdb->f->jet_version == MDB_VER_JET3, testo);
             return uscita.testo(testo);
+        case MDB_NUMERIC:
+            if (const auto n = numerico(byte, colonna->col_scale)) return reale(kReale, *n);
+            return uscita.testo("?");
         default: {
-            // The long forms of a text and of a number, which no known archive uses.
-            char* lungo = colonna->col_type == MDB_NUMERIC
-                              ? mdb_numeric_to_string(mdb, colonna->cur_value_start, colonna->col_scale,
-                                                      colonna->col_prec)
-                              : mdb_col_to_string(mdb, mdb->pg_buf, colonna->cur_value_start,
-                                                  colonna->col_type, colonna->cur_value_len);
+            // The long form of a text, which no known archive uses.
+            char* lungo = mdb_col_to_string(mdb, mdb->pg_buf, colonna->cur_value_start, colonna->col_type,
+                                            colonna->cur_value_len);
             testo = lungo == nullptr ? "?" : lungo;
             g_free(lungo);
             for (char& c : testo)
