@@ -6,6 +6,7 @@
 
 #include <bit>
 #include <cstddef>
+#include <optional>
 
 namespace sortimetra {
 
@@ -30,8 +31,11 @@ void percorri_10elotto(const TabellaLotto& lotto, const VistaEstrazioni& vista, 
         if (prossima >= oltre) continue;
         prossima = passo == PassoDieciELotto::dieci_righe ? prossima + kRuote : oltre;
         ++c;
-        if (const auto record = cerca_concorso(lotto.concorso, vista.concorso(i)))
-            una(c, righe, calc_combinazione_10elotto(lotto, *record));
+        // A view of the ten wheels knows its records; that of NAZIONALE has them in a table of its own.
+        std::optional<std::size_t> record = vista.record(i);
+        if (*record >= lotto.concorso.size() || lotto.concorso[*record] != vista.concorso(i))
+            record = cerca_concorso(lotto.concorso, vista.concorso(i));
+        if (record) una(c, righe, calc_combinazione_10elotto(lotto, *record));
     }
     avanzamento.procedi(vista.concorsi(), vista.concorsi());
 }
