@@ -1,6 +1,7 @@
 #include "stores/arrivi.h"
 
 #include "files/file_sicuro.h"
+#include "stores/moduli_arrivi.h"
 #include "stores/pubblicati.h"
 #include "text/testi.h"
 
@@ -11,6 +12,8 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
+#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -120,11 +123,62 @@ void riassumi(TestoArrivato& testo, const std::vector<Riga>& righe) {
     }
 }
 
+// ---- packed files ----
+
+bool gzip(std::string_view byte) {
+    return byte.starts_with("\x1F\x8B");
+}
+bool zip(std::string_view byte) {
+    return byte.starts_with("PK\x03\x04") || byte.starts_with("PK\x05\x06");
+}
+
+std::expected<std::vector<Spacchettato>, ErroreArchivio> spacchetta(const Arrivo& a) {
+    static const auto porta = apri_modulo(kModuloSpacchetta);
+    if (!porta) return std::unexpected(porta.error());
+    auto file = reinterpret_cast<Spacchetta (*)()>(*porta)()(a.byte, kArrivoMassimo);
+    if (!file) return rifiuta(a.nome, std::move(file.error()));
+    return std::move(*file);
+}
+
 /// Reads the texts and gathers their rows by game.
 class Raccoglitore {
   public:
-    std::expected<void, ErroreArchivio> leggi(std::string nome, std::string_view testo,
-                                              Avanzamento& avanzamento) {
+    std::expected<void, ErroreArchivio> leggi(const Arrivo& arrivo, Avanzamento& avanzamento) {
+        if (!gzip(arrivo.byte) && !zip(arrivo.byte))
+            return leggi_testo(arrivo.nome, arrivo.byte, avanzamento);
+        const auto file = spacchetta(arrivo);
+        if (!file) return std::unexpected(file.error());
+        std::size_t letti = 0;
+        for (const Spacchettato& f : *file) {
+            const std::string nome = f.nome.empty() ? arrivo.nome : arrivo.nome + ": " + f.nome;
+            // A zip may bring more than draws along.
+            if (zip(arrivo.byte) && !riconosci_gioco(f.byte)) {
+                arrivate_.avvisi.push_back(nome + ": non è un testo di estrazioni, tralasciato");
+                continue;
+            }
+            if (auto esito = leggi_testo(nome, f.byte, avanzamento); !esito) return esito;
+            ++letti;
+        }
+        if (letti == 0) return rifiuta(arrivo.nome, "non contiene alcun testo di estrazioni");
+        return {};
+    }
+
+    std::expected<Arrivate, ErroreArchivio> tutte() && {
+        auto lotto = std::move(lotto_).ordinate(arrivate_.testi);
+        if (!lotto) return std::unexpected(std::move(lotto.error()));
+        auto superenalotto = std::move(superenalotto_).ordinate(arrivate_.testi);
+        if (!superenalotto) return std::unexpected(std::move(superenalotto.error()));
+        auto winforlife = std::move(winforlife_).ordinate(arrivate_.testi);
+        if (!winforlife) return std::unexpected(std::move(winforlife.error()));
+        arrivate_.righe.lotto = std::move(*lotto);
+        arrivate_.righe.superenalotto = std::move(*superenalotto);
+        arrivate_.righe.winforlife = std::move(*winforlife);
+        return std::move(arrivate_);
+    }
+
+  private:
+    std::expected<void, ErroreArchivio> leggi_testo(std::string nome, std::string_view testo,
+                                                    Avanzamento& avanzamento) {
         const auto gioco = riconosci_gioco(testo);
         if (!gioco)
             return rifiuta(nome, rifila(testo).empty()
@@ -143,20 +197,6 @@ class Raccoglitore {
         }
     }
 
-    std::expected<Arrivate, ErroreArchivio> tutte() && {
-        auto lotto = std::move(lotto_).ordinate(arrivate_.testi);
-        if (!lotto) return std::unexpected(std::move(lotto.error()));
-        auto superenalotto = std::move(superenalotto_).ordinate(arrivate_.testi);
-        if (!superenalotto) return std::unexpected(std::move(superenalotto.error()));
-        auto winforlife = std::move(winforlife_).ordinate(arrivate_.testi);
-        if (!winforlife) return std::unexpected(std::move(winforlife.error()));
-        arrivate_.righe.lotto = std::move(*lotto);
-        arrivate_.righe.superenalotto = std::move(*superenalotto);
-        arrivate_.righe.winforlife = std::move(*winforlife);
-        return std::move(arrivate_);
-    }
-
-  private:
     template <class Lettore, class Riga>
     std::expected<void, ErroreArchivio> prendi(std::string_view testo, Lettore lettore, Mazzo<Riga>& mazzo,
                                                unsigned tabella, Avanzamento& avanzamento) {
@@ -179,27 +219,50 @@ class Raccoglitore {
     Mazzo<RigaWinForLife> winforlife_;
 };
 
-/// Standard input, up to the largest arrival.
-std::expected<std::string, ErroreArchivio> leggi_ingresso() {
+/// All that an open file still has, up to the largest arrival.
+std::expected<std::string, ErroreArchivio> leggi_tutto(int descrittore, std::string_view nome) {
     std::string byte;
     std::array<char, 1 << 16> pezzo;
     for (;;) {
-        const ssize_t letti = ::read(STDIN_FILENO, pezzo.data(), pezzo.size());
+        const ssize_t letti = ::read(descrittore, pezzo.data(), pezzo.size());
         if (letti < 0 && errno == EINTR) continue;
-        if (letti < 0) return rifiuta("-", std::string{motivo_sistema(errno)});
+        if (letti < 0) return rifiuta(nome, std::string{motivo_sistema(errno)});
         if (letti == 0) return byte;
         byte.append(pezzo.data(), static_cast<std::size_t>(letti));
         if (byte.size() > kArrivoMassimo)
-            return rifiuta("-", fmt::format("è troppo grande: al massimo {} MB", kArrivoMassimo >> 20U));
+            return rifiuta(nome, fmt::format("è troppo grande: al massimo {} MB", kArrivoMassimo >> 20U));
     }
 }
 
 }  // namespace
 
 std::expected<Arrivo, ErroreArchivio> leggi_arrivo(const std::filesystem::path& file) {
-    auto byte = file == "-" ? leggi_ingresso() : leggi_file(file, kArrivoMassimo);
+    auto byte = file == "-" ? leggi_tutto(STDIN_FILENO, "-") : leggi_file(file, kArrivoMassimo);
     if (!byte) return std::unexpected(std::move(byte.error()));
     return Arrivo{file.string(), std::move(*byte)};
+}
+
+std::expected<Arrivo, ErroreArchivio> scarica_arrivo(const std::string& indirizzo, Avanzamento& avanzamento,
+                                                     const ModoScarico& modo) {
+    if (!minuscolo(indirizzo).starts_with("https://"))
+        return rifiuta(indirizzo, "si scarica soltanto da indirizzi che cominciano con https://");
+    static const auto porta = apri_modulo(kModuloScarica);
+    if (!porta) return std::unexpected(porta.error());
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file{std::tmpfile(), std::fclose};
+    if (!file)
+        return rifiuta(indirizzo,
+                       fmt::format("il file temporaneo non si può creare: {}", motivo_sistema(errno)));
+    const Scarico scarico{.indirizzo = indirizzo,
+                          .massimo = modo.massimo,
+                          .millisecondi = static_cast<long>(modo.tempo.count()),
+                          .autorita = modo.autorita};
+    const auto scaricato = reinterpret_cast<Scarica (*)()>(*porta)()(scarico, file.get(), avanzamento);
+    if (!scaricato) return rifiuta(indirizzo, scaricato.error());
+    if (std::fflush(file.get()) != 0 || std::fseek(file.get(), 0, SEEK_SET) != 0)
+        return rifiuta(indirizzo, "il file temporaneo non si può scrivere");
+    auto byte = leggi_tutto(fileno(file.get()), indirizzo);
+    if (!byte) return std::unexpected(std::move(byte.error()));
+    return Arrivo{indirizzo, std::move(*byte)};
 }
 
 std::optional<Gioco> riconosci_gioco(std::string_view testo) {
@@ -219,7 +282,7 @@ std::expected<Arrivate, ErroreArchivio> leggi_arrivi(std::span<const Arrivo> arr
                                                      Avanzamento& avanzamento) {
     Raccoglitore raccoglitore;
     for (const Arrivo& a : arrivi)
-        if (auto esito = raccoglitore.leggi(a.nome, a.byte, avanzamento); !esito)
+        if (auto esito = raccoglitore.leggi(a, avanzamento); !esito)
             return std::unexpected(std::move(esito.error()));
     return std::move(raccoglitore).tutte();
 }

@@ -6,6 +6,7 @@
 #include "files/errore.h"
 #include "stores/apertura.h"
 
+#include <chrono>
 #include <cstddef>
 #include <expected>
 #include <filesystem>
@@ -29,6 +30,22 @@ inline constexpr std::size_t kArrivoMassimo = std::size_t{50} << 20U;
 
 /// Reads a file that may be dropped on a window or named on the command line. "-" is standard input.
 [[nodiscard]] std::expected<Arrivo, ErroreArchivio> leggi_arrivo(const std::filesystem::path& file);
+
+/// How far a transfer goes.
+struct ModoScarico {
+    std::size_t massimo = kArrivoMassimo;
+    std::chrono::milliseconds tempo{60'000};  ///< for all of it
+    /// Certificates of the authorities to be believed, PEM; empty: those of the system, as it is always but
+    /// for a server within the house.
+    std::string autorita{};
+};
+
+/// Fetches a published file by its address: over HTTPS only, also where the server sends us elsewhere, with
+/// its certificate checked. It goes into a temporary that has no name and comes back as a file would.
+/// `avanzamento` counts bytes.
+[[nodiscard]] std::expected<Arrivo, ErroreArchivio> scarica_arrivo(const std::string& indirizzo,
+                                                                   Avanzamento& avanzamento,
+                                                                   const ModoScarico& modo = {});
 
 /// What one text turned out to be.
 struct TestoArrivato {
@@ -56,9 +73,10 @@ struct Arrivate {
 /// Which game a text is of, by its first line with something in it: nothing where it is none of the three.
 [[nodiscard]] std::optional<Gioco> riconosci_gioco(std::string_view testo);
 
-/// Unpacks, tells the games apart by the content, reads. Lines may stand in any order; what stands in two
-/// arrivals counts once. The first thing that cannot be read ends it, with arrival, line and reason in the
-/// error; so does a draw that two arrivals tell differently, and a number twice in a wheel.
+/// Unpacks (all together to `kArrivoMassimo` bytes an arrival), tells the games apart by the content, reads.
+/// Lines may stand in any order; what stands in two arrivals counts once. The first thing that cannot be read
+/// ends it, with arrival, line and reason in the error; so does a draw that two arrivals tell differently,
+/// and a number twice in a wheel.
 [[nodiscard]] std::expected<Arrivate, ErroreArchivio> leggi_arrivi(std::span<const Arrivo> arrivi,
                                                                    Avanzamento& avanzamento);
 
