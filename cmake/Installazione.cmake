@@ -5,8 +5,8 @@ install(TARGETS sortimetra sortimetra-cli)
 # No program for people: out of the command path.
 install(TARGETS sortimetra-lettore-jet DESTINATION libexec/sortimetra)
 
-# The module that sortimetra-cli loads when it writes a PDF.
-install(TARGETS sortimetra-pdf LIBRARY DESTINATION lib/sortimetra)
+# The modules that are loaded when they are used: pages as PDF, packed files, transfers.
+install(TARGETS sortimetra-pdf sortimetra-spacchetta sortimetra-scarica LIBRARY DESTINATION lib/sortimetra)
 
 install(FILES README.md data/pacchetto/copyright ${SORTIMETRA_MANUALI}/doc/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
@@ -40,8 +40,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${SORTIMETRA_MANUTENTORE}")
 set(CPACK_DEBIAN_PACKAGE_SECTION math)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What no library name tells: the font of the reports, Qt's own words in Italian.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation2, qt6-translations-l10n")
+# What no library name tells: the font of the reports, Qt's own words in Italian, whose certificates are believed.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "ca-certificates, fonts-liberation2, qt6-translations-l10n")
 # What cpack itself runs; without them it would make a package that names no library.
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/cmake/StrumentiPacchetto.cmake)
 include(CPack)

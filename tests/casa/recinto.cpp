@@ -39,6 +39,7 @@ constexpr Piano kPiani[] = {
     {"core/chance", 5},
     {"core/catalogue", 6},
     {"stampa", 7},
+    {"arrivi", 7},
     {"cli", 7},
     {"jet", 7},
     {"desktop/screens", 8},
@@ -55,7 +56,7 @@ constexpr Piano kPiani[] = {
     {"desktop", 13},
 };
 /// Programs of their own: no room knows them, however high it stands.
-constexpr std::array<std::string_view, 2> kTetti{"cli", "jet"};
+constexpr std::array<std::string_view, 3> kTetti{"arrivi", "cli", "jet"};
 
 std::optional<int> altezza(std::string_view stanza) {
     const auto* p = std::find_if(std::begin(kPiani), std::end(kPiani),

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace sortimetra {
 
@@ -44,8 +45,25 @@ std::filesystem::path file_impostazioni() {
     return cartella_utente("XDG_CONFIG_HOME", ".config") / "impostazioni.ini";
 }
 
+std::optional<std::string> leggi_impostazioni() {
+    auto testo = leggi_file(file_impostazioni(), kGrandezzaMassima);
+    if (!testo) return std::nullopt;
+    return std::move(*testo);
+}
+
+std::expected<void, ErroreArchivio> cambia_impostazioni(
+    const std::function<std::string(std::string)>& cambia) {
+    const auto file = file_impostazioni();
+    std::error_code errore;
+    std::filesystem::create_directories(file.parent_path(), errore);
+    auto prima = leggi_file(file, kGrandezzaMassima);
+    // There, but not readable: better old settings than settings written over.
+    if (!prima && std::filesystem::exists(file, errore)) return std::unexpected(prima.error());
+    return scrivi_file(file, cambia(prima.value_or(std::string{})));
+}
+
 std::optional<std::filesystem::path> cartella_ricordata() {
-    const auto testo = leggi_file(file_impostazioni(), kGrandezzaMassima);
+    const auto testo = leggi_impostazioni();
     if (!testo) return std::nullopt;
     const auto valore = valore_ini(*testo, kSezione, kChiave);
     if (!valore || !valore->starts_with('/') || !contiene_archivio_accanto(*valore)) return std::nullopt;
@@ -53,16 +71,12 @@ std::optional<std::filesystem::path> cartella_ricordata() {
 }
 
 std::expected<void, ErroreArchivio> ricorda_cartella(const std::filesystem::path& cartella) {
-    const auto file = file_impostazioni();
     std::error_code errore;
     const std::string intera = std::filesystem::absolute(cartella, errore).string();
     if (errore || intera.find_first_of("\r\n") != std::string::npos)
         return std::unexpected(ErroreArchivio{cartella, "il nome di questa cartella non si può ricordare"});
-    std::filesystem::create_directories(file.parent_path(), errore);
-    auto prima = leggi_file(file, kGrandezzaMassima);
-    // There, but not readable: better old settings than settings written over.
-    if (!prima && std::filesystem::exists(file, errore)) return std::unexpected(prima.error());
-    return scrivi_file(file, con_valore_ini(prima.value_or(std::string{}), kSezione, kChiave, intera));
+    return cambia_impostazioni(
+        [&](const std::string& testo) { return con_valore_ini(testo, kSezione, kChiave, intera); });
 }
 
 std::filesystem::path cartella_programma(const std::optional<std::filesystem::path>& scelta) {

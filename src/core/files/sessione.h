@@ -4,7 +4,9 @@
 
 #include <expected>
 #include <filesystem>
+#include <functional>
 #include <optional>
+#include <string>
 
 namespace sortimetra {
 
@@ -26,6 +28,14 @@ struct Sessione {
 /// The user's settings that belong to no archive: one small text of sections and keys, UTF-8, that the window
 /// writes and both programs read ($XDG_CONFIG_HOME/sortimetra/impostazioni.ini, or under ~/.config).
 [[nodiscard]] std::filesystem::path file_impostazioni();
+
+/// Their text; nothing where there is none, or where it cannot be read.
+[[nodiscard]] std::optional<std::string> leggi_impostazioni();
+
+/// Puts what `cambia` makes of that text ("" where there is none yet) in its place. Settings that are there
+/// but cannot be read are not written over: that is an error.
+[[nodiscard]] std::expected<void, ErroreArchivio> cambia_impostazioni(
+    const std::function<std::string(std::string)>& cambia);
 
 /// The folder chosen in the window last; nothing if none was, or if it holds no `archivio` any more (a disk
 /// that is not there today is remembered for tomorrow).

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/modulo.h"
 #include "printing/rapporto.h"
 
 namespace sortimetra {
@@ -9,9 +10,7 @@ namespace sortimetra {
 using ScriviPdf = std::expected<void, ErroreArchivio> (*)(const Rapporto&, const std::filesystem::path&,
                                                           Avanzamento&, PagineScelte);
 
-/// The module's file name, beside the program or in `../lib/sortimetra`.
-inline constexpr const char* kModuloStampa = "libsortimetra-pdf.so";
-/// The C function that it exports: returns its `ScriviPdf`.
-inline constexpr const char* kPortaModuloStampa = "sortimetra_scrivi_pdf";
+/// The module, and the C function that it exports: returns its `ScriviPdf`.
+inline constexpr Modulo kModuloStampa{"libsortimetra-pdf.so", "sortimetra_scrivi_pdf", "il modulo di stampa"};
 
 }  // namespace sortimetra

@@ -1,5 +1,7 @@
 #include "stores/dimostrazione.h"
 
+#include "draws/calendario.h"
+
 #include <fmt/core.h>
 
 #include <algorithm>
@@ -13,87 +15,12 @@ namespace sortimetra {
 
 namespace {
 
-using std::chrono::April;
-using std::chrono::August;
-using std::chrono::day;
 using std::chrono::days;
-using std::chrono::December;
-using std::chrono::Friday;
-using std::chrono::January;
 using std::chrono::July;
-using std::chrono::June;
 using std::chrono::March;
-using std::chrono::May;
-using std::chrono::month_day;
-using std::chrono::November;
-using std::chrono::Saturday;
-using std::chrono::Sunday;
-using std::chrono::Thursday;
-using std::chrono::Tuesday;
-using std::chrono::Wednesday;
-using std::chrono::weekday;
 using std::chrono::year;
-using std::chrono::year_month_day;
 
-// ---- the calendar ----
-
-constexpr Data kPrimaEstrazione{year{1990} / 12 / 22};
 constexpr Data kUltimaEstrazione{year{2026} / 8 / 21};
-
-constexpr unsigned bit(weekday g) {
-    return 1U << g.c_encoding();
-}
-
-/// From a day on, the Lotto was drawn on these days of the week.
-struct Regime {
-    Data da;
-    unsigned giorni;
-};
-constexpr unsigned kMartedi = bit(Tuesday) | bit(Thursday) | bit(Saturday);
-constexpr std::array<Regime, 6> kRegimi{{
-    {Data{year{1990} / 1 / 1}, bit(Saturday)},
-    {Data{year{1997} / 3 / 6}, bit(Wednesday) | bit(Saturday)},
-    {Data{year{2002} / 12 / 1}, kMartedi},  // tried for one month
-    {Data{year{2003} / 1 / 1}, bit(Wednesday) | bit(Saturday)},
-    {Data{year{2005} / 6 / 20}, kMartedi},
-    {Data{year{2023} / 7 / 3}, kMartedi | bit(Friday)},
-}};
-
-/// No games were drawn in the spring of 2020.
-constexpr Data kInizioSospensione{year{2020} / 3 / 22};
-constexpr Data kFineSospensione{year{2020} / 5 / 3};
-/// Drawn besides the regular days, on the eve of the new currency.
-constexpr Data kStraordinaria{year{2001} / 12 / 31};
-
-bool regolare(Data data) {
-    const auto regime =
-        std::find_if(kRegimi.rbegin(), kRegimi.rend(), [data](const Regime& r) { return r.da <= data; });
-    return (regime->giorni & bit(weekday{data})) != 0;
-}
-
-bool festivo(Data data) {
-    static constexpr std::array<month_day, 9> kFeste{{January / 1, January / 6, April / 25, May / 1,
-                                                      August / 15, November / 1, December / 8, December / 25,
-                                                      December / 26}};
-    const year_month_day g{data};
-    const month_day festa{g.month(), g.day()};
-    if (std::find(kFeste.begin(), kFeste.end(), festa) != kFeste.end()) return true;
-    // The Republic's day became a holiday again in 2001; unity was celebrated once on a weekday.
-    if (festa == June / 2) return g.year() >= year{2001};
-    return data == Data{year{2011} / March / 17};
-}
-
-/// Where the draw of a holiday goes: to the next weekday that is neither a holiday nor has a draw of its own.
-/// Christmas goes to its eve instead, unless the eve has its own draw or Christmas is a Saturday.
-Data spostata(Data festa) {
-    const year_month_day g{festa};
-    const Data vigilia = festa - days{1};
-    if (g.month() == December && g.day() == day{25} && weekday{festa} != Saturday && !regolare(vigilia))
-        return vigilia;
-    Data data = festa + days{1};
-    while (weekday{data} == Sunday || festivo(data) || regolare(data)) data += days{1};
-    return data;
-}
 
 // ---- chance ----
 
@@ -180,20 +107,6 @@ RigaSuperEnalotto superenalotto(Concorso concorso, Data data, const std::array<Q
 }
 
 }  // namespace
-
-std::vector<Data> calendario_lotto(Data ultima) {
-    std::vector<Data> date;
-    // Two weeks beyond the end: a holiday's draw may come back from there, as Christmas does.
-    for (Data d = kPrimaEstrazione; d <= ultima + days{14}; d += days{1}) {
-        if (d >= kInizioSospensione && d <= kFineSospensione) continue;
-        if (d == kStraordinaria) date.push_back(d);
-        if (regolare(d)) date.push_back(festivo(d) ? spostata(d) : d);
-    }
-    std::sort(date.begin(), date.end());
-    date.erase(std::unique(date.begin(), date.end()), date.end());
-    date.erase(std::upper_bound(date.begin(), date.end(), ultima), date.end());
-    return date;
-}
 
 RigheArchivio archivio_dimostrativo() {
     RigheArchivio righe;

@@ -26,8 +26,6 @@ using std::chrono::days;
 /// it.
 constexpr Data kPrimoSuperEnalotto{std::chrono::year{1997} / 12 / 3};
 constexpr Concorso kConcorsoPrimoSuperEnalotto = 402;
-/// A SuperEnalotto draw without a Lotto draw on its day looks this many days around for a concorso.
-constexpr days kGiorniVicini{5};
 
 /// A stretch of a longer way: reports what is done of the stretch as what is done of the whole.
 class TrattoAvanzamento final : public Avanzamento {
@@ -52,81 +50,23 @@ class TrattoAvanzamento final : public Avanzamento {
 
 // ---- numbering ----
 
-/// Gives each date of the rows, which are ordered by date, its concorso, and drops the draws before number 1.
-std::expected<void, std::string> numera_lotto(std::vector<RigaLotto>& righe, bool tutto) {
-    Concorso concorso = 0;
-    Concorso ancora = 0;
-    Data precedente{};
-    for (RigaLotto& r : righe) {
-        if (concorso == 0 || r.data != precedente) ++concorso;
-        precedente = r.data;
-        r.concorso = concorso;
-        if (r.data == kPrimoSuperEnalotto) ancora = concorso;
-    }
-    if (tutto) return {};
-    if (ancora == 0)
-        return std::unexpected(
-            "manca l'estrazione del 03/12/1997, dalla quale si contano i concorsi; con --tutto si conta "
-            "dalla "
-            "prima");
-    const Concorso spostamento = ancora - kConcorsoPrimoSuperEnalotto;
-    const auto primo = std::find_if(righe.begin(), righe.end(),
-                                    [&](const RigaLotto& r) { return r.concorso > spostamento; });
-    righe.erase(righe.begin(), primo);
-    for (RigaLotto& r : righe) r.concorso -= spostamento;
-    return {};
-}
-
 /// The concorsi by their dates, ascending.
 class ConcorsiPerData {
   public:
-    explicit ConcorsiPerData(const std::vector<RigaLotto>& lotto) {
-        for (const RigaLotto& r : lotto)
-            if (giorni_.empty() || giorni_.back().first != r.data) giorni_.emplace_back(r.data, r.concorso);
+    explicit ConcorsiPerData(std::vector<GiornoConcorso> giorni) : giorni_{std::move(giorni)} {
         std::stable_sort(giorni_.begin(), giorni_.end(),
-                         [](const auto& a, const auto& b) { return a.first < b.first; });
+                         [](const auto& a, const auto& b) { return a.data < b.data; });
     }
     /// 0 for a day without a draw.
     [[nodiscard]] Concorso di(Data data) const {
         const auto it = std::lower_bound(giorni_.begin(), giorni_.end(), data,
-                                         [](const auto& g, Data d) { return g.first < d; });
-        return it == giorni_.end() || it->first != data ? 0 : it->second;
+                                         [](const auto& g, Data d) { return g.data < d; });
+        return it == giorni_.end() || it->data != data ? 0 : it->concorso;
     }
 
   private:
-    std::vector<std::pair<Data, Concorso>> giorni_;
+    std::vector<GiornoConcorso> giorni_;
 };
-
-/// Numbers SuperEnalotto by the Lotto's dates; draws that find no concorso are dropped and named.
-std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
-                                              const std::vector<RigaLotto>& lotto) {
-    const ConcorsiPerData concorsi{lotto};
-    std::set<Concorso> presi;
-    for (RigaSuperEnalotto& r : righe) {
-        r.concorso = concorsi.di(r.data);
-        if (r.concorso != 0) presi.insert(r.concorso);
-    }
-    std::vector<std::string> avvisi;
-    for (RigaSuperEnalotto& r : righe) {
-        for (days d{1}; r.concorso == 0 && d <= kGiorniVicini; ++d) {
-            for (const Data vicino : {r.data - d, r.data + d}) {
-                const Concorso libero = concorsi.di(vicino);
-                if (libero == 0 || !presi.insert(libero).second) continue;
-                r.concorso = libero;
-                break;
-            }
-        }
-        if (r.concorso == 0)
-            avvisi.push_back(fmt::format(
-                "SuperEnalotto del {}: nessun concorso libero entro cinque giorni, estrazione tralasciata",
-                testo_data(r.data)));
-    }
-    std::erase_if(righe, [](const RigaSuperEnalotto& r) { return r.concorso == 0; });
-    std::stable_sort(righe.begin(), righe.end(), [](const RigaSuperEnalotto& a, const RigaSuperEnalotto& b) {
-        return a.concorso < b.concorso;
-    });
-    return avvisi;
-}
 
 // ---- reading ----
 
@@ -229,7 +169,74 @@ std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(const std::filesys
     return nuovi;
 }
 
-/// Writes the database files that are wanted, and takes them into the archive together.
+Importati conta(const RigheArchivio& righe, std::vector<std::string> avvisi) {
+    return {righe.lotto.size(), righe.nazionale.size(), righe.superenalotto.size(), righe.winforlife.size(),
+            std::move(avvisi)};
+}
+
+}  // namespace
+
+std::expected<void, std::string> numera_lotto(std::vector<RigaLotto>& righe, bool tutto) {
+    Concorso concorso = 0;
+    Concorso ancora = 0;
+    Data precedente{};
+    for (RigaLotto& r : righe) {
+        if (concorso == 0 || r.data != precedente) ++concorso;
+        precedente = r.data;
+        r.concorso = concorso;
+        if (r.data == kPrimoSuperEnalotto) ancora = concorso;
+    }
+    if (tutto) return {};
+    if (ancora == 0)
+        return std::unexpected(
+            "manca l'estrazione del 03/12/1997, dalla quale si contano i concorsi; con --tutto si conta "
+            "dalla "
+            "prima");
+    const Concorso spostamento = ancora - kConcorsoPrimoSuperEnalotto;
+    const auto primo = std::find_if(righe.begin(), righe.end(),
+                                    [&](const RigaLotto& r) { return r.concorso > spostamento; });
+    righe.erase(righe.begin(), primo);
+    for (RigaLotto& r : righe) r.concorso -= spostamento;
+    return {};
+}
+
+std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
+                                              const std::vector<RigaLotto>& lotto) {
+    std::vector<GiornoConcorso> giorni;
+    for (const RigaLotto& r : lotto)
+        if (giorni.empty() || giorni.back().data != r.data) giorni.push_back({r.data, r.concorso});
+    return numera_superenalotto(righe, std::move(giorni), {});
+}
+
+std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
+                                              std::vector<GiornoConcorso> giorni, std::set<Concorso> presi) {
+    const ConcorsiPerData concorsi{std::move(giorni)};
+    for (RigaSuperEnalotto& r : righe) {
+        r.concorso = concorsi.di(r.data);
+        if (r.concorso != 0 && !presi.insert(r.concorso).second) r.concorso = 0;
+    }
+    std::vector<std::string> avvisi;
+    for (RigaSuperEnalotto& r : righe) {
+        for (days d{1}; r.concorso == 0 && d <= kGiorniVicini; ++d) {
+            for (const Data vicino : {r.data - d, r.data + d}) {
+                const Concorso libero = concorsi.di(vicino);
+                if (libero == 0 || !presi.insert(libero).second) continue;
+                r.concorso = libero;
+                break;
+            }
+        }
+        if (r.concorso == 0)
+            avvisi.push_back(fmt::format(
+                "SuperEnalotto del {}: nessun concorso libero entro cinque giorni, estrazione tralasciata",
+                testo_data(r.data)));
+    }
+    std::erase_if(righe, [](const RigaSuperEnalotto& r) { return r.concorso == 0; });
+    std::stable_sort(righe.begin(), righe.end(), [](const RigaSuperEnalotto& a, const RigaSuperEnalotto& b) {
+        return a.concorso < b.concorso;
+    });
+    return avvisi;
+}
+
 std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path& percorso_archivio,
                                                     const RigheArchivio& righe, bool con_drawit,
                                                     bool con_drawit2, bool simulato,
@@ -260,13 +267,6 @@ std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path&
     }
     return FileSicuro::conferma_tutti(file);
 }
-
-Importati conta(const RigheArchivio& righe, std::vector<std::string> avvisi) {
-    return {righe.lotto.size(), righe.nazionale.size(), righe.superenalotto.size(), righe.winforlife.size(),
-            std::move(avvisi)};
-}
-
-}  // namespace
 
 std::expected<LettiPubblicati, ErroreArchivio> leggi_pubblicati(const FilePubblicati& file,
                                                                 Avanzamento& avanzamento) {

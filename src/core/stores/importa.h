@@ -4,9 +4,11 @@
 #include "draws/avanzamento.h"
 #include "files/errore.h"
 
+#include <chrono>
 #include <expected>
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -55,6 +57,33 @@ struct Importati {
 /// simulated SuperEnalotto out, and SuperEnalotto alone is refused over a simulated Lotto.
 [[nodiscard]] std::expected<Importati, ErroreArchivio> importa_archivio(
     const std::filesystem::path& percorso_archivio, const FilePubblicati& file, Avanzamento& avanzamento);
+
+/// Numbers rows of a whole Lotto history, which are ordered by date, as an import does; draws before number 1
+/// are dropped. Without the draw of 3 December 1997 and without `tutto` there is nothing to count from.
+[[nodiscard]] std::expected<void, std::string> numera_lotto(std::vector<RigaLotto>& righe, bool tutto);
+
+/// Numbers SuperEnalotto by the Lotto's dates; draws that find no concorso are dropped and named in the
+/// answer.
+[[nodiscard]] std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
+                                                            const std::vector<RigaLotto>& lotto);
+
+/// The day of a Lotto concorso.
+struct GiornoConcorso {
+    Data data{};
+    Concorso concorso{};
+};
+/// The same beside SuperEnalotto draws that stand already and have the concorsi `presi`.
+[[nodiscard]] std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
+                                                            std::vector<GiornoConcorso> giorni,
+                                                            std::set<Concorso> presi);
+
+/// A SuperEnalotto draw without a Lotto draw on its day looks this far around for a concorso.
+inline constexpr std::chrono::days kGiorniVicini{5};
+
+/// Writes the database files that are wanted, and takes them into the archive together.
+[[nodiscard]] std::expected<void, ErroreArchivio> scrivi_archivio(
+    const std::filesystem::path& percorso_archivio, const RigheArchivio& righe, bool con_drawit,
+    bool con_drawit2, bool simulato, Avanzamento& avanzamento);
 
 /// Writes the simulated archive into `percorso_archivio`, which must not hold an archive yet.
 [[nodiscard]] std::expected<Importati, ErroreArchivio> crea_dimostrazione(

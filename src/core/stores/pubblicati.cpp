@@ -245,9 +245,11 @@ class Giorni {
 
 // ---- the texts with a title line ----
 
+enum class Titoli : std::uint8_t { richiesti, facoltativi };
+
 /// Calls `una(Linea&)` for each line behind the title line that is not blank.
 template <class Una>
-std::expected<void, std::string> per_ogni_linea(std::string_view testo, std::string_view titoli,
+std::expected<void, std::string> per_ogni_linea(std::string_view testo, std::string_view titoli, Titoli come,
                                                 Avanzamento& avanzamento, Una&& una) {
     testo = senza_bom(testo);
     const std::size_t totale = testo.size();
@@ -262,11 +264,11 @@ std::expected<void, std::string> per_ogni_linea(std::string_view testo, std::str
             return std::unexpected(std::string{kAnnullata});
         if (linea.empty()) continue;
         if (!titoli_letti) {
-            if (minuscolo(linea) != titoli)
+            titoli_letti = true;
+            if (minuscolo(linea) == titoli) continue;
+            if (come == Titoli::richiesti)
                 return std::unexpected(
                     errore_riga(riga, linea, fmt::format("attesa la riga dei titoli \"{}\"", titoli)));
-            titoli_letti = true;
-            continue;
         }
         Linea l{linea, ';', riga};
         if (auto esito = una(l); !esito) return std::unexpected(std::move(esito.error()));
@@ -274,8 +276,67 @@ std::expected<void, std::string> per_ogni_linea(std::string_view testo, std::str
     return {};
 }
 
-/// "8:00" or "08:00": what the column `ora` holds. Returns the minutes since midnight.
-std::optional<int> leggi_ora(std::string_view testo) {
+constexpr std::string_view kNessuna = "il file non contiene estrazioni";
+
+std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_superenalotto(std::string_view testo,
+                                                                               Titoli come,
+                                                                               Avanzamento& avanzamento) {
+    std::vector<RigaSuperEnalotto> righe;
+    std::set<Data> date;
+    auto esito = per_ogni_linea(
+        testo, kTitoliSuperEnalotto, come, avanzamento, [&](Linea& l) -> std::expected<void, std::string> {
+            const auto data = l.data('-');
+            if (!data) return std::unexpected(data.error());
+            std::array<Numero, 8> n{};
+            if (auto numeri = l.numeri(n, kNumeri); !numeri) return numeri;
+            if (auto fine = l.fine("il superstar"); !fine) return fine;
+            if (!date.insert(*data).second)
+                return l.errore(testo_data_iso(*data), "attesa una sola riga per data");
+            RigaSuperEnalotto r{.data = *data, .jolly = n[6], .superstar = n[7]};
+            std::copy_n(n.begin(), r.numeri.size(), r.numeri.begin());
+            righe.push_back(r);
+            return {};
+        });
+    if (!esito) return std::unexpected(std::move(esito.error()));
+    if (righe.empty()) return std::unexpected(std::string{kNessuna});
+    return righe;
+}
+
+std::expected<std::vector<RigaWinForLife>, std::string> leggi_winforlife(std::string_view testo, Titoli come,
+                                                                         Avanzamento& avanzamento) {
+    std::vector<RigaWinForLife> righe;
+    std::set<std::pair<Data, int>> ore;
+    auto esito = per_ogni_linea(
+        testo, kTitoliWinForLife, come, avanzamento, [&](Linea& l) -> std::expected<void, std::string> {
+            const auto concorso = l.campo();
+            if (!concorso || concorso->empty() ||
+                concorso->find_first_not_of("0123456789") != std::string_view::npos)
+                return l.errore(concorso, "atteso un numero di concorso");
+            const auto data = l.data('-');
+            if (!data) return std::unexpected(data.error());
+            const auto ora = l.campo();
+            const auto minuti = ora ? minuti_ora(*ora) : std::nullopt;
+            if (!minuti) return l.errore(ora, R"(attesa un'ora come "8:00" o "08:00")");
+            RigaWinForLife r{.concorso = static_cast<Concorso>(righe.size()) + 1, .data = *data};
+            r.ora = *ora;
+            if (auto numeri = l.numeri(r.numeri, kNumeriWinForLife); !numeri) return numeri;
+            std::array<Numero, 1> numerone{};
+            if (auto numeri = l.numeri(numerone, kNumeriWinForLife); !numeri) return numeri;
+            if (auto fine = l.fine("il numerone"); !fine) return fine;
+            if (!ore.insert({*data, *minuti}).second)
+                return l.errore(fmt::format("{};{}", testo_data_iso(*data), *ora),
+                                "attesa una sola riga per data e ora");
+            righe.push_back(std::move(r));
+            return {};
+        });
+    if (!esito) return std::unexpected(std::move(esito.error()));
+    if (righe.empty()) return std::unexpected(std::string{kNessuna});
+    return righe;
+}
+
+}  // namespace
+
+std::optional<int> minuti_ora(std::string_view testo) {
     const auto cifra = [&](std::size_t i) { return testo[i] >= '0' && testo[i] <= '9'; };
     if (testo.size() == 5 && testo[2] == ':' && cifra(0) && cifra(1) && cifra(3) && cifra(4)) {
         const int ore = (testo[0] - '0') * 10 + (testo[1] - '0');
@@ -287,12 +348,6 @@ std::optional<int> leggi_ora(std::string_view testo) {
     }
     return std::nullopt;
 }
-
-constexpr std::string_view kTitoliSuperEnalotto = "data;n1;n2;n3;n4;n5;n6;jolly;superstar";
-constexpr std::string_view kTitoliWinForLife = "concorso;data;ora;n1;n2;n3;n4;n5;n6;n7;n8;n9;n10;numerone";
-constexpr std::string_view kNessuna = "il file non contiene estrazioni";
-
-}  // namespace
 
 std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string_view testo,
                                                                      Avanzamento& avanzamento) {
@@ -344,57 +399,22 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
 
 std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_testo_superenalotto(
     std::string_view testo, Avanzamento& avanzamento) {
-    std::vector<RigaSuperEnalotto> righe;
-    std::set<Data> date;
-    auto esito = per_ogni_linea(
-        testo, kTitoliSuperEnalotto, avanzamento, [&](Linea& l) -> std::expected<void, std::string> {
-            const auto data = l.data('-');
-            if (!data) return std::unexpected(data.error());
-            std::array<Numero, 8> n{};
-            if (auto numeri = l.numeri(n, kNumeri); !numeri) return numeri;
-            if (auto fine = l.fine("il superstar"); !fine) return fine;
-            if (!date.insert(*data).second)
-                return l.errore(testo_data_iso(*data), "attesa una sola riga per data");
-            RigaSuperEnalotto r{.data = *data, .jolly = n[6], .superstar = n[7]};
-            std::copy_n(n.begin(), r.numeri.size(), r.numeri.begin());
-            righe.push_back(r);
-            return {};
-        });
-    if (!esito) return std::unexpected(std::move(esito.error()));
-    if (righe.empty()) return std::unexpected(std::string{kNessuna});
-    return righe;
+    return leggi_superenalotto(testo, Titoli::richiesti, avanzamento);
 }
 
 std::expected<std::vector<RigaWinForLife>, std::string> leggi_testo_winforlife(std::string_view testo,
                                                                                Avanzamento& avanzamento) {
-    std::vector<RigaWinForLife> righe;
-    std::set<std::pair<Data, int>> ore;
-    auto esito = per_ogni_linea(
-        testo, kTitoliWinForLife, avanzamento, [&](Linea& l) -> std::expected<void, std::string> {
-            const auto concorso = l.campo();
-            if (!concorso || concorso->empty() ||
-                concorso->find_first_not_of("0123456789") != std::string_view::npos)
-                return l.errore(concorso, "atteso un numero di concorso");
-            const auto data = l.data('-');
-            if (!data) return std::unexpected(data.error());
-            const auto ora = l.campo();
-            const auto minuti = ora ? leggi_ora(*ora) : std::nullopt;
-            if (!minuti) return l.errore(ora, R"(attesa un'ora come "8:00" o "08:00")");
-            RigaWinForLife r{.concorso = static_cast<Concorso>(righe.size()) + 1, .data = *data};
-            r.ora = *ora;
-            if (auto numeri = l.numeri(r.numeri, kNumeriWinForLife); !numeri) return numeri;
-            std::array<Numero, 1> numerone{};
-            if (auto numeri = l.numeri(numerone, kNumeriWinForLife); !numeri) return numeri;
-            if (auto fine = l.fine("il numerone"); !fine) return fine;
-            if (!ore.insert({*data, *minuti}).second)
-                return l.errore(fmt::format("{};{}", testo_data_iso(*data), *ora),
-                                "attesa una sola riga per data e ora");
-            righe.push_back(std::move(r));
-            return {};
-        });
-    if (!esito) return std::unexpected(std::move(esito.error()));
-    if (righe.empty()) return std::unexpected(std::string{kNessuna});
-    return righe;
+    return leggi_winforlife(testo, Titoli::richiesti, avanzamento);
+}
+
+std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_righe_superenalotto(
+    std::string_view testo, Avanzamento& avanzamento) {
+    return leggi_superenalotto(testo, Titoli::facoltativi, avanzamento);
+}
+
+std::expected<std::vector<RigaWinForLife>, std::string> leggi_righe_winforlife(std::string_view testo,
+                                                                               Avanzamento& avanzamento) {
+    return leggi_winforlife(testo, Titoli::facoltativi, avanzamento);
 }
 
 }  // namespace sortimetra

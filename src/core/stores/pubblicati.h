@@ -4,6 +4,7 @@
 #include "draws/avanzamento.h"
 
 #include <expected>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,5 +31,19 @@ namespace sortimetra {
 /// published concorso and the numerone are checked and left. The same hour twice on a date is an error.
 [[nodiscard]] std::expected<std::vector<RigaWinForLife>, std::string> leggi_testo_winforlife(
     std::string_view testo, Avanzamento& avanzamento);
+
+// The newest lines alone: the title line may be missing, all else is as above.
+[[nodiscard]] std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_righe_superenalotto(
+    std::string_view testo, Avanzamento& avanzamento);
+[[nodiscard]] std::expected<std::vector<RigaWinForLife>, std::string> leggi_righe_winforlife(
+    std::string_view testo, Avanzamento& avanzamento);
+
+/// The title lines of these two forms, in lower case.
+inline constexpr std::string_view kTitoliSuperEnalotto = "data;n1;n2;n3;n4;n5;n6;jolly;superstar";
+inline constexpr std::string_view kTitoliWinForLife =
+    "concorso;data;ora;n1;n2;n3;n4;n5;n6;n7;n8;n9;n10;numerone";
+
+/// "8:00" or "08:00": what the column `ora` holds, without blanks. Returns the minutes since midnight.
+[[nodiscard]] std::optional<int> minuti_ora(std::string_view testo);
 
 }  // namespace sortimetra

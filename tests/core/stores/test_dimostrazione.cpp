@@ -96,25 +96,5 @@ TEST(Dimostrazione, SempreLaStessa) {
     EXPECT_EQ(righe.winforlife.back().numeri, (std::array<Numero, 10>{2, 3, 6, 7, 8, 9, 10, 15, 17, 18}));
 }
 
-TEST(Dimostrazione, IlCalendarioEQuelloVero) {
-    const auto* vero = prove::archivio_vero();
-    if (vero == nullptr) GTEST_SKIP() << "no real draws here";
-    EXPECT_EQ(calendario_lotto(vero->lotto().data.back()), vero->lotto().data);
-}
-
-TEST(Dimostrazione, LeFesteSiSpostano) {
-    const auto date = calendario_lotto(giorno("31/12/2026"));
-    const auto estratto = [&](std::string_view testo) {
-        return std::binary_search(date.begin(), date.end(), giorno(testo));
-    };
-    EXPECT_FALSE(estratto("15/08/2026"));  // a Saturday
-    EXPECT_TRUE(estratto("17/08/2026"));
-    EXPECT_FALSE(estratto("25/12/2007"));  // a Tuesday: drawn on the eve
-    EXPECT_TRUE(estratto("24/12/2007"));
-    EXPECT_FALSE(estratto("25/04/2024"));  // a Thursday: Friday and Saturday have draws of their own
-    EXPECT_TRUE(estratto("29/04/2024"));
-    EXPECT_FALSE(estratto("31/03/2020"));
-}
-
 }  // namespace
 }  // namespace sortimetra
