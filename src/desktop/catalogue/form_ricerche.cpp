@@ -8,6 +8,7 @@
 #include "catalogue/nomi.h"
 #include "printing/form_anteprima.h"
 #include "qt_testi.h"
+#include "screens/manuale.h"
 #include "screens/messaggi.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
@@ -94,6 +95,8 @@ form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> sc
     else
         applica_tema(*qApp, 0);
 
+    assegna_capitolo(this, "il-catalogo");
+    ascolta_f1(sessione_);
     componi();
     scorciatoie();
     qApp->installEventFilter(this);
