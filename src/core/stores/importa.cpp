@@ -1,5 +1,6 @@
 #include "stores/importa.h"
 
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/dimostrazione.h"
@@ -26,8 +27,6 @@ using std::chrono::days;
 /// it.
 constexpr Data kPrimoSuperEnalotto{std::chrono::year{1997} / 12 / 3};
 constexpr Concorso kConcorsoPrimoSuperEnalotto = 402;
-/// A SuperEnalotto draw without a Lotto draw on its day looks this many days around for a concorso.
-constexpr days kGiorniVicini{5};
 
 /// A stretch of a longer way: reports what is done of the stretch as what is done of the whole.
 class TrattoAvanzamento final : public Avanzamento {
@@ -238,6 +237,7 @@ std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path&
     auto prova =
         ArchivioEstrazioni::componi(righe, {percorso_archivio, simulato}, {percorso_archivio, simulato});
     if (!prova) return std::unexpected(std::move(prova.error()));
+    if (auto danno = primo_danno(*prova)) return std::unexpected(std::move(*danno));
     std::error_code errore;
     std::filesystem::create_directories(percorso_archivio, errore);
     if (errore)
