@@ -1,17 +1,15 @@
 #include "jet/lettura.h"
 
+#include "jet/numerico.h"
 #include "stores/apertura.h"
 #include "stores/celle.h"
 #include "stores/protocollo.h"
 #include "text/testi.h"
 
 #include <mdbtools.h>
-#include <sys/prctl.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <span>
@@ -185,13 +183,13 @@ void scrivi_cella(MdbHandle* mdb, const MdbColumn* colonna, Uscita& uscita, std:
         case MDB_TEXT:
             decodifica(byte, mdb->f->jet_version == MDB_VER_JET3, testo);
             return uscita.testo(testo);
+        case MDB_NUMERIC:
+            if (const auto n = numerico(byte, colonna->col_scale)) return reale(kReale, *n);
+            return uscita.testo("?");
         default: {
-            // The long forms of a text and of a number, which no known archive uses.
-            char* lungo = colonna->col_type == MDB_NUMERIC
-                              ? mdb_numeric_to_string(mdb, colonna->cur_value_start, colonna->col_scale,
-                                                      colonna->col_prec)
-                              : mdb_col_to_string(mdb, mdb->pg_buf, colonna->cur_value_start,
-                                                  colonna->col_type, colonna->cur_value_len);
+            // The long form of a text, which no known archive uses.
+            char* lungo = mdb_col_to_string(mdb, mdb->pg_buf, colonna->cur_value_start, colonna->col_type,
+                                            colonna->cur_value_len);
             testo = lungo == nullptr ? "?" : lungo;
             g_free(lungo);
             for (char& c : testo)
@@ -300,26 +298,6 @@ void leggi(void* byte, std::size_t quanti, unsigned tabelle,
     Uscita uscita{scrivi};
     leggi_tutto(byte, quanti, tabelle, uscita);
     uscita.svuota();
-}
-
-void limita(std::size_t memoria, unsigned secondi) {
-    const auto limite = [](int cosa, rlim_t quanto) {
-        const rlimit l{quanto, quanto};
-        (void)setrlimit(static_cast<__rlimit_resource>(cosa), &l);
-    };
-    // The address sanitizer reserves terabytes of addresses that it never uses.
-#if !defined(__SANITIZE_ADDRESS__)
-    limite(RLIMIT_AS, memoria);
-#else
-    (void)memoria;
-#endif
-    limite(RLIMIT_CPU, secondi);
-    limite(RLIMIT_CORE, 0);
-    limite(RLIMIT_FSIZE, 0);
-    limite(RLIMIT_NPROC, 0);
-    // Not to outlive a program that was killed while it waited for us.
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
-    (void)prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
 }
 
 }  // namespace sortimetra::jet

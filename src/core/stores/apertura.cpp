@@ -1,6 +1,7 @@
 #include "stores/apertura.h"
 
 #include "draws/esame.h"
+#include "files/file_sicuro.h"
 #include "stores/negozio_jet.h"
 #include "stores/negozio_nativo.h"
 #include "text/testi.h"
@@ -12,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace sortimetra {
@@ -74,13 +76,11 @@ std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_file_archivio(
 }
 
 ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi) {
+    if (auto negata = cartella_negata(cartella)) return std::move(*negata);
     std::error_code errore;
     if (!std::filesystem::is_directory(cartella, errore))
         return {cartella, std::filesystem::exists(cartella, errore) ? "non è una cartella"
                                                                     : "la cartella dell'archivio non c'è"};
-    // A folder that cannot be listed is not a folder without an archive.
-    const std::filesystem::directory_iterator elenco{cartella, errore};
-    if (errore) return {cartella, "la cartella dell'archivio non si può leggere"};
     return {cartella, fmt::format("non vi si trova né {} né {}", nomi[0], nomi[1])};
 }
 
@@ -121,6 +121,16 @@ std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio_non_esaminato(
 std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
     const std::filesystem::path& percorso_archivio, unsigned tabelle) {
     return leggi_file_archivio(percorso_archivio, kNomiDrawit, tabelle & kTabelleDrawit);
+}
+
+std::optional<ErroreArchivio> cartella_negata(const std::filesystem::path& percorso_archivio) {
+    // A folder that cannot be listed is not a folder without an archive.
+    std::error_code errore;
+    const std::filesystem::directory_iterator elenco{percorso_archivio, errore};
+    if (!errore || errore == std::errc::no_such_file_or_directory || errore == std::errc::not_a_directory)
+        return std::nullopt;
+    return ErroreArchivio{percorso_archivio, fmt::format("la cartella dell'archivio non si può leggere: {}",
+                                                         motivo_sistema(errore.value()))};
 }
 
 unsigned tabelle_presenti(const std::filesystem::path& percorso_archivio) {

@@ -47,6 +47,10 @@ struct RigheConFonte {
 /// The tables whose file is in the folder, sound or not: what can be asked of `apri_archivio` there.
 [[nodiscard]] unsigned tabelle_presenti(const std::filesystem::path& percorso_archivio);
 
+/// Why it cannot even be said what the folder holds: it, or a folder above it, lets nobody look. Nothing
+/// where the folder can be listed or is not there.
+[[nodiscard]] std::optional<ErroreArchivio> cartella_negata(const std::filesystem::path& percorso_archivio);
+
 /// Whether the folder holds any of the four files.
 [[nodiscard]] bool contiene_archivio(const std::filesystem::path& percorso_archivio);
 

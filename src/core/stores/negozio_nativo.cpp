@@ -3,6 +3,7 @@
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/celle.h"
+#include "stores/file_accanto.h"
 #include "stores/impronta.h"
 #include "text/testi.h"
 
@@ -555,6 +556,7 @@ std::expected<void, ErroreArchivio> conferma(std::expected<FileSicuro, ErroreArc
 
 std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::path& file, unsigned tabelle) {
     if (auto esito = esamina(file); !esito) return std::unexpected(std::move(esito.error()));
+    if (auto accanto = file_accanto_impossibile(file)) return std::unexpected(std::move(*accanto));
     auto letti = leggi(file, tabelle);
     if (!letti) return std::unexpected(ErroreArchivio{file, std::move(letti.error())});
     return std::move(*letti);

@@ -46,4 +46,10 @@ enum class Errore : std::uint8_t {
     Troncato = 8,      ///< a table of the file has pages behind its end
 };
 
+/// How the reader ends where it writes nothing: it was started wrongly, it has no memory to work in, the
+/// kernel refused the fence within which alone it reads.
+inline constexpr int kUscitaErrata = 2;
+inline constexpr int kUscitaSenzaMemoria = 3;
+inline constexpr int kUscitaSenzaRecinto = 4;
+
 }  // namespace sortimetra::jet
