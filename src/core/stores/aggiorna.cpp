@@ -6,6 +6,7 @@
 #include "stores/importa.h"
 #include "stores/negozio_jet.h"
 #include "stores/pubblicati.h"
+#include "text/ora.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -138,7 +139,7 @@ Estratta estratta(const RigaSuperEnalotto& r) {
 
 Estratta estratta(const RigaWinForLife& r) {
     Estratta e{.concorso = r.concorso,
-               .quando = {.data = r.data, .minuti = minuti_ora(rifila(r.ora)).value_or(0)}};
+               .quando = {.data = r.data, .minuti = leggi_ora(rifila(r.ora)).value_or(0)}};
     std::copy(r.numeri.begin(), r.numeri.end(), e.numeri.begin());
     return e;
 }

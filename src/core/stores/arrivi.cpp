@@ -3,6 +3,7 @@
 #include "files/file_sicuro.h"
 #include "stores/moduli_arrivi.h"
 #include "stores/pubblicati.h"
+#include "text/ora.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -52,7 +53,7 @@ Chiave chiave(const RigaSuperEnalotto& r) {
     return {r.data, 0};
 }
 Chiave chiave(const RigaWinForLife& r) {
-    return {r.data, minuti_ora(rifila(r.ora)).value_or(0)};
+    return {r.data, leggi_ora(rifila(r.ora)).value_or(0)};
 }
 
 bool stessi_numeri(const RigaSuperEnalotto& a, const RigaSuperEnalotto& b) {

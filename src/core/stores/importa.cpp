@@ -1,5 +1,6 @@
 #include "stores/importa.h"
 
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/dimostrazione.h"
@@ -245,6 +246,7 @@ std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path&
     auto prova =
         ArchivioEstrazioni::componi(righe, {percorso_archivio, simulato}, {percorso_archivio, simulato});
     if (!prova) return std::unexpected(std::move(prova.error()));
+    if (auto danno = primo_danno(*prova)) return std::unexpected(std::move(*danno));
     std::error_code errore;
     std::filesystem::create_directories(percorso_archivio, errore);
     if (errore)

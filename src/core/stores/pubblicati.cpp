@@ -1,5 +1,6 @@
 #include "stores/pubblicati.h"
 
+#include "text/ora.h"
 #include "text/testi.h"
 #include "text/utf8.h"
 
@@ -315,7 +316,7 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_winforlife(std::st
             const auto data = l.data('-');
             if (!data) return std::unexpected(data.error());
             const auto ora = l.campo();
-            const auto minuti = ora ? minuti_ora(*ora) : std::nullopt;
+            const auto minuti = ora ? leggi_ora(*ora) : std::nullopt;
             if (!minuti) return l.errore(ora, R"(attesa un'ora come "8:00" o "08:00")");
             RigaWinForLife r{.concorso = static_cast<Concorso>(righe.size()) + 1, .data = *data};
             r.ora = *ora;
@@ -335,19 +336,6 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_winforlife(std::st
 }
 
 }  // namespace
-
-std::optional<int> minuti_ora(std::string_view testo) {
-    const auto cifra = [&](std::size_t i) { return testo[i] >= '0' && testo[i] <= '9'; };
-    if (testo.size() == 5 && testo[2] == ':' && cifra(0) && cifra(1) && cifra(3) && cifra(4)) {
-        const int ore = (testo[0] - '0') * 10 + (testo[1] - '0');
-        const int minuti = (testo[3] - '0') * 10 + (testo[4] - '0');
-        if (ore < 24 && minuti < 60) return ore * 60 + minuti;
-    } else if (testo.size() == 4 && testo[1] == ':' && cifra(0) && cifra(2) && cifra(3)) {
-        const int minuti = (testo[2] - '0') * 10 + (testo[3] - '0');
-        if (minuti < 60) return (testo[0] - '0') * 60 + minuti;
-    }
-    return std::nullopt;
-}
 
 std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string_view testo,
                                                                      Avanzamento& avanzamento) {
