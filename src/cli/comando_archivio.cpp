@@ -104,7 +104,8 @@ std::string riassunto_testo(const ArchivioEstrazioni& a) {
 }  // namespace
 
 int comando_archivio(Richiesta& richiesta, const Canali& canali) {
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
+                            .copia = !richiesta.senza_copia};
     const auto archivio = apri_per_leggere(sessione, kTutteLeTabelle, canali);
     if (!archivio) return kArchivioChiuso;
     return consegna(canali, richiesta.json ? riassunto_json(*archivio, sessione.percorso_programma)
@@ -118,7 +119,8 @@ int comando_importa(Richiesta& richiesta, const Canali& canali) {
             canali, "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife.", "importa");
     if (file.tutto && !file.lotto)
         return uso_errato(canali, "--tutto conta le estrazioni del Lotto: serve anche --lotto.", "importa");
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
+                            .copia = !richiesta.senza_copia};
     AvanzamentoRiga avanzamento{canali, "importazione in corso"};
     const auto esito = importa_archivio(sessione.percorso_archivio(), file, avanzamento);
     avanzamento.finito();

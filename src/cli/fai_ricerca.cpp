@@ -91,7 +91,8 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
         return Risposta{.domanda = richiesta.domanda,
                         .risultato = std::make_shared<const Risultato>(non_avviata({}))};
     }
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
+                            .copia = !richiesta.senza_copia};
     if (const auto perche = uso_sbagliato(richiesta.domanda, sessione.percorso_programma))
         return std::unexpected(uso_errato(canali, *perche, fmt::format("ricerca '{}'", ricerca.chiave())));
     ArchivioEstrazioni archivio;

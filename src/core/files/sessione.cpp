@@ -44,6 +44,10 @@ std::filesystem::path file_impostazioni() {
     return cartella_utente("XDG_CONFIG_HOME", ".config") / "impostazioni.ini";
 }
 
+std::filesystem::path cartella_cache() {
+    return cartella_utente("XDG_CACHE_HOME", ".cache");
+}
+
 std::optional<std::filesystem::path> cartella_ricordata() {
     const auto testo = leggi_file(file_impostazioni(), kGrandezzaMassima);
     if (!testo) return std::nullopt;

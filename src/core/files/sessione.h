@@ -12,6 +12,7 @@ namespace sortimetra {
 struct Sessione {
     std::filesystem::path
         percorso_programma;     ///< holds `archivio`, `ric.ini`, the small files of each search
+    bool copia = true;          ///< packed copies of the archive are used and made
     int scheda_corrente = 1;    ///< catalogue tab to come back to, from 1
     int indice_combo_rit = -1;  ///< entry of `ComboRit` as the statistics screen was left, -1 for none
 
@@ -26,6 +27,9 @@ struct Sessione {
 /// The user's settings that belong to no archive: one small text of sections and keys, UTF-8, that the window
 /// writes and both programs read ($XDG_CONFIG_HOME/sortimetra/impostazioni.ini, or under ~/.config).
 [[nodiscard]] std::filesystem::path file_impostazioni();
+
+/// The user's folder for what can be made anew at any time.
+[[nodiscard]] std::filesystem::path cartella_cache();
 
 /// The folder chosen in the window last; nothing if none was, or if it holds no `archivio` any more (a disk
 /// that is not there today is remembered for tomorrow).
