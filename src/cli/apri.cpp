@@ -9,7 +9,7 @@ namespace sortimetra {
 
 std::optional<ArchivioEstrazioni> apri_per_leggere(const Sessione& sessione, unsigned tabelle,
                                                    const Canali& canali) {
-    auto archivio = apri_archivio(sessione.percorso_archivio(), tabelle);
+    auto archivio = apri_archivio(sessione.percorso_archivio(), tabelle, {.copia = sessione.copia});
     if (!archivio) {
         lamenta(canali, archivio.error().testo());
         if (!contiene_archivio(sessione.percorso_archivio()))

@@ -154,7 +154,7 @@ std::string avvisi_json(const ArchivioEstrazioni& a, const Esame& esame) {
 
 /// `archivio --esame`. Damage is an archive that does not open: it is listed where errors are.
 int elenca_esame(const Sessione& sessione, bool json, const Canali& canali) {
-    const auto archivio = apri_archivio_non_esaminato(sessione.percorso_archivio());
+    const auto archivio = apri_archivio(sessione.percorso_archivio(), kTutteLeTabelle, {.esamina = false});
     if (!archivio) {
         lamenta(canali, archivio.error().testo());
         return kArchivioChiuso;
@@ -172,7 +172,8 @@ int elenca_esame(const Sessione& sessione, bool json, const Canali& canali) {
 }  // namespace
 
 int comando_archivio(Richiesta& richiesta, const Canali& canali) {
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
+                            .copia = !richiesta.senza_copia};
     if (richiesta.esame) return elenca_esame(sessione, richiesta.json, canali);
     const auto archivio = apri_per_leggere(sessione, kTutteLeTabelle, canali);
     if (!archivio) return kArchivioChiuso;
@@ -187,7 +188,8 @@ int comando_importa(Richiesta& richiesta, const Canali& canali) {
             canali, "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife.", "importa");
     if (file.tutto && !file.lotto)
         return uso_errato(canali, "--tutto conta le estrazioni del Lotto: serve anche --lotto.", "importa");
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
+                            .copia = !richiesta.senza_copia};
     AvanzamentoRiga avanzamento{canali, "importazione in corso"};
     const auto esito = importa_archivio(sessione.percorso_archivio(), file, avanzamento);
     avanzamento.finito();

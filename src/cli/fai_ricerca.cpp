@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <memory>
 #include <numeric>
+#include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,8 +34,8 @@ std::optional<std::string> uso_sbagliato(const Domanda& domanda, const std::file
 
 /// A concorso of `--da` or `--a`, once the game's draws are known: of a date the first on or after it
 /// (`primo`), or the last on or before it.
-Concorso concorso_di(const Data& data, bool primo, const std::vector<Concorso>& concorsi,
-                     const std::vector<Data>& date) {
+Concorso concorso_di(const Data& data, bool primo, std::span<const Concorso> concorsi,
+                     std::span<const Data> date) {
     if (primo) {
         const auto da = std::lower_bound(date.begin(), date.end(), data);
         return da == date.end() ? (concorsi.empty() ? 0 : concorsi.back() + 1)
@@ -89,7 +91,8 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
         return Risposta{.domanda = richiesta.domanda,
                         .risultato = std::make_shared<const Risultato>(non_avviata({}))};
     }
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
+                            .copia = !richiesta.senza_copia};
     if (const auto perche = uso_sbagliato(richiesta.domanda, sessione.percorso_programma))
         return std::unexpected(uso_errato(canali, *perche, fmt::format("ricerca '{}'", ricerca.chiave())));
     ArchivioEstrazioni archivio;

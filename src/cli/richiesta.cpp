@@ -146,6 +146,9 @@ bool leggi_file_winforlife(std::string_view valore, Richiesta& r) {
 bool leggi_tutto(std::string_view, Richiesta& r) {
     return r.pubblicati.tutto = true;
 }
+bool leggi_senza_copia(std::string_view, Richiesta& r) {
+    return r.senza_copia = true;
+}
 bool leggi_aiuto(std::string_view, Richiesta& r) {
     return r.aiuto = true;
 }
@@ -357,6 +360,12 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
          "ha il concorso 402 e quelle prima del concorso 1 restano fuori.",
      .comandi = kComImporta,
      .leggi = leggi_tutto},
+    {.nome = "--senza-copia",
+     .frase = "Legge l'archivio dai suoi file, riga per riga. Altrimenti ne tiene accanto una copia pronta, "
+              "rifatta "
+              "da sola quando l'archivio cambia, che si apre in un attimo; le risposte sono le stesse.",
+     .comandi = kComRicerca | kComStampa | kComArchivio | kComImporta,
+     .leggi = leggi_senza_copia},
     // Every command.
     {.nome = "--cartella",
      .meta = "DIR",

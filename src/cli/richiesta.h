@@ -47,6 +47,7 @@ struct Richiesta {
     std::optional<int> sistema;   ///< the kind of saved systems that `sistemi` lists
     std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;
+    bool senza_copia = false;
     bool aiuto = false;
     bool versione = false;
 };

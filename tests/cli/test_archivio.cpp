@@ -54,6 +54,34 @@ TEST_F(ArchivioCli, Riassunto) {
     EXPECT_EQ(p.errori, "");
 }
 
+TEST_F(ArchivioCli, ConLaCopiaESenzaLeStesseRisposte) {
+    importa();
+    const std::vector<std::string> domanda{"ricerca", "ritardo e frequenza dei 90 numeri", "--cartella", "."};
+    auto senza = domanda;
+    senza.emplace_back("--senza-copia");
+    const auto copia = casa() / "archivio" / ".drawit.db.cache";
+    std::filesystem::remove(copia);
+    const Esito dal_negozio = esegui(senza);
+    EXPECT_EQ(dal_negozio.codice, 0) << dal_negozio.errori;
+    EXPECT_FALSE(std::filesystem::exists(copia));
+    // A store that was written a moment ago gets no copy yet.
+    Esito prima;
+    for (int volta = 0; volta < 500 && !std::filesystem::exists(copia); ++volta) prima = esegui(domanda);
+    ASSERT_TRUE(std::filesystem::exists(copia));
+    const Esito seconda = esegui(domanda);
+    EXPECT_EQ(prima.uscita, dal_negozio.uscita);
+    EXPECT_EQ(seconda.uscita, dal_negozio.uscita);
+    EXPECT_EQ(seconda.errori, dal_negozio.errori);
+    // Nothing that stands in it is an error.
+    scrivi(copia, "rotta");
+    const Esito rifatta = esegui(domanda);
+    EXPECT_EQ(rifatta.uscita, dal_negozio.uscita);
+    EXPECT_EQ(rifatta.errori, dal_negozio.errori);
+    EXPECT_GT(leggi(copia).size(), 5U);
+    // Where there is no archive to be opened the option has no meaning.
+    EXPECT_EQ(esegui({"elenco", "--senza-copia"}).codice, 2);
+}
+
 TEST_F(ArchivioCli, RiassuntoJson) {
     importa();
     const Esito p = esegui({"--cartella", ".", "archivio", "--json"});

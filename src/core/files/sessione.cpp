@@ -62,6 +62,10 @@ std::expected<void, ErroreArchivio> cambia_impostazioni(
     return scrivi_file(file, cambia(prima.value_or(std::string{})));
 }
 
+std::filesystem::path cartella_cache() {
+    return cartella_utente("XDG_CACHE_HOME", ".cache");
+}
+
 std::optional<std::filesystem::path> cartella_ricordata() {
     const auto testo = leggi_impostazioni();
     if (!testo) return std::nullopt;

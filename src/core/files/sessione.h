@@ -14,6 +14,7 @@ namespace sortimetra {
 struct Sessione {
     std::filesystem::path
         percorso_programma;     ///< holds `archivio`, `ric.ini`, the small files of each search
+    bool copia = true;          ///< packed copies of the archive are used and made
     int scheda_corrente = 1;    ///< catalogue tab to come back to, from 1
     int indice_combo_rit = -1;  ///< entry of `ComboRit` as the statistics screen was left, -1 for none
 
@@ -36,6 +37,9 @@ struct Sessione {
 /// but cannot be read are not written over: that is an error.
 [[nodiscard]] std::expected<void, ErroreArchivio> cambia_impostazioni(
     const std::function<std::string(std::string)>& cambia);
+
+/// The user's folder for what can be made anew at any time.
+[[nodiscard]] std::filesystem::path cartella_cache();
 
 /// The folder chosen in the window last; nothing if none was, or if it holds no `archivio` any more (a disk
 /// that is not there today is remembered for tomorrow).

@@ -60,19 +60,69 @@ bool nativo(const std::filesystem::path& file) {
     return minuscolo(file.extension().string()) == ".db";
 }
 
+/// The wanted tables of a file, read row by row.
+std::expected<RigheConFonte, ErroreArchivio> leggi_righe(const std::filesystem::path& file,
+                                                         unsigned tabelle) {
+    if (nativo(file)) {
+        auto letti = leggi_nativo(file, tabelle);
+        if (!letti) return std::unexpected(std::move(letti.error()));
+        return RigheConFonte{std::move(letti->righe), {file, letti->simulato}};
+    }
+    auto righe = leggi_jet(file, tabelle);
+    if (!righe) return std::unexpected(std::move(righe.error()));
+    return RigheConFonte{std::move(*righe), {file, false}};
+}
+
+/// The tables of one of the two database files.
+struct FileAperto {
+    TabelleArchivio tabelle{};
+    Fonte fonte{};
+};
+
+/// Takes the tables of `bit` from `da`.
+void prendi_tabelle(TabelleArchivio& dove, const TabelleArchivio& da, unsigned bit) {
+    if ((bit & kTabellaLotto) != 0) dove.lotto = da.lotto;
+    if ((bit & kTabellaNazionale) != 0) dove.nazionale = da.nazionale;
+    if ((bit & kTabellaSuperEnalotto) != 0) dove.superenalotto = da.superenalotto;
+    if ((bit & kTabellaWinForLife) != 0) dove.winforlife = da.winforlife;
+}
+
+/// The same with the packed copy: what it lacks is read from the store, and the copy is made anew with that.
+std::expected<FileAperto, ErroreArchivio> apri_con_copia(const std::filesystem::path& file, unsigned tabelle,
+                                                         const ModoApertura& modo) {
+    // Judged before the reading: what is written meanwhile is younger than this.
+    const auto identita = modo.copia ? identita_negozio(file) : std::nullopt;
+    const bool si_copia = identita && !appena_cambiato(*identita);
+    auto copia = identita ? leggi_copia(file, *identita, tabelle, modo.tenuta) : std::nullopt;
+    ContenutoCopia contenuto = std::move(copia).value_or(ContenutoCopia{});
+    if (const unsigned mancano = tabelle & ~contenuto.tabelle; mancano != 0) {
+        auto letti = leggi_righe(file, mancano);
+        if (!letti) return std::unexpected(std::move(letti.error()));
+        const bool simulato = letti->fonte.simulato;
+        const auto composto =
+            ArchivioEstrazioni::componi(std::move(letti->righe), letti->fonte, letti->fonte);
+        if (!composto) return std::unexpected(composto.error());
+        // What the copy held is of the same state of the store, unless that changed meanwhile.
+        const bool immutato = si_copia && identita_negozio(file) == identita;
+        if (contenuto.tabelle != 0 && !immutato) return apri_con_copia(file, tabelle, {.copia = false});
+        prendi_tabelle(contenuto.contenuto, composto->tabelle(), mancano);
+        contenuto.tabelle |= mancano;
+        contenuto.simulato = simulato;
+        if (immutato) (void)scrivi_copia(file, *identita, contenuto);
+    }
+    FileAperto aperto{.fonte = {file, contenuto.simulato}};
+    prendi_tabelle(aperto.tabelle, contenuto.contenuto, tabelle);
+    return aperto;
+}
+
 /// The newest file of those names; nothing if there is none or no table of it is wanted.
-std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_file_archivio(
-    const std::filesystem::path& cartella, const NomiFile& nomi, unsigned tabelle) {
+std::expected<std::optional<FileAperto>, ErroreArchivio> apri_file_archivio(
+    const std::filesystem::path& cartella, const NomiFile& nomi, unsigned tabelle, const ModoApertura& modo) {
     const auto file = tabelle == 0 ? std::nullopt : piu_recente(cartella, nomi);
     if (!file) return std::nullopt;
-    if (nativo(*file)) {
-        auto letti = leggi_nativo(*file, tabelle);
-        if (!letti) return std::unexpected(std::move(letti.error()));
-        return RigheConFonte{std::move(letti->righe), {*file, letti->simulato}};
-    }
-    auto righe = leggi_jet(*file, tabelle);
-    if (!righe) return std::unexpected(std::move(righe.error()));
-    return RigheConFonte{std::move(*righe), {*file, false}};
+    auto aperto = apri_con_copia(*file, tabelle, modo);
+    if (!aperto) return std::unexpected(std::move(aperto.error()));
+    return std::move(*aperto);
 }
 
 ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi) {
@@ -87,40 +137,32 @@ ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi
 }  // namespace
 
 std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
-    const std::filesystem::path& percorso_archivio, unsigned tabelle) {
-    auto archivio = apri_archivio_non_esaminato(percorso_archivio, tabelle);
-    if (!archivio) return archivio;
-    if (auto danno = primo_danno(*archivio)) return std::unexpected(std::move(*danno));
-    return archivio;
-}
-
-std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio_non_esaminato(
-    const std::filesystem::path& percorso_archivio, unsigned tabelle) {
+    const std::filesystem::path& percorso_archivio, unsigned tabelle, ModoApertura modo) {
     const unsigned in_drawit = tabelle & kTabelleDrawit;
     const unsigned in_drawit2 = tabelle & kTabellaWinForLife;
-    auto drawit = leggi_file_archivio(percorso_archivio, kNomiDrawit, in_drawit);
+    auto drawit = apri_file_archivio(percorso_archivio, kNomiDrawit, in_drawit, modo);
     if (!drawit) return std::unexpected(std::move(drawit.error()));
-    auto drawit2 = leggi_file_archivio(percorso_archivio, kNomiDrawit2, in_drawit2);
+    auto drawit2 = apri_file_archivio(percorso_archivio, kNomiDrawit2, in_drawit2, modo);
     if (!drawit2) return std::unexpected(std::move(drawit2.error()));
     if (!*drawit && !*drawit2)
         return std::unexpected(manca(percorso_archivio, in_drawit != 0 ? kNomiDrawit : kNomiDrawit2));
-    RigheArchivio righe;
-    Fonte fonte;
-    Fonte fonte2;
-    if (*drawit) {
-        righe = std::move((*drawit)->righe);
-        fonte = std::move((*drawit)->fonte);
-    }
-    if (*drawit2) {
-        righe.winforlife = std::move((*drawit2)->righe.winforlife);
-        fonte2 = std::move((*drawit2)->fonte);
-    }
-    return ArchivioEstrazioni::componi(std::move(righe), std::move(fonte), std::move(fonte2));
+    FileAperto primo = std::move(*drawit).value_or(FileAperto{});
+    FileAperto secondo = std::move(*drawit2).value_or(FileAperto{});
+    primo.tabelle.winforlife = std::move(secondo.tabelle.winforlife);
+    ArchivioEstrazioni archivio{std::move(primo.tabelle), std::move(primo.fonte), std::move(secondo.fonte)};
+    if (modo.esamina)
+        if (auto danno = primo_danno(archivio)) return std::unexpected(std::move(*danno));
+    return archivio;
 }
 
 std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
     const std::filesystem::path& percorso_archivio, unsigned tabelle) {
-    return leggi_file_archivio(percorso_archivio, kNomiDrawit, tabelle & kTabelleDrawit);
+    const auto file =
+        (tabelle & kTabelleDrawit) == 0 ? std::nullopt : piu_recente(percorso_archivio, kNomiDrawit);
+    if (!file) return std::nullopt;
+    auto letti = leggi_righe(*file, tabelle & kTabelleDrawit);
+    if (!letti) return std::unexpected(std::move(letti.error()));
+    return std::move(*letti);
 }
 
 std::optional<ErroreArchivio> cartella_negata(const std::filesystem::path& percorso_archivio) {

@@ -2,6 +2,7 @@
 
 #include "draws/archivio.h"
 #include "files/errore.h"
+#include "stores/copia_compatta.h"
 
 #include <expected>
 #include <filesystem>
@@ -18,6 +19,16 @@ enum Tabelle : unsigned {
     kTutteLeTabelle = 15U,
 };
 
+/// How an archive is opened.
+struct ModoApertura {
+    /// Take a table from the packed copy of its store where that fits, and make the copy where it does not
+    /// (copia_compatta.h). The answers are the same either way.
+    bool copia = false;
+    /// Draws that cannot be true are damage (draws/esame.h). Off for who examines them by himself.
+    bool esamina = true;
+    Tenuta tenuta = Tenuta::mappata;
+};
+
 /// Opens the archive in `percorso_archivio`: the native files `drawit.db` and `drawit2.db`, or the Jet files
 /// `drawit.mdb` and `drawit2.mdb`; where both are there the newer one is read. Only the files that hold a
 /// wanted table are opened, and never written. Names are matched without regard to case.
@@ -28,11 +39,9 @@ enum Tabelle : unsigned {
 /// Errors name the file and the reason: missing, unreadable, locked, empty, truncated, foreign, damaged; also
 /// what the draws themselves say to be damage (`primo_danno` of draws/esame.h).
 [[nodiscard]] std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
-    const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle);
+    const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle,
+    ModoApertura modo = {});
 
-/// The same without looking at the draws: for who lists all that is wrong with them.
-[[nodiscard]] std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio_non_esaminato(
-    const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle);
 
 /// Rows of one of the two database files as its store has them, not yet checked against each other, and where
 /// they came from.

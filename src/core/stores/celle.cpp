@@ -35,9 +35,6 @@ constexpr std::array<FormaTabella, 1> kDrawit2{{{kTabellaWinForLife, "archivio",
 
 /// Day 0 of the calendar in which Jet counts.
 constexpr sys_days kGiornoZero{year{1899} / 12 / 30};
-/// A draw outside of these years is damage, not a draw.
-constexpr Data kPrimaData{year{1800} / 1 / 1};
-constexpr Data kUltimaData{year{2999} / 12 / 31};
 
 std::string come_testo(const Cella& c) {
     switch (c.tipo) {

@@ -4,6 +4,7 @@
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/dimostrazione.h"
+#include "stores/limiti.h"
 #include "stores/negozio_nativo.h"
 #include "stores/pubblicati.h"
 
@@ -243,6 +244,7 @@ std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path&
                                                     bool con_drawit2, bool simulato,
                                                     Avanzamento& avanzamento) {
     // An archive that would be refused at the next opening is not written at all.
+    if (auto perche = oltre_i_limiti(righe)) return rifiuta(percorso_archivio, *perche);
     auto prova =
         ArchivioEstrazioni::componi(righe, {percorso_archivio, simulato}, {percorso_archivio, simulato});
     if (!prova) return std::unexpected(std::move(prova.error()));

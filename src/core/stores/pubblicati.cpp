@@ -21,12 +21,6 @@ namespace sortimetra {
 
 namespace {
 
-using std::chrono::year;
-
-/// A date outside of these is a slip of the pen.
-constexpr Data kPrimaData{year{1800} / 1 / 1};
-constexpr Data kUltimaData{year{2999} / 12 / 31};
-
 /// Lines between two reports of progress.
 constexpr int kLinee = 8192;
 
@@ -75,7 +69,9 @@ class Linea {
     std::expected<Data, std::string> data(char separatore) {
         const auto c = campo();
         const auto letta = c ? leggi_data_iso(*c, separatore) : std::nullopt;
-        if (!letta || *letta < kPrimaData || *letta > kUltimaData)
+        if (letta && (*letta < kPrimaData || *letta > kUltimaData))
+            return errore(c, "attesa una data fra il 1800 e il 2999");
+        if (!letta)
             return errore(c, separatore == '/' ? "attesa una data aaaa/mm/gg" : "attesa una data aaaa-mm-gg");
         return *letta;
     }

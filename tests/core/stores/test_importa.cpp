@@ -187,8 +187,8 @@ TEST(Importa, TuttiETre) {
     ASSERT_TRUE(a) << a.error().testo();
     EXPECT_EQ(a->lotto().righe, 3U);
     EXPECT_EQ(a->ultimo_concorso(), 2);
-    EXPECT_EQ(a->superenalotto().numeri.at(0), (std::array<Numero, 8>{1, 2, 3, 4, 5, 6, 7, 9}));
-    EXPECT_EQ(a->winforlife().ora.at(0), "07:00");
+    EXPECT_EQ(a->superenalotto().numeri[0], (std::array<Numero, 8>{1, 2, 3, 4, 5, 6, 7, 9}));
+    EXPECT_EQ(a->winforlife().ora[0], "07:00");
     EXPECT_FALSE(a->drawit().simulato);
 }
 
