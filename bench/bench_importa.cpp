@@ -2,11 +2,13 @@
 // the file on the disk to the packed archive, unless told otherwise.
 
 #include "draws/esame.h"
+#include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/dimostrazione.h"
 #include "stores/importa.h"
 #include "stores/impronta.h"
 #include "stores/negozio_nativo.h"
+#include "stores/pubblicati.h"
 #include "support/archivi.h"
 
 #include <benchmark/benchmark.h>
@@ -29,6 +31,22 @@ void leggi_testo_lotto(benchmark::State& stato) {
     }
 }
 BENCHMARK(leggi_testo_lotto)->Unit(benchmark::kMillisecond);
+
+/// The text alone, already in memory: read and checked, not numbered.
+void controlla_testo_lotto(benchmark::State& stato) {
+    const auto condivisa = prove::cartella_condivisa();
+    const auto testo = leggi_file(condivisa.value_or("") / "archivio" / "lotto.txt");
+    if (!testo) {
+        stato.SkipWithError("no real draws here");
+        return;
+    }
+    SenzaAvanzamento nessuno;
+    for (auto _ : stato) {
+        auto letti = sortimetra::leggi_testo_lotto(*testo, nessuno);
+        benchmark::DoNotOptimize(letti);
+    }
+}
+BENCHMARK(controlla_testo_lotto)->Unit(benchmark::kMillisecond);
 
 void apri_nativo(benchmark::State& stato) {
     const prove::CartellaProva cartella;

@@ -196,13 +196,18 @@ class LettoreVeloce {
 /// Which wheels each day has, and from it the place of every row in the order of date and wheel.
 class Giorni {
   public:
-    /// Returns false if the wheel is there already.
-    bool aggiungi(const RigaLotto& r) {
-        std::uint16_t& ruote = del_giorno(giorno(r.data));
-        const auto bit = static_cast<std::uint16_t>(1U << static_cast<unsigned>(r.ruota));
-        if ((ruote & bit) != 0) return false;
-        ruote = static_cast<std::uint16_t>(ruote | bit);
-        return true;
+    /// The wheels of a day, bit by bit; valid until the next day is asked for.
+    std::uint16_t& ruote(Data data) {
+        const std::size_t g = giorno(data);
+        if (ruote_.empty()) primo_ = g;
+        if (g < primo_) {
+            // As much again towards the past, so that a file in descending order moves the rest but seldom.
+            const std::size_t nuovo = std::min(g, primo_ - std::min(primo_, ruote_.size()));
+            ruote_.insert(ruote_.begin(), primo_ - nuovo, 0);
+            primo_ = nuovo;
+        }
+        if (g - primo_ >= ruote_.size()) ruote_.resize(g - primo_ + 1);
+        return ruote_[g - primo_];
     }
 
     [[nodiscard]] std::vector<RigaLotto> ordina(const std::vector<RigaLotto>& righe) const {
@@ -223,18 +228,6 @@ class Giorni {
 
   private:
     static std::size_t giorno(Data data) { return static_cast<std::size_t>((data - kPrimaData).count()); }
-
-    std::uint16_t& del_giorno(std::size_t g) {
-        if (ruote_.empty()) primo_ = g;
-        if (g < primo_) {
-            // As much again towards the past, so that a file in descending order moves the rest but seldom.
-            const std::size_t nuovo = std::min(g, primo_ - std::min(primo_, ruote_.size()));
-            ruote_.insert(ruote_.begin(), primo_ - nuovo, 0);
-            primo_ = nuovo;
-        }
-        if (g - primo_ >= ruote_.size()) ruote_.resize(g - primo_ + 1);
-        return ruote_[g - primo_];
-    }
 
     std::size_t primo_ = 0;             ///< day of the first entry, counted from `kPrimaData`
     std::vector<std::uint16_t> ruote_;  ///< bit w is set where wheel w has a row
@@ -341,6 +334,8 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
     Giorni giorni;
     LettoreVeloce veloce;
     bool ordinate = true;
+    Data data_prima{};
+    std::uint16_t* ruote = nullptr;  // of the day of the line before
     std::size_t riga = 0;
     const char* p = testo.data();
     const char* const fine = p + testo.size();
@@ -351,7 +346,9 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
         if (riga % kLinee == 0 &&
             !avanzamento.procedi(static_cast<std::size_t>(p - testo.data()), testo.size()))
             return std::unexpected(std::string{kAnnullata});
-        RigaLotto r;
+        // Filled where it stays: a row that is built elsewhere, byte by byte, waits for its bytes to be
+        // copied.
+        RigaLotto& r = righe.emplace_back();
         const char* dopo = p < fine_veloce ? veloce.leggi(p, r) : nullptr;
         if (dopo == nullptr) {
             const auto* a_capo =
@@ -360,6 +357,7 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
                                          static_cast<std::size_t>((a_capo == nullptr ? fine : a_capo) - p)};
             dopo = a_capo == nullptr ? fine : a_capo + 1;
             if (rifila(linea).empty()) {
+                righe.pop_back();
                 p = dopo;
                 continue;
             }
@@ -367,14 +365,20 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
             if (!letta) return std::unexpected(std::move(letta.error()));
             r = *letta;
         }
-        if (!giorni.aggiungi(r))
+        // Up to eleven lines in a run have the same date.
+        if (ruote == nullptr || r.data != data_prima) {
+            ordinate = ordinate && (ruote == nullptr || r.data > data_prima);
+            ruote = &giorni.ruote(r.data);
+            data_prima = r.data;
+        }
+        // This wheel of the day lowest, those that come after it above.
+        const unsigned da_questa = static_cast<unsigned>(*ruote) >> static_cast<unsigned>(r.ruota);
+        if ((da_questa & 1U) != 0)
             return std::unexpected(fmt::format(
                 "riga {}: trovata di nuovo la ruota {} del {}, attesa una sola riga per ruota e data", riga,
                 kNomiRuote[static_cast<std::size_t>(r.ruota)].codice, testo_data(r.data)));
-        if (!righe.empty() &&
-            (r.data < righe.back().data || (r.data == righe.back().data && r.ruota < righe.back().ruota)))
-            ordinate = false;
-        righe.push_back(r);
+        ordinate = ordinate && da_questa == 0;
+        *ruote = static_cast<std::uint16_t>(*ruote | 1U << static_cast<unsigned>(r.ruota));
         p = dopo;
     }
     if (righe.empty()) return std::unexpected(std::string{kNessuna});
