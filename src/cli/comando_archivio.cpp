@@ -5,6 +5,7 @@
 #include "files/sessione.h"
 #include "results/scrittori.h"
 #include "statistics/cinquine_dei_90.h"
+#include "stores/aggiorna.h"
 #include "stores/apertura.h"
 #include "stores/importa.h"
 #include "text/testi.h"
@@ -113,14 +114,21 @@ int comando_archivio(Richiesta& richiesta, const Canali& canali) {
 
 int comando_importa(Richiesta& richiesta, const Canali& canali) {
     const FilePubblicati& file = richiesta.pubblicati;
-    if (!file.lotto && !file.superenalotto && !file.winforlife)
+    const bool pubblicati = file.lotto || file.superenalotto || file.winforlife;
+    if (richiesta.jet && (pubblicati || file.tutto))
+        return uso_errato(canali, "--jet porta tutto l'archivio, e non prende altro.", "importa");
+    if (!pubblicati && !richiesta.jet)
         return uso_errato(
-            canali, "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife.", "importa");
+            canali,
+            "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife, o la cartella di "
+            "--jet.",
+            "importa");
     if (file.tutto && !file.lotto)
         return uso_errato(canali, "--tutto conta le estrazioni del Lotto: serve anche --lotto.", "importa");
     const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
     AvanzamentoRiga avanzamento{canali, "importazione in corso"};
-    const auto esito = importa_archivio(sessione.percorso_archivio(), file, avanzamento);
+    const auto esito = richiesta.jet ? importa_jet(sessione.percorso_archivio(), *richiesta.jet, avanzamento)
+                                     : importa_archivio(sessione.percorso_archivio(), file, avanzamento);
     avanzamento.finito();
     if (!esito) {
         lamenta(canali, esito.error().testo());
