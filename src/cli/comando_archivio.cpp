@@ -119,10 +119,7 @@ int comando_importa(Richiesta& richiesta, const Canali& canali) {
         return uso_errato(canali, "--jet porta tutto l'archivio, e non prende altro.", "importa");
     if (!pubblicati && !richiesta.jet)
         return uso_errato(
-            canali,
-            "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife, o la cartella di "
-            "--jet.",
-            "importa");
+            canali, "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife.", "importa");
     if (file.tutto && !file.lotto)
         return uso_errato(canali, "--tutto conta le estrazioni del Lotto: serve anche --lotto.", "importa");
     const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
