@@ -44,12 +44,28 @@ constexpr auto kComandi = std::to_array<Comando>({
      .bit = kComArchivio,
      .esegui = comando_archivio},
     {.nome = "importa",
-     .argomenti = "[--lotto FILE] [--superenalotto FILE] [--winforlife FILE]",
+     .argomenti = "[--lotto FILE] [--superenalotto FILE] [--winforlife FILE] | --jet DIR",
      .frase = "Costruisce l'archivio dai file dei risultati pubblicati.",
      .dettaglio = "Serve almeno un file. Una riga che non si può leggere ferma tutto e l'archivio di prima "
                   "resta com'era: o entra tutto o non entra niente.",
      .bit = kComImporta,
      .esegui = comando_importa},
+    {.nome = "aggiorna",
+     .argomenti = "[FILE…] [--indirizzo URL] [--prova] [--sostituisci]",
+     .frase = "Aggiunge all'archivio le estrazioni che i file hanno in più.",
+     .dettaglio =
+         "I file sono di risultati pubblicati, storie intere o soltanto le righe più nuove, anche una "
+         "estrazione sola; il gioco si conosce dal contenuto. Possono essere gzip o zip, che espansi non "
+         "passino 50 MB; - è l'ingresso. Senza FILE e senza --indirizzo si scaricano gli indirizzi scelti "
+         "nella finestra.\n"
+         "Le estrazioni diverse da quelle dell'archivio si elencano e non lo cambiano, se non con "
+         "--sostituisci. O entra tutto o non entra niente; \"importa --annulla\" riporta l'archivio di "
+         "prima.\n"
+         "Se l'archivio sta in drawit.mdb e drawit2.mdb, il primo aggiornamento ne porta tutte le estrazioni "
+         "in drawit.db e drawit2.db, e da allora si leggono questi.",
+     .bit = kComAggiorna,
+     .parole = true,
+     .esegui = comando_aggiorna},
     {.nome = "dimostrazione",
      .frase = "Crea nella cartella del programma un archivio simulato, se non ce n'è già uno.",
      .dettaglio = "Le estrazioni di quell'archivio non sono vere: servono a provare il programma, che lo "

@@ -72,5 +72,6 @@ int comando_gruppi(Richiesta& richiesta, const Canali& canali);
 int comando_importa(Richiesta& richiesta, const Canali& canali);
 int comando_dimostrazione(Richiesta& richiesta, const Canali& canali);
 int comando_stampa(Richiesta& richiesta, const Canali& canali);
+int comando_aggiorna(Richiesta& richiesta, const Canali& canali);
 
 }  // namespace sortimetra

@@ -6,6 +6,7 @@
 #include "files/sessione.h"
 #include "results/scrittori.h"
 #include "statistics/cinquine_dei_90.h"
+#include "stores/aggiorna.h"
 #include "stores/apertura.h"
 #include "stores/importa.h"
 #include "text/testi.h"
@@ -183,7 +184,10 @@ int comando_archivio(Richiesta& richiesta, const Canali& canali) {
 
 int comando_importa(Richiesta& richiesta, const Canali& canali) {
     const FilePubblicati& file = richiesta.pubblicati;
-    if (!file.lotto && !file.superenalotto && !file.winforlife)
+    const bool pubblicati = file.lotto || file.superenalotto || file.winforlife;
+    if (richiesta.jet && (pubblicati || file.tutto))
+        return uso_errato(canali, "--jet porta tutto l'archivio, e non prende altro.", "importa");
+    if (!pubblicati && !richiesta.jet)
         return uso_errato(
             canali, "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife.", "importa");
     if (file.tutto && !file.lotto)
@@ -191,7 +195,8 @@ int comando_importa(Richiesta& richiesta, const Canali& canali) {
     const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
                             .copia = !richiesta.senza_copia};
     AvanzamentoRiga avanzamento{canali, "importazione in corso"};
-    const auto esito = importa_archivio(sessione.percorso_archivio(), file, avanzamento);
+    const auto esito = richiesta.jet ? importa_jet(sessione.percorso_archivio(), *richiesta.jet, avanzamento)
+                                     : importa_archivio(sessione.percorso_archivio(), file, avanzamento);
     avanzamento.finito();
     if (!esito) {
         lamenta(canali, esito.error().testo());

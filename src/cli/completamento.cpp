@@ -105,11 +105,11 @@ std::string casi(Scrive scrive) {
     return t;
 }
 
-/// "'ricerca' | 'stampa'", for a `case`.
-std::string comandi_con_chiave() {
+/// "ricerca | stampa", for a `case`: the commands whose next words are of that kind.
+std::string comandi_con(bool (*vuole)(const Comando&)) {
     std::string t;
     for (const Comando* c : comandi_pronti()) {
-        if (!vuole_chiave(*c)) continue;
+        if (!vuole(*c)) continue;
         if (!t.empty()) t += " | ";
         t += c->nome;
     }
@@ -264,9 +264,14 @@ std::string completamento_bash_cli() {
          "    elif [[ ! $comando ]]; then\n";
     t += fmt::format("        _sortimetra_scelte \"$cur\"{} aiuto\n", comandi);
     t += fmt::format(
+        "    elif [[ $comando == {} ]]; then\n"
+        "        compopt -o filenames 2>/dev/null\n"
+        "        mapfile -t COMPREPLY < <(compgen -f -- \"$cur\")\n",
+        comandi_con(vuole_file));
+    t += fmt::format(
         "    elif [[ ! $chiave ]]; then\n        case $comando in\n        {})\n"
         "            _sortimetra_scelte \"$cur\"",
-        comandi_con_chiave());
+        comandi_con(vuole_chiave));
     for (const Ricerca* r : ricerche_pronte())
         t += fmt::format(" \\\n                {}", apici(r->chiave()));
     t += fmt::format("\n            ;;\n{}", dopo_aiuto);
@@ -328,9 +333,10 @@ std::string completamento_zsh_cli() {
     t += fmt::format(
         "    posti=('1:comando:_sortimetra-cli_comandi')\n"
         "    case $comando in\n    {}) posti+=('2:CHIAVE:_sortimetra-cli_chiavi') ;;\n"
+        "    {}) posti+=('*:FILE:_files') ;;\n"
         "    aiuto) posti+=('2:comando:_sortimetra-cli_comandi') ;;\n    esac\n"
         "    _arguments -S : $opzioni $posti\n}}\n\n_sortimetra-cli \"$@\"\n",
-        comandi_con_chiave());
+        comandi_con(vuole_chiave), comandi_con(vuole_file));
     return t;
 }
 

@@ -81,7 +81,7 @@ std::string file_e_ambiente() {
                    "La cartella del programma, se non ne è scelta un'altra.") +
            termine(roff("~/.config/sortimetra/impostazioni.ini"),
                    "La cartella scelta nella finestra: vale per tutti e due i programmi, finché contiene "
-                   "\"archivio\".") +
+                   "\"archivio\". E gli indirizzi da cui si aggiorna.") +
            sezione("AMBIENTE") +
            termine("\\fBXDG_DATA_HOME\\fR, \\fBXDG_CONFIG_HOME\\fR",
                    "Se sono percorsi assoluti, stanno in luogo di ~/.local/share e di ~/.config.");

@@ -1,6 +1,7 @@
 #include "cli/richiesta.h"
 
 #include "cli/simili.h"
+#include "files/indirizzi.h"
 #include "systems/sistemi_salvati.h"
 #include "text/data.h"
 #include "text/testi.h"
@@ -142,6 +143,20 @@ bool leggi_file_superenalotto(std::string_view valore, Richiesta& r) {
 }
 bool leggi_file_winforlife(std::string_view valore, Richiesta& r) {
     return leggi_percorso(valore, r.pubblicati.winforlife);
+}
+bool leggi_jet_da(std::string_view valore, Richiesta& r) {
+    return leggi_percorso(valore, r.jet);
+}
+bool leggi_indirizzo(std::string_view valore, Richiesta& r) {
+    const std::string_view testo = rifila(valore);
+    if (rifiuto_indirizzo(testo).empty()) r.indirizzo = testo;
+    return r.indirizzo.has_value();
+}
+bool leggi_prova(std::string_view, Richiesta& r) {
+    return r.prova = true;
+}
+bool leggi_cambia_diverse(std::string_view, Richiesta& r) {
+    return r.sostituisci = true;
 }
 bool leggi_tutto(std::string_view, Richiesta& r) {
     return r.pubblicati.tutto = true;
@@ -366,6 +381,30 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
               "da sola quando l'archivio cambia, che si apre in un attimo; le risposte sono le stesse.",
      .comandi = kComRicerca | kComStampa | kComArchivio | kComImporta,
      .leggi = leggi_senza_copia},
+    {.nome = "--jet",
+     .meta = "DIR",
+     .atteso = "il nome di una cartella",
+     .frase = "Porta nell'archivio tutte le estrazioni di drawit.mdb e drawit2.mdb di una cartella, che "
+              "restano come sono.",
+     .comandi = kComImporta,
+     .leggi = leggi_jet_da},
+    // An update.
+    {.nome = "--indirizzo",
+     .meta = "URL",
+     .atteso = "un indirizzo che comincia con https://",
+     .frase = "Scarica un file di risultati pubblicati da un indirizzo https; al massimo 50 MB, entro 60 "
+              "secondi.",
+     .comandi = kComAggiorna,
+     .leggi = leggi_indirizzo},
+    {.nome = "--prova",
+     .frase = "Dice soltanto che cosa farebbe.",
+     .comandi = kComAggiorna,
+     .leggi = leggi_prova},
+    {.nome = "--sostituisci",
+     .frase = "Cambia le estrazioni dell'archivio che arrivano diverse, e mette al loro posto quelle più "
+              "vecchie che gli mancano; le seguenti prendono allora concorsi più alti.",
+     .comandi = kComAggiorna,
+     .leggi = leggi_cambia_diverse},
     // Every command.
     {.nome = "--cartella",
      .meta = "DIR",

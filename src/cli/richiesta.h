@@ -48,6 +48,10 @@ struct Richiesta {
     std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;
     bool senza_copia = false;
+    std::optional<std::filesystem::path> jet;  ///< `importa --jet`: the folder of the old files
+    std::optional<std::string> indirizzo;      ///< `aggiorna --indirizzo`
+    bool prova = false;                        ///< `aggiorna --prova`: only says what it would do
+    bool sostituisci = false;                  ///< `aggiorna --sostituisci`
     bool aiuto = false;
     bool versione = false;
 };
@@ -62,6 +66,7 @@ enum Comandi : unsigned {
     kComGruppi = 1U << 5U,
     kComSistemi = 1U << 6U,
     kComStampa = 1U << 7U,
+    kComAggiorna = 1U << 8U,
     kOgniComando = ~0U,
 };
 

@@ -59,6 +59,10 @@ bool vuole_chiave(const Comando& comando) {
     return comando.argomenti.starts_with("CHIAVE");
 }
 
+bool vuole_file(const Comando& comando) {
+    return comando.argomenti.starts_with("[FILE");
+}
+
 std::vector<const Comando*> comandi_pronti() {
     std::vector<const Comando*> pronti;
     for (const Comando& c : comandi())

@@ -26,6 +26,8 @@ enum class ValoreOpzione { nessuno, libero, file, cartella, parola, elenco };
 /// Those that a command takes further for one search.
 [[nodiscard]] std::vector<VoceManuale> voci_ricerca(const Comando& comando, const Ricerca& ricerca);
 
+/// Whether a command is followed by names of files.
+[[nodiscard]] bool vuole_file(const Comando& comando);
 /// Whether a command is followed by the key of a search.
 [[nodiscard]] bool vuole_chiave(const Comando& comando);
 /// The commands and the searches that there are to be used, in their order.

@@ -77,7 +77,7 @@ Esito esegui_programma(const std::string& programma, const std::vector<std::stri
     posix_spawn_file_actions_t azioni;
     posix_spawn_file_actions_init(&azioni);
     posix_spawn_file_actions_addchdir_np(&azioni, avvio.cartella.c_str());
-    posix_spawn_file_actions_addopen(&azioni, 0, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&azioni, 0, avvio.ingresso_da.c_str(), O_RDONLY, 0);
     if (avvio.senza_uscita)
         posix_spawn_file_actions_addclose(&azioni, 1);
     else if (!avvio.uscita_in.empty())

@@ -460,10 +460,9 @@ class Proponente {
     static std::unexpected<ErroreArchivio> serve_la_storia(const Fonte& fonte, std::string_view quale) {
         if (fonte.simulato)
             return rifiuta(
-                fonte.file,
-                fmt::format("l'archivio che c'è è quello dimostrativo: alle sue estrazioni simulate "
-                            "non se ne aggiungono di vere. Serve {}, che lo sostituisce",
-                            quale));
+                {}, fmt::format("l'archivio che c'è è quello dimostrativo: alle sue estrazioni simulate "
+                                "non se ne aggiungono di vere. Serve {}, che lo sostituisce",
+                                quale));
         return rifiuta(
             {}, fmt::format("nell'archivio non ci sono ancora estrazioni di questo gioco: serve {}", quale));
     }
