@@ -17,10 +17,14 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <optional>
+#include <random>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -88,6 +92,49 @@ Conto rovina(std::string& byte, unsigned tabella, std::size_t passo, std::string
     return conto;
 }
 
+/// Rows of Win for Life that are not the same in both.
+std::size_t righe_diverse(const RigheArchivio& a, const RigheArchivio& b) {
+    const auto campi = [](const RigaWinForLife& r) { return std::tie(r.concorso, r.data, r.ora, r.numeri); };
+    if (a.winforlife.size() != b.winforlife.size()) return a.winforlife.size();
+    std::size_t diverse = 0;
+    for (std::size_t i = 0; i < a.winforlife.size(); ++i)
+        if (campi(a.winforlife[i]) != campi(b.winforlife[i])) ++diverse;
+    return diverse;
+}
+
+/// Returns how many files were accepted in which more rows are other ones than a bit can touch.
+int rovina_ovunque(std::string& byte, int bit) {
+    // The end of a row is the beginning of the next.
+    constexpr std::size_t kRigheDiUnBit = 2;
+    const auto sano = apri(byte, kTabellaWinForLife);
+    std::mt19937 caso{1};
+    std::uniform_int_distribution<std::size_t> dove{0, byte.size() * 8 - 1};
+    Conto conto;
+    std::map<std::size_t, int> per_righe;
+    for (int i = 0; i < bit; ++i) {
+        const std::size_t b = dove(caso);
+        const char quale = static_cast<char>(1U << b % 8);
+        byte[b / 8] = static_cast<char>(byte[b / 8] ^ quale);
+        ++conto.provati;
+        if (const auto righe = apri(byte, kTabellaWinForLife)) {
+            ++conto.accettati;
+            if (const std::size_t diverse = righe_diverse(*sano, *righe); diverse > 0) {
+                ++conto.diversi;
+                ++per_righe[diverse];
+            }
+        }
+        byte[b / 8] = static_cast<char>(byte[b / 8] ^ quale);
+    }
+    fmt::print("drawit2, un bit ovunque: {} provati, {} accettati, {} diversi\n", conto.provati,
+               conto.accettati, conto.diversi);
+    int troppe = 0;
+    for (const auto& [quante, volte] : per_righe) {
+        fmt::print("  {} righe diverse: {} volte\n", quante, volte);
+        if (quante > kRigheDiUnBit) troppe += volte;
+    }
+    return troppe;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -102,5 +149,6 @@ int main(int argc, char** argv) {
     diversi += rovina(*drawit, kTabellaSuperEnalotto, passo * 3, "archivios").diversi;
     // Ten times as long as the others.
     diversi += rovina(*drawit, kTabellaLotto, passo * 10, "archivio").diversi;
+    diversi += rovina_ovunque(*drawit2, argc > 2 ? std::atoi(argv[2]) : 0);
     return diversi == 0 ? 0 : 1;
 }
