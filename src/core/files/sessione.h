@@ -5,6 +5,7 @@
 #include <expected>
 #include <filesystem>
 #include <optional>
+#include <string>
 
 namespace sortimetra {
 
@@ -39,6 +40,11 @@ struct Sessione {
 /// if it holds `archivio`, else the user's data folder, since an installed program's folder cannot be
 /// written.
 [[nodiscard]] std::filesystem::path cartella_programma(
+    const std::optional<std::filesystem::path>& scelta = {});
+
+/// Why there is no such folder, in words for the user: nothing was chosen and the user has none. Nothing
+/// where there is one.
+[[nodiscard]] std::optional<std::string> senza_cartella_programma(
     const std::optional<std::filesystem::path>& scelta = {});
 
 }  // namespace sortimetra
