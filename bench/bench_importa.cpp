@@ -1,9 +1,11 @@
 // Reading the stores: the published Lotto text, the native file, the Jet file. Each is the whole road from
 // the file on the disk to the packed archive, unless told otherwise.
 
+#include "draws/esame.h"
 #include "stores/apertura.h"
 #include "stores/dimostrazione.h"
 #include "stores/importa.h"
+#include "stores/impronta.h"
 #include "stores/negozio_nativo.h"
 #include "support/archivi.h"
 
@@ -42,6 +44,27 @@ BENCHMARK(apri_nativo)
     ->Arg(kTabellaLotto)
     ->Arg(kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto)
     ->Unit(benchmark::kMillisecond);
+
+/// What looking at the draws adds to each opening: of the archive that all searches of a day use.
+void esamina_archivio(benchmark::State& stato) {
+    const RigheArchivio righe = archivio_dimostrativo();
+    const auto archivio = ArchivioEstrazioni::componi(righe).value();
+    for (auto _ : stato) {
+        auto danno = primo_danno(archivio);
+        benchmark::DoNotOptimize(danno);
+    }
+}
+BENCHMARK(esamina_archivio)->Unit(benchmark::kMicrosecond);
+
+/// The digest of the 46,550 rows of the Lotto.
+void impronta_lotto(benchmark::State& stato) {
+    const RigheArchivio righe = archivio_dimostrativo();
+    for (auto _ : stato) {
+        auto i = impronta(righe, kTabellaLotto, false);
+        benchmark::DoNotOptimize(i);
+    }
+}
+BENCHMARK(impronta_lotto)->Unit(benchmark::kMicrosecond);
 
 void apri_jet(benchmark::State& stato) {
     const auto condivisa = prove::cartella_condivisa();

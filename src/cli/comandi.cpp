@@ -37,10 +37,12 @@ constexpr auto kComandi = std::to_array<Comando>({
      .bit = kComRicerca,
      .esegui = comando_ricerca},
     {.nome = "archivio",
-     .argomenti = "[--json]",
+     .argomenti = "[--esame] [--json]",
      .frase =
          "Dice che cosa contiene l'archivio: per ogni tabella quante righe, il primo e l'ultimo concorso "
          "con la data, e il file da cui è letta.",
+     .dettaglio = "Un archivio danneggiato non si apre; --esame ne elenca i danni, e degli archivi sani "
+                  "gli avvisi, che altrimenti sono soltanto contati.",
      .bit = kComArchivio,
      .esegui = comando_archivio},
     {.nome = "importa",

@@ -156,6 +156,10 @@ bool leggi_json(std::string_view, Richiesta& r) {
     return r.json = true;
 }
 
+bool leggi_esame(std::string_view, Richiesta& r) {
+    return r.esame = true;
+}
+
 bool leggi_sistema(std::string_view valore, Richiesta& r) {
     r.sistema = intero_opzione(valore, 0, static_cast<std::int32_t>(kGeneriSistema) - 1);
     return r.sistema.has_value();
@@ -320,6 +324,11 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .frase = "Stampa un oggetto JSON in luogo di una tabella.",
      .comandi = kComElenco | kComArchivio | kComGruppi | kComSistemi,
      .leggi = leggi_json},
+    {.nome = "--esame",
+     .frase = "Elenca che cosa c'è da dire delle estrazioni: i danni, per i quali l'archivio non si apre, e "
+              "gli avvisi, come le celle vuote e le righe che mancano.",
+     .comandi = kComArchivio,
+     .leggi = leggi_esame},
     // The files of an import.
     {.nome = "--lotto",
      .meta = "FILE",

@@ -34,6 +34,7 @@ struct Richiesta {
     std::optional<std::filesystem::path> file;  ///< `-o`; "-" is standard output
     std::optional<Formato> formato;             ///< none: what the ending of `-o` says, else the table
     bool json = false;
+    bool esame = false;  ///< `archivio --esame`
     EstremoTratto da;
     EstremoTratto a;
     bool senza_ruote = false;  ///< `--ruote nessuna`

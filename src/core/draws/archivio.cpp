@@ -64,6 +64,12 @@ std::expected<TabellaLotto, std::string> impacchetta_lotto(std::vector<RigaLotto
             t.presenti.push_back(0);
             t.numeri.push_back({});
         }
+        if (t.data.back() != r.data)
+            return std::unexpected(
+                fmt::format("tabella archivio, concorso {}, ruota {}: trovata la data {}, attesa {} come "
+                            "sulle altre ruote",
+                            r.concorso, kNomiRuote[static_cast<std::size_t>(r.ruota)].codice,
+                            testo_data(r.data), testo_data(t.data.back())));
         if (auto errore = controlla_numeri("archivio", r.concorso, r.numeri, kNumeri))
             return std::unexpected(*errore);
         const auto bit = static_cast<std::uint16_t>(1U << r.ruota);

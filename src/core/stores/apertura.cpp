@@ -1,5 +1,6 @@
 #include "stores/apertura.h"
 
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/negozio_jet.h"
 #include "stores/negozio_nativo.h"
@@ -86,6 +87,14 @@ ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi
 }  // namespace
 
 std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
+    const std::filesystem::path& percorso_archivio, unsigned tabelle) {
+    auto archivio = apri_archivio_non_esaminato(percorso_archivio, tabelle);
+    if (!archivio) return archivio;
+    if (auto danno = primo_danno(*archivio)) return std::unexpected(std::move(*danno));
+    return archivio;
+}
+
+std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio_non_esaminato(
     const std::filesystem::path& percorso_archivio, unsigned tabelle) {
     const unsigned in_drawit = tabelle & kTabelleDrawit;
     const unsigned in_drawit2 = tabelle & kTabellaWinForLife;

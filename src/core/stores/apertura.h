@@ -25,8 +25,13 @@ enum Tabelle : unsigned {
 /// A wanted file that is missing is an error, unless the other one is wanted too and is there: then its
 /// tables are empty.
 ///
-/// Errors name the file and the reason: missing, unreadable, locked, empty, truncated, foreign, damaged.
+/// Errors name the file and the reason: missing, unreadable, locked, empty, truncated, foreign, damaged; also
+/// what the draws themselves say to be damage (`primo_danno` of draws/esame.h).
 [[nodiscard]] std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
+    const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle);
+
+/// The same without looking at the draws: for who lists all that is wrong with them.
+[[nodiscard]] std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio_non_esaminato(
     const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle);
 
 /// Rows of one of the two database files as its store has them, not yet checked against each other, and where

@@ -1,5 +1,6 @@
 #include "stores/importa.h"
 
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/dimostrazione.h"
@@ -28,8 +29,6 @@ constexpr Data kPrimoSuperEnalotto{std::chrono::year{1997} / 12 / 3};
 constexpr Concorso kConcorsoPrimoSuperEnalotto = 402;
 /// Bytes of a published file: thirty times those of a century and a half of draws.
 constexpr std::size_t kTestoMassimo = std::size_t{64} << 20;
-/// A SuperEnalotto draw without a Lotto draw on its day looks this many days around for a concorso.
-constexpr days kGiorniVicini{5};
 
 /// A stretch of a longer way: reports what is done of the stretch as what is done of the whole.
 class TrattoAvanzamento final : public Avanzamento {
@@ -240,6 +239,7 @@ std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path&
     auto prova =
         ArchivioEstrazioni::componi(righe, {percorso_archivio, simulato}, {percorso_archivio, simulato});
     if (!prova) return std::unexpected(std::move(prova.error()));
+    if (auto danno = primo_danno(*prova)) return std::unexpected(std::move(*danno));
     std::error_code errore;
     std::filesystem::create_directories(percorso_archivio, errore);
     if (errore)

@@ -154,6 +154,15 @@ std::string motivo(Ingresso& ingresso, std::span<const FormaTabella> forme,
             if (forma != nullptr)
                 return fmt::format("il file è danneggiato: la tabella {} non si legge", forma->nome);
             break;
+        case jet::Errore::Colonna:
+            if (forma != nullptr)
+                return fmt::format("il file è danneggiato: nella tabella {} la definizione {} si contraddice",
+                                   forma->nome,
+                                   colonna ? fmt::format("della colonna \"{}\"", forma->colonne[secondo])
+                                           : std::string{"delle colonne"});
+            break;
+        case jet::Errore::Intestazione:
+            return "il file è danneggiato: la sua intestazione contiene ciò che non può stare";
         case jet::Errore::Troncato:
             return "il file è troncato: alcune tabelle continuano oltre la sua fine";
     }
@@ -170,7 +179,8 @@ bool leggi_cella(Ingresso& ingresso, Cella& cella) {
     }
     switch (marca) {
         case jet::kVuota:
-            cella.tipo = Cella::Tipo::Vuota;
+        case jet::kGuasta:
+            cella.tipo = marca == jet::kVuota ? Cella::Tipo::Vuota : Cella::Tipo::Guasta;
             return true;
         case jet::kIntero:
             cella.tipo = Cella::Tipo::Intero;

@@ -4,6 +4,7 @@
 #include "stores/apertura.h"
 #include "stores/celle.h"
 #include "stores/file_accanto.h"
+#include "stores/impronta.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -32,6 +33,13 @@ constexpr int kPassiPerControllo = 1 << 20;
 constexpr int kControlliMassimi = 2000;
 /// Longest cell that a table of draws can hold.
 constexpr int kCellaMassima = 1 << 16;
+
+/// What a file says of itself in its header: that we wrote it ("SMTR"), and in which form. A file that has
+/// neither was written before there was such a mark, or by hand, and has no digests to hold it to.
+constexpr std::int64_t kMarchio = 0x534D5452;
+constexpr std::int64_t kVersione = 1;
+/// One row per table of draws: its name, its rows, its digest.
+constexpr std::string_view kTabellaImpronte = "impronte";
 
 struct ChiudiBase {
     void operator()(sqlite3* base) const { sqlite3_close(base); }
@@ -266,6 +274,60 @@ std::expected<bool, std::string> leggi_simulato(sqlite3* base) {
     return valore_iniziale(testo_colonna(cerca->get(), 0)) != 0;
 }
 
+std::expected<std::int64_t, std::string> leggi_numero(sqlite3* base, const char* sql) {
+    auto istruzione = prepara(base, sql);
+    if (!istruzione) return std::unexpected(std::move(istruzione.error()));
+    const int codice = sqlite3_step(istruzione->get());
+    if (codice != SQLITE_ROW) return std::unexpected(motivo(base, codice));
+    return sqlite3_column_int64(istruzione->get(), 0);
+}
+
+/// Whether the file has digests. One that has half of what goes with them is damaged: it must not pass for
+/// one that was written before there were any.
+std::expected<bool, std::string> ha_impronte(sqlite3* base) {
+    const auto marchio = leggi_numero(base, "PRAGMA application_id");
+    if (!marchio) return std::unexpected(marchio.error());
+    const auto versione = leggi_numero(base, "PRAGMA user_version");
+    if (!versione) return std::unexpected(versione.error());
+    const auto tabella = trova_tabella(base, kTabellaImpronte);
+    if (!tabella) return std::unexpected(tabella.error());
+    if (*marchio == kMarchio && *versione > kVersione)
+        return std::unexpected(
+            fmt::format("il file è danneggiato, o scritto da una versione più nuova del programma (forma {}, "
+                        "attesa {})",
+                        *versione, kVersione));
+    if (*marchio == kMarchio && *versione == kVersione && *tabella) return true;
+    if (*marchio == 0 && *versione == 0 && !*tabella) return false;
+    return std::unexpected("il file è danneggiato: mancano i conti delle sue tabelle");
+}
+
+std::expected<ImprontaTabella, std::string> leggi_impronta(sqlite3* base, std::string_view tabella) {
+    auto cerca = prepara(
+        base, fmt::format("SELECT righe, somma FROM {} WHERE tabella = '{}'", kTabellaImpronte, tabella));
+    if (!cerca) return std::unexpected(std::move(cerca.error()));
+    const int codice = sqlite3_step(cerca->get());
+    if (codice == SQLITE_DONE)
+        return std::unexpected(
+            fmt::format("il file è danneggiato: mancano i conti della tabella {}", tabella));
+    if (codice != SQLITE_ROW) return std::unexpected(motivo(base, codice));
+    return ImprontaTabella{static_cast<std::uint64_t>(sqlite3_column_int64(cerca->get(), 0)),
+                           static_cast<std::uint64_t>(sqlite3_column_int64(cerca->get(), 1))};
+}
+
+/// Whether the rows of a table are those that were written.
+std::expected<void, std::string> confronta(sqlite3* base, const FormaTabella& forma,
+                                           const LettiNativo& letti) {
+    const auto scritta = leggi_impronta(base, forma.nome);
+    if (!scritta) return std::unexpected(scritta.error());
+    const ImprontaTabella letta = impronta(letti.righe, forma.bit, letti.simulato);
+    if (letta == *scritta) return {};
+    if (letta.righe != scritta->righe)
+        return std::unexpected(fmt::format("il file è danneggiato: la tabella {} ha {} righe invece di {}",
+                                           forma.nome, letta.righe, scritta->righe));
+    return std::unexpected(
+        fmt::format("il file è danneggiato: la tabella {} non contiene ciò che vi fu scritto", forma.nome));
+}
+
 std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file, unsigned tabelle) {
     const std::span<const FormaTabella> forme =
         (tabelle & kTabellaWinForLife) != 0 ? tabelle_drawit2() : tabelle_drawit();
@@ -283,15 +345,20 @@ std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file,
     if (auto esito = esegui(base, "PRAGMA cell_size_check=ON; BEGIN"); !esito)
         return std::unexpected(std::move(esito.error()));
     LettiNativo letti;
+    const auto simulato = leggi_simulato(base);
+    if (!simulato) return std::unexpected(simulato.error());
+    letti.simulato = *simulato;
+    const auto impronte = ha_impronte(base);
+    if (!impronte) return std::unexpected(impronte.error());
     LettoreRighe lettore{letti.righe};
     for (const FormaTabella& forma : forme) {
         if ((tabelle & forma.bit) == 0) continue;
         if (auto esito = leggi_tabella(base, forma, lettore); !esito)
             return std::unexpected(std::move(esito.error()));
+        if (!*impronte) continue;
+        if (auto esito = confronta(base, forma, letti); !esito)
+            return std::unexpected(std::move(esito.error()));
     }
-    const auto simulato = leggi_simulato(base);
-    if (!simulato) return std::unexpected(simulato.error());
-    letti.simulato = *simulato;
     return letti;
 }
 
@@ -427,10 +494,29 @@ std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchiv
                   });
 }
 
-using Riempi = std::expected<void, std::string> (*)(sqlite3*, const RigheArchivio&, Avanzamento&);
+/// What one of the two database files holds.
+struct Contenuto {
+    std::span<const FormaTabella> forme;
+    std::expected<void, std::string> (*riempi)(sqlite3*, const RigheArchivio&, Avanzamento&);
+};
+
+std::expected<void, std::string> scrivi_impronte(sqlite3* base, std::span<const FormaTabella> forme,
+                                                 const RigheArchivio& righe, bool simulato) {
+    std::string sql = fmt::format(
+        "PRAGMA application_id={}; PRAGMA user_version={};"
+        "CREATE TABLE {} (tabella TEXT, righe INTEGER, somma INTEGER);",
+        kMarchio, kVersione, kTabellaImpronte);
+    for (const FormaTabella& forma : forme) {
+        const ImprontaTabella i = impronta(righe, forma.bit, simulato);
+        sql += fmt::format("INSERT INTO {} VALUES ('{}', {}, {});", kTabellaImpronte, forma.nome, i.righe,
+                           static_cast<std::int64_t>(i.somma));
+    }
+    return esegui(base, sql.c_str());
+}
 
 std::expected<void, std::string> scrivi_base(const std::filesystem::path& file, const RigheArchivio& righe,
-                                             bool simulato, Riempi riempi_tabelle, Avanzamento& avanzamento) {
+                                             bool simulato, const Contenuto& contenuto,
+                                             Avanzamento& avanzamento) {
     auto aperta = apri(file, SQLITE_OPEN_READWRITE);
     if (!aperta) return std::unexpected(std::move(aperta.error()));
     sqlite3* base = aperta->get();
@@ -443,7 +529,8 @@ std::expected<void, std::string> scrivi_base(const std::filesystem::path& file, 
     if (simulato) {
         if (auto esito = esegui(base, "INSERT INTO proprieta VALUES ('simulato', '1')"); !esito) return esito;
     }
-    if (auto esito = riempi_tabelle(base, righe, avanzamento); !esito) return esito;
+    if (auto esito = scrivi_impronte(base, contenuto.forme, righe, simulato); !esito) return esito;
+    if (auto esito = contenuto.riempi(base, righe, avanzamento); !esito) return esito;
     if (auto esito = esegui(base, "COMMIT"); !esito) return esito;
     const int codice = sqlite3_close(aperta.value().release());
     if (codice != SQLITE_OK) return std::unexpected(motivo(nullptr, codice));
@@ -452,10 +539,10 @@ std::expected<void, std::string> scrivi_base(const std::filesystem::path& file, 
 
 std::expected<FileSicuro, ErroreArchivio> prepara_file(const std::filesystem::path& file,
                                                        const RigheArchivio& righe, bool simulato,
-                                                       Riempi riempi_tabelle, Avanzamento& avanzamento) {
+                                                       const Contenuto& contenuto, Avanzamento& avanzamento) {
     auto sicuro = FileSicuro::apri(file);
     if (!sicuro) return sicuro;
-    if (auto esito = scrivi_base(sicuro->temporaneo(), righe, simulato, riempi_tabelle, avanzamento); !esito)
+    if (auto esito = scrivi_base(sicuro->temporaneo(), righe, simulato, contenuto, avanzamento); !esito)
         return std::unexpected(ErroreArchivio{file, "la scrittura non è riuscita: " + esito.error()});
     return sicuro;
 }
@@ -478,13 +565,13 @@ std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::p
 std::expected<FileSicuro, ErroreArchivio> prepara_drawit(const std::filesystem::path& file,
                                                          const RigheArchivio& righe, bool simulato,
                                                          Avanzamento& avanzamento) {
-    return prepara_file(file, righe, simulato, riempi_drawit, avanzamento);
+    return prepara_file(file, righe, simulato, {tabelle_drawit(), riempi_drawit}, avanzamento);
 }
 
 std::expected<FileSicuro, ErroreArchivio> prepara_drawit2(const std::filesystem::path& file,
                                                           const RigheArchivio& righe, bool simulato,
                                                           Avanzamento& avanzamento) {
-    return prepara_file(file, righe, simulato, riempi_drawit2, avanzamento);
+    return prepara_file(file, righe, simulato, {tabelle_drawit2(), riempi_drawit2}, avanzamento);
 }
 
 std::expected<void, ErroreArchivio> scrivi_drawit(const std::filesystem::path& file,
