@@ -4,6 +4,8 @@
 #include "cli/richiesta.h"
 #include "cli/simili.h"
 #include "files/file_sicuro.h"
+#include "files/sessione.h"
+#include "text/senza_controlli.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -159,9 +161,9 @@ int consegna(const Canali& canali, std::string_view testo, int codice) {
     return kSenzaDati;
 }
 
-int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori,
-                   const Terminale& terminale) {
-    const Canali canali{uscita, errori, terminale.errori, terminale.larghezza};
+namespace {
+
+int esegui_comando(const std::vector<std::string>& argomenti, const Canali& canali) {
     auto parole = separa(argomenti);
     if (!parole) return uso_errato(canali, parole.error());
     // "aiuto ricerca" asks what "ricerca --aiuto" does.
@@ -214,7 +216,29 @@ int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& usci
         return uso_errato(canali, lette.error(), aiuto_di);
     if (!richiesta.argomenti.empty() && !comando->parole)
         return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()), aiuto_di);
+    if (const auto perche = senza_cartella_programma(richiesta.cartella);
+        perche && (comando->bit & kComElenco) == 0) {
+        lamenta(canali, *perche);
+        return kArchivioChiuso;
+    }
     return comando->esegui(richiesta, canali);
+}
+
+}  // namespace
+
+int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori,
+                   const Terminale& terminale) {
+    // What is said to people comes with names and arguments of anybody's; what is kept keeps its bytes.
+    BufferSenzaControlli filtro_uscita{uscita.rdbuf()};
+    BufferSenzaControlli filtro_errori{errori.rdbuf()};
+    std::ostream mostrata{&filtro_uscita};
+    std::ostream detti{&filtro_errori};
+    detti.setf(std::ios_base::unitbuf);
+    return esegui_comando(argomenti, Canali{.uscita = terminale.uscita ? mostrata : uscita,
+                                            .errori = detti,
+                                            .terminale = terminale.errori,
+                                            .larghezza = terminale.larghezza,
+                                            .disegno = &errori});
 }
 
 }  // namespace sortimetra

@@ -28,11 +28,15 @@ struct Canali {
     bool terminale = false;
     /// Columns of the terminal that `uscita` is, as many as one likes where it is none.
     std::size_t larghezza = std::numeric_limits<std::size_t>::max();
+    /// `errori` for the one line that draws over itself: all else passes through there without control
+    /// characters.
+    std::ostream* disegno = nullptr;
 };
 
 /// What is known of the terminals at the other ends.
 struct Terminale {
     bool errori = false;  ///< somebody sits in front of the channel of errors
+    bool uscita = false;  ///< the output is shown, and not kept or read on
     std::size_t larghezza = std::numeric_limits<std::size_t>::max();  ///< columns of the output
 };
 

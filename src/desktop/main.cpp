@@ -1,7 +1,9 @@
 #include "catalogue/form_ricerche.h"
+#include "files/limiti_processo.h"
 #include "files/sessione.h"
 #include "opzioni_avvio.h"
 #include "screens/lingua.h"
+#include "text/senza_controlli.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -11,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -88,9 +91,12 @@ void senza_schermo(QtMsgType genere, const QMessageLogContext&, const QString&) 
     std::_Exit(1);
 }
 
-}  // namespace
+/// Says what went wrong where the program was started: nothing there is obeyed by a terminal.
+void lamenta(const std::string& frase) {
+    std::fprintf(stderr, "sortimetra: %s\n", sortimetra::senza_controlli(frase).c_str());
+}
 
-int main(int argc, char** argv) {
+int esegui(int argc, char** argv) {
     // Help and version work without a display, so they come before the application.
     QStringList grezzi;
     for (int i = 0; i < argc; ++i) grezzi << QString::fromLocal8Bit(argv[i]);
@@ -118,9 +124,12 @@ int main(int argc, char** argv) {
     // What Qt understands of the command line (platform, style …) it has taken away by now.
     const Opzioni opzioni = leggi_opzioni(QApplication::arguments());
     if (!opzioni.errore.empty()) {
-        std::fprintf(stderr, "sortimetra: %s\nsortimetra --aiuto mostra le opzioni.\n",
-                     opzioni.errore.c_str());
+        lamenta(opzioni.errore + "\nsortimetra --aiuto mostra le opzioni.");
         return 2;
+    }
+    if (const auto perche = sortimetra::senza_cartella_programma(opzioni.cartella)) {
+        lamenta(*perche);
+        return 3;
     }
 
     sortimetra::parla_italiano(applicazione);
@@ -133,8 +142,19 @@ int main(int argc, char** argv) {
     QObject::connect(&catalogo, &sortimetra::form_ricerche::cartella_scelta, &applicazione,
                      [](const QString& cartella) {
                          if (const auto fatto = sortimetra::ricorda_cartella(cartella.toStdString()); !fatto)
-                             std::fprintf(stderr, "sortimetra: %s\n", fatto.error().testo().c_str());
+                             lamenta(fatto.error().testo());
                      });
     catalogo.show();
     return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    sortimetra::ascolta_i_limiti("sortimetra");
+    try {
+        return esegui(argc, argv);
+    } catch (const std::bad_alloc&) {
+        return sortimetra::memoria_finita();
+    }
 }

@@ -55,4 +55,9 @@ struct Sessione {
 [[nodiscard]] std::filesystem::path cartella_programma(
     const std::optional<std::filesystem::path>& scelta = {});
 
+/// Why there is no such folder, in words for the user: nothing was chosen and the user has none. Nothing
+/// where there is one.
+[[nodiscard]] std::optional<std::string> senza_cartella_programma(
+    const std::optional<std::filesystem::path>& scelta = {});
+
 }  // namespace sortimetra

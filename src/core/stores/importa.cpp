@@ -28,6 +28,8 @@ using std::chrono::days;
 /// it.
 constexpr Data kPrimoSuperEnalotto{std::chrono::year{1997} / 12 / 3};
 constexpr Concorso kConcorsoPrimoSuperEnalotto = 402;
+/// Bytes of a published file: thirty times those of a century and a half of draws.
+constexpr std::size_t kTestoMassimo = std::size_t{64} << 20;
 
 /// A stretch of a longer way: reports what is done of the stretch as what is done of the whole.
 class TrattoAvanzamento final : public Avanzamento {
@@ -98,7 +100,7 @@ std::expected<Testi, ErroreArchivio> leggi_testi(const FilePubblicati& file, Ava
     std::array<std::size_t, 4> inizio{};
     for (std::size_t i = 0; i < percorsi.size(); ++i) {
         if (*percorsi[i]) {
-            auto letto = leggi_file(**percorsi[i]);
+            auto letto = leggi_file(**percorsi[i], kTestoMassimo);
             if (!letto) return std::unexpected(std::move(letto.error()));
             byte[i] = std::move(*letto);
         }
