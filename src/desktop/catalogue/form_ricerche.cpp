@@ -393,7 +393,7 @@ void form_ricerche::carica_skin(int indice) {
 void form_ricerche::carica_archivio() {
     if (std::exchange(archivio_cercato_, true)) return;
     archivio_.reset();
-    if (auto aperto = guarda_archivio(sessione_.percorso_archivio()))
+    if (auto aperto = guarda_archivio(sessione_.percorso_archivio(), sessione_.copia))
         usa_archivio(std::move(*aperto));
     else
         frame_archivio_->spiega(aperto.error());
@@ -427,7 +427,7 @@ void form_ricerche::scegli_cartella() {
 
 bool form_ricerche::usa_cartella(const std::filesystem::path& cartella) {
     // Looked at before anything is closed here or written there.
-    auto aperto = guarda_archivio(cartella / "archivio");
+    auto aperto = guarda_archivio(cartella / "archivio", sessione_.copia);
     if (!aperto) {
         messaggi().avvisa(
             this, kTitoloMessaggi,

@@ -13,13 +13,15 @@
 namespace sortimetra {
 
 std::expected<ArchivioEstrazioni, ArchivioNegato> guarda_archivio(
-    const std::filesystem::path& percorso_archivio) {
+    const std::filesystem::path& percorso_archivio, bool copia) {
     if (!contiene_archivio(percorso_archivio))
         return std::unexpected{
             ArchivioNegato{true, FrameArchivio::tr("Nella cartella %1 non si trovano né drawit.mdb né "
                                                    "drawit.db.")
                                      .arg(QString::fromStdString(percorso_archivio.string()))}};
-    auto aperto = apri_archivio(percorso_archivio);
+    // A window is open for hours: what it shows is held in its own memory.
+    auto aperto =
+        apri_archivio(percorso_archivio, kTutteLeTabelle, {.copia = copia, .tenuta = Tenuta::propria});
     if (!aperto)
         return std::unexpected{ArchivioNegato{false, QString::fromStdString(aperto.error().testo())}};
     return std::move(*aperto);

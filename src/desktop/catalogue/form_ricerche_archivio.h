@@ -18,9 +18,9 @@ struct ArchivioNegato {
     QString perche;
 };
 
-/// Opens the archive in a program's folder, and writes nothing there.
+/// Opens the archive in a program's folder, by its packed copy if `copia`, and writes nothing else there.
 [[nodiscard]] std::expected<ArchivioEstrazioni, ArchivioNegato> guarda_archivio(
-    const std::filesystem::path& percorso_archivio);
+    const std::filesystem::path& percorso_archivio, bool copia = true);
 
 /// The program's folder that is meant by one that the user picked: whoever points at `archivio` itself means
 /// its parent.
