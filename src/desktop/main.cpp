@@ -54,6 +54,7 @@ std::string aiuto() {
 struct Opzioni {
     bool aiuto = false;
     bool versione = false;
+    bool senza_copia = false;
     std::optional<std::filesystem::path> cartella;
     std::string errore;  ///< what is wrong with the command line; empty if nothing
 };
@@ -70,6 +71,7 @@ Opzioni leggi_opzioni(const QStringList& argomenti) {
     const bool letti = lettore.parse(argomenti);
     o.aiuto = lettore.isSet(QStringLiteral("aiuto"));
     o.versione = lettore.isSet(QStringLiteral("versione"));
+    o.senza_copia = lettore.isSet(QStringLiteral("senza-copia"));
     if (lettore.isSet(cartella)) o.cartella = lettore.value(cartella).toStdString();
     if (!lettore.unknownOptionNames().isEmpty())
         o.errore = "opzione sconosciuta: --" + lettore.unknownOptionNames().first().toStdString();
@@ -135,6 +137,7 @@ int esegui(int argc, char** argv) {
     sortimetra::parla_italiano(applicazione);
     sortimetra::Sessione sessione;
     sessione.percorso_programma = sortimetra::cartella_programma(opzioni.cartella);
+    sessione.copia = !opzioni.senza_copia;
     sortimetra::form_ricerche catalogo{sessione};
     QApplication::setWindowIcon(QIcon{QStringLiteral(":/sortimetra.svg")});
     QObject::connect(&catalogo, &sortimetra::form_ricerche::terminata, &applicazione, &QApplication::quit);

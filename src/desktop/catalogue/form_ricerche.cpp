@@ -83,6 +83,9 @@ form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> sc
       schermi_{schermi},
       lettore_{[this](EsitoArchivio esito) { archivio_letto(std::move(esito)); }} {
     setObjectName(QStringLiteral("form_ricerche"));
+    lettore_.guarda = [copia = sessione.copia](const std::filesystem::path& dove) {
+        return guarda_archivio(dove, copia);
+    };
     setWindowTitle(tr("Sortimetra Plus - Ricerche Statistiche"));
     chiedi_cartella = [this] {
         return QFileDialog::getExistingDirectory(this, tr("Scegli la cartella che contiene l'archivio"),

@@ -14,7 +14,7 @@
 
 namespace sortimetra {
 
-EsitoArchivio guarda_archivio(const std::filesystem::path& percorso_archivio) {
+EsitoArchivio guarda_archivio(const std::filesystem::path& percorso_archivio, bool copia) {
     if (const auto negata = cartella_negata(percorso_archivio))
         return std::unexpected{ArchivioNegato{false, QString::fromStdString(negata->testo())}};
     if (!contiene_archivio(percorso_archivio))
@@ -22,7 +22,9 @@ EsitoArchivio guarda_archivio(const std::filesystem::path& percorso_archivio) {
             ArchivioNegato{true, FrameArchivio::tr("Nella cartella %1 non si trovano né drawit.mdb né "
                                                    "drawit.db.")
                                      .arg(QString::fromStdString(percorso_archivio.string()))}};
-    auto aperto = apri_archivio(percorso_archivio);
+    // A window is open for hours: what it shows is held in its own memory.
+    auto aperto =
+        apri_archivio(percorso_archivio, kTutteLeTabelle, {.copia = copia, .tenuta = Tenuta::propria});
     if (!aperto)
         return std::unexpected{ArchivioNegato{false, QString::fromStdString(aperto.error().testo())}};
     return std::move(*aperto);

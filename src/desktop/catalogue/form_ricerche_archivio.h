@@ -24,8 +24,9 @@ struct ArchivioNegato {
 
 using EsitoArchivio = std::expected<ArchivioEstrazioni, ArchivioNegato>;
 
-/// Opens the archive in a program's folder, and writes nothing there.
-[[nodiscard]] EsitoArchivio guarda_archivio(const std::filesystem::path& percorso_archivio);
+/// Opens the archive in a program's folder, by its packed copy if `copia`, and writes nothing else there.
+[[nodiscard]] EsitoArchivio guarda_archivio(const std::filesystem::path& percorso_archivio,
+                                            bool copia = true);
 
 /// Reads archives in a thread of its own, so that the window lives on whatever the disk or the file does. One
 /// at a time: what is asked for while another is read is read next, and the other one comes to nothing.
@@ -41,7 +42,8 @@ class LettoreArchivio final : public QObject {
     [[nodiscard]] bool legge() const { return legge_; }
 
     /// How an archive is opened, in the other thread. A test puts its own here, before the first reading.
-    std::function<EsitoArchivio(const std::filesystem::path&)> guarda = guarda_archivio;
+    std::function<EsitoArchivio(const std::filesystem::path&)> guarda =
+        [](const std::filesystem::path& dove) { return guarda_archivio(dove); };
 
   private:
     void finita(EsitoArchivio esito);
