@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/ricerche.h"
+#include "chance/per_ruota.h"
 #include "results/domanda.h"
 #include "stores/importa.h"
 
@@ -46,6 +47,11 @@ struct Richiesta {
     std::optional<int> sistema;   ///< the kind of saved systems that `sistemi` lists
     std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;
+    // What is added to the tables.
+    bool caso = false;
+    bool per_ruota = false;
+    std::optional<MisuraRuote> misura;
+    std::optional<std::filesystem::path> grafico;
     bool aiuto = false;
     bool versione = false;
 };
@@ -60,6 +66,7 @@ enum Comandi : unsigned {
     kComGruppi = 1U << 5U,
     kComSistemi = 1U << 6U,
     kComStampa = 1U << 7U,
+    kComStoria = 1U << 9U,
     kOgniComando = ~0U,
 };
 
