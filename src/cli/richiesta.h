@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/ricerche.h"
+#include "chance/per_ruota.h"
 #include "results/domanda.h"
 #include "stores/importa.h"
 
@@ -52,6 +53,11 @@ struct Richiesta {
     std::optional<std::string> indirizzo;      ///< `aggiorna --indirizzo`
     bool prova = false;                        ///< `aggiorna --prova`: only says what it would do
     bool sostituisci = false;                  ///< `aggiorna --sostituisci`
+    // What is added to the tables.
+    bool caso = false;
+    bool per_ruota = false;
+    std::optional<MisuraRuote> misura;
+    std::optional<std::filesystem::path> grafico;
     bool aiuto = false;
     bool versione = false;
 };
@@ -67,6 +73,7 @@ enum Comandi : unsigned {
     kComSistemi = 1U << 6U,
     kComStampa = 1U << 7U,
     kComAggiorna = 1U << 8U,
+    kComStoria = 1U << 9U,
     kOgniComando = ~0U,
 };
 

@@ -303,11 +303,12 @@ std::string frase_insolita(const Tabella& tabella, Percorso percorso) {
     const std::int64_t m = righe.con_evento();
     const double su = 1 / almeno_uno(minima, m);
     const std::string a_chi = m > 1 ? " a " + uno_di(tabella, m) : std::string{};
-    const std::string quando = su < 1.5    ? "quasi sempre"
-                               : su < 1e15 ? "circa una volta su " + migliaia(std::llround(su))
-                                           : "praticamente mai";
-    return fmt::format("{} manca da {} {}: succede per caso{} {}.", tabella.testo(*scelta, 0),
-                       migliaia(ritardo), ritardo == 1 ? "concorso" : "concorsi", a_chi, quando);
+    const std::string manca = fmt::format("{} manca da {} {}: succede per caso", tabella.testo(*scelta, 0),
+                                          migliaia(ritardo), ritardo == 1 ? "concorso" : "concorsi");
+    // What happens more often than not is no "once in".
+    if (su < 1.5) return fmt::format("{} quasi sempre{}.", manca, a_chi);
+    if (su >= 1e15) return fmt::format("{}{} praticamente mai.", manca, a_chi);
+    return fmt::format("{}{} circa una volta su {}.", manca, a_chi, migliaia(std::llround(su)));
 }
 
 std::optional<double> p_chi_quadro(const Tabella& tabella) {
