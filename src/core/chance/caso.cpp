@@ -229,6 +229,15 @@ std::string uno_di(const Tabella& tabella, std::int64_t m) {
     return fmt::format("una delle {} serie", migliaia(m));
 }
 
+/// "p = 0,43"; what the decimals cannot tell apart from 0 and 1 is said to lie beyond the last that they can.
+std::string testo_p(double p, int decimali) {
+    const std::int64_t uno = decimali == 2 ? 100 : 10'000;
+    const std::int64_t cifre = arrotonda(static_cast<long double>(p) * static_cast<long double>(uno));
+    if (cifre == 0) return "p < " + con_decimali(1, decimali);
+    if (cifre == uno) return "p > " + con_decimali(uno - 1, decimali);
+    return "p = " + con_decimali(cifre, decimali);
+}
+
 }  // namespace
 
 std::optional<ColonneMisure> colonne_misure(const Tabella& tabella) {
@@ -340,15 +349,14 @@ std::string frase_chi_quadro(const Tabella& tabella) {
     if (!p) return {};
     // Beyond one in a hundred on either side it is said plainly that chance seldom gives as much.
     constexpr double kRaro = 0.01;
-    const auto una_su = [](double quanto) { return migliaia(std::llround(1 / std::max(quanto, 1e-15))); };
-    if (*p < kRaro)
-        return fmt::format("frequenze così diverse capitano per caso circa una volta su {} (p = {})",
-                           una_su(*p), *p < 1e-4 ? "0,0000" : con_decimali(std::llround(*p * 1e4), 4));
-    if (*p > 1 - kRaro)
-        return fmt::format("frequenze così uguali capitano per caso circa una volta su {} (p = {})",
-                           una_su(1 - *p), con_decimali(std::llround(*p * 1e4), 4));
-    return fmt::format("le frequenze sono quelle del caso (p = {})",
-                       con_decimali(arrotonda(static_cast<long double>(*p) * 100), 2));
+    const auto raro = [&](std::string_view come, double quanto) {
+        return fmt::format("frequenze così {} capitano per caso circa una volta su {} ({})", come,
+                           quanto < 1e-12 ? "mille miliardi" : migliaia(std::llround(1 / quanto)),
+                           testo_p(*p, 4));
+    };
+    if (*p < kRaro) return raro("diverse", *p);
+    if (*p > 1 - kRaro) return raro("uguali", 1 - *p);
+    return fmt::format("le frequenze sono quelle del caso ({})", testo_p(*p, 2));
 }
 
 std::string testo_percentuale(double probabilita) {
