@@ -59,9 +59,12 @@ class ColonnaDaValori {
         ColonnaVoci c;
         c.in_ordine = true;
         c.voci.reserve(voci_.size());
+        double ultimo = std::numeric_limits<double>::quiet_NaN();
         for (const std::uint32_t v : ordine) {
-            posto[v] = static_cast<std::uint32_t>(c.voci.size());
-            c.voci.push_back(std::move(voci_[v].testo));
+            // Equal values share a text, so that rows which do not differ keep their order.
+            if (voci_[v].valore != ultimo) c.voci.push_back(std::move(voci_[v].testo));
+            ultimo = voci_[v].valore;
+            posto[v] = static_cast<std::uint32_t>(c.voci.size() - 1);
         }
         for (std::uint32_t& s : scelte_) s = posto[s];
         c.scelte = std::move(scelte_);
@@ -84,11 +87,10 @@ class RigheMisurate {
         : tabella_{&tabella},
           colonne_{colonne_misure(tabella).value_or(ColonneMisure{})},
           frequenze_{std::get<ColonnaInteri>(tabella.colonne[colonne_.frequenza]).valori},
-          ritardi_{std::get<ColonnaInteri>(tabella.colonne[colonne_.ritardo]).valori} {
+          ritardi_{std::get<ColonnaInteri>(tabella.colonne[colonne_.ritardo]).valori},
+          doppi_possibili_{tabella.numeri_per_riga() > 1} {
         const auto& senza = tabella.eventi.senza;
         eventi_ = static_cast<std::int64_t>(righe()) - std::count(senza.begin(), senza.end(), true);
-        // One number a row cannot stand twice in it.
-        doppi_possibili_ = tabella.numeri_per_riga() > 1;
     }
     [[nodiscard]] std::size_t righe() const { return frequenze_.size(); }
     [[nodiscard]] std::int64_t con_evento() const { return eventi_; }
@@ -127,7 +129,7 @@ class RigheMisurate {
     std::span<const std::int32_t> frequenze_;
     std::span<const std::int32_t> ritardi_;
     std::int64_t eventi_ = 0;
-    bool doppi_possibili_ = false;
+    bool doppi_possibili_;  ///< one number a row cannot stand twice in it
 };
 
 /// Calls `riga(r, legge, classe)` for each row with an event; the law is worked out once for rows that do not

@@ -146,6 +146,10 @@ TEST(Caso, SiOrdinaPerValoreENonPerTesto) {
     EXPECT_EQ(caso.testo(per_probabilita[0], 3), "153");
     EXPECT_EQ(caso.testo(per_probabilita[84], 3), "152");
     EXPECT_EQ(caso.testo(per_probabilita[85], 3), "0");
+    // A certain thing is as certain as another: such rows keep their order, whatever their delays.
+    const auto in_tabella = ordina(caso, 5, Verso::decrescente);
+    EXPECT_EQ(caso.testo(in_tabella[0], 0), "1");
+    EXPECT_EQ(caso.testo(in_tabella[4], 0), "5");
     const auto per_scarto = ordina(caso, 2, Verso::crescente);
     EXPECT_EQ(caso.testo(per_scarto.front(), 2), "-3,00");
     EXPECT_EQ(caso.testo(per_scarto.back(), 2).front(), '+');
