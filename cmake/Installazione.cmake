@@ -5,8 +5,8 @@ install(TARGETS sortimetra sortimetra-cli)
 # No program for people: out of the command path.
 install(TARGETS sortimetra-lettore-jet DESTINATION libexec/sortimetra)
 
-# The module that sortimetra-cli loads when it writes a PDF.
-install(TARGETS sortimetra-pdf LIBRARY DESTINATION lib/sortimetra)
+# The modules that are loaded when a PDF is written and when a story is drawn.
+install(TARGETS sortimetra-pdf sortimetra-grafico LIBRARY DESTINATION lib/sortimetra)
 
 install(FILES README.md data/pacchetto/copyright ${SORTIMETRA_MANUALI}/doc/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -39,6 +39,7 @@ constexpr Piano kPiani[] = {
     {"core/chance", 5},
     {"core/catalogue", 6},
     {"stampa", 7},
+    {"grafico", 7},
     {"cli", 7},
     {"jet", 7},
     {"desktop/screens", 8},
