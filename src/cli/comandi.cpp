@@ -1,5 +1,6 @@
 #include "cli/comandi.h"
 
+#include "catalogue/nomi.h"
 #include "cli/aiuto.h"
 #include "cli/richiesta.h"
 #include "cli/simili.h"
@@ -70,6 +71,16 @@ constexpr auto kComandi = std::to_array<Comando>({
      .dettaglio = "Sono le stesse pagine che stampa la finestra.",
      .bit = kComStampa,
      .esegui = comando_stampa},
+    {.nome = "storia",
+     .argomenti = "--numeri ELENCO [--presenti K] [opzioni]",
+     .frase = "Racconta ogni uscita di alcuni numeri, una per una, e che cosa ne fa il caso.",
+     .dettaglio =
+         "Due tabelle: le uscite, dalla più vecchia, con i concorsi passati dall'uscita prima; e una "
+         "sintesi con frequenza, ritardo, ritardo storico e ciò che darebbe il caso da solo. --grafico le "
+         "disegna.",
+     .bit = kComStoria,
+     .chiave = nomi::kStoria.chiave,
+     .esegui = comando_ricerca},
 });
 
 std::vector<std::string_view> nomi_comandi() {
@@ -112,6 +123,10 @@ std::expected<void, std::string> trova_chiave(std::string_view comando, Richiest
 }
 
 }  // namespace
+
+const Ricerca* ricerca_propria(const Comando& comando) {
+    return comando.chiave.empty() ? nullptr : trova_ricerca(comando.chiave);
+}
 
 std::span<const Comando> comandi() {
     return kComandi;
@@ -185,17 +200,22 @@ int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& usci
     const bool cerca = (comando->bit & (kComRicerca | kComStampa)) != 0;
     if (data(*parole, "--aiuto") && (!cerca || richiesta.argomenti.empty()))
         return consegna(canali, aiuto_comando(*comando));
+    if (const Ricerca* sua = ricerca_propria(*comando)) {
+        richiesta.ricerca = sua;
+        richiesta.domanda = domanda_intatta(*sua);
+    }
     if (cerca) {
         if (const auto trovata = trova_chiave(nome, richiesta); !trovata)
             return uso_errato(canali, trovata.error(), nome);
         if (data(*parole, "--aiuto")) return consegna(canali, aiuto_comando(*comando, richiesta.ricerca));
         richiesta.domanda = domanda_intatta(*richiesta.ricerca);
     }
-    const std::string aiuto_di = cerca ? fmt::format("{} '{}'", nome, richiesta.ricerca->chiave()) : nome;
+    richiesta.aiuto_di = cerca ? fmt::format("{} '{}'", nome, richiesta.ricerca->chiave()) : nome;
     if (const auto lette = leggi_opzioni(*parole, comando->bit, nome, richiesta); !lette)
-        return uso_errato(canali, lette.error(), aiuto_di);
+        return uso_errato(canali, lette.error(), richiesta.aiuto_di);
     if (!richiesta.argomenti.empty() && !comando->parole)
-        return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()), aiuto_di);
+        return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()),
+                          richiesta.aiuto_di);
     return comando->esegui(richiesta, canali);
 }
 

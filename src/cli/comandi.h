@@ -11,6 +11,7 @@
 namespace sortimetra {
 
 struct Richiesta;
+struct Ricerca;
 
 /// What the program tells its caller.
 enum Codice : int {
@@ -39,11 +40,12 @@ struct Terminale {
 /// One command, as `--aiuto` shows it. Adding a command is a row in comandi.cpp and a function.
 struct Comando {
     std::string_view nome;
-    std::string_view argomenti{};                        ///< what follows the name, "CHIAVE [opzioni]"
-    std::string_view frase{};                            ///< what it does, for the list of commands
-    std::string_view dettaglio{};                        ///< further paragraphs of its own help
-    unsigned bit = 0;                                    ///< its bit of `Comandi`
-    bool parole = false;                                 ///< takes any words after its name
+    std::string_view argomenti{};  ///< what follows the name, "CHIAVE [opzioni]"
+    std::string_view frase{};      ///< what it does, for the list of commands
+    std::string_view dettaglio{};  ///< further paragraphs of its own help
+    unsigned bit = 0;              ///< its bit of `Comandi`
+    bool parole = false;           ///< takes any words after its name
+    std::string_view chiave{};     ///< the search that it runs, where the line names none
     int (*esegui)(Richiesta&, const Canali&) = nullptr;  ///< null until the command is built: not listed
 };
 
@@ -72,5 +74,7 @@ int comando_gruppi(Richiesta& richiesta, const Canali& canali);
 int comando_importa(Richiesta& richiesta, const Canali& canali);
 int comando_dimostrazione(Richiesta& richiesta, const Canali& canali);
 int comando_stampa(Richiesta& richiesta, const Canali& canali);
+/// The search that is told by its command's own row.
+[[nodiscard]] const Ricerca* ricerca_propria(const Comando& comando);
 
 }  // namespace sortimetra

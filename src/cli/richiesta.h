@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/ricerche.h"
+#include "chance/per_ruota.h"
 #include "results/domanda.h"
 #include "stores/importa.h"
 
@@ -28,6 +29,7 @@ struct EstremoTratto {
 /// A command line that has been read: every option as a value.
 struct Richiesta {
     std::vector<std::string> argomenti;  ///< what stands after the command and is no option
+    std::string aiuto_di{};              ///< what a pointer to the help names: "ricerca 'cadenze'"
     const Ricerca* ricerca = nullptr;  ///< the search of `ricerca` and `stampa`, set before options are read
     Domanda domanda;
     std::optional<std::filesystem::path> cartella;
@@ -46,6 +48,11 @@ struct Richiesta {
     std::optional<int> sistema;   ///< the kind of saved systems that `sistemi` lists
     std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;
+    // What is added to the tables.
+    bool caso = false;
+    bool per_ruota = false;
+    std::optional<MisuraRuote> misura;
+    std::optional<std::filesystem::path> grafico;
     bool aiuto = false;
     bool versione = false;
 };
@@ -60,6 +67,7 @@ enum Comandi : unsigned {
     kComGruppi = 1U << 5U,
     kComSistemi = 1U << 6U,
     kComStampa = 1U << 7U,
+    kComStoria = 1U << 9U,
     kOgniComando = ~0U,
 };
 

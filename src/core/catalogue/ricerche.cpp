@@ -6,6 +6,8 @@
 #include "catalogue/nomi.h"
 #include "catalogue/segnalimite.h"
 #include "chance/caso.h"
+#include "chance/parametri.h"
+#include "chance/ricerca_storia.h"
 #include "lunghette/lunghette.h"
 #include "lunghette/parametri.h"
 #include "lunghette/scomposizione.h"
@@ -386,6 +388,16 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di dieci.",
      .dove = Dove::solo_comandi,
      .un_evento = true},
+    {.nome = nomi::kStoria,
+     .gioco = Gioco::sistemi,
+     .tabelle = kTutteLeTabelle,
+     .opzioni = kOpzioniStoria,
+     .esegui = ricerca_storia,
+     .controlla = controlla_storia,
+     .frase = "Ogni uscita di alcuni numeri, una per una, e che cosa ne fa il caso.",
+     .rapporto = rapporto_tabelle,
+     .dove = Dove::solo_comandi,
+     .gioco_scelto = gioco_storia},
     {.nome = nomi::kSchedine,
      .esegui = schedine,
      .carica = carica_poste,

@@ -104,6 +104,17 @@ Grafico grafico(std::span<const Storia> storie, std::string sottotitolo, bool si
     return g;
 }
 
+std::string sottotitolo_grafico(const AmbitoDetto& ambito) {
+    const TrattoConcorsi tratto = ambito.proprio ? ambito.proprio->tratto : ambito.tratto;
+    std::string testo = fmt::format("{}, concorsi {} - {}", ambito.ruote, tratto.da, tratto.a);
+    const auto dal = ambito.proprio ? std::optional{ambito.proprio->dal} : ambito.dal;
+    const auto al = ambito.proprio ? std::optional{ambito.proprio->al} : ambito.al;
+    if (dal && al) testo += fmt::format(", dal {} al {}", testo_data(*dal), testo_data(*al));
+    if (ambito.intervallo != kIntervalli[0].testo && ambito.intervallo != kOre[0])
+        testo += ", " + ambito.intervallo;
+    return testo;
+}
+
 std::optional<FormatoGrafico> formato_grafico(const std::filesystem::path& file) {
     const std::string fine = minuscolo(file.extension().string());
     if (fine == ".svg") return FormatoGrafico::svg;

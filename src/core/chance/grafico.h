@@ -2,11 +2,13 @@
 
 #include "chance/storia.h"
 #include "files/errore.h"
+#include "results/risposta.h"
 #include "text/data.h"
 
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -69,6 +71,9 @@ struct Grafico {
 
 /// The picture of stories over one scope.
 [[nodiscard]] Grafico grafico(std::span<const Storia> storie, std::string sottotitolo, bool simulato = false);
+
+/// What a picture is of, in one line: "Bari, concorsi 1 - 4655, dal 07/01/1939 al 03/12/2024".
+[[nodiscard]] std::string sottotitolo_grafico(const AmbitoDetto& ambito);
 
 /// What ends a file's name: ".svg", ".png", ".pdf", in small letters or capitals; nothing for any other.
 [[nodiscard]] std::optional<FormatoGrafico> formato_grafico(const std::filesystem::path& file);
