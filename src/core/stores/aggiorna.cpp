@@ -1,6 +1,7 @@
 #include "stores/aggiorna.h"
 
 #include "draws/calendario.h"
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/importa.h"
@@ -377,7 +378,7 @@ RigheArchivio righe_di(const ArchivioEstrazioni& a) {
     }
     const TabellaWinForLife& w = a.winforlife();
     for (std::size_t i = 0; i < w.concorso.size(); ++i)
-        righe.winforlife.push_back({w.concorso[i], w.data[i], w.ora[i], w.numeri[i]});
+        righe.winforlife.push_back({w.concorso[i], w.data[i], std::string{w.ora[i]}, w.numeri[i]});
     return righe;
 }
 

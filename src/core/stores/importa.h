@@ -77,9 +77,6 @@ struct GiornoConcorso {
                                                             std::vector<GiornoConcorso> giorni,
                                                             std::set<Concorso> presi);
 
-/// A SuperEnalotto draw without a Lotto draw on its day looks this far around for a concorso.
-inline constexpr std::chrono::days kGiorniVicini{5};
-
 /// Writes the database files that are wanted, and takes them into the archive together.
 [[nodiscard]] std::expected<void, ErroreArchivio> scrivi_archivio(
     const std::filesystem::path& percorso_archivio, const RigheArchivio& righe, bool con_drawit,

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <fstream>
 #include <random>
+#include <span>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -103,7 +104,7 @@ struct Banco {
     }
 };
 
-std::vector<std::string> date(const std::vector<Concorso>& concorsi, const std::vector<Data>& giorni) {
+std::vector<std::string> date(std::span<const Concorso> concorsi, std::span<const Data> giorni) {
     std::vector<std::string> testi;
     for (std::size_t i = 0; i < concorsi.size(); ++i)
         testi.push_back(std::to_string(concorsi[i]) + " " + testo_data(giorni[i]));
