@@ -42,7 +42,6 @@ struct ModoApertura {
     const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle,
     ModoApertura modo = {});
 
-
 /// Rows of one of the two database files as its store has them, not yet checked against each other, and where
 /// they came from.
 struct RigheConFonte {
