@@ -32,7 +32,7 @@ void clic(benchmark::State& stato, const std::filesystem::path& cartella) {
     form.resize(1600, 900);
     form.show();
     form.findChild<QCheckBox*>(stato.range(0) == 1 ? QStringLiteral("CheckRuota_0")
-                                                    : QStringLiteral("CheckRuota_10"))
+                                                   : QStringLiteral("CheckRuota_10"))
         ->setChecked(true);
     form.avvia();
     QTest::qWait(200);
@@ -41,9 +41,8 @@ void clic(benchmark::State& stato, const std::filesystem::path& cartella) {
     for (auto _ : stato) {
         riga = (riga + 1) % 20;
         const QPoint dove = vista->visualRect(form.griglia()->modello()->index(riga, 0)).center();
-        stato.SetIterationTime(fino_alla_pittura([&] {
-            QTest::mouseClick(vista->viewport(), Qt::LeftButton, Qt::NoModifier, dove);
-        }));
+        stato.SetIterationTime(fino_alla_pittura(
+            [&] { QTest::mouseClick(vista->viewport(), Qt::LeftButton, Qt::NoModifier, dove); }));
     }
 }
 
@@ -67,8 +66,9 @@ void registra_storia(const Cartelle& cartelle) {
         ->Arg(10)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("caso_117480", [dove](benchmark::State& s) { caso(s, dove); })
-        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("caso_117480", [dove](benchmark::State& s) {
+        caso(s, dove);
+    })->Unit(benchmark::kMillisecond);
 }
 
 }  // namespace sortimetra::misure

@@ -76,8 +76,8 @@ class SegniAnni final : public SegniInteri {
 
   protected:
     QVector<double> createTickVector(double passo, const QCPRange& tratto) override {
-        const auto in_vista = static_cast<int>(std::count_if(
-            inizi_.begin(), inizi_.end(), [&](double x) { return tratto.contains(x); }));
+        const auto in_vista = static_cast<int>(
+            std::count_if(inizi_.begin(), inizi_.end(), [&](double x) { return tratto.contains(x); }));
         anni_ = in_vista >= 2;
         if (!anni_) return SegniInteri::createTickVector(passo, tratto);
         int ogni = 1;
@@ -270,7 +270,8 @@ void Quadro::disegna_linea() {
         const double lato = s.linea.size() > static_cast<std::size_t>(kTantiPunti) ? 2.5 : 4.5;
         g->setScatterStyle({kSegni[i], QPen{colore(tinte_[i])}, QBrush{colore(tinte_[i])}, lato});
         if (!sola()) {
-            g->setName(QStringLiteral("%1: oggi %2, record %3").arg(qt(s.nome), intero(s.presente), intero(s.record)));
+            g->setName(QStringLiteral("%1: oggi %2, record %3")
+                           .arg(qt(s.nome), intero(s.presente), intero(s.record)));
             g->addToLegend(legenda_);
         }
         QVector<double> xs;
@@ -294,15 +295,18 @@ void Quadro::disegna_linea() {
     }
     for (std::size_t i = 0; i < grafico_.serie.size(); ++i) {
         const SerieGrafico& s = grafico_.serie[i];
-        const bool gia_detto = std::any_of(grafico_.serie.begin(), grafico_.serie.begin() + static_cast<long>(i),
-                                           [&](const auto& a) { return a.record_atteso == s.record_atteso; });
+        const bool gia_detto =
+            std::any_of(grafico_.serie.begin(), grafico_.serie.begin() + static_cast<long>(i),
+                        [&](const auto& a) { return a.record_atteso == s.record_atteso; });
         if (!gia_detto)
             livello(s.record_atteso, Qt::DashLine, sola() ? colori_.testo : colori_.quieto,
                     QStringLiteral("record atteso %1").arg(intero(s.record_atteso)), 0.5);
         if (sola() && s.record > 0)
-            livello(s.record, Qt::SolidLine, tinte_[i], QStringLiteral("record %1").arg(intero(s.record)), 0.01);
+            livello(s.record, Qt::SolidLine, tinte_[i], QStringLiteral("record %1").arg(intero(s.record)),
+                    0.01);
         if (sola() && s.presente >= 0 && !s.linea.empty())
-            livello(s.presente, Qt::DotLine, tinte_[i], QStringLiteral("oggi %1").arg(intero(s.presente)), 0.97);
+            livello(s.presente, Qt::DotLine, tinte_[i], QStringLiteral("oggi %1").arg(intero(s.presente)),
+                    0.97);
     }
     // Room for the names of the level lines.
     y->setRange(0, alto * 1.25);
@@ -488,8 +492,7 @@ QString Quadro::testo_barre(QPointF dove) const {
 }
 
 QString Quadro::testo_anni(QPointF dove) const {
-    const auto anno =
-        static_cast<int>(std::lround(anni_->axis(QCPAxis::atBottom)->pixelToCoord(dove.x())));
+    const auto anno = static_cast<int>(std::lround(anni_->axis(QCPAxis::atBottom)->pixelToCoord(dove.x())));
     QStringList righe;
     for (const SerieGrafico& s : grafico_.serie)
         for (const BarraAnno& a : s.anni)

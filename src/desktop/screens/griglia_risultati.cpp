@@ -551,7 +551,8 @@ void GrigliaRisultati::adatta_colonne() {
         const QString titolo = titolo_piu_largo(c);
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
         // Under a strip of buttons titles have none beside them.
-        const int testata = titoli.horizontalAdvance(titolo) + (dipinti || senza_pulsanti_ ? 0 : kPulsanteOrdina - kPasso);
+        const int testata =
+            titoli.horizontalAdvance(titolo) + (dipinti || senza_pulsanti_ ? 0 : kPulsanteOrdina - kPasso);
         const int margine = tabellone_ ? kMargineTabellone : margine_;
         const int minima = tabellone_             ? kColonnaMinimaTabellone
                            : dipinti || compatta_ ? kColonnaMinimaDipinta

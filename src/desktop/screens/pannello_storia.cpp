@@ -265,10 +265,10 @@ void PannelloStoria::salva(FormatoGrafico formato) {
                                  [formato](const Formato& x) { return x.formato == formato; });
     const QString fine = QString::fromLatin1(f->fine);
     QString filtro = tr("Immagine %1 (*%2)").arg(QString::fromLatin1(f->nome), fine);
-    const auto file = chiedi_file(this, tr("Salva la storia"), titolo_->text() + fine, filtro, &filtro,
-                                  [&fine](QString scelto) {
-                                      return scelto.endsWith(fine, Qt::CaseInsensitive) ? scelto : scelto + fine;
-                                  });
+    const auto file = chiedi_file(
+        this, tr("Salva la storia"), titolo_->text() + fine, filtro, &filtro, [&fine](QString scelto) {
+            return scelto.endsWith(fine, Qt::CaseInsensitive) ? scelto : scelto + fine;
+        });
     if (!file) return;
     if (const auto fatto = scrivi_grafico(grafico_, file->toStdString(), formato); !fatto)
         messaggi().avvisa(this, kTitoloMessaggi, testo_qt(fatto.error().testo()));
