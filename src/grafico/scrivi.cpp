@@ -82,8 +82,8 @@ QByteArray pdf(Quadro& quadro, const Grafico& grafico) {
     scrittore.setResolution(1152);  // twelve to a pixel: lines are placed where they belong
     scrittore.setCreator(QStringLiteral("Sortimetra"));
     scrittore.setTitle(QString::fromStdString(grafico.titolo));
-    scrittore.setPageLayout({QPageSize{QPageSize::A4}, QPageLayout::Landscape, {10, 10, 10, 10},
-                             QPageLayout::Millimeter});
+    scrittore.setPageLayout(
+        {QPageSize{QPageSize::A4}, QPageLayout::Landscape, {10, 10, 10, 10}, QPageLayout::Millimeter});
     const double scala = static_cast<double>(scrittore.width()) / kMisura.width();
     QCPPainter pittore{&scrittore};
     pittore.setMode(QCPPainter::pmVectorized);

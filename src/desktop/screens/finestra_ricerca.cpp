@@ -219,7 +219,8 @@ GrigliaRisultati* FinestraRicerca::griglia_in_uso() const {
 void FinestraRicerca::riordina() {
     GrigliaRisultati* g = griglia_in_uso();
     if (!ordine_richiesto_ || g == nullptr || !lato_->colonne_proprie() ||
-        ordine_richiesto_->first >= g->modello()->columnCount()) return;
+        ordine_richiesto_->first >= g->modello()->columnCount())
+        return;
     g->ordina_colonna(ordine_richiesto_->first, ordine_richiesto_->second);
 }
 

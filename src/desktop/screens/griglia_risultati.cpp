@@ -551,7 +551,8 @@ void GrigliaRisultati::adatta_colonne() {
         const QString titolo = titolo_piu_largo(c);
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
         // Under a strip of buttons titles have none beside them.
-        const int testata = titoli.horizontalAdvance(titolo) + (dipinti || senza_pulsanti_ ? 0 : kPulsanteOrdina - kPasso);
+        const int testata =
+            titoli.horizontalAdvance(titolo) + (dipinti || senza_pulsanti_ ? 0 : kPulsanteOrdina - kPasso);
         const int margine = tabellone_ ? kMargineTabellone : margine_;
         const int minima = tabellone_             ? kColonnaMinimaTabellone
                            : dipinti || compatta_ ? kColonnaMinimaDipinta
@@ -563,7 +564,8 @@ void GrigliaRisultati::adatta_colonne() {
     }
     const bool scorre =
         modello_->rowCount() * vista_->verticalHeader()->defaultSectionSize() > vista_->viewport()->height();
-    const int barra = scorre ? vista_->verticalScrollBar()->sizeHint().width() : 0;
+    // Beside a neighbour the bar keeps its place also where there is nothing to scroll.
+    const int barra = scorre || spazio_ >= 0 ? vista_->verticalScrollBar()->sizeHint().width() : 0;
     const auto libero = [&](const std::vector<int>& l) {
         return spazio_colonne() - barra - std::accumulate(l.begin(), l.end(), 0);
     };

@@ -84,8 +84,8 @@ class GrigliaRisultati final : public QWidget, public Spiegabile {
     void imposta_compatta(bool si) { compatta_ = si; }
     /// No sort buttons beside the titles: a click on a title sorts all the same.
     void imposta_senza_pulsanti(bool si) { senza_pulsanti_ = si; }
-    /// At most so many pixels are given to columns beyond what they need, -1 for no limit: a wide window keeps
-    /// the rest for what stands beside the grid.
+    /// At most so many pixels are given to columns beyond what they need, -1 for no limit: a wide window
+    /// keeps the rest for what stands beside the grid.
     void imposta_spazio(int pixel) { spazio_ = pixel; }
     /// What the table takes, its columns kept together.
     [[nodiscard]] int larghezza_tabella() const;

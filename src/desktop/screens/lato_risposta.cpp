@@ -187,10 +187,9 @@ void LatoRisposta::mostrata() {
     for (GrigliaRisultati* g : finestra_.findChildren<GrigliaRisultati*>()) {
         if (della_storia(g)) continue;
         const bool sua = g->modello()->tabella().get() == prima;
-        g->imposta_aspetto(sua && con_colonne
-                               ? static_cast<int>(intatta_.risultato->tabelle.front().n_colonne())
-                               : -1,
-                           sua && ruote_attive_);
+        g->imposta_aspetto(
+            sua && con_colonne ? static_cast<int>(intatta_.risultato->tabelle.front().n_colonne()) : -1,
+            sua && ruote_attive_);
     }
     QStringList frasi;
     if (puo_caso()) {
@@ -242,7 +241,8 @@ bool LatoRisposta::della_storia(const QWidget* widget) const {
 
 void LatoRisposta::segui(GrigliaRisultati* griglia) {
     disconnect(griglia, nullptr, this, nullptr);
-    connect(griglia, &GrigliaRisultati::scelta_cambiata, this, [this, griglia] { programma_storia(griglia); });
+    connect(griglia, &GrigliaRisultati::scelta_cambiata, this,
+            [this, griglia] { programma_storia(griglia); });
     connect(griglia, &GrigliaRisultati::menu_aperto, this, &LatoRisposta::aggiungi_voci);
     connect(griglia, &QObject::destroyed, this, [this, griglia] {
         if (scelta_ == griglia) scelta_ = nullptr;
@@ -265,8 +265,7 @@ void LatoRisposta::aggiungi_voci(QMenu* menu) {
              pannello_ != nullptr && pannello_->isVisibleTo(&finestra_), [this] { storia(); });
     if (puo_caso())
         voce(tr("&Il caso"), Qt::CTRL | Qt::Key_I, caso_attivo_ && !ruote_attive_, [this] { caso(); });
-    if (puo_ruote())
-        voce(tr("Confronta r&uote"), Qt::CTRL | Qt::Key_R, ruote_attive_, [this] { ruote(); });
+    if (puo_ruote()) voce(tr("Confronta r&uote"), Qt::CTRL | Qt::Key_R, ruote_attive_, [this] { ruote(); });
 }
 
 bool LatoRisposta::ha_storie() const {
@@ -288,8 +287,10 @@ void LatoRisposta::programma_storia(GrigliaRisultati* griglia) {
 void LatoRisposta::racconta() {
     disponi();
     aggiorna_interruttori();
-    if (pannello_ == nullptr || !pannello_->isVisibleTo(&finestra_) || finestra_.archivio() == nullptr) return;
+    if (pannello_ == nullptr || finestra_.archivio() == nullptr) return;
+    // What is out of sight tells nothing until it is opened, but keeps no story of another answer either.
     const EsitoRicerca* esito = finestra_.in_mostra();
+    if (esito != nullptr && !pannello_->isVisibleTo(&finestra_)) return;
     std::vector<Storia> storie;
     if (scelta_ != nullptr && esito != nullptr && scelta_->modello()->tabella()) {
         SenzaAvanzamento senza;
@@ -344,8 +345,8 @@ void LatoRisposta::disponi() {
     const GrigliaRisultati* g = finestra_.griglia_accanto();
     const bool aspetta = g != nullptr && g->vuota() && pannello_ != nullptr &&
                          pannello_->parentWidget() != &finestra_ && pannello_->isVisibleTo(&finestra_);
-    if (storia_voluta_ && (storie || aspetta) && spazio >= kMinima) {
-        affianca(std::min(spazio, kMassima));
+    if (storia_voluta_ && ((storie && spazio >= kMinima) || aspetta)) {
+        affianca(std::clamp(spazio, kMinima, kMassima));
         cassetto_ = false;
     } else if (cassetto_ && storie) {
         apri_cassetto();

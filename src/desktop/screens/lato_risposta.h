@@ -18,8 +18,8 @@ class GrigliaRisultati;
 class PannelloStoria;
 
 /// What stands beside the answers of a search window, whichever its screen: the switches "Storia" (Ctrl+G),
-/// "Il caso" (Ctrl+I) and "Confronta ruote" (Ctrl+R), the sentence under the grid, and the story of the chosen
-/// rows, in the empty right of a wide window or in a drawer over a narrow one.
+/// "Il caso" (Ctrl+I) and "Confronta ruote" (Ctrl+R), the sentence under the grid, and the story of the
+/// chosen rows, in the empty right of a wide window or in a drawer over a narrow one.
 ///
 /// The grid shows an answer as the switches say; it is kept as it was given, and comes back when they go off.
 class LatoRisposta final : public QObject {

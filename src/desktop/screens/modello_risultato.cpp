@@ -223,7 +223,8 @@ QVariant ModelloRisultato::data(const QModelIndex& indice, int ruolo) const {
 QVariant ModelloRisultato::suggerimento(int riga, int colonna) const {
     const std::size_t r = riga_originale(riga);
     if (ritardo_ == static_cast<std::size_t>(colonna) && oltre_lo_storico(r))
-        return tr("Manca da %1 concorsi: più del suo ritardo storico, %2. Se uscisse ora il record sarebbe questo.")
+        return tr("Manca da %1 concorsi: più del suo ritardo storico, %2. Se uscisse ora il record sarebbe "
+                  "questo.")
             .arg(testo(riga, colonna), testo(riga, static_cast<int>(*storico_)));
     // A text too long for any column.
     const QString t = testo(riga, colonna);

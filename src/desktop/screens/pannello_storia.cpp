@@ -234,8 +234,9 @@ void PannelloStoria::mostra_elenco() {
     std::iota(righe.begin(), righe.end(), 0U);
     auto tabella = std::make_shared<Tabella>(seleziona(colpi, righe, kColonne));
     const auto quante = static_cast<std::int64_t>(righe.size());
-    lbl_elenco_->setText((quante == 1 ? tr("La sola uscita di %1") : tr("Le %2 uscite di %1"))
-                             .arg(testo_qt(nome_evento(s.evento)), testo_qt(migliaia(quante))));
+    const QString nome = testo_qt(nome_evento(s.evento));
+    lbl_elenco_->setText(quante == 1 ? tr("La sola uscita di %1").arg(nome)
+                                     : tr("Le %1 uscite di %2").arg(testo_qt(migliaia(quante)), nome));
     elenco_->imposta_frase_vuota(tr("In questi concorsi non è mai uscito."));
     elenco_->mostra(std::move(tabella));
     // The newest first: that is what one looks for.
@@ -265,10 +266,10 @@ void PannelloStoria::salva(FormatoGrafico formato) {
                                  [formato](const Formato& x) { return x.formato == formato; });
     const QString fine = QString::fromLatin1(f->fine);
     QString filtro = tr("Immagine %1 (*%2)").arg(QString::fromLatin1(f->nome), fine);
-    const auto file = chiedi_file(this, tr("Salva la storia"), titolo_->text() + fine, filtro, &filtro,
-                                  [&fine](QString scelto) {
-                                      return scelto.endsWith(fine, Qt::CaseInsensitive) ? scelto : scelto + fine;
-                                  });
+    const auto file = chiedi_file(
+        this, tr("Salva la storia"), titolo_->text() + fine, filtro, &filtro, [&fine](QString scelto) {
+            return scelto.endsWith(fine, Qt::CaseInsensitive) ? scelto : scelto + fine;
+        });
     if (!file) return;
     if (const auto fatto = scrivi_grafico(grafico_, file->toStdString(), formato); !fatto)
         messaggi().avvisa(this, kTitoloMessaggi, testo_qt(fatto.error().testo()));

@@ -52,7 +52,7 @@ __attribute__((visibility("default"))) sortimetra::TelaStoria* sortimetra_tela_s
     return new Tela{padre};
 }
 __attribute__((visibility("default"))) void sortimetra_dipingi_grafico(const sortimetra::Grafico& grafico,
-                                                                        QImage& foglio) {
+                                                                       QImage& foglio) {
     sortimetra::dipingi_grafico(grafico, foglio);
 }
 }
