@@ -20,7 +20,7 @@ constexpr double kGrossoLinea = 1.3;
 constexpr double kVicino = 14;
 /// Concorsi that stay in sight at least.
 constexpr double kTrattoMinimo = 12;
-/// From so many points on, marks are small.
+/// More points than these have no marks.
 constexpr int kTantiPunti = 400;
 constexpr int kEtichettaAnno = 56;
 
@@ -161,6 +161,7 @@ void Quadro::mostra(const Grafico& grafico, const ColoriGrafico& colori, Titoli 
 void Quadro::componi(Titoli titoli) {
     segno_ = nullptr;
     legenda_ = nullptr;
+    linee_.clear();
     clearItems();
     clearPlottables();
     plotLayout()->clear();
@@ -198,6 +199,7 @@ void Quadro::componi(Titoli titoli) {
                         tutto_.lower, tutto_.upper);
                 }
                 linea_->axis(QCPAxis::atBottom)->setRange(dentro);
+                adatta_segni();
             });
 }
 
@@ -266,9 +268,7 @@ void Quadro::disegna_linea() {
         const SerieGrafico& s = grafico_.serie[i];
         QCPGraph* g = addGraph(x, y);
         g->setName(qt(s.nome));
-        g->setPen(QPen{colore(tinte_[i], 150), kGrossoLinea, kTratti[i]});
-        const double lato = s.linea.size() > static_cast<std::size_t>(kTantiPunti) ? 2.5 : 4.5;
-        g->setScatterStyle({kSegni[i], QPen{colore(tinte_[i])}, QBrush{colore(tinte_[i])}, lato});
+        linee_.push_back(g);
         if (!sola()) {
             g->setName(QStringLiteral("%1: oggi %2, record %3")
                            .arg(qt(s.nome), intero(s.presente), intero(s.record)));
@@ -313,6 +313,23 @@ void Quadro::disegna_linea() {
     tutto_ = primo > ultimo ? QCPRange{0, 1} : QCPRange{primo, ultimo};
     const double bordo = std::max(tutto_.size() * 0.015, 1.0);
     tutto_ = QCPRange{tutto_.lower - bordo, tutto_.upper + bordo};
+}
+
+void Quadro::adatta_segni() {
+    const QCPRange in_vista = linea_->axis(QCPAxis::atBottom)->range();
+    for (std::size_t i = 0; i < linee_.size(); ++i) {
+        const auto& punti = grafico_.serie[i].linea;
+        const auto quanti = std::count_if(
+            punti.begin(), punti.end(), [&](const PuntoRitardo& p) { return in_vista.contains(p.concorso); });
+        const bool tanti = quanti > kTantiPunti;
+        // So many spikes are drawn the quick way: a hair's breadth, without smoothing.
+        linee_[i]->setAntialiased(!tanti);
+        linee_[i]->setPen(QPen{colore(tinte_[i], tanti ? 255 : 150), tanti ? 1 : kGrossoLinea, kTratti[i]});
+        if (tanti)
+            linee_[i]->setScatterStyle(QCPScatterStyle::ssNone);
+        else
+            linee_[i]->setScatterStyle({kSegni[i], QPen{colore(tinte_[i])}, QBrush{colore(tinte_[i])}, 4.5});
+    }
 }
 
 /// A level line with its name over it, `dove` along the width.
@@ -421,6 +438,7 @@ void Quadro::disegna_anni() {
 void Quadro::rimetti() {
     if (linea_ == nullptr) return;
     linea_->axis(QCPAxis::atBottom)->setRange(tutto_);
+    adatta_segni();
     replot(rpQueuedReplot);
 }
 

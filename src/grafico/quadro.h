@@ -46,6 +46,8 @@ class Quadro final : public QCustomPlot {
     void vesti(QCPAxisRect* riquadro, const QString& titolo);
     void disegna_linea();
     void livello(double valore, Qt::PenStyle tratto, QRgb colore, const QString& testo, double dove);
+    /// Marks each draw where they are few enough to be told apart; more would only be slow.
+    void adatta_segni();
     void disegna_barre();
     void disegna_anni();
     QCPBars* barre(QCPAxisRect* riquadro, std::size_t serie, double larghezza);
@@ -67,6 +69,7 @@ class Quadro final : public QCustomPlot {
     QCPAxisRect* linea_ = nullptr;
     QCPAxisRect* ritardi_ = nullptr;
     QCPAxisRect* anni_ = nullptr;
+    std::vector<QCPGraph*> linee_;  ///< the delays of each series
     QCPLegend* legenda_ = nullptr;
     QCPItemTracer* segno_ = nullptr;
     QCPRange tutto_;

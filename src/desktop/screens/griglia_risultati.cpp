@@ -564,7 +564,8 @@ void GrigliaRisultati::adatta_colonne() {
     }
     const bool scorre =
         modello_->rowCount() * vista_->verticalHeader()->defaultSectionSize() > vista_->viewport()->height();
-    const int barra = scorre ? vista_->verticalScrollBar()->sizeHint().width() : 0;
+    // Beside a neighbour the bar keeps its place also where there is nothing to scroll.
+    const int barra = scorre || spazio_ >= 0 ? vista_->verticalScrollBar()->sizeHint().width() : 0;
     const auto libero = [&](const std::vector<int>& l) {
         return spazio_colonne() - barra - std::accumulate(l.begin(), l.end(), 0);
     };

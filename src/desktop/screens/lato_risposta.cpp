@@ -287,9 +287,10 @@ void LatoRisposta::programma_storia(GrigliaRisultati* griglia) {
 void LatoRisposta::racconta() {
     disponi();
     aggiorna_interruttori();
-    if (pannello_ == nullptr || !pannello_->isVisibleTo(&finestra_) || finestra_.archivio() == nullptr)
-        return;
+    if (pannello_ == nullptr || finestra_.archivio() == nullptr) return;
+    // What is out of sight tells nothing until it is opened, but keeps no story of another answer either.
     const EsitoRicerca* esito = finestra_.in_mostra();
+    if (esito != nullptr && !pannello_->isVisibleTo(&finestra_)) return;
     std::vector<Storia> storie;
     if (scelta_ != nullptr && esito != nullptr && scelta_->modello()->tabella()) {
         SenzaAvanzamento senza;
@@ -344,8 +345,8 @@ void LatoRisposta::disponi() {
     const GrigliaRisultati* g = finestra_.griglia_accanto();
     const bool aspetta = g != nullptr && g->vuota() && pannello_ != nullptr &&
                          pannello_->parentWidget() != &finestra_ && pannello_->isVisibleTo(&finestra_);
-    if (storia_voluta_ && (storie || aspetta) && spazio >= kMinima) {
-        affianca(std::min(spazio, kMassima));
+    if (storia_voluta_ && ((storie && spazio >= kMinima) || aspetta)) {
+        affianca(std::clamp(spazio, kMinima, kMassima));
         cassetto_ = false;
     } else if (cassetto_ && storie) {
         apri_cassetto();

@@ -234,8 +234,9 @@ void PannelloStoria::mostra_elenco() {
     std::iota(righe.begin(), righe.end(), 0U);
     auto tabella = std::make_shared<Tabella>(seleziona(colpi, righe, kColonne));
     const auto quante = static_cast<std::int64_t>(righe.size());
-    lbl_elenco_->setText((quante == 1 ? tr("La sola uscita di %1") : tr("Le %2 uscite di %1"))
-                             .arg(testo_qt(nome_evento(s.evento)), testo_qt(migliaia(quante))));
+    const QString nome = testo_qt(nome_evento(s.evento));
+    lbl_elenco_->setText(quante == 1 ? tr("La sola uscita di %1").arg(nome)
+                                     : tr("Le %1 uscite di %2").arg(testo_qt(migliaia(quante)), nome));
     elenco_->imposta_frase_vuota(tr("In questi concorsi non è mai uscito."));
     elenco_->mostra(std::move(tabella));
     // The newest first: that is what one looks for.
