@@ -146,6 +146,12 @@ bool leggi_file_winforlife(std::string_view valore, Richiesta& r) {
 bool leggi_tutto(std::string_view, Richiesta& r) {
     return r.pubblicati.tutto = true;
 }
+bool leggi_sostituisci(std::string_view, Richiesta& r) {
+    return r.pubblicati.sostituisci = true;
+}
+bool leggi_annulla(std::string_view, Richiesta& r) {
+    return r.annulla = true;
+}
 bool leggi_aiuto(std::string_view, Richiesta& r) {
     return r.aiuto = true;
 }
@@ -348,6 +354,16 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
          "ha il concorso 402 e quelle prima del concorso 1 restano fuori.",
      .comandi = kComImporta,
      .leggi = leggi_tutto},
+    {.nome = "--sostituisci",
+     .frase = "Importa anche se estrazioni che l'archivio ha andrebbero perse o cambierebbero.",
+     .comandi = kComImporta,
+     .leggi = leggi_sostituisci},
+    {.nome = "--annulla",
+     .frase =
+         "Riporta l'archivio che c'era prima dell'ultimo cambiamento; quello di adesso resta da parte, e "
+         "una seconda volta lo riporta.",
+     .comandi = kComImporta,
+     .leggi = leggi_annulla},
     // Every command.
     {.nome = "--cartella",
      .meta = "DIR",

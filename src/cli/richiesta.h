@@ -46,6 +46,7 @@ struct Richiesta {
     std::optional<int> sistema;   ///< the kind of saved systems that `sistemi` lists
     std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;
+    bool annulla = false;  ///< `importa --annulla`: no file, the archive before the last change
     bool aiuto = false;
     bool versione = false;
 };

@@ -2,13 +2,16 @@
 
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
+#include "files/blocco_cartella.h"
 #include "files/errore.h"
 
+#include <chrono>
 #include <cstdint>
 #include <expected>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sortimetra {
@@ -46,11 +49,13 @@ struct ArchivioAttuale {
 /// kept (`drawit.db.prec`, `drawit2.db.prec`; an empty one says that there was no such file).
 class CambioArchivio {
   public:
-    /// Makes the folder if it is missing, waits for another program that changes the same archive (for some
-    /// seconds, then it is an error that says so), finishes what a stopped one had begun, and sweeps up
-    /// behind it. A folder that this made and that nothing was put into goes again with the object.
+    /// Makes the folder if it is missing, waits for another program that changes the same archive (an import
+    /// takes a second or two; after `attesa` it is an error that says so), finishes what a stopped one had
+    /// begun, and sweeps up behind it. A folder that this made and that nothing was put into goes again with
+    /// the object.
     [[nodiscard]] static std::expected<CambioArchivio, ErroreArchivio> apri(
-        const std::filesystem::path& percorso_archivio, Avanzamento& avanzamento);
+        const std::filesystem::path& percorso_archivio, Avanzamento& avanzamento,
+        std::chrono::milliseconds attesa = std::chrono::seconds{15});
 
     CambioArchivio(CambioArchivio&& altro) noexcept;
     CambioArchivio& operator=(CambioArchivio&&) = delete;
@@ -73,11 +78,12 @@ class CambioArchivio {
     [[nodiscard]] std::expected<void, ErroreArchivio> annulla();
 
   private:
-    CambioArchivio() = default;
+    CambioArchivio(std::filesystem::path cartella, BloccoCartella blocco, bool creata)
+        : cartella_{std::move(cartella)}, blocco_{std::move(blocco)}, creata_{creata} {}
 
     std::filesystem::path cartella_;
-    int blocco_ = -1;      ///< the folder, held against other programs
-    bool creata_ = false;  ///< the folder was made here and is still empty
+    BloccoCartella blocco_;
+    bool creata_;  ///< the folder was made here, and nothing was put into it yet
 };
 
 /// For a change that was just made: the sentences that a user must read because an older program's file still

@@ -2,8 +2,9 @@
 
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
+#include "stores/cambio.h"
 #include "stores/dimostrazione.h"
-#include "stores/negozio_nativo.h"
+#include "stores/perdite.h"
 #include "stores/pubblicati.h"
 
 #include <fmt/core.h>
@@ -201,18 +202,17 @@ std::unexpected<ErroreArchivio> rifiuta(const std::filesystem::path& file, std::
 }
 
 /// The rows of the new `drawit.db`, made of the given texts and of what the archive holds already.
-std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(const std::filesystem::path& percorso_archivio,
+std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(ArchivioAttuale attuale,
                                                               const FilePubblicati& file, Testi& testi) {
     LettiPubblicati nuovi;
     RigheArchivio& righe = nuovi.righe;
     // Only one of the two games is given: the other one stays as it is.
     if (testi.lotto.has_value() != testi.superenalotto.has_value()) {
-        auto vecchi = leggi_drawit(percorso_archivio,
-                                   testi.lotto ? kTabellaSuperEnalotto : kTabellaLotto | kTabellaNazionale);
-        if (!vecchi) return std::unexpected(std::move(vecchi.error()));
-        if (*vecchi && !(*vecchi)->fonte.simulato) {
-            righe = std::move((*vecchi)->righe);
-        } else if (!testi.lotto && *vecchi) {
+        if (attuale.illeggibile) return std::unexpected(std::move(*attuale.illeggibile));
+        const bool c_e = !attuale.drawit.file.empty();
+        if (c_e && !attuale.drawit.simulato) {
+            righe = std::move(attuale.righe);
+        } else if (!testi.lotto && c_e) {
             return rifiuta(*file.superenalotto,
                            "il Lotto che c'è nell'archivio è simulato e non può numerare estrazioni vere: "
                            "importare anche il file del Lotto");
@@ -229,36 +229,42 @@ std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(const std::filesys
     return nuovi;
 }
 
-/// Writes the database files that are wanted, and takes them into the archive together.
-std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path& percorso_archivio,
-                                                    const RigheArchivio& righe, bool con_drawit,
-                                                    bool con_drawit2, bool simulato,
-                                                    Avanzamento& avanzamento) {
-    // An archive that would be refused at the next opening is not written at all.
-    auto prova =
-        ArchivioEstrazioni::componi(righe, {percorso_archivio, simulato}, {percorso_archivio, simulato});
-    if (!prova) return std::unexpected(std::move(prova.error()));
-    std::error_code errore;
-    std::filesystem::create_directories(percorso_archivio, errore);
-    if (errore)
-        return rifiuta(percorso_archivio,
-                       fmt::format("la cartella non si può creare: {}", motivo_sistema(errore.value())));
-    const std::size_t prima = righe.lotto.size() + righe.nazionale.size() + righe.superenalotto.size();
-    const std::size_t tutte = prima + righe.winforlife.size();
-    std::vector<FileSicuro> file;
-    if (con_drawit) {
-        TrattoAvanzamento tratto{avanzamento, 0, prima, tutte};
-        auto scritto = prepara_drawit(percorso_archivio / "drawit.db", righe, simulato, tratto);
-        if (!scritto) return std::unexpected(std::move(scritto.error()));
-        file.push_back(std::move(*scritto));
+/// Stops an import that would take from the archive what nobody asked it to take. Simulated draws are no
+/// loss.
+std::expected<void, ErroreArchivio> ammetti(const ArchivioAttuale& attuale, bool simulato,
+                                            const RigheArchivio& nuove, unsigned tabelle) {
+    if (attuale.illeggibile)
+        return rifiuta(attuale.illeggibile->file,
+                       fmt::format("quel che c'è nell'archivio non si può leggere ({}), e non si sa quali "
+                                   "estrazioni andrebbero perse; con --sostituisci si importa lo stesso",
+                                   attuale.illeggibile->motivo));
+    if (simulato) return {};
+    const auto perse = perdite(attuale.righe, nuove, tabelle);
+    if (perse.empty()) return {};
+    return rifiuta((tabelle & kTabellaWinForLife) != 0 ? attuale.drawit2.file : attuale.drawit.file,
+                   fmt::format("estrazioni che ci sono andrebbero perse: {}; con --sostituisci si importa lo "
+                               "stesso",
+                               racconta(perse)));
+}
+
+/// Simulated draws never stand beside real ones: a file that the import leaves as it is goes, if it is
+/// simulated.
+void togli_simulati(bool drawit_simulato, bool drawit2_simulato, NuovoArchivio& nuovo,
+                    std::vector<std::string>& avvisi) {
+    if (drawit_simulato && nuovo.drawit == Destino::Resta) {
+        nuovo.drawit = Destino::Tolto;
+        avvisi.emplace_back("le estrazioni simulate di Lotto e SuperEnalotto sono state tolte dall'archivio");
     }
-    if (con_drawit2) {
-        TrattoAvanzamento tratto{avanzamento, prima, righe.winforlife.size(), tutte};
-        auto scritto = prepara_drawit2(percorso_archivio / "drawit2.db", righe, simulato, tratto);
-        if (!scritto) return std::unexpected(std::move(scritto.error()));
-        file.push_back(std::move(*scritto));
+    if (drawit2_simulato && nuovo.drawit2 == Destino::Resta) {
+        nuovo.drawit2 = Destino::Tolto;
+        avvisi.emplace_back("le estrazioni simulate di Win for Life sono state tolte dall'archivio");
     }
-    return FileSicuro::conferma_tutti(file);
+}
+
+/// Whether all that was read of an archive is simulated.
+bool simulato(const ArchivioAttuale& attuale) {
+    return !attuale.illeggibile && (attuale.drawit.file.empty() || attuale.drawit.simulato) &&
+           (attuale.drawit2.file.empty() || attuale.drawit2.simulato);
 }
 
 Importati conta(const RigheArchivio& righe, std::vector<std::string> avvisi) {
@@ -294,34 +300,79 @@ std::expected<Importati, ErroreArchivio> importa_archivio(const std::filesystem:
     // Half of the way is reading, half writing.
     constexpr std::size_t kMeta = 1000;
     TrattoAvanzamento lettura{avanzamento, 0, kMeta, 2 * kMeta};
+    TrattoAvanzamento attesa{avanzamento, kMeta, 0, 2 * kMeta};
     TrattoAvanzamento scrittura{avanzamento, kMeta, kMeta, 2 * kMeta};
     auto testi = leggi_testi(file, lettura);
     if (!testi) return std::unexpected(std::move(testi.error()));
-    const bool con_drawit = testi->lotto || testi->superenalotto;
-    const bool con_drawit2 = testi->winforlife.has_value();
-    LettiPubblicati nuovi;
-    if (con_drawit) {
-        auto composti = componi_drawit(percorso_archivio, file, *testi);
+    auto cambio = CambioArchivio::apri(percorso_archivio, attesa);
+    if (!cambio) return std::unexpected(std::move(cambio.error()));
+    constexpr unsigned kInDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
+    auto drawit = cambio->leggi(kInDrawit);
+    const auto drawit2 = cambio->leggi(kTabellaWinForLife);
+    const bool drawit_simulato = drawit.drawit.simulato;
+    NuovoArchivio nuovo;
+    std::vector<std::string> avvisi;
+    if (testi->lotto || testi->superenalotto) {
+        auto composti = componi_drawit(drawit, file, *testi);
         if (!composti) return std::unexpected(std::move(composti.error()));
-        nuovi = std::move(*composti);
+        nuovo.righe = std::move(composti->righe);
+        avvisi = std::move(composti->avvisi);
+        nuovo.drawit = Destino::Nuovo;
+        if (!file.sostituisci) {
+            if (auto esito = ammetti(drawit, drawit_simulato, nuovo.righe, kInDrawit); !esito)
+                return std::unexpected(std::move(esito.error()));
+        }
     }
-    if (con_drawit2) nuovi.righe.winforlife = std::move(*testi->winforlife);
-    if (auto esito =
-            scrivi_archivio(percorso_archivio, nuovi.righe, con_drawit, con_drawit2, false, scrittura);
-        !esito)
+    if (testi->winforlife) {
+        nuovo.righe.winforlife = std::move(*testi->winforlife);
+        nuovo.drawit2 = Destino::Nuovo;
+        if (!file.sostituisci) {
+            if (auto esito = ammetti(drawit2, drawit2.drawit2.simulato, nuovo.righe, kTabellaWinForLife);
+                !esito)
+                return std::unexpected(std::move(esito.error()));
+        }
+    }
+    togli_simulati(drawit_simulato, drawit2.drawit2.simulato, nuovo, avvisi);
+    if (auto esito = cambio->scrivi(nuovo, scrittura); !esito)
         return std::unexpected(std::move(esito.error()));
-    return conta(nuovi.righe, std::move(nuovi.avvisi));
+    for (std::string& frase : nascosti_da_jet(percorso_archivio, nuovo)) avvisi.push_back(std::move(frase));
+    return conta(nuovo.righe, std::move(avvisi));
+}
+
+std::expected<void, ErroreArchivio> annulla_importazione(const std::filesystem::path& percorso_archivio,
+                                                         Avanzamento& avanzamento) {
+    auto cambio = CambioArchivio::apri(percorso_archivio, avanzamento);
+    if (!cambio) return std::unexpected(std::move(cambio.error()));
+    return cambio->annulla();
 }
 
 std::expected<Importati, ErroreArchivio> crea_dimostrazione(const std::filesystem::path& percorso_archivio,
                                                             Avanzamento& avanzamento) {
-    if (contiene_archivio(percorso_archivio))
+    auto cambio = CambioArchivio::apri(percorso_archivio, avanzamento);
+    if (!cambio) return std::unexpected(std::move(cambio.error()));
+    const FileLetti letti = file_letti(percorso_archivio);
+    NuovoArchivio nuovo{.simulato = true};
+    if (!letti.drawit) nuovo.drawit = Destino::Nuovo;
+    if (!letti.drawit2) nuovo.drawit2 = Destino::Nuovo;
+    // One of the two files alone: the rest of a demonstration archive may join it, but never real draws.
+    const bool tutti = letti.drawit && letti.drawit2;
+    const bool nessuno = !letti.drawit && !letti.drawit2;
+    if (!nessuno && (tutti || !simulato(cambio->leggi(kTutteLeTabelle))))
         return rifiuta(percorso_archivio,
                        "la cartella contiene già un archivio, che non viene sostituito con quello simulato");
-    const RigheArchivio righe = archivio_dimostrativo();
-    if (auto esito = scrivi_archivio(percorso_archivio, righe, true, true, true, avanzamento); !esito)
+    nuovo.righe = archivio_dimostrativo();
+    if (auto esito = cambio->scrivi(nuovo, avanzamento); !esito)
         return std::unexpected(std::move(esito.error()));
-    return conta(righe, {});
+    return conta(nuovo.righe, {});
+}
+
+bool ammette_dimostrazione(const std::filesystem::path& percorso_archivio) {
+    const FileLetti letti = file_letti(percorso_archivio);
+    if (!letti.drawit && !letti.drawit2) return true;
+    if (letti.drawit && letti.drawit2) return false;
+    const auto letto = letti.drawit ? leggi_drawit(percorso_archivio, kTabellaNazionale)
+                                    : leggi_drawit2(percorso_archivio, kTabellaWinForLife);
+    return letto && *letto && (*letto)->fonte.simulato;
 }
 
 }  // namespace sortimetra

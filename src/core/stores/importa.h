@@ -20,6 +20,8 @@ struct FilePubblicati {
     /// Keep all Lotto draws and count from the first. Otherwise the numbering starts so that the draw of
     /// 3 December 1997 has concorso 402, and earlier draws than number 1 are left out.
     bool tutto = false;
+    /// Import also what makes a table smaller or changes draws that stand.
+    bool sostituisci = false;
 };
 
 struct LettiPubblicati {
@@ -52,11 +54,23 @@ struct Importati {
 /// Only the tables of the given files are replaced. Without a Lotto file, SuperEnalotto is numbered by the
 /// Lotto draws of the archive that is there; with a Lotto file alone, the SuperEnalotto draws that are there
 /// are kept and numbered anew by it. Simulated draws are never mixed with real ones: a Lotto file throws the
-/// simulated SuperEnalotto out, and SuperEnalotto alone is refused over a simulated Lotto.
+/// simulated SuperEnalotto and Win for Life out, and SuperEnalotto alone is refused over a simulated Lotto.
+///
+/// Draws that stand would be lost, or get other numbers: the error says which, and `sostituisci` does it. A
+/// draw is its day and wheel; that it is counted as another concorso is no loss, nor is a simulated draw. The
+/// archive that was there is kept for `annulla_importazione`.
 [[nodiscard]] std::expected<Importati, ErroreArchivio> importa_archivio(
     const std::filesystem::path& percorso_archivio, const FilePubblicati& file, Avanzamento& avanzamento);
 
-/// Writes the simulated archive into `percorso_archivio`, which must not hold an archive yet.
+/// Brings back the archive before the last change (cambio.h), and keeps the one that it takes away.
+[[nodiscard]] std::expected<void, ErroreArchivio> annulla_importazione(
+    const std::filesystem::path& percorso_archivio, Avanzamento& avanzamento);
+
+/// Whether `crea_dimostrazione` has something to do: there is no archive, or half of a simulated one.
+[[nodiscard]] bool ammette_dimostrazione(const std::filesystem::path& percorso_archivio);
+
+/// Writes the simulated archive into `percorso_archivio`, which must hold none, or only one of its two files:
+/// then the other one joins it.
 [[nodiscard]] std::expected<Importati, ErroreArchivio> crea_dimostrazione(
     const std::filesystem::path& percorso_archivio, Avanzamento& avanzamento);
 
