@@ -49,7 +49,7 @@ struct Richiesta {
     std::optional<std::filesystem::path> jet;  ///< `importa --jet`: the folder of the old files
     std::optional<std::string> indirizzo;      ///< `aggiorna --indirizzo`
     bool prova = false;                        ///< `aggiorna --prova`: only says what it would do
-    bool sostituisci = false;                  ///< `aggiorna --sostituisci`
+    bool annulla = false;  ///< `importa --annulla`: no file, the archive before the last change
     bool aiuto = false;
     bool versione = false;
 };

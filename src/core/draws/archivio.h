@@ -42,6 +42,7 @@ struct RigaLotto {
     Data data{};
     int ruota{};
     std::array<Numero, kEstratti> numeri{};
+    bool operator==(const RigaLotto&) const = default;
 };
 
 struct RigaSuperEnalotto {
@@ -50,6 +51,7 @@ struct RigaSuperEnalotto {
     std::array<Numero, 6> numeri{};
     Numero jolly{};
     Numero superstar{};
+    bool operator==(const RigaSuperEnalotto&) const = default;
 };
 
 struct RigaWinForLife {
@@ -57,6 +59,7 @@ struct RigaWinForLife {
     Data data{};
     std::string ora{};  ///< clock text as stored, "08:00" or "8:00", possibly padded with blanks
     std::array<Numero, 10> numeri{};
+    bool operator==(const RigaWinForLife&) const = default;
 };
 
 struct RigheArchivio {

@@ -3,6 +3,7 @@
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/celle.h"
+#include "stores/laterali.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -41,11 +42,13 @@ struct ChiudiIstruzione {
 using Base = std::unique_ptr<sqlite3, ChiudiBase>;
 using Istruzione = std::unique_ptr<sqlite3_stmt, ChiudiIstruzione>;
 
+constexpr std::string_view kInUso = "il file è in uso da un altro programma";
+
 std::string motivo(sqlite3* base, int codice) {
     switch (codice & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            return "il file è in uso da un altro programma";
+            return std::string{kInUso};
         case SQLITE_CORRUPT:
         case SQLITE_FORMAT:
             return "il file è danneggiato";
@@ -128,7 +131,8 @@ std::expected<void, ErroreArchivio> esamina(const std::filesystem::path& file) {
             ErroreArchivio{file, fmt::format("il file è troncato: ha solo {} byte", inizio->grandezza)});
     const std::uint64_t pagina = grande(16, 2) == 1 ? 65536 : grande(16, 2);
     // The page count holds only if the last writer of the file also kept its counter of versions.
-    if (grande(24, 4) == grande(92, 4) && inizio->grandezza < grande(28, 4) * pagina)
+    // And what stands in the files beside it may still make it longer.
+    if (grande(24, 4) == grande(92, 4) && inizio->grandezza < grande(28, 4) * pagina && !ha_laterali(file))
         return std::unexpected(ErroreArchivio{file, fmt::format("il file è troncato: ha {} byte invece di {}",
                                                                 inizio->grandezza, grande(28, 4) * pagina)});
     return {};
@@ -265,10 +269,10 @@ std::expected<bool, std::string> leggi_simulato(sqlite3* base) {
     return valore_iniziale(testo_colonna(cerca->get(), 0)) != 0;
 }
 
-std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file, unsigned tabelle) {
+std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file, unsigned tabelle, int modo) {
     const std::span<const FormaTabella> forme =
         (tabelle & kTabellaWinForLife) != 0 ? tabelle_drawit2() : tabelle_drawit();
-    auto aperta = apri(file, SQLITE_OPEN_READONLY);
+    auto aperta = apri(file, modo);
     if (!aperta) return std::unexpected(std::move(aperta.error()));
     sqlite3* base = aperta->get();
     int controlli = 0;
@@ -292,6 +296,17 @@ std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file,
     if (!simulato) return std::unexpected(simulato.error());
     letti.simulato = *simulato;
     return letti;
+}
+
+/// A store whose writer was stopped has to be made whole before it can be read, and a reader writes nothing:
+/// a copy is made whole, and read. Where nobody was stopped, what the first reading said is true.
+std::expected<LettiNativo, std::string> leggi_o_ripara(const std::filesystem::path& file, unsigned tabelle) {
+    auto letti = leggi(file, tabelle, SQLITE_OPEN_READONLY);
+    if (letti || letti.error() == kInUso || !ha_laterali(file)) return letti;
+    const auto copia = CopiaPrivata::fai(file);
+    if (!copia) return letti;
+    auto riparati = leggi(copia->file(), tabelle, SQLITE_OPEN_READWRITE);
+    return riparati ? std::move(riparati) : std::move(letti);
 }
 
 // ---- writing ----
@@ -468,7 +483,7 @@ std::expected<void, ErroreArchivio> conferma(std::expected<FileSicuro, ErroreArc
 
 std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::path& file, unsigned tabelle) {
     if (auto esito = esamina(file); !esito) return std::unexpected(std::move(esito.error()));
-    auto letti = leggi(file, tabelle);
+    auto letti = leggi_o_ripara(file, tabelle);
     if (!letti) return std::unexpected(ErroreArchivio{file, std::move(letti.error())});
     return std::move(*letti);
 }
