@@ -15,6 +15,7 @@
 #include <chrono>
 #include <csignal>
 #include <mutex>
+#include <ranges>
 #include <set>
 #include <string>
 #include <utility>
@@ -305,7 +306,7 @@ std::expected<void, ErroreArchivio> FileSicuro::conferma_tutti(
     // The names are on the disk before the ones to go back to are given up.
     if (esito)
         for (const Posto& p : posti) fissa_cartella(p.file);
-    for (auto p = posti.rbegin(); p != posti.rend(); ++p) p->chiudi(esito.has_value());
+    for (const Posto& p : std::ranges::reverse_view(posti)) p.chiudi(esito.has_value());
     return esito;
 }
 
