@@ -8,12 +8,14 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <csignal>
 #include <mutex>
+#include <ranges>
 #include <set>
 #include <string>
 #include <utility>
@@ -58,6 +60,21 @@ pid_t padrone(std::string_view nome) {
     return suo && pid > 0 ? pid : 0;
 }
 
+/// Whether a process is still at work. One that ended and that nobody has asked after yet has a number but
+/// does nothing any more; where a machine does not say so, it counts as alive.
+bool lavora(pid_t pid) {
+    if (kill(pid, 0) != 0) return errno != ESRCH;
+    const int d = open(fmt::format("/proc/{}/stat", pid).c_str(), O_RDONLY | O_CLOEXEC);
+    if (d < 0) return true;
+    std::array<char, 512> riga{};
+    const ssize_t n = read(d, riga.data(), riga.size());
+    close(d);
+    // "PID (name) S ...", and the name may hold any sign.
+    const std::string_view testo{riga.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
+    const auto fine = testo.rfind(") ");
+    return fine == std::string_view::npos || fine + 2 >= testo.size() || testo[fine + 2] != 'Z';
+}
+
 }  // namespace
 
 std::filesystem::path nome_temporaneo(const std::filesystem::path& destinazione) {
@@ -84,7 +101,7 @@ void spazza_temporanei(const std::filesystem::path& cartella) {
     std::filesystem::directory_iterator it{cartella, errore};
     for (; !errore && it != std::filesystem::directory_iterator{}; it.increment(errore)) {
         const pid_t pid = padrone(it->path().filename().string());
-        if (pid == 0 || kill(pid, 0) == 0 || errno != ESRCH) continue;
+        if (pid == 0 || lavora(pid)) continue;
         // Looked for last of all: its writer was gone before, so what it announced stands here by now.
         std::error_code dubbio;
         if (std::filesystem::exists(cartella / kFileCambio, dubbio) || dubbio) return;
@@ -289,7 +306,7 @@ std::expected<void, ErroreArchivio> FileSicuro::conferma_tutti(
     // The names are on the disk before the ones to go back to are given up.
     if (esito)
         for (const Posto& p : posti) fissa_cartella(p.file);
-    for (auto p = posti.rbegin(); p != posti.rend(); ++p) p->chiudi(esito.has_value());
+    for (const Posto& p : std::ranges::reverse_view(posti)) p.chiudi(esito.has_value());
     return esito;
 }
 

@@ -5,8 +5,8 @@
 
 #include <fmt/core.h>
 #include <sqlite3.h>
-#include <stdlib.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <string>
@@ -72,9 +72,8 @@ int concludi(const fs::path& file) {
 }  // namespace
 
 bool ha_laterali(const fs::path& file) {
-    for (const std::string_view finale : kFinali)
-        if (presente(laterale(file, finale))) return true;
-    return false;
+    return std::any_of(kFinali.begin(), kFinali.end(),
+                       [&](std::string_view finale) { return presente(laterale(file, finale)); });
 }
 
 std::expected<void, ErroreArchivio> concludi_laterali(const fs::path& file) {

@@ -277,6 +277,24 @@ TEST(FileSicuro, SiSpazzaDietroAChiNonCEPiu) {
     ASSERT_TRUE(nostro->conferma());
 }
 
+TEST(FileSicuro, SiSpazzaAncheDietroAChiNessunoHaSepolto) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    const pid_t pid = fork();
+    if (pid == 0) {
+        auto suo = FileSicuro::apri(file);
+        (void)suo->lascia();
+        _exit(0);
+    }
+    siginfo_t fine{};
+    ASSERT_EQ(waitid(P_PID, static_cast<id_t>(pid), &fine, WEXITED | WNOWAIT), 0);
+    ASSERT_EQ(nomi(cartella.percorso()).size(), 1U);
+    spazza_temporanei(cartella.percorso());
+    EXPECT_TRUE(std::filesystem::is_empty(cartella.percorso()));
+    int stato = 0;
+    waitpid(pid, &stato, 0);
+}
+
 TEST(FileSicuro, DueInsiemeNonSiMescolano) {
     const CartellaProva cartella;
     const auto file = cartella.percorso() / "ric.ini";
