@@ -3,6 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <utility>
+
 namespace {
 
 using sortimetra::Domanda;
@@ -32,15 +37,42 @@ BENCHMARK_CAPTURE(ricerca, tabellone_wfl, domanda("tabellone posizionale combina
 BENCHMARK_CAPTURE(ricerca, dieci_in_ritardo, domanda("i 10 numeri più in ritardo su ogni ruota"))
     ->Unit(benchmark::kMillisecond);
 
-/// Both pages of the best delays: 31 families over all wheels.
-void migliori_ritardi(benchmark::State& stato) {
+/// One page of the best delays: 16 families over all wheels.
+void migliori_ritardi(benchmark::State& stato, const sortimetra::ArchivioEstrazioni& archivio) {
     Domanda d = domanda("tabellone migliori ritardi");
-    auto& parametri = d.parametri.per<sortimetra::ParametriTabellone>();
+    d.parametri.per<sortimetra::ParametriTabellone>().pagina = static_cast<int>(stato.range(0));
     sortimetra::SenzaAvanzamento nessuno;
-    for (auto _ : stato)
-        for (parametri.pagina = 1; parametri.pagina <= 2; ++parametri.pagina)
-            benchmark::DoNotOptimize(d.ricerca->esegui(sortimetra::misure::archivio(), d, nessuno));
+    for (auto _ : stato) benchmark::DoNotOptimize(d.ricerca->esegui(archivio, d, nessuno));
 }
-BENCHMARK(migliori_ritardi)->Unit(benchmark::kMillisecond);
+
+/// Ten times as many draws: the same ones over and over.
+const sortimetra::ArchivioEstrazioni& dieci_volte() {
+    static const auto archivio = [] {
+        const auto& lotto = sortimetra::misure::archivio().lotto();
+        const std::size_t n = lotto.concorso.size();
+        sortimetra::RigheArchivio righe;
+        for (std::size_t i = 0; i < 10 * n; ++i)
+            for (int w = 0; w < sortimetra::kRuote; ++w) {
+                sortimetra::RigaLotto r{.concorso = static_cast<sortimetra::Concorso>(i) + 1,
+                                        .data = sortimetra::Data{} + std::chrono::days{i},
+                                        .ruota = w};
+                if ((lotto.presenti[i % n] >> static_cast<unsigned>(w) & 1U) == 0) continue;
+                const auto* numeri = lotto.numeri[i % n].data() + w * sortimetra::kEstratti;
+                std::copy_n(numeri, r.numeri.size(), r.numeri.begin());
+                righe.lotto.push_back(r);
+            }
+        return sortimetra::ArchivioEstrazioni::componi(std::move(righe)).value();
+    }();
+    return archivio;
+}
+
+void pagina_migliori(benchmark::State& stato) {
+    migliori_ritardi(stato, sortimetra::misure::archivio());
+}
+void pagina_migliori_dieci_volte(benchmark::State& stato) {
+    migliori_ritardi(stato, dieci_volte());
+}
+BENCHMARK(pagina_migliori)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(pagina_migliori_dieci_volte)->Arg(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace

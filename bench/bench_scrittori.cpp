@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <random>
 
 namespace {
@@ -66,6 +67,14 @@ void scrittore_tabella_terni(benchmark::State& stato) {
     const Tabella& t = terni();
     misura(stato, [&](std::string& testo) { scrivi_tabella(testo, t); });
 }
+/// On the disk, as a user asks for it.
+void scrittore_xlsx_terni(benchmark::State& stato) {
+    const Risposta r = come_risposta();
+    const prove::CartellaProva cartella;
+    const auto file = cartella.percorso() / "terni.xlsx";
+    for (auto _ : stato) benchmark::DoNotOptimize(scrivi_xlsx(file, r).has_value());
+    stato.counters["byte"] = static_cast<double>(std::filesystem::file_size(file));
+}
 /// What a string per cell costs, for comparison.
 void stringa_per_cella_terni(benchmark::State& stato) {
     const Tabella& t = terni();
@@ -80,6 +89,7 @@ void stringa_per_cella_terni(benchmark::State& stato) {
 BENCHMARK(scrittore_csv_terni)->Unit(benchmark::kMillisecond);
 BENCHMARK(scrittore_json_terni)->Unit(benchmark::kMillisecond);
 BENCHMARK(scrittore_tabella_terni)->Unit(benchmark::kMillisecond);
+BENCHMARK(scrittore_xlsx_terni)->Unit(benchmark::kMillisecond);
 BENCHMARK(stringa_per_cella_terni)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -40,9 +40,9 @@ void capogioco_lento(benchmark::State& stato, bool all_ambata) {
         benchmark::DoNotOptimize(prove::ambo_capogioco_lento(righe, kRuote, 13, 77, all_ambata));
 }
 
-void scomposizione(benchmark::State& stato, int combo_rit) {
-    Domanda d = domanda("scomposizione", combo_rit);
-    for (int n = 1; n <= 20; ++n) d.parametri.per<ParametriStatistica>().numeri.push_back(n * 4);
+void scomposizione(benchmark::State& stato, std::string_view chiave, int quanti, int combo_rit) {
+    Domanda d = domanda(chiave, combo_rit);
+    for (int n = 1; n <= quanti; ++n) d.parametri.per<ParametriStatistica>().numeri.push_back(n);
     d.parametri.per<ParametriStatistica>().sorte = 5;
     ricerca(stato, d);
 }
@@ -58,7 +58,18 @@ BENCHMARK_CAPTURE(serie, cifre_ambata, "cifre", 0)->Unit(benchmark::kMillisecond
 BENCHMARK_CAPTURE(serie, cifre_ambo, "cifre", 1)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(serie_lenta, cifre_ambo, "cifre", 2)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(serie, cifre_ogni_ruota_ambo, "cifre", 1, true)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(scomposizione, venti_numeri_cinquina_al_terno, 2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scomposizione, venti_numeri_al_terno, "scomposizione", 20, 2)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scomposizione, quaranta_numeri_al_terno, "scomposizione", 40, 2)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scomposizione, quaranta_numeri_all_ambo, "scomposizione", 40, 1)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scomposizione, cinquanta_numeri_al_terno, "scomposizione", 50, 2)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scomposizione, trenta_numeri_10elotto, "scomposizione 10 e lotto", 30, 2)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scomposizione, venti_numeri_winforlife, "scomposizione win for life", 20, 2)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(capogioco, ambata_capogioco, "ambata capogioco", 0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(capogioco, ambo_capogioco_ambata, "ambo capogioco", 0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(capogioco, ambo_capogioco_ambo, "ambo capogioco", 1)->Unit(benchmark::kMillisecond);

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -34,6 +36,12 @@ class Cartella {
         if (file < 0 || write(file, byte.data(), byte.size()) != static_cast<ssize_t>(byte.size()))
             std::abort();
         close(file);
+    }
+
+    /// The bytes of a file of the folder.
+    [[nodiscard]] std::string leggi(std::string_view nome) const {
+        std::ifstream flusso{percorso_ / nome, std::ios::binary};
+        return {std::istreambuf_iterator<char>{flusso}, {}};
     }
 
   private:

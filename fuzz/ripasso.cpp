@@ -1,10 +1,13 @@
 #include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -25,11 +28,28 @@ void prova(const std::vector<std::uint8_t>& byte, std::size_t n) {
     LLVMFuzzerTestOneInput(parte.data(), parte.size());
 }
 
+/// Short inputs of any bytes, for some seconds: enough for a target whose inputs are lists of changes.
+int a_caso(int secondi, unsigned seme) {
+    constexpr std::size_t kLungo = 24;
+    const auto fine = std::chrono::steady_clock::now() + std::chrono::seconds{secondi};
+    std::mt19937 caso{seme};
+    unsigned long provati = 0;
+    for (; std::chrono::steady_clock::now() < fine; ++provati) {
+        std::vector<std::uint8_t> byte(1 + caso() % kLungo);
+        for (std::uint8_t& b : byte) b = static_cast<std::uint8_t>(caso());
+        prova(byte, byte.size());
+    }
+    std::printf("%lu inputs in %d s, seed %u\n", provati, secondi, seme);
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc >= 3 && std::string{argv[1]} == "--a-caso")
+        return a_caso(std::atoi(argv[2]), argc > 3 ? static_cast<unsigned>(std::atoi(argv[3])) : 1U);
     if (argc != 2) {
-        std::fputs("usage: fuzz_NAME FOLDER\n", stderr);
+        std::fputs("usage: fuzz_NAME FOLDER\n       fuzz_NAME --a-caso SECONDS [SEED]\n", stderr);
         return 2;
     }
     std::vector<std::filesystem::path> file;

@@ -61,7 +61,8 @@ struct Catalogo {
     explicit Catalogo(const Cartella& cartella) : sessione{cartella}, form{sessione} {
         form.show();
         form.carica_archivio();
-        QApplication::processEvents();
+        do QApplication::processEvents();
+        while (form.legge_archivio());
     }
 };
 

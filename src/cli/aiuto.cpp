@@ -158,8 +158,9 @@ std::string aiuto_comando(const Comando& comando, const Ricerca* ricerca) {
             paragrafo(t, resto.substr(0, fine));
             resto.remove_prefix(std::min(fine + 1, resto.size()));
         }
+        if (const Ricerca* sua = ricerca_propria(comando)) opzioni_della_ricerca(t, comando, *sua);
     }
-    const bool cerca = (comando.bit & (kComRicerca | kComStampa)) != 0;
+    const bool cerca = (comando.bit & (kComRicerca | kComStampa | kComStoria)) != 0;
     const auto sua = [&](const VoceOpzione& o) {
         return o.ammessa == nullptr && !di_ogni_comando(o) && conosce(o, comando.bit, ricerca);
     };
@@ -173,7 +174,7 @@ std::string aiuto_comando(const Comando& comando, const Ricerca* ricerca) {
         gruppo(t, "Opzioni:", sua);
     }
     gruppo(t, "Opzioni di ogni comando:", di_ogni_comando);
-    if (cerca && ricerca == nullptr) {
+    if (cerca && ricerca == nullptr && comando.chiave.empty()) {
         t += '\n';
         paragrafo(t,
                   "Ogni ricerca può avere opzioni sue: \"sortimetra-cli ricerca CHIAVE --aiuto\". Un'opzione "

@@ -1,5 +1,6 @@
 #include "cli/apri.h"
 
+#include "draws/esame.h"
 #include "stores/apertura.h"
 
 #include <fmt/core.h>
@@ -8,7 +9,7 @@ namespace sortimetra {
 
 std::optional<ArchivioEstrazioni> apri_per_leggere(const Sessione& sessione, unsigned tabelle,
                                                    const Canali& canali) {
-    auto archivio = apri_archivio(sessione.percorso_archivio(), tabelle);
+    auto archivio = apri_archivio(sessione.percorso_archivio(), tabelle, {.copia = sessione.copia});
     if (!archivio) {
         lamenta(canali, archivio.error().testo());
         if (!contiene_archivio(sessione.percorso_archivio()))
@@ -17,6 +18,8 @@ std::optional<ArchivioEstrazioni> apri_per_leggere(const Sessione& sessione, uns
         return std::nullopt;
     }
     if (archivio->drawit().simulato || archivio->drawit2().simulato) lamenta(canali, kAvvisoSimulato);
+    if (const auto oltre = oltre_oggi(*archivio, oggi()); !oltre.empty())
+        lamenta(canali, "avviso: " + oltre.front().frase());
     return std::move(*archivio);
 }
 

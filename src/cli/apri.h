@@ -13,7 +13,8 @@ namespace sortimetra {
 inline constexpr std::string_view kAvvisoSimulato =
     "archivio dimostrativo simulato: le estrazioni non sono vere.";
 
-/// Opens the tables that a command needs. Says on `errori` why it cannot, or that the draws are simulated.
+/// Opens the tables that a command needs. Says on `errori` why it cannot, that the draws are simulated, or
+/// that some of them are of a day that is yet to come.
 [[nodiscard]] std::optional<ArchivioEstrazioni> apri_per_leggere(const Sessione& sessione, unsigned tabelle,
                                                                  const Canali& canali);
 

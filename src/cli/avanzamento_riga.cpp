@@ -23,12 +23,16 @@ AvanzamentoRiga::AvanzamentoRiga(const Canali& canali, std::string_view cosa)
       prossima_{Orologio::now() + (canali.terminale ? Orologio::duration{kAttesaTerminale}
                                                     : Orologio::duration{kPassoAltrove})} {}
 
+std::ostream& AvanzamentoRiga::disegno() const {
+    return canali_.disegno != nullptr ? *canali_.disegno : canali_.errori;
+}
+
 bool AvanzamentoRiga::procedi(std::size_t fatto, std::size_t totale) {
     const auto ora = Orologio::now();
     if (ora < prossima_) return true;
     const std::size_t percento = totale == 0 ? 0 : std::min(fatto, totale) * 100 / totale;
     if (canali_.terminale)
-        canali_.errori << kCancella << fmt::format("{}: {}%", cosa_, percento) << std::flush;
+        disegno() << kCancella << fmt::format("{}: {}%", cosa_, percento) << std::flush;
     else
         canali_.errori << fmt::format("{}: {}%\n", cosa_, percento) << std::flush;
     mostrata_ = true;
@@ -38,7 +42,7 @@ bool AvanzamentoRiga::procedi(std::size_t fatto, std::size_t totale) {
 }
 
 void AvanzamentoRiga::finito() {
-    if (mostrata_ && canali_.terminale) canali_.errori << kCancella << std::flush;
+    if (mostrata_ && canali_.terminale) disegno() << kCancella << std::flush;
 }
 
 }  // namespace sortimetra

@@ -20,6 +20,8 @@ class AvanzamentoRiga final : public Avanzamento {
   private:
     using Orologio = std::chrono::steady_clock;
 
+    [[nodiscard]] std::ostream& disegno() const;
+
     const Canali& canali_;
     std::string_view cosa_;
     Orologio::time_point prossima_;

@@ -1,9 +1,12 @@
 #include "cli/comandi.h"
 
+#include "catalogue/nomi.h"
 #include "cli/aiuto.h"
 #include "cli/richiesta.h"
 #include "cli/simili.h"
 #include "files/file_sicuro.h"
+#include "files/sessione.h"
+#include "text/senza_controlli.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -35,10 +38,12 @@ constexpr auto kComandi = std::to_array<Comando>({
      .bit = kComRicerca,
      .esegui = comando_ricerca},
     {.nome = "archivio",
-     .argomenti = "[--json]",
+     .argomenti = "[--esame] [--json]",
      .frase =
          "Dice che cosa contiene l'archivio: per ogni tabella quante righe, il primo e l'ultimo concorso "
          "con la data, e il file da cui è letta.",
+     .dettaglio = "Un archivio danneggiato non si apre; --esame ne elenca i danni, e degli archivi sani "
+                  "gli avvisi, che altrimenti sono soltanto contati.",
      .bit = kComArchivio,
      .esegui = comando_archivio},
     {.nome = "importa",
@@ -89,6 +94,16 @@ constexpr auto kComandi = std::to_array<Comando>({
      .dettaglio = "Sono le stesse pagine che stampa la finestra.",
      .bit = kComStampa,
      .esegui = comando_stampa},
+    {.nome = "storia",
+     .argomenti = "--numeri ELENCO [--presenti K] [opzioni]",
+     .frase = "Racconta ogni uscita di alcuni numeri, una per una, e che cosa ne fa il caso.",
+     .dettaglio =
+         "Due tabelle: le uscite, dalla più vecchia, con i concorsi passati dall'uscita prima; e una "
+         "sintesi con frequenza, ritardo, ritardo storico e ciò che darebbe il caso da solo. --grafico le "
+         "disegna.",
+     .bit = kComStoria,
+     .chiave = nomi::kStoria.chiave,
+     .esegui = comando_ricerca},
 });
 
 std::vector<std::string_view> nomi_comandi() {
@@ -132,6 +147,10 @@ std::expected<void, std::string> trova_chiave(std::string_view comando, Richiest
 
 }  // namespace
 
+const Ricerca* ricerca_propria(const Comando& comando) {
+    return comando.chiave.empty() ? nullptr : trova_ricerca(comando.chiave);
+}
+
 std::span<const Comando> comandi() {
     return kComandi;
 }
@@ -160,9 +179,9 @@ int consegna(const Canali& canali, std::string_view testo, int codice) {
     return kSenzaDati;
 }
 
-int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori,
-                   const Terminale& terminale) {
-    const Canali canali{uscita, errori, terminale.errori, terminale.larghezza};
+namespace {
+
+int esegui_comando(const std::vector<std::string>& argomenti, const Canali& canali) {
     auto parole = separa(argomenti);
     if (!parole) return uso_errato(canali, parole.error());
     // "aiuto ricerca" asks what "ricerca --aiuto" does.
@@ -204,6 +223,10 @@ int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& usci
     const bool cerca = (comando->bit & (kComRicerca | kComStampa)) != 0;
     if (data(*parole, "--aiuto") && (!cerca || richiesta.argomenti.empty()))
         return consegna(canali, aiuto_comando(*comando));
+    if (const Ricerca* sua = ricerca_propria(*comando)) {
+        richiesta.ricerca = sua;
+        richiesta.domanda = domanda_intatta(*sua);
+    }
     if (cerca) {
         if (const auto trovata = trova_chiave(nome, richiesta); !trovata)
             return uso_errato(canali, trovata.error(), nome);
@@ -215,7 +238,29 @@ int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& usci
         return uso_errato(canali, lette.error(), aiuto_di);
     if (!richiesta.argomenti.empty() && !comando->parole)
         return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()), aiuto_di);
+    if (const auto perche = senza_cartella_programma(richiesta.cartella);
+        perche && (comando->bit & kComElenco) == 0) {
+        lamenta(canali, *perche);
+        return kArchivioChiuso;
+    }
     return comando->esegui(richiesta, canali);
+}
+
+}  // namespace
+
+int esegui_comando(const std::vector<std::string>& argomenti, std::ostream& uscita, std::ostream& errori,
+                   const Terminale& terminale) {
+    // What is said to people comes with names and arguments of anybody's; what is kept keeps its bytes.
+    BufferSenzaControlli filtro_uscita{uscita.rdbuf()};
+    BufferSenzaControlli filtro_errori{errori.rdbuf()};
+    std::ostream mostrata{&filtro_uscita};
+    std::ostream detti{&filtro_errori};
+    detti.setf(std::ios_base::unitbuf);
+    return esegui_comando(argomenti, Canali{.uscita = terminale.uscita ? mostrata : uscita,
+                                            .errori = detti,
+                                            .terminale = terminale.errori,
+                                            .larghezza = terminale.larghezza,
+                                            .disegno = &errori});
 }
 
 }  // namespace sortimetra

@@ -11,6 +11,7 @@
 namespace sortimetra {
 
 struct Richiesta;
+struct Ricerca;
 
 /// What the program tells its caller.
 enum Codice : int {
@@ -28,22 +29,27 @@ struct Canali {
     bool terminale = false;
     /// Columns of the terminal that `uscita` is, as many as one likes where it is none.
     std::size_t larghezza = std::numeric_limits<std::size_t>::max();
+    /// `errori` for the one line that draws over itself: all else passes through there without control
+    /// characters.
+    std::ostream* disegno = nullptr;
 };
 
 /// What is known of the terminals at the other ends.
 struct Terminale {
     bool errori = false;  ///< somebody sits in front of the channel of errors
+    bool uscita = false;  ///< the output is shown, and not kept or read on
     std::size_t larghezza = std::numeric_limits<std::size_t>::max();  ///< columns of the output
 };
 
 /// One command, as `--aiuto` shows it. Adding a command is a row in comandi.cpp and a function.
 struct Comando {
     std::string_view nome;
-    std::string_view argomenti{};                        ///< what follows the name, "CHIAVE [opzioni]"
-    std::string_view frase{};                            ///< what it does, for the list of commands
-    std::string_view dettaglio{};                        ///< further paragraphs of its own help
-    unsigned bit = 0;                                    ///< its bit of `Comandi`
-    bool parole = false;                                 ///< takes any words after its name
+    std::string_view argomenti{};  ///< what follows the name, "CHIAVE [opzioni]"
+    std::string_view frase{};      ///< what it does, for the list of commands
+    std::string_view dettaglio{};  ///< further paragraphs of its own help
+    unsigned bit = 0;              ///< its bit of `Comandi`
+    bool parole = false;           ///< takes any words after its name
+    std::string_view chiave{};     ///< the search that it runs, where the line names none
     int (*esegui)(Richiesta&, const Canali&) = nullptr;  ///< null until the command is built: not listed
 };
 
@@ -73,5 +79,7 @@ int comando_importa(Richiesta& richiesta, const Canali& canali);
 int comando_dimostrazione(Richiesta& richiesta, const Canali& canali);
 int comando_stampa(Richiesta& richiesta, const Canali& canali);
 int comando_aggiorna(Richiesta& richiesta, const Canali& canali);
+/// The search that is told by its command's own row.
+[[nodiscard]] const Ricerca* ricerca_propria(const Comando& comando);
 
 }  // namespace sortimetra

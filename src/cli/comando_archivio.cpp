@@ -2,6 +2,7 @@
 #include "cli/avanzamento_riga.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
+#include "draws/esame.h"
 #include "files/sessione.h"
 #include "results/scrittori.h"
 #include "statistics/cinquine_dei_90.h"
@@ -56,8 +57,14 @@ bool simulato(const ArchivioEstrazioni& a) {
     return a.drawit().simulato || a.drawit2().simulato;
 }
 
+using nlohmann::ordered_json;
+
+/// A folder's name, and a cell, may be any bytes.
+std::string testo_json(const ordered_json& j) {
+    return j.dump(1, ' ', false, ordered_json::error_handler_t::replace) + "\n";
+}
+
 std::string riassunto_json(const ArchivioEstrazioni& a, const std::filesystem::path& cartella) {
-    using nlohmann::ordered_json;
     ordered_json tabelle = ordered_json::array();
     for (const RigaRiassunto& r : riassunto(a)) {
         const auto estremo = [&](Concorso concorso, Data data) {
@@ -74,8 +81,8 @@ std::string riassunto_json(const ArchivioEstrazioni& a, const std::filesystem::p
     }
     ordered_json tutto{{"cartella", cartella.string()}, {"simulato", simulato(a)}, {"tabelle", tabelle}};
     if (simulato(a)) tutto["avviso"] = kAvvisoSimulato;
-    // A folder's name may be any bytes.
-    return tutto.dump(1, ' ', false, ordered_json::error_handler_t::replace) + "\n";
+    tutto["avvisi"] = esamina(a, oggi()).quanti_avvisi;
+    return testo_json(tutto);
 }
 
 std::string riassunto_testo(const ArchivioEstrazioni& a) {
@@ -98,6 +105,10 @@ std::string riassunto_testo(const ArchivioEstrazioni& a) {
     std::string testo;
     scrivi_tabella(testo, t);
     if (simulato(a)) testo += fmt::format("\nAttenzione, {}\n", kAvvisoSimulato);
+    if (const std::size_t avvisi = esamina(a, oggi()).quanti_avvisi; avvisi != 0)
+        testo +=
+            fmt::format("\nCon {}: \"sortimetra-cli archivio --esame\" li elenca.\n",
+                        avvisi == 1 ? "un avviso" : migliaia(static_cast<std::int64_t>(avvisi)) + " avvisi");
     return testo;
 }
 
@@ -111,10 +122,69 @@ bool archivio_simulato(const std::filesystem::path& archivio) {
     return aperto && aperto->drawit().simulato && aperto->drawit2().simulato;
 }
 
+// ---- the examination ----
+
+std::string concorsi(const Rilievo& r) {
+    return r.fino > r.concorso ? fmt::format("{}-{}", r.concorso, r.fino) : std::to_string(r.concorso);
+}
+
+/// Of a list that was cut off: how many more there are.
+std::string altri(std::size_t quanti, const std::vector<Rilievo>& elencati) {
+    return quanti == elencati.size() ? std::string{} : fmt::format("e altri {}.\n", quanti - elencati.size());
+}
+
+std::string avvisi_testo(const Esame& esame) {
+    if (esame.quanti_avvisi == 0) return "Nessun danno e nessun avviso.\n";
+    Tabella t;
+    t.titoli = {{"Tabella", "Gioco", "Concorso", "Avviso"}};
+    std::array<ColonnaTesti, 4> colonne;
+    for (const Rilievo& r : esame.avvisi) {
+        colonne[0].valori.emplace_back(nome_tabella(r.tabella));
+        colonne[1].valori.emplace_back(nome_gioco(r.tabella));
+        colonne[2].valori.push_back(concorsi(r));
+        colonne[3].valori.push_back(r.testo);
+    }
+    for (ColonnaTesti& c : colonne) t.colonne.emplace_back(std::move(c));
+    std::string testo;
+    scrivi_tabella(testo, t);
+    return testo + altri(esame.quanti_avvisi, esame.avvisi);
+}
+
+std::string avvisi_json(const ArchivioEstrazioni& a, const Esame& esame) {
+    ordered_json avvisi = ordered_json::array();
+    for (const Rilievo& r : esame.avvisi)
+        avvisi.push_back({{"tabella", nome_tabella(r.tabella)},
+                          {"gioco", nome_gioco(r.tabella)},
+                          {"file", fonte(a, r.tabella).file.string()},
+                          {"concorso", r.concorso},
+                          {"fino", r.fino},
+                          {"testo", r.testo}});
+    return testo_json({{"quanti", esame.quanti_avvisi}, {"avvisi", avvisi}});
+}
+
+/// `archivio --esame`. Damage is an archive that does not open: it is listed where errors are.
+int elenca_esame(const Sessione& sessione, bool json, const Canali& canali) {
+    const auto archivio = apri_archivio(sessione.percorso_archivio(), kTutteLeTabelle, {.esamina = false});
+    if (!archivio) {
+        lamenta(canali, archivio.error().testo());
+        return kArchivioChiuso;
+    }
+    const Esame esame = esamina(*archivio, oggi());
+    for (const Rilievo& r : esame.danni)
+        lamenta(canali, ErroreArchivio{fonte(*archivio, r.tabella).file, r.frase()}.testo());
+    if (esame.quanti_danni != 0) {
+        canali.errori << altri(esame.quanti_danni, esame.danni);
+        return kArchivioChiuso;
+    }
+    return consegna(canali, json ? avvisi_json(*archivio, esame) : avvisi_testo(esame));
+}
+
 }  // namespace
 
 int comando_archivio(Richiesta& richiesta, const Canali& canali) {
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
+                            .copia = !richiesta.senza_copia};
+    if (richiesta.esame) return elenca_esame(sessione, richiesta.json, canali);
     const auto archivio = apri_per_leggere(sessione, kTutteLeTabelle, canali);
     if (!archivio) return kArchivioChiuso;
     return consegna(canali, richiesta.json ? riassunto_json(*archivio, sessione.percorso_programma)

@@ -1,6 +1,7 @@
 #include "cli/fai_ricerca.h"
 
 #include "catalogue/ricerche.h"
+#include "cli/aggiunte.h"
 #include "cli/apri.h"
 #include "cli/avanzamento_riga.h"
 #include "files/sessione.h"
@@ -12,6 +13,8 @@
 #include <algorithm>
 #include <memory>
 #include <numeric>
+#include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,8 +35,8 @@ std::optional<std::string> uso_sbagliato(const Domanda& domanda, const std::file
 
 /// A concorso of `--da` or `--a`, once the game's draws are known: of a date the first on or after it
 /// (`primo`), or the last on or before it.
-Concorso concorso_di(const Data& data, bool primo, const std::vector<Concorso>& concorsi,
-                     const std::vector<Data>& date) {
+Concorso concorso_di(const Data& data, bool primo, std::span<const Concorso> concorsi,
+                     std::span<const Data> date) {
     if (primo) {
         const auto da = std::lower_bound(date.begin(), date.end(), data);
         return da == date.end() ? (concorsi.empty() ? 0 : concorsi.back() + 1)
@@ -89,7 +92,10 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
         return Risposta{.domanda = richiesta.domanda,
                         .risultato = std::make_shared<const Risultato>(non_avviata({}))};
     }
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    if (const auto perche = aggiunte_sbagliate(richiesta))
+        return std::unexpected(uso_errato(canali, *perche, fmt::format("ricerca '{}'", ricerca.chiave())));
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
+                            .copia = !richiesta.senza_copia};
     if (const auto perche = uso_sbagliato(richiesta.domanda, sessione.percorso_programma))
         return std::unexpected(uso_errato(canali, *perche, fmt::format("ricerca '{}'", ricerca.chiave())));
     ArchivioEstrazioni archivio;
@@ -112,10 +118,17 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
             return std::unexpected(kArchivioChiuso);
         }
     racconta(*risposta.risultato, in_json, canali);
+    if (const auto codice = aggiungi(richiesta, risposta, archivio, canali)) return std::unexpected(*codice);
     return risposta;
 }
 
 namespace {
+
+std::vector<std::size_t> ogni_colonna(const Tabella& tabella) {
+    std::vector<std::size_t> colonne(tabella.n_colonne());
+    std::iota(colonne.begin(), colonne.end(), std::size_t{0});
+    return colonne;
+}
 
 /// Puts the tables in the order of `--ordina`: the first by `Risposta::ordine`, the others as they stand.
 /// What is wrong with it, if anything.
@@ -133,13 +146,26 @@ std::optional<std::string> ordina_tabelle(std::string_view testo, Risposta& risp
         }
         // A grid that the game does not fill has nothing to put in order.
         if (tabella.righe() == 0) continue;
-        std::vector<std::size_t> colonne(tabella.n_colonne());
-        std::iota(colonne.begin(), colonne.end(), std::size_t{0});
         if (disposto == nullptr) disposto = std::make_shared<Risultato>(*risposta.risultato);
-        disposto->tabelle[t] = seleziona(tabella, ordina(tabella, *letti), colonne);
+        disposto->tabelle[t] = seleziona(tabella, ordina(tabella, *letti), ogni_colonna(tabella));
     }
     if (disposto != nullptr) risposta.risultato = std::move(disposto);
     return std::nullopt;
+}
+
+/// Gives the tables that go along with the first one its rows, in its order. One that `--ordina` names has an
+/// order of its own.
+void allinea(const Richiesta& richiesta, std::vector<std::uint32_t> righe, Risposta& risposta) {
+    if (richiesta.prime && *richiesta.prime < righe.size()) righe.resize(*richiesta.prime);
+    const auto& tabelle = risposta.risultato->tabelle;
+    const auto criteri = criteri_per_tabella(tabelle, richiesta.ordina.value_or(""));
+    std::shared_ptr<Risultato> disposto;
+    for (std::size_t t = 1; t < tabelle.size(); ++t) {
+        if (!segue_la_prima(tabelle[t]) || (t < criteri.size() && !criteri[t].empty())) continue;
+        if (disposto == nullptr) disposto = std::make_shared<Risultato>(*risposta.risultato);
+        disposto->tabelle[t] = seleziona(tabelle[t], righe, ogni_colonna(tabelle[t]));
+    }
+    if (disposto != nullptr) risposta.risultato = std::move(disposto);
 }
 
 }  // namespace
@@ -157,7 +183,7 @@ std::optional<int> disponi_risposta(const Richiesta& richiesta, Risposta& rispos
     if (richiesta.ordina)
         if (const auto perche = ordina_tabelle(*richiesta.ordina, risposta))
             return errato("--ordina", *perche);
-    if (!richiesta.dove && !richiesta.colonne) return std::nullopt;
+    if (!richiesta.dove && !richiesta.colonne && !richiesta.ordina && !richiesta.prime) return std::nullopt;
 
     std::vector<std::uint32_t> righe = risposta.ordine;
     if (righe.empty()) {
@@ -169,8 +195,9 @@ std::optional<int> disponi_risposta(const Richiesta& richiesta, Risposta& rispos
         if (!tenute) return errato("--dove", tenute.error());
         righe = std::move(*tenute);
     }
-    std::vector<std::size_t> colonne(prima.n_colonne());
-    std::iota(colonne.begin(), colonne.end(), std::size_t{0});
+    allinea(richiesta, righe, risposta);
+    if (!richiesta.dove && !richiesta.colonne) return std::nullopt;
+    auto colonne = ogni_colonna(prima);
     if (richiesta.colonne) {
         auto scelte = leggi_colonne(prima, *richiesta.colonne);
         if (!scelte) return errato("--colonne", scelte.error());

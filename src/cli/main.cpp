@@ -1,4 +1,5 @@
 #include "cli/comandi.h"
+#include "files/limiti_processo.h"
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -8,6 +9,7 @@
 #include <cstddef>
 #include <iostream>
 #include <limits>
+#include <new>
 
 namespace {
 
@@ -34,7 +36,17 @@ int main(int argc, char** argv) {
     // A reader that has gone away is a failed write, not the end of the program.
     std::signal(SIGPIPE, SIG_IGN);
     std::ios::sync_with_stdio(false);
-    const std::vector<std::string> argomenti(argv + (argc > 0 ? 1 : 0), argv + argc);
-    return sortimetra::esegui_comando(argomenti, std::cout, std::cerr,
-                                      {.errori = ::isatty(STDERR_FILENO) == 1, .larghezza = larghezza()});
+    sortimetra::ascolta_i_limiti("sortimetra-cli");
+    try {
+        const std::vector<std::string> argomenti(argv + (argc > 0 ? 1 : 0), argv + argc);
+        const int codice = sortimetra::esegui_comando(argomenti, std::cout, std::cerr,
+                                                      {.errori = ::isatty(STDERR_FILENO) == 1,
+                                                       .uscita = ::isatty(STDOUT_FILENO) == 1,
+                                                       .larghezza = larghezza()});
+        const bool fermato = codice != sortimetra::kRiuscito && sortimetra::limite_dei_file_raggiunto();
+        return fermato ? sortimetra::kFermatoDaUnLimite : codice;
+    } catch (const std::bad_alloc&) {
+        // By now all that was begun has been taken back: no temporary is left anywhere.
+        return sortimetra::memoria_finita();
+    }
 }

@@ -1,5 +1,7 @@
 #include "cli/richiesta.h"
 
+#include "chance/grafico.h"
+#include "chance/per_ruota.h"
 #include "cli/simili.h"
 #include "files/indirizzi.h"
 #include "systems/sistemi_salvati.h"
@@ -164,6 +166,9 @@ bool leggi_sostituisci(std::string_view, Richiesta& r) {
 bool leggi_annulla(std::string_view, Richiesta& r) {
     return r.annulla = true;
 }
+bool leggi_senza_copia(std::string_view, Richiesta& r) {
+    return r.senza_copia = true;
+}
 bool leggi_aiuto(std::string_view, Richiesta& r) {
     return r.aiuto = true;
 }
@@ -172,6 +177,10 @@ bool leggi_versione(std::string_view, Richiesta& r) {
 }
 bool leggi_json(std::string_view, Richiesta& r) {
     return r.json = true;
+}
+
+bool leggi_esame(std::string_view, Richiesta& r) {
+    return r.esame = true;
 }
 
 bool leggi_sistema(std::string_view valore, Richiesta& r) {
@@ -221,9 +230,26 @@ bool leggi_schedina(std::string_view valore, Richiesta& r) {
     return r.schedina.has_value();
 }
 
+bool leggi_caso(std::string_view, Richiesta& r) {
+    return r.caso = true;
+}
+bool leggi_per_ruota(std::string_view, Richiesta& r) {
+    return r.per_ruota = true;
+}
+bool leggi_misura(std::string_view valore, Richiesta& r) {
+    const auto p = posto_parola(valore, kMisureRuote);
+    if (p) r.misura = static_cast<MisuraRuote>(*p);
+    return p.has_value();
+}
+bool leggi_grafico(std::string_view valore, Richiesta& r) {
+    return formato_grafico(valore) && leggi_percorso(valore, r.grafico);
+}
+
 // ---- the table ----
 
-constexpr unsigned kCerca = kComRicerca | kComStampa;
+constexpr unsigned kCerca = kComRicerca | kComStampa | kComStoria;
+/// Who prints tables.
+constexpr unsigned kTabelle = kComRicerca | kComStoria;
 
 constexpr auto kOpzioni = std::to_array<VoceOpzione>({
     {.nome = "--schedina",
@@ -282,7 +308,7 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
          "tabella (allineata, da leggere), csv (la prima tabella, campi divisi da \";\"), json (tutte le "
          "tabelle con titoli, colori e messaggi) o xlsx (una cartella di lavoro). Se manca: quello del nome "
          "di -o, altrimenti tabella.",
-     .comandi = kComRicerca,
+     .comandi = kTabelle,
      .parole = kFormati,
      .leggi = leggi_formato},
     {.nome = "--ordina",
@@ -303,31 +329,59 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .frase = "Soltanto le righe per cui vale: --dove \"ritardo>100 e frequenza<=20\". Un confronto è un "
               "titolo, uno "
               "fra < <= > >= = != e contiene, un valore; più confronti si uniscono con e, o.",
-     .comandi = kComRicerca,
+     .comandi = kTabelle,
      .leggi = leggi_dove},
     {.nome = "--colonne",
      .meta = "ELENCO",
      .atteso = "titoli o numeri di colonne uniti da virgole",
      .frase = "Soltanto queste colonne, in quest'ordine: --colonne Numeri,Ritardo.",
-     .comandi = kComRicerca,
+     .comandi = kTabelle,
      .leggi = leggi_colonne_scelte},
     {.nome = "--prime",
      .meta = "N",
      .atteso = "un numero di righe",
      .frase = "Soltanto le prime N righe della prima tabella.",
-     .comandi = kComRicerca,
+     .comandi = kTabelle,
      .leggi = leggi_prime},
     {.nome = "--intestazione",
      .frase = "Davanti alla tabella o al csv dice di che cosa sono: ruote, intervallo, concorsi, archivio.",
-     .comandi = kComRicerca,
+     .comandi = kTabelle,
      .leggi = leggi_intestazione},
     {.nome = "-o",
      .meta = "FILE",
      .atteso = "il nome di un file",
      .frase = "Scrive in un file, che viene sostituito soltanto se tutto riesce; - è l'uscita. Se manca: "
               "sull'uscita.",
-     .comandi = kComRicerca,
+     .comandi = kTabelle,
      .leggi = leggi_file_uscita},
+    {.nome = "--caso",
+     .frase = "Aggiunge la tabella \"caso\": accanto a ogni riga che cosa darebbe il caso da solo. Attesa, "
+              "scarto, probabilità del ritardo (per la riga e per una qualunque della tabella), record "
+              "atteso.",
+     .comandi = kComRicerca,
+     .ammessa = [](const Ricerca& r) { return r.un_evento; },
+     .leggi = leggi_caso},
+    {.nome = "--per-ruota",
+     .frase = "Aggiunge la tabella \"ruote\": una colonna per ciascuna delle ruote scelte, con la misura di "
+              "--misura su quella ruota soltanto.",
+     .comandi = kComRicerca,
+     .ammessa = ha_ruote,
+     .leggi = leggi_per_ruota},
+    {.nome = "--misura",
+     .meta = "MISURA",
+     .atteso = "ritardo|frequenza|storico",
+     .frase = "Che cosa confronta --per-ruota: ritardo, frequenza o storico. Se manca: ritardo.",
+     .comandi = kComRicerca,
+     .parole = kMisureRuote,
+     .ammessa = ha_ruote,
+     .leggi = leggi_misura},
+    {.nome = "--grafico",
+     .meta = "FILE",
+     .atteso = "il nome di un file .svg, .png o .pdf",
+     .frase = "Disegna la storia in un file .svg, .png o .pdf: i ritardi nel tempo, quanti ritardi di ogni "
+              "lunghezza, le uscite di ogni anno, ciascuno con ciò che darebbe il caso.",
+     .comandi = kComStoria,
+     .leggi = leggi_grafico},
     {.nome = "-o",
      .meta = "FILE.pdf",
      .atteso = "il nome di un file",
@@ -338,6 +392,11 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .frase = "Stampa un oggetto JSON in luogo di una tabella.",
      .comandi = kComElenco | kComArchivio | kComGruppi | kComSistemi,
      .leggi = leggi_json},
+    {.nome = "--esame",
+     .frase = "Elenca che cosa c'è da dire delle estrazioni: i danni, per i quali l'archivio non si apre, e "
+              "gli avvisi, come le celle vuote e le righe che mancano.",
+     .comandi = kComArchivio,
+     .leggi = leggi_esame},
     // The files of an import.
     {.nome = "--lotto",
      .meta = "FILE",
@@ -376,6 +435,12 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
          "una seconda volta lo riporta.",
      .comandi = kComImporta,
      .leggi = leggi_annulla},
+    {.nome = "--senza-copia",
+     .frase = "Legge l'archivio dai suoi file, riga per riga. Altrimenti ne tiene accanto una copia pronta, "
+              "rifatta "
+              "da sola quando l'archivio cambia, che si apre in un attimo; le risposte sono le stesse.",
+     .comandi = kComRicerca | kComStampa | kComArchivio | kComImporta,
+     .leggi = leggi_senza_copia},
     {.nome = "--jet",
      .meta = "DIR",
      .atteso = "il nome di una cartella",

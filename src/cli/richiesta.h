@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/ricerche.h"
+#include "chance/per_ruota.h"
 #include "results/domanda.h"
 #include "stores/importa.h"
 
@@ -34,6 +35,7 @@ struct Richiesta {
     std::optional<std::filesystem::path> file;  ///< `-o`; "-" is standard output
     std::optional<Formato> formato;             ///< none: what the ending of `-o` says, else the table
     bool json = false;
+    bool esame = false;  ///< `archivio --esame`
     EstremoTratto da;
     EstremoTratto a;
     bool senza_ruote = false;  ///< `--ruote nessuna`
@@ -46,10 +48,16 @@ struct Richiesta {
     std::optional<int> sistema;   ///< the kind of saved systems that `sistemi` lists
     std::optional<int> schedina;  ///< 1-based grid row whose system is handed to the slip program
     FilePubblicati pubblicati;
+    bool senza_copia = false;
     std::optional<std::filesystem::path> jet;  ///< `importa --jet`: the folder of the old files
     std::optional<std::string> indirizzo;      ///< `aggiorna --indirizzo`
     bool prova = false;                        ///< `aggiorna --prova`: only says what it would do
     bool annulla = false;  ///< `importa --annulla`: no file, the archive before the last change
+    // What is added to the tables.
+    bool caso = false;
+    bool per_ruota = false;
+    std::optional<MisuraRuote> misura;
+    std::optional<std::filesystem::path> grafico;
     bool aiuto = false;
     bool versione = false;
 };
@@ -65,6 +73,7 @@ enum Comandi : unsigned {
     kComSistemi = 1U << 6U,
     kComStampa = 1U << 7U,
     kComAggiorna = 1U << 8U,
+    kComStoria = 1U << 9U,
     kOgniComando = ~0U,
 };
 

@@ -42,9 +42,12 @@ std::vector<VoceManuale> voci_di_ogni_comando() {
 }
 
 std::vector<VoceManuale> voci_comando(const Comando& comando) {
-    return quelle([&](const VoceOpzione& o) {
-        return !di_ogni_comando(o) && o.ammessa == nullptr && conosce(o, comando.bit, nullptr);
-    });
+    std::vector<VoceManuale> voci;
+    if (const Ricerca* sua = ricerca_propria(comando)) voci = voci_ricerca(comando, *sua);
+    for (const VoceOpzione& o : opzioni())
+        if (!di_ogni_comando(o) && o.ammessa == nullptr && conosce(o, comando.bit, nullptr))
+            aggiungi(voci, o);
+    return voci;
 }
 
 std::vector<VoceManuale> voci_ricerca(const Comando& comando, const Ricerca& ricerca) {

@@ -1,7 +1,9 @@
 #include "catalogue/form_ricerche.h"
+#include "files/limiti_processo.h"
 #include "files/sessione.h"
 #include "opzioni_avvio.h"
 #include "screens/lingua.h"
+#include "text/senza_controlli.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -11,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -51,6 +54,7 @@ std::string aiuto() {
 struct Opzioni {
     bool aiuto = false;
     bool versione = false;
+    bool senza_copia = false;
     std::optional<std::filesystem::path> cartella;
     std::string errore;  ///< what is wrong with the command line; empty if nothing
 };
@@ -67,6 +71,7 @@ Opzioni leggi_opzioni(const QStringList& argomenti) {
     const bool letti = lettore.parse(argomenti);
     o.aiuto = lettore.isSet(QStringLiteral("aiuto"));
     o.versione = lettore.isSet(QStringLiteral("versione"));
+    o.senza_copia = lettore.isSet(QStringLiteral("senza-copia"));
     if (lettore.isSet(cartella)) o.cartella = lettore.value(cartella).toStdString();
     if (!lettore.unknownOptionNames().isEmpty())
         o.errore = "opzione sconosciuta: --" + lettore.unknownOptionNames().first().toStdString();
@@ -88,9 +93,12 @@ void senza_schermo(QtMsgType genere, const QMessageLogContext&, const QString&) 
     std::_Exit(1);
 }
 
-}  // namespace
+/// Says what went wrong where the program was started: nothing there is obeyed by a terminal.
+void lamenta(const std::string& frase) {
+    std::fprintf(stderr, "sortimetra: %s\n", sortimetra::senza_controlli(frase).c_str());
+}
 
-int main(int argc, char** argv) {
+int esegui(int argc, char** argv) {
     // Help and version work without a display, so they come before the application.
     QStringList grezzi;
     for (int i = 0; i < argc; ++i) grezzi << QString::fromLocal8Bit(argv[i]);
@@ -118,14 +126,18 @@ int main(int argc, char** argv) {
     // What Qt understands of the command line (platform, style …) it has taken away by now.
     const Opzioni opzioni = leggi_opzioni(QApplication::arguments());
     if (!opzioni.errore.empty()) {
-        std::fprintf(stderr, "sortimetra: %s\nsortimetra --aiuto mostra le opzioni.\n",
-                     opzioni.errore.c_str());
+        lamenta(opzioni.errore + "\nsortimetra --aiuto mostra le opzioni.");
         return 2;
+    }
+    if (const auto perche = sortimetra::senza_cartella_programma(opzioni.cartella)) {
+        lamenta(*perche);
+        return 3;
     }
 
     sortimetra::parla_italiano(applicazione);
     sortimetra::Sessione sessione;
     sessione.percorso_programma = sortimetra::cartella_programma(opzioni.cartella);
+    sessione.copia = !opzioni.senza_copia;
     sortimetra::form_ricerche catalogo{sessione};
     QApplication::setWindowIcon(QIcon{QStringLiteral(":/sortimetra.svg")});
     QObject::connect(&catalogo, &sortimetra::form_ricerche::terminata, &applicazione, &QApplication::quit);
@@ -133,8 +145,19 @@ int main(int argc, char** argv) {
     QObject::connect(&catalogo, &sortimetra::form_ricerche::cartella_scelta, &applicazione,
                      [](const QString& cartella) {
                          if (const auto fatto = sortimetra::ricorda_cartella(cartella.toStdString()); !fatto)
-                             std::fprintf(stderr, "sortimetra: %s\n", fatto.error().testo().c_str());
+                             lamenta(fatto.error().testo());
                      });
     catalogo.show();
     return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    sortimetra::ascolta_i_limiti("sortimetra");
+    try {
+        return esegui(argc, argv);
+    } catch (const std::bad_alloc&) {
+        return sortimetra::memoria_finita();
+    }
 }

@@ -1,19 +1,20 @@
 #include "jet/lettura.h"
 
+#include "jet/colonne.h"
+#include "jet/numerico.h"
+#include "jet/password.h"
 #include "stores/apertura.h"
 #include "stores/celle.h"
 #include "stores/protocollo.h"
 #include "text/testi.h"
 
 #include <mdbtools.h>
-#include <sys/prctl.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -31,6 +32,8 @@ constexpr std::size_t kPostoPassword = 0x42;
 constexpr std::size_t kPasswordJet3 = 20;
 constexpr std::size_t kPasswordJet4 = 40;
 constexpr std::size_t kPostoCreazione = 0x72;
+/// The number of columns that a table has had stands so many bytes before the number that it has.
+constexpr int kPrimaMassime = 4;
 
 class Uscita {
   public:
@@ -72,33 +75,43 @@ class Uscita {
     std::string byte_;
 };
 
-bool ha_password(const MdbHandle* mdb) {
+StatoPassword password_del_file(const MdbHandle* mdb) {
     std::array<unsigned char, kPasswordJet4> password{};
+    std::array<std::uint16_t, kPasswordJet3> lettere{};
     const bool jet3 = mdb->f->jet_version == MDB_VER_JET3;
-    const std::size_t lunga = jet3 ? kPasswordJet3 : kPasswordJet4;
-    std::memcpy(password.data(), mdb->pg_buf + kPostoPassword, lunga);
-    if (!jet3) {
-        double creazione = 0;
-        std::memcpy(&creazione, mdb->pg_buf + kPostoCreazione, sizeof creazione);
-        // A date that no clock shows mixes nothing in.
-        const auto giorno = creazione > -1e9 && creazione < 1e9
-                                ? static_cast<std::uint32_t>(static_cast<std::int32_t>(creazione))
-                                : 0U;
-        for (std::size_t i = 0; i < lunga; ++i)
-            password[i] ^= static_cast<unsigned char>(giorno >> (8 * (i % 4)));
-    }
-    return std::any_of(password.begin(), password.begin() + static_cast<std::ptrdiff_t>(lunga),
-                       [](unsigned char c) { return c != 0; });
+    std::memcpy(password.data(), mdb->pg_buf + kPostoPassword, jet3 ? kPasswordJet3 : kPasswordJet4);
+    double creazione = 0;
+    std::memcpy(&creazione, mdb->pg_buf + kPostoCreazione, sizeof creazione);
+    // A date that no clock shows mixes nothing in.
+    const auto giorno = !jet3 && creazione > -1e9 && creazione < 1e9
+                            ? static_cast<std::uint32_t>(static_cast<std::int32_t>(creazione))
+                            : 0U;
+    for (std::size_t i = 0; i < password.size(); ++i)
+        password[i] ^= static_cast<unsigned char>(giorno >> (8 * (i % 4)));
+    for (std::size_t i = 0; i < lettere.size(); ++i)
+        lettere[i] =
+            jet3 ? password[i] : static_cast<std::uint16_t>(password[2 * i] | password[2 * i + 1] << 8U);
+    return stato_password(lettere);
 }
 
-/// The characters of a text cell; what is no ASCII becomes "?". The newer format writes two bytes a
-/// character, or, after a mark, one byte with zeroes that switch between the two forms.
-void decodifica(std::span<const unsigned char> byte, bool jet3, std::string& testo) {
+/// Whether a table of draws holds such a character: ASCII, and no control character but those that are blank.
+bool leggibile(unsigned unita) {
+    return (unita >= 0x20 && unita < 0x7F) || unita == '\t' || unita == '\n' || unita == '\r';
+}
+
+/// The characters of a text cell. The newer format writes two bytes a character, or, after a mark, one byte
+/// with zeroes that switch between the two forms. Returns false for what is not `leggibile`, and
+/// for half a character.
+bool decodifica(std::span<const unsigned char> byte, bool jet3, std::string& testo) {
     testo.clear();
-    const auto aggiungi = [&](unsigned unita) { testo += unita < 0x80 ? static_cast<char>(unita) : '?'; };
+    bool sana = true;
+    const auto aggiungi = [&](unsigned unita) {
+        sana = sana && leggibile(unita);
+        testo += static_cast<char>(unita & 0x7FU);
+    };
     if (jet3) {
         for (const unsigned char c : byte) aggiungi(c);
-        return;
+        return sana;
     }
     bool stretta = byte.size() >= 2 && byte[0] == 0xFF && byte[1] == 0xFE;
     const bool mista = stretta;
@@ -109,11 +122,12 @@ void decodifica(std::span<const unsigned char> byte, bool jet3, std::string& tes
         } else if (stretta) {
             aggiungi(byte[i++]);
         } else {
-            if (i + 1 >= byte.size()) return;
+            if (i + 1 >= byte.size()) return false;
             aggiungi(byte[i] | static_cast<unsigned>(byte[i + 1]) << 8U);
             i += 2;
         }
     }
+    return sana;
 }
 
 template <class T>
@@ -143,14 +157,15 @@ bool tipo_conosciuto(int tipo) {
 
 void scrivi_cella(MdbHandle* mdb, const MdbColumn* colonna, Uscita& uscita, std::string& testo) {
     const auto pagina = static_cast<std::size_t>(mdb->fmt->pg_size);
-    if (colonna->cur_value_len <= 0 || colonna->cur_value_start <= 0) return uscita.marca(kVuota);
+    if (colonna->cur_value_len == 0) return uscita.marca(kVuota);
+    if (colonna->cur_value_len < 0 || colonna->cur_value_start <= 0) return uscita.marca(kGuasta);
     const auto inizio = static_cast<std::size_t>(colonna->cur_value_start);
     const auto lunga = static_cast<std::size_t>(colonna->cur_value_len);
-    if (inizio >= pagina || lunga > pagina - inizio) return uscita.testo("?");
+    if (inizio >= pagina || lunga > pagina - inizio) return uscita.marca(kGuasta);
     const std::span<const unsigned char> byte{mdb->pg_buf + inizio, lunga};
     const auto servono = [&](std::size_t n) {
         if (byte.size() >= n) return true;
-        uscita.testo("?");
+        uscita.marca(kGuasta);
         return false;
     };
     const auto numero = [&](std::int32_t n) {
@@ -183,20 +198,23 @@ void scrivi_cella(MdbHandle* mdb, const MdbColumn* colonna, Uscita& uscita, std:
             if (servono(8)) reale(kMomento, intero<double>(byte));
             return;
         case MDB_TEXT:
-            decodifica(byte, mdb->f->jet_version == MDB_VER_JET3, testo);
+            if (!decodifica(byte, mdb->f->jet_version == MDB_VER_JET3, testo)) return uscita.marca(kGuasta);
             return uscita.testo(testo);
+        case MDB_NUMERIC:
+            if (const auto n = numerico(byte, colonna->col_scale)) return reale(kReale, *n);
+            return uscita.marca(kGuasta);
         default: {
-            // The long forms of a text and of a number, which no known archive uses.
-            char* lungo = colonna->col_type == MDB_NUMERIC
-                              ? mdb_numeric_to_string(mdb, colonna->cur_value_start, colonna->col_scale,
-                                                      colonna->col_prec)
-                              : mdb_col_to_string(mdb, mdb->pg_buf, colonna->cur_value_start,
-                                                  colonna->col_type, colonna->cur_value_len);
-            testo = lungo == nullptr ? "?" : lungo;
+            // The long form of a text, which no known archive uses.
+            char* lungo = mdb_col_to_string(mdb, mdb->pg_buf, colonna->cur_value_start, colonna->col_type,
+                                            colonna->cur_value_len);
+            testo = lungo == nullptr ? "" : lungo;
             g_free(lungo);
-            for (char& c : testo)
-                if (static_cast<unsigned char>(c) >= 0x80) c = '?';
-            return uscita.testo(testo);
+            // Something stands there: a text that comes out empty was not found where the cell says that it
+            // is.
+            const bool sana = !testo.empty() && std::all_of(testo.begin(), testo.end(), [](char c) {
+                return leggibile(static_cast<unsigned char>(c));
+            });
+            return sana ? uscita.testo(testo) : uscita.marca(kGuasta);
         }
     }
 }
@@ -209,6 +227,53 @@ MdbCatalogEntry* trova_tabella(MdbHandle* mdb, std::string_view nome) {
     return nullptr;
 }
 
+/// The columns of a table that was read, in its order.
+std::vector<const MdbColumn*> colonne_di(const MdbTableDef* tabella) {
+    std::vector<const MdbColumn*> colonne;
+    for (unsigned i = 0; i < tabella->num_cols; ++i)
+        colonne.push_back(static_cast<const MdbColumn*>(g_ptr_array_index(tabella->columns, i)));
+    return colonne;
+}
+
+/// The column whose definition contradicts itself, or the number of columns; nothing where all fit.
+std::optional<std::size_t> contraddizione(const MdbTableDef* tabella, int massime) {
+    Definizione d{.colonne = {}, .massime = massime, .variabili = static_cast<int>(tabella->num_var_cols)};
+    for (const MdbColumn* c : colonne_di(tabella))
+        d.colonne.push_back({.tipo = c->col_type,
+                             .grandezza = c->col_size,
+                             .fissa = c->is_fixed != 0,
+                             .posto = c->fixed_offset,
+                             .variabile = static_cast<int>(c->var_col_num),
+                             .numero = c->col_num});
+    return contraddizione(d);
+}
+
+/// The wanted columns; nothing once an error has been written.
+std::optional<std::vector<const MdbColumn*>> colonne_volute(const MdbTableDef* tabella, int massime,
+                                                            const FormaTabella& forma, Uscita& uscita) {
+    const auto tutte = colonne_di(tabella);
+    std::vector<const MdbColumn*> volute;
+    for (std::size_t k = 0; k < forma.colonne.size(); ++k) {
+        const std::string cercata = minuscolo(forma.colonne[k]);
+        const auto trovata = std::find_if(tutte.begin(), tutte.end(),
+                                          [&](const MdbColumn* c) { return minuscolo(c->name) == cercata; });
+        if (trovata == tutte.end() || !tipo_conosciuto((*trovata)->col_type)) {
+            uscita.errore(trovata == tutte.end() ? Errore::MancaColonna : Errore::TipoColonna, forma.bit,
+                          static_cast<std::uint32_t>(k));
+            return std::nullopt;
+        }
+        volute.push_back(*trovata);
+    }
+    if (const auto i = contraddizione(tabella, massime)) {
+        const auto* const colonna = *i < tutte.size() ? tutte[*i] : nullptr;
+        uscita.errore(
+            Errore::Colonna, forma.bit,
+            static_cast<std::uint32_t>(std::find(volute.begin(), volute.end(), colonna) - volute.begin()));
+        return std::nullopt;
+    }
+    return volute;
+}
+
 /// Returns false once an error has been written.
 bool leggi_tabella(MdbHandle* mdb, const FormaTabella& forma, Uscita& uscita) {
     MdbCatalogEntry* voce = trova_tabella(mdb, forma.nome);
@@ -217,26 +282,17 @@ bool leggi_tabella(MdbHandle* mdb, const FormaTabella& forma, Uscita& uscita) {
         return false;
     }
     MdbTableDef* tabella = mdb_read_table(voce);
+    // The page of the definition is still at hand: how many columns there have been stands before their
+    // number.
+    const int massime =
+        tabella == nullptr ? 0 : mdb_get_int16(mdb->pg_buf, mdb->fmt->tab_num_cols_offset - kPrimaMassime);
     if (tabella == nullptr || mdb_read_columns(tabella) == nullptr || tabella->num_cols == 0 ||
         tabella->columns->len < tabella->num_cols) {
         uscita.errore(Errore::Definizione, forma.bit);
         return false;
     }
-    std::vector<const MdbColumn*> colonne;
-    for (std::size_t k = 0; k < forma.colonne.size(); ++k) {
-        const std::string cercata = minuscolo(forma.colonne[k]);
-        const MdbColumn* trovata = nullptr;
-        for (unsigned i = 0; i < tabella->num_cols && trovata == nullptr; ++i) {
-            const auto* c = static_cast<const MdbColumn*>(g_ptr_array_index(tabella->columns, i));
-            if (minuscolo(c->name) == cercata) trovata = c;
-        }
-        if (trovata == nullptr || !tipo_conosciuto(trovata->col_type)) {
-            uscita.errore(trovata == nullptr ? Errore::MancaColonna : Errore::TipoColonna, forma.bit,
-                          static_cast<std::uint32_t>(k));
-            return false;
-        }
-        colonne.push_back(trovata);
-    }
+    const auto colonne = colonne_volute(tabella, massime, forma, uscita);
+    if (!colonne) return false;
     uscita.marca(kTabella);
     uscita.marca(static_cast<std::uint8_t>(forma.bit));
     mdb_rewind_table(tabella);
@@ -246,7 +302,7 @@ bool leggi_tabella(MdbHandle* mdb, const FormaTabella& forma, Uscita& uscita) {
         // One row too many is enough to know; a damaged chain of pages could go round for ever.
         if (++lette > tabella->num_rows) break;
         uscita.marca(kRiga);
-        for (const MdbColumn* c : colonne) scrivi_cella(mdb, c, uscita, testo);
+        for (const MdbColumn* c : *colonne) scrivi_cella(mdb, c, uscita, testo);
         uscita.fine_riga();
     }
     if (lette != tabella->num_rows) {
@@ -280,7 +336,8 @@ void leggi_tutto(void* byte, std::size_t quanti, unsigned tabelle, Uscita& uscit
     uscita.aggiungi(kFirma);
     MdbHandle* mdb = mdb_open_buffer(byte, quanti, MDB_NOFLAGS);
     if (mdb == nullptr) return uscita.errore(Errore::NonApre);
-    if (ha_password(mdb)) return uscita.errore(Errore::Password);
+    if (const StatoPassword stato = password_del_file(mdb); stato != StatoPassword::Nessuna)
+        return uscita.errore(stato == StatoPassword::Guasta ? Errore::Intestazione : Errore::Password);
     if (mdb_read_catalog(mdb, MDB_TABLE) == nullptr) return uscita.errore(Errore::NonApre);
     const bool corto = troncato(mdb, quanti / static_cast<std::size_t>(mdb->fmt->pg_size));
     for (const FormaTabella& forma :
@@ -300,26 +357,6 @@ void leggi(void* byte, std::size_t quanti, unsigned tabelle,
     Uscita uscita{scrivi};
     leggi_tutto(byte, quanti, tabelle, uscita);
     uscita.svuota();
-}
-
-void limita(std::size_t memoria, unsigned secondi) {
-    const auto limite = [](int cosa, rlim_t quanto) {
-        const rlimit l{quanto, quanto};
-        (void)setrlimit(static_cast<__rlimit_resource>(cosa), &l);
-    };
-    // The address sanitizer reserves terabytes of addresses that it never uses.
-#if !defined(__SANITIZE_ADDRESS__)
-    limite(RLIMIT_AS, memoria);
-#else
-    (void)memoria;
-#endif
-    limite(RLIMIT_CPU, secondi);
-    limite(RLIMIT_CORE, 0);
-    limite(RLIMIT_FSIZE, 0);
-    limite(RLIMIT_NPROC, 0);
-    // Not to outlive a program that was killed while it waited for us.
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
-    (void)prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
 }
 
 }  // namespace sortimetra::jet

@@ -12,8 +12,4 @@ namespace sortimetra::jet {
 void leggi(void* byte, std::size_t quanti, unsigned tabelle,
            const std::function<void(std::string_view)>& scrivi);
 
-/// Takes from the running process what reading a file does not need: memory beyond `memoria` bytes, processor
-/// time beyond `secondi`, writing files, starting programs, dumping core.
-void limita(std::size_t memoria, unsigned secondi);
-
 }  // namespace sortimetra::jet

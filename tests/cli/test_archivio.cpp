@@ -2,7 +2,10 @@
 #include "cli/cartella_cli.h"
 #include "cli/comandi.h"
 #include "results/scrittori.h"
+#include "stores/negozio_nativo.h"
 
+#include <algorithm>
+#include <chrono>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -27,7 +30,8 @@ constexpr std::string_view kRiassunto =
     "archivios  SuperEnalotto         2             1  01/01/2000            3  09/01/2000  "
     "./archivio/drawit.db\n"
     "archivio   Win for Life          2             1  01/01/2000            2  01/01/2000  "
-    "./archivio/drawit2.db\n";
+    "./archivio/drawit2.db\n"
+    "\nCon 2 avvisi: \"sortimetra-cli archivio --esame\" li elenca.\n";
 
 TEST_F(ArchivioCli, ImportaDiceCheCosaHaLetto) {
     scrivi(casa() / "lotto.txt", kLotto);
@@ -50,6 +54,34 @@ TEST_F(ArchivioCli, Riassunto) {
     EXPECT_EQ(p.errori, "");
 }
 
+TEST_F(ArchivioCli, ConLaCopiaESenzaLeStesseRisposte) {
+    importa();
+    const std::vector<std::string> domanda{"ricerca", "ritardo e frequenza dei 90 numeri", "--cartella", "."};
+    auto senza = domanda;
+    senza.emplace_back("--senza-copia");
+    const auto copia = casa() / "archivio" / ".drawit.db.cache";
+    std::filesystem::remove(copia);
+    const Esito dal_negozio = esegui(senza);
+    EXPECT_EQ(dal_negozio.codice, 0) << dal_negozio.errori;
+    EXPECT_FALSE(std::filesystem::exists(copia));
+    // A store that was written a moment ago gets no copy yet.
+    Esito prima;
+    for (int volta = 0; volta < 500 && !std::filesystem::exists(copia); ++volta) prima = esegui(domanda);
+    ASSERT_TRUE(std::filesystem::exists(copia));
+    const Esito seconda = esegui(domanda);
+    EXPECT_EQ(prima.uscita, dal_negozio.uscita);
+    EXPECT_EQ(seconda.uscita, dal_negozio.uscita);
+    EXPECT_EQ(seconda.errori, dal_negozio.errori);
+    // Nothing that stands in it is an error.
+    scrivi(copia, "rotta");
+    const Esito rifatta = esegui(domanda);
+    EXPECT_EQ(rifatta.uscita, dal_negozio.uscita);
+    EXPECT_EQ(rifatta.errori, dal_negozio.errori);
+    EXPECT_GT(leggi(copia).size(), 5U);
+    // Where there is no archive to be opened the option has no meaning.
+    EXPECT_EQ(esegui({"elenco", "--senza-copia"}).codice, 2);
+}
+
 TEST_F(ArchivioCli, RiassuntoJson) {
     importa();
     const Esito p = esegui({"--cartella", ".", "archivio", "--json"});
@@ -60,6 +92,72 @@ TEST_F(ArchivioCli, RiassuntoJson) {
     EXPECT_EQ(j["tabelle"][0], nlohmann::json::parse(R"({"tabella": "archivio", "gioco": "Lotto", "righe": 6,
         "primo": {"concorso": 1, "data": "01/01/2000"}, "ultimo": {"concorso": 3, "data": "08/01/2000"},
         "file": "./archivio/drawit.db", "simulato": false})"));
+}
+
+TEST_F(ArchivioCli, EsameElencaGliAvvisi) {
+    importa();
+    const Esito p = esegui({"archivio", "--esame", "--cartella", "."});
+    EXPECT_EQ(p.codice, 0);
+    EXPECT_EQ(p.errori, "");
+    EXPECT_EQ(p.uscita,
+              "Tabella    Gioco          Concorso  Avviso\n"
+              "---------  -------------  --------  ----------------------------------\n"
+              "archivio   Lotto                 3  ruota RM: senza numero: 5°estratto\n"
+              "archivios  SuperEnalotto         2  il concorso manca\n");
+    const auto j = nlohmann::json::parse(esegui({"archivio", "--esame", "--json", "--cartella", "."}).uscita);
+    EXPECT_EQ(j["quanti"], 2);
+    EXPECT_EQ(j["avvisi"][1], nlohmann::json::parse(R"({"tabella": "archivios", "gioco": "SuperEnalotto",
+        "file": "./archivio/drawit.db", "concorso": 2, "fino": 2, "testo": "il concorso manca"})"));
+    EXPECT_EQ(nlohmann::json::parse(esegui({"archivio", "--json", "--cartella", "."}).uscita)["avvisi"], 2);
+}
+
+TEST_F(ArchivioCli, EsameElencaIDanni) {
+    RigheArchivio righe;
+    for (int c = 1; c <= 3; ++c)
+        righe.lotto.push_back({.concorso = c,
+                               .data = Data{std::chrono::days{10'000 + c / 2}},
+                               .ruota = 0,
+                               .numeri = {1, 2, 3, 4, static_cast<Numero>(c)}});
+    std::filesystem::create_directory(casa() / "archivio");
+    ASSERT_TRUE(scrivi_drawit(casa() / "archivio/drawit.db", righe, false));
+    const std::string primo =
+        "sortimetra-cli: ./archivio/drawit.db: tabella archivio, concorso 1, ruota BA: il numero 1 sta due "
+        "volte nella "
+        "riga, in 1°estratto e in 5°estratto\n";
+    for (const std::vector<std::string>& argomenti :
+         {std::vector<std::string>{"archivio", "--cartella", "."},
+          {"ricerca", "ritardo e frequenza dei 90 numeri", "--cartella", "."}}) {
+        const Esito p = esegui(argomenti);
+        EXPECT_EQ(p.codice, 3);
+        EXPECT_EQ(p.uscita, "");
+        EXPECT_EQ(p.errori, primo);
+    }
+    for (const bool json : {false, true}) {
+        std::vector<std::string> argomenti{"archivio", "--esame", "--cartella", "."};
+        if (json) argomenti.emplace_back("--json");
+        const Esito p = esegui(argomenti);
+        EXPECT_EQ(p.codice, 3);
+        EXPECT_EQ(p.uscita, "");
+        EXPECT_THAT(p.errori, StartsWith(primo));
+        EXPECT_EQ(std::count(p.errori.begin(), p.errori.end(), '\n'), 4) << p.errori;
+        EXPECT_THAT(p.errori, HasSubstr("concorso 3: la data 20/05/1997 non viene dopo"));
+    }
+}
+
+TEST_F(ArchivioCli, UnEstrazioneDiDomaniSiDice) {
+    RigheArchivio righe;
+    righe.lotto.push_back(
+        {.concorso = 1, .data = oggi() + std::chrono::days{400}, .ruota = 0, .numeri = {1, 2, 3, 4, 5}});
+    std::filesystem::create_directory(casa() / "archivio");
+    ASSERT_TRUE(scrivi_drawit(casa() / "archivio/drawit.db", righe, false));
+    const Esito p = esegui({"ricerca", "ritardo e frequenza dei 90 numeri", "--cartella", "."});
+    EXPECT_EQ(p.codice, 0);
+    EXPECT_THAT(p.errori, AllOf(StartsWith("sortimetra-cli: avviso: tabella archivio, concorso 1: la data "),
+                                HasSubstr("viene dopo oggi")));
+    ASSERT_TRUE(scrivi_drawit(casa() / "archivio/drawit.db", righe, true));
+    EXPECT_THAT(esegui({"ricerca", "ritardo e frequenza dei 90 numeri", "--cartella", "."}).errori,
+                Not(HasSubstr("oggi")))
+        << "a simulated archive has no today";
 }
 
 TEST_F(ArchivioCli, UnGiocoSoltanto) {

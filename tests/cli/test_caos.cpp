@@ -1,4 +1,5 @@
 #include "catalogue/ricerche.h"
+#include "chance/parametri.h"
 #include "cli/cartella_cli.h"
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
@@ -92,6 +93,7 @@ TEST(OgniRicerca, DaLeStesseCelleInOgniFormato) {
         if (r.ammette(kOpzAmboCapo)) riga.insert(riga.end(), {"--capogioco", "12,13"});
         if (r.ammette(kOpzNumeriSpia)) riga.insert(riga.end(), {"--numeri", "tutti"});
         if (r.ammette(kOpzNumeri)) riga.insert(riga.end(), {"--numeri", "1,2,12,13"});
+        if (r.ammette(kOpzNumeriStoria)) riga.insert(riga.end(), {"--numeri", "1,12"});
         if (r.ammette(kOpzMeta)) riga.insert(riga.end(), {"--meta", "primi"});
         const auto con = [&](const char* formato) {
             auto argomenti = riga;

@@ -9,6 +9,7 @@
 
 #include "files/file_sicuro.h"
 #include "jet/lettura.h"
+#include "jet/recinto.h"
 #include "stores/apertura.h"
 #include "stores/negozio_jet.h"
 #include "support/archivi.h"
@@ -110,9 +111,12 @@ class Rovina {
     dup2(nulla, STDERR_FILENO);
     jet::limita(kMemoria, static_cast<unsigned>(tempo.it_value.tv_sec) + 1);
     setitimer(ITIMER_REAL, &tempo, nullptr);
-    jet::leggi(byte.data(), byte.size(), tabelle, [uscita](std::string_view pezzo) {
+    // Within the fence, as in the program: what the library needs of the system shows here.
+    dup2(uscita, STDOUT_FILENO);
+    if (!jet::chiudi_recinto()) _exit(1);
+    jet::leggi(byte.data(), byte.size(), tabelle, [](std::string_view pezzo) {
         while (!pezzo.empty()) {
-            const ssize_t n = write(uscita, pezzo.data(), pezzo.size());
+            const ssize_t n = write(STDOUT_FILENO, pezzo.data(), pezzo.size());
             if (n <= 0) _exit(1);
             pezzo.remove_prefix(static_cast<std::size_t>(n));
         }

@@ -68,6 +68,8 @@ inline constexpr NomeRicerca kLunghetteScomposte =
 inline constexpr NomeRicerca kScomposizione = nome<"Scomposizione">;
 inline constexpr NomeRicerca kScomposizione10eLotto = nome<"Scomposizione 10 e Lotto">;
 inline constexpr NomeRicerca kScomposizioneWinForLife = nome<"Scomposizione Win for Life">;
+inline constexpr NomeRicerca kAmbiCapogiocoWinForLife = nome<"Analisi Gruppo Win for Life">;
+inline constexpr NomeRicerca kStoria = nome<"Storia">;
 inline constexpr NomeRicerca kSchedine = nome<"Schedine">;
 
 }  // namespace sortimetra::nomi

@@ -5,6 +5,9 @@
 #include "catalogue/elenchi.h"
 #include "catalogue/nomi.h"
 #include "catalogue/segnalimite.h"
+#include "chance/caso.h"
+#include "chance/parametri.h"
+#include "chance/ricerca_storia.h"
 #include "lunghette/lunghette.h"
 #include "lunghette/parametri.h"
 #include "lunghette/scomposizione.h"
@@ -95,7 +98,8 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .tabelle = kRuote10,
      .esegui = novanta_numeri,
      .frase = "Per ogni numero: quante volte è uscito, da quanti concorsi manca e il più lungo ritardo già "
-              "chiuso."},
+              "chiuso.",
+     .un_evento = true},
     {.nome = nomi::kPosizione,
      .tabelle = kRuote10,
      .esegui = posizione::estratto,
@@ -105,13 +109,15 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .tabelle = kRuote10,
      .esegui = ambilotto,
      .frase = "Frequenza, ritardo e ritardo storico di tutti i 4.005 ambi.",
-     .schedine = true},
+     .schedine = true,
+     .un_evento = true},
     {.nome = nomi::kTuttiITerni,
      .tabelle = kRuote10,
      .opzioni = kOpzioniTerni,
      .esegui = tutti_i_terni,
      .frase = "Frequenza, ritardo e ritardo storico di tutti i 117.480 terni, anche misurati dai loro ambi.",
-     .schedine = true},
+     .schedine = true,
+     .un_evento = true},
     {.nome = nomi::kTabellone,
      .tabelle = kRuote10,
      .opzioni = kOpzioniTabellone,
@@ -142,14 +148,16 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .esegui = ambata_capogioco_o_gruppo,
      .controlla = controlla_analisi,
      .frase = "Gli 89 ambi formati dal capogioco con ciascun altro numero.",
-     .schedine = true},
+     .schedine = true,
+     .un_evento = true},
     {.nome = nomi::kAmboCapogioco,
      .tabelle = kRuote10,
      .opzioni = kOpzioniAmboCapogioco,
      .esegui = ambo_capogioco_o_gruppo,
      .controlla = controlla_analisi,
      .frase = "I terni formati da due capigioco con ciascun altro numero.",
-     .schedine = true},
+     .schedine = true,
+     .un_evento = true},
     {.nome = nomi::kPersonali,
      .tabelle = kRuote10,
      .opzioni = kOpzioniPersonaliLotto,
@@ -188,12 +196,14 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .tabelle = kRuote10,
      .esegui = primo_estratto,
      .frase = "Come i 90 numeri, contando soltanto il primo estratto di ogni ruota.",
-     .dove = Dove::fuori_elenco},
+     .dove = Dove::fuori_elenco,
+     .un_evento = true},
     {.nome = nomi::kSuperstar,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = superstar,
-     .frase = "Frequenza e ritardo dei 90 numeri come SuperStar."},
+     .frase = "Frequenza e ritardo dei 90 numeri come SuperStar.",
+     .un_evento = true},
     {.nome = nomi::kTabellonePrimiEstratti,
      .gioco = Gioco::superenalotto,
      .tabelle = kTabellaLotto | kTabellaSuperEnalotto,
@@ -221,18 +231,21 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = ambisuperenalotto,
      .frase = "Tutti i 4.005 ambi nella sestina.",
-     .schedine = true},
+     .schedine = true,
+     .un_evento = true},
     {.nome = nomi::kTerniSuperEnalotto,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = ternisuperenalotto,
      .frase = "Tutti i 117.480 terni nella sestina.",
-     .schedine = true},
+     .schedine = true,
+     .un_evento = true},
     {.nome = nomi::kNovantaSuperEnalotto,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = ambataSuperEnalotto,
-     .frase = "Frequenza, ritardo e ritardo storico dei 90 numeri nella sestina."},
+     .frase = "Frequenza, ritardo e ritardo storico dei 90 numeri nella sestina.",
+     .un_evento = true},
     {.nome = nomi::kAmbiDieciRuote,
      .gioco = Gioco::superenalotto,
      .tabelle = kSuperEnalottoInAmbito,
@@ -268,13 +281,16 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .tabelle = kSuperEnalottoInAmbito,
      .esegui = ambatalottoSuperenalotto,
      .frase = "I 90 numeri nelle celle della sestina così come sono archiviate.",
-     .dove = Dove::fuori_elenco},
+     .dove = Dove::fuori_elenco,
+     .un_evento = true},
     {.nome = nomi::kNovanta10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto | kTabellaNazionale,
      .esegui = ambata10elotto,
      .frase = "Frequenza, ritardo e ritardo storico dei 90 numeri nella combinazione di venti.",
-     .ruote = SelezioneRuote::tutte()},
+     .ruote = SelezioneRuote::tutte(),
+     .un_evento = true,
+     .passo = PassoDieciELotto::dieci_righe},
     {.nome = nomi::kTabellone10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto,
@@ -308,7 +324,8 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
      .esegui = ambataWinForLife,
-     .frase = "Frequenza, ritardo e ritardo storico dei 20 numeri."},
+     .frase = "Frequenza, ritardo e ritardo storico dei 20 numeri.",
+     .un_evento = true},
     {.nome = nomi::kTabelloneWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
@@ -351,7 +368,8 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .esegui = scomposizione,
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate come una serie.",
      .schedine = true,
-     .dove = Dove::solo_comandi},
+     .dove = Dove::solo_comandi,
+     .un_evento = true},
     {.nome = nomi::kScomposizione10eLotto,
      .gioco = Gioco::dieci_e_lotto,
      .tabelle = kTabellaLotto,
@@ -360,14 +378,33 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .carica = tutte_le_ruote,
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di venti.",
      .ruote = SelezioneRuote::tutte(),
-     .dove = Dove::solo_comandi},
+     .dove = Dove::solo_comandi,
+     .un_evento = true},
     {.nome = nomi::kScomposizioneWinForLife,
      .gioco = Gioco::win_for_life,
      .tabelle = kTabellaWinForLife,
      .opzioni = kOpzioniScomposizioneWinForLife,
      .esegui = scomposizione_a_punti,
      .frase = "Tutte le combinazioni di alcuni numeri tuoi, misurate nella combinazione di dieci.",
+     .dove = Dove::solo_comandi,
+     .un_evento = true},
+    {.nome = nomi::kAmbiCapogiocoWinForLife,
+     .gioco = Gioco::win_for_life,
+     .tabelle = kTabellaWinForLife,
+     .opzioni = kOpzioniAmbiWinForLife,
+     .esegui = gruppo_capogioco_winforlife,
+     .frase = "Gli ambi di un capogioco come gruppo: esiti, ritardi e probabilità.",
      .dove = Dove::solo_comandi},
+    {.nome = nomi::kStoria,
+     .gioco = Gioco::sistemi,
+     .tabelle = kTutteLeTabelle,
+     .opzioni = kOpzioniStoria,
+     .esegui = ricerca_storia,
+     .controlla = controlla_storia,
+     .frase = "Ogni uscita di alcuni numeri, una per una, e che cosa ne fa il caso.",
+     .rapporto = rapporto_tabelle,
+     .dove = Dove::solo_comandi,
+     .gioco_scelto = gioco_storia},
     {.nome = nomi::kSchedine,
      .esegui = schedine,
      .carica = carica_poste,
@@ -386,7 +423,8 @@ constexpr Ricerca riga_di(const Famiglia& famiglia) {
             .controlla = controlla_analisi,
             .frase = famiglia.frase,
             .famiglia = &famiglia,
-            .schedine = famiglia.colonne <= kNumeriSchedina};
+            .schedine = famiglia.colonne <= kNumeriSchedina,
+            .un_evento = true};
 }
 
 constexpr auto kRicerche = [] {
@@ -557,10 +595,17 @@ Risposta rispondi(Domanda domanda, const ArchivioEstrazioni& archivio, const std
     else
         risultato = non_avviata(letto.error());
     auto ambito = ambito_detto(domanda, archivio);
+    std::optional<Percorso> percorso;
+    if (ricerca.un_evento && risultato.prodotto && !risultato.tabelle.empty() &&
+        misura_eventi(risultato.tabelle.front())) {
+        const Eventi& eventi = risultato.tabelle.front().eventi;
+        percorso = percorso_di(archivio, eventi.gioco, domanda.ambito, eventi.posti, ricerca.passo);
+    }
     return {.domanda = std::move(domanda),
             .risultato = std::make_shared<const Risultato>(std::move(risultato)),
             .ordine = {},
-            .ambito = std::move(ambito)};
+            .ambito = std::move(ambito),
+            .percorso = percorso};
 }
 
 }  // namespace sortimetra

@@ -12,7 +12,7 @@ constexpr unsigned kDieci = (1U << kRuote) - 1;
 
 /// Indexes of the rows of an ascending concorso column that lie in the range and pass `passa(i)`.
 template <class Passa>
-std::vector<std::uint32_t> righe_nel_tratto(const std::vector<Concorso>& concorso, TrattoConcorsi tratto,
+std::vector<std::uint32_t> righe_nel_tratto(std::span<const Concorso> concorso, TrattoConcorsi tratto,
                                             Passa&& passa) {
     std::vector<std::uint32_t> scelte;
     const auto primo = std::lower_bound(concorso.begin(), concorso.end(), tratto.da);
@@ -129,8 +129,12 @@ std::vector<std::uint32_t> vista_superenalotto(const ArchivioEstrazioni& archivi
 
 std::vector<std::uint32_t> vista_winforlife(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito) {
     const TabellaWinForLife& t = archivio.winforlife();
+    // The texts that differ are few: each is judged once.
+    std::vector<bool> passa(t.ora.voci());
+    for (std::size_t k = 0; k < passa.size(); ++k) passa[k] = accetta_ora(ambito.ora, t.ora.testo(k));
+    const auto voce = t.ora.voce();
     return righe_nel_tratto(t.concorso, ambito.tratto.riportato(archivio.ultimo_concorso_winforlife()),
-                            [&](std::uint32_t i) { return accetta_ora(ambito.ora, t.ora[i]); });
+                            [&](std::uint32_t i) { return passa[voce[i]]; });
 }
 
 }  // namespace sortimetra

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -197,7 +198,7 @@ bool percorri(const VistaEstrazioni& vista, Avanzamento& avanzamento, Riga&& rig
 /// Calls `riga(c, indice)` for rows of a table with one row per draw (or per hour): C, from 1, goes up where
 /// the concorso changes.
 template <class Riga>
-void percorri_righe(const std::vector<std::uint32_t>& righe, const std::vector<Concorso>& concorso,
+void percorri_righe(const std::vector<std::uint32_t>& righe, std::span<const Concorso> concorso,
                     Avanzamento& avanzamento, Riga&& riga) {
     int c = 0;
     Concorso tenuto = 0;

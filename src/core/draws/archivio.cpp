@@ -3,15 +3,16 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <unordered_map>
 #include <utility>
 
 namespace sortimetra {
 
 namespace {
-
-/// A concorso above this is no draw number but damage: the longest game has a draw an hour.
-constexpr Concorso kConcorsoMassimo = 10'000'000;
 
 std::optional<std::string> controlla_concorso(std::string_view tabella, Concorso concorso) {
     if (concorso >= 1 && concorso <= kConcorsoMassimo) return std::nullopt;
@@ -27,6 +28,9 @@ std::optional<std::string> controlla_numeri(std::string_view tabella, Concorso c
                                concorso, n, massimo);
     return std::nullopt;
 }
+
+/// Bytes of hours that differ. Those of a day are a hundred.
+constexpr std::size_t kOreMassime = std::size_t{1} << 30;
 
 /// The order of the walk: concorso, then wheel. Stores usually hold it already, so it is tested first.
 void ordina_lotto(std::vector<RigaLotto>& righe) {
@@ -44,15 +48,70 @@ void ordina_concorsi(std::vector<Riga>& righe) {
         std::stable_sort(righe.begin(), righe.end(), prima);
 }
 
+// ---- columns while they grow ----
+
+struct ColonneLotto {
+    std::vector<Concorso> concorso;
+    std::vector<Data> data;
+    std::vector<std::uint16_t> presenti;
+    std::vector<std::array<Numero, kRuote * kEstratti>> numeri;
+};
+
+template <std::size_t N>
+struct ColonneNumeri {
+    std::vector<Concorso> concorso;
+    std::vector<Data> data;
+    std::vector<std::array<Numero, N>> numeri;
+};
+
+/// The texts that differ, in the order in which they come.
+class RaccoltaOre {
+  public:
+    std::uint32_t voce(const std::string& ora) {
+        const auto [dove, nuova] = voci_.try_emplace(ora, static_cast<std::uint32_t>(voci_.size()));
+        if (nuova) {
+            testi_ += ora;
+            fine_.push_back(static_cast<std::uint32_t>(testi_.size()));
+        }
+        return dove->second;
+    }
+    [[nodiscard]] const std::vector<std::uint32_t>& fine() const { return fine_; }
+    [[nodiscard]] const std::string& testi() const { return testi_; }
+
+  private:
+    std::unordered_map<std::string, std::uint32_t> voci_;
+    std::vector<std::uint32_t> fine_;
+    std::string testi_;
+};
+
+struct ColonneWinForLife : ColonneNumeri<10> {
+    std::vector<std::uint32_t> ora;
+    RaccoltaOre ore;
+};
+
+/// A table on columns that have grown.
+template <class Tabella, class C>
+Tabella tabella_su(C&& colonne) {
+    const auto custode = std::make_shared<const std::remove_cvref_t<C>>(std::forward<C>(colonne));
+    Tabella t;
+    t.concorso = custode->concorso;
+    t.data = custode->data;
+    t.numeri = custode->numeri;
+    if constexpr (requires { custode->presenti; }) t.presenti = custode->presenti;
+    if constexpr (requires { custode->ora; })
+        t.ora = {custode->ora, custode->ore.fine(), custode->ore.testi()};
+    t.custode = custode;
+    return t;
+}
+
 std::expected<TabellaLotto, std::string> impacchetta_lotto(std::vector<RigaLotto> righe) {
     ordina_lotto(righe);
-    TabellaLotto t;
+    ColonneLotto t;
     const std::size_t attesi = righe.size() / kRuote + 1;
     t.concorso.reserve(attesi);
     t.data.reserve(attesi);
     t.presenti.reserve(attesi);
     t.numeri.reserve(attesi);
-    t.righe = righe.size();
     for (const RigaLotto& r : righe) {
         if (r.ruota < 0 || r.ruota >= kRuote)
             return std::unexpected(
@@ -64,6 +123,12 @@ std::expected<TabellaLotto, std::string> impacchetta_lotto(std::vector<RigaLotto
             t.presenti.push_back(0);
             t.numeri.push_back({});
         }
+        if (t.data.back() != r.data)
+            return std::unexpected(
+                fmt::format("tabella archivio, concorso {}, ruota {}: trovata la data {}, attesa {} come "
+                            "sulle altre ruote",
+                            r.concorso, kNomiRuote[static_cast<std::size_t>(r.ruota)].codice,
+                            testo_data(r.data), testo_data(t.data.back())));
         if (auto errore = controlla_numeri("archivio", r.concorso, r.numeri, kNumeri))
             return std::unexpected(*errore);
         const auto bit = static_cast<std::uint16_t>(1U << r.ruota);
@@ -74,7 +139,9 @@ std::expected<TabellaLotto, std::string> impacchetta_lotto(std::vector<RigaLotto
         t.presenti.back() = static_cast<std::uint16_t>(t.presenti.back() | bit);
         std::copy(r.numeri.begin(), r.numeri.end(), t.numeri.back().begin() + r.ruota * kEstratti);
     }
-    return t;
+    auto tabella = tabella_su<TabellaLotto>(std::move(t));
+    tabella.righe = righe.size();
+    return tabella;
 }
 
 /// The two tables with one row per concorso.
@@ -82,7 +149,7 @@ template <class Tabella, class Riga, class Numeri>
 std::expected<Tabella, std::string> impacchetta_unica(std::vector<Riga> righe, std::string_view nome,
                                                       Numeri numeri) {
     ordina_concorsi(righe);
-    Tabella t;
+    ColonneNumeri<std::tuple_size_v<std::invoke_result_t<Numeri, const Riga&>>> t;
     t.concorso.reserve(righe.size());
     t.data.reserve(righe.size());
     t.numeri.reserve(righe.size());
@@ -97,26 +164,28 @@ std::expected<Tabella, std::string> impacchetta_unica(std::vector<Riga> righe, s
         t.data.push_back(r.data);
         t.numeri.push_back(n);
     }
-    return t;
+    return tabella_su<Tabella>(std::move(t));
 }
 
 std::expected<TabellaWinForLife, std::string> impacchetta_winforlife(std::vector<RigaWinForLife> righe) {
     ordina_concorsi(righe);
-    TabellaWinForLife t;
+    ColonneWinForLife t;
     t.concorso.reserve(righe.size());
     t.data.reserve(righe.size());
     t.ora.reserve(righe.size());
     t.numeri.reserve(righe.size());
-    for (RigaWinForLife& r : righe) {
+    for (const RigaWinForLife& r : righe) {
         if (auto errore = controlla_concorso("archivio", r.concorso)) return std::unexpected(*errore);
         if (auto errore = controlla_numeri("archivio", r.concorso, r.numeri, kNumeriWinForLife))
             return std::unexpected(*errore);
         t.concorso.push_back(r.concorso);
         t.data.push_back(r.data);
-        t.ora.push_back(std::move(r.ora));
+        t.ora.push_back(t.ore.voce(r.ora));
+        if (t.ore.testi().size() > kOreMassime)
+            return std::unexpected("tabella archivio: troppe ore diverse, attesa l'ora di ogni estrazione");
         t.numeri.push_back(r.numeri);
     }
-    return t;
+    return tabella_su<TabellaWinForLife>(std::move(t));
 }
 
 }  // namespace
@@ -140,14 +209,17 @@ std::expected<ArchivioEstrazioni, ErroreArchivio> ArchivioEstrazioni::componi(Ri
     auto winforlife = impacchetta_winforlife(std::move(righe.winforlife));
     if (!winforlife) return std::unexpected(ErroreArchivio{drawit2.file, std::move(winforlife.error())});
 
-    ArchivioEstrazioni a;
-    a.lotto_ = std::move(*lotto);
-    a.nazionale_ = std::move(*nazionale);
-    a.superenalotto_ = std::move(*superenalotto);
-    a.winforlife_ = std::move(*winforlife);
-    a.drawit_ = std::move(drawit);
-    a.drawit2_ = std::move(drawit2);
-    return a;
+    return ArchivioEstrazioni{
+        {std::move(*lotto), std::move(*nazionale), std::move(*superenalotto), std::move(*winforlife)},
+        std::move(drawit),
+        std::move(drawit2)};
+}
+
+bool operator==(const ColonnaOre& a, const ColonnaOre& b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (a[i] != b[i]) return false;
+    return true;
 }
 
 std::optional<std::size_t> cerca_concorso(std::span<const Concorso> colonna, Concorso concorso) {
@@ -162,15 +234,15 @@ std::optional<std::size_t> cerca_concorso(std::span<const Concorso> colonna, Con
 }
 
 std::optional<Data> ArchivioEstrazioni::data_bari(Concorso concorso) const {
-    const auto i = cerca_concorso(lotto_.concorso, concorso);
-    if (!i || (lotto_.presenti[*i] & 1U) == 0) return std::nullopt;
-    return lotto_.data[*i];
+    const auto i = cerca_concorso(lotto().concorso, concorso);
+    if (!i || (lotto().presenti[*i] & 1U) == 0) return std::nullopt;
+    return lotto().data[*i];
 }
 
 std::optional<Data> ArchivioEstrazioni::data_winforlife(Concorso concorso) const {
-    const auto i = cerca_concorso(winforlife_.concorso, concorso);
+    const auto i = cerca_concorso(winforlife().concorso, concorso);
     if (!i) return std::nullopt;
-    return winforlife_.data[*i];
+    return winforlife().data[*i];
 }
 
 }  // namespace sortimetra

@@ -4,14 +4,19 @@
 #include "files/errore.h"
 #include "text/data.h"
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace sortimetra {
@@ -71,37 +76,106 @@ struct RigheArchivio {
 
 // ---- the same, packed ----
 
+/// A column of a table: it views values that the table's `custode` keeps.
+template <class T>
+class ColonnaArchivio : public std::span<const T> {
+  public:
+    using const_iterator = typename std::span<const T>::iterator;
+    using std::span<const T>::span;
+    constexpr ColonnaArchivio() = default;
+
+    friend bool operator==(const ColonnaArchivio& a, const ColonnaArchivio& b) {
+        return std::ranges::equal(a, b);
+    }
+};
+
+/// The clock texts of Win for Life. Few of them differ: each stands once, and a row has the place of its own.
+class ColonnaOre {
+  public:
+    ColonnaOre() = default;
+    /// `voce` has a place for each row, `fine` the end of each text in `testi`, where they stand one after
+    /// the other.
+    ColonnaOre(ColonnaArchivio<std::uint32_t> voce, ColonnaArchivio<std::uint32_t> fine,
+               std::string_view testi)
+        : voce_{voce}, fine_{fine}, testi_{testi} {}
+
+    [[nodiscard]] std::size_t size() const { return voce_.size(); }
+    [[nodiscard]] std::string_view operator[](std::size_t riga) const { return testo(voce_[riga]); }
+    [[nodiscard]] std::string_view back() const { return testo(voce_.back()); }
+
+    /// The place of each row's text, and the texts that differ.
+    [[nodiscard]] ColonnaArchivio<std::uint32_t> voce() const { return voce_; }
+    [[nodiscard]] std::size_t voci() const { return fine_.size(); }
+    [[nodiscard]] std::string_view testo(std::size_t voce) const {
+        const std::size_t inizio = voce == 0 ? 0 : fine_[voce - 1];
+        return testi_.substr(inizio, fine_[voce] - inizio);
+    }
+    [[nodiscard]] ColonnaArchivio<std::uint32_t> fine() const { return fine_; }
+    [[nodiscard]] std::string_view testi() const { return testi_; }
+
+    /// Equal row by row, wherever the texts stand.
+    friend bool operator==(const ColonnaOre& a, const ColonnaOre& b);
+
+  private:
+    ColonnaArchivio<std::uint32_t> voce_;
+    ColonnaArchivio<std::uint32_t> fine_;
+    std::string_view testi_;
+};
+
+/// Keeps the memory that the columns of a table view: vectors of this process, or a file that is mapped.
+/// Tables are copied by sharing it.
+using Custode = std::shared_ptr<const void>;
+
 /// One record per concorso, ascending and unique. Column w * 5 + p of `numeri` is wheel w, place p (from 0).
 struct TabellaLotto {
-    std::vector<Concorso> concorso;
-    std::vector<Data> data;
-    std::vector<std::uint16_t> presenti;  ///< bit w is set where the row of wheel w exists
-    std::vector<std::array<Numero, kRuote * kEstratti>> numeri;
+    ColonnaArchivio<Concorso> concorso{};
+    ColonnaArchivio<Data> data{};
+    ColonnaArchivio<std::uint16_t> presenti{};  ///< bit w is set where the row of wheel w exists
+    ColonnaArchivio<std::array<Numero, kRuote * kEstratti>> numeri{};
 
     /// Number of rows (not of draws), as the store counts them.
     std::size_t righe{};
+    Custode custode{};
 };
 
 struct TabellaNazionale {
-    std::vector<Concorso> concorso;
-    std::vector<Data> data;
-    std::vector<std::array<Numero, kEstratti>> numeri;
+    ColonnaArchivio<Concorso> concorso{};
+    ColonnaArchivio<Data> data{};
+    ColonnaArchivio<std::array<Numero, kEstratti>> numeri{};
+    Custode custode{};
 };
 
 /// Places 0 to 5 the combination as stored, 6 the Jolly, 7 the SuperStar.
 struct TabellaSuperEnalotto {
-    std::vector<Concorso> concorso;
-    std::vector<Data> data;
-    std::vector<std::array<Numero, 8>> numeri;
+    ColonnaArchivio<Concorso> concorso{};
+    ColonnaArchivio<Data> data{};
+    ColonnaArchivio<std::array<Numero, 8>> numeri{};
+    Custode custode{};
 };
 
 /// Ascending, but a concorso may stand twice (told apart by `ora`); lookups take its first row.
 struct TabellaWinForLife {
-    std::vector<Concorso> concorso;
-    std::vector<Data> data;
-    std::vector<std::string> ora;
-    std::vector<std::array<Numero, 10>> numeri;
+    ColonnaArchivio<Concorso> concorso{};
+    ColonnaArchivio<Data> data{};
+    ColonnaOre ora{};
+    ColonnaArchivio<std::array<Numero, 10>> numeri{};
+    Custode custode{};
 };
+
+/// All that an archive holds, whoever packed and checked it.
+struct TabelleArchivio {
+    TabellaLotto lotto{};
+    TabellaNazionale nazionale{};
+    TabellaSuperEnalotto superenalotto{};
+    TabellaWinForLife winforlife{};
+};
+
+/// A draw outside of these years is damage, not a draw.
+inline constexpr Data kPrimaData{std::chrono::year{1800} / 1 / 1};
+inline constexpr Data kUltimaData{std::chrono::year{2999} / 12 / 31};
+
+/// A concorso above this is no draw number but damage: the longest game has a draw an hour.
+inline constexpr Concorso kConcorsoMassimo = 10'000'000;
 
 /// Where one of the two database files came from.
 struct Fonte {
@@ -109,7 +183,7 @@ struct Fonte {
     bool simulato = false;  ///< the demonstration archive, which must say so wherever it is shown
 };
 
-/// The past draws of all games: packed once, then only viewed. Immutable after `componi`.
+/// The past draws of all games: packed once, then only viewed. Immutable; a copy shares the tables.
 class ArchivioEstrazioni {
   public:
     ArchivioEstrazioni() = default;
@@ -120,11 +194,15 @@ class ArchivioEstrazioni {
     [[nodiscard]] static std::expected<ArchivioEstrazioni, ErroreArchivio> componi(RigheArchivio righe,
                                                                                    Fonte drawit = {},
                                                                                    Fonte drawit2 = {});
+    /// Tables that are packed and checked already.
+    ArchivioEstrazioni(TabelleArchivio tabelle, Fonte drawit, Fonte drawit2)
+        : tabelle_{std::move(tabelle)}, drawit_{std::move(drawit)}, drawit2_{std::move(drawit2)} {}
 
-    [[nodiscard]] const TabellaLotto& lotto() const { return lotto_; }
-    [[nodiscard]] const TabellaNazionale& nazionale() const { return nazionale_; }
-    [[nodiscard]] const TabellaSuperEnalotto& superenalotto() const { return superenalotto_; }
-    [[nodiscard]] const TabellaWinForLife& winforlife() const { return winforlife_; }
+    [[nodiscard]] const TabelleArchivio& tabelle() const { return tabelle_; }
+    [[nodiscard]] const TabellaLotto& lotto() const { return tabelle_.lotto; }
+    [[nodiscard]] const TabellaNazionale& nazionale() const { return tabelle_.nazionale; }
+    [[nodiscard]] const TabellaSuperEnalotto& superenalotto() const { return tabelle_.superenalotto; }
+    [[nodiscard]] const TabellaWinForLife& winforlife() const { return tabelle_.winforlife; }
 
     /// The file of Lotto and SuperEnalotto, and that of Win for Life.
     [[nodiscard]] const Fonte& drawit() const { return drawit_; }
@@ -133,10 +211,10 @@ class ArchivioEstrazioni {
     /// Highest concorso of the ten wheels, 0 without draws: the upper end of every concorso box but those of
     /// Win for Life.
     [[nodiscard]] Concorso ultimo_concorso() const {
-        return lotto_.concorso.empty() ? 0 : lotto_.concorso.back();
+        return lotto().concorso.empty() ? 0 : lotto().concorso.back();
     }
     [[nodiscard]] Concorso ultimo_concorso_winforlife() const {
-        return winforlife_.concorso.empty() ? 0 : winforlife_.concorso.back();
+        return winforlife().concorso.empty() ? 0 : winforlife().concorso.back();
     }
 
     /// Date of a concorso as the Lotto screens show it: that of its Bari row, nothing without one.
@@ -144,10 +222,7 @@ class ArchivioEstrazioni {
     [[nodiscard]] std::optional<Data> data_winforlife(Concorso concorso) const;
 
   private:
-    TabellaLotto lotto_;
-    TabellaNazionale nazionale_;
-    TabellaSuperEnalotto superenalotto_;
-    TabellaWinForLife winforlife_;
+    TabelleArchivio tabelle_;
     Fonte drawit_;
     Fonte drawit2_;
 };

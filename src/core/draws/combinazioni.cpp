@@ -13,6 +13,56 @@ namespace {
 constexpr std::array<std::size_t, 6> kRuoteSestina{0, 2, 4, 5, 6, 7};
 constexpr std::size_t kRuotaJolly = 9;
 
+/// Numbers as bits, 1 to 90 in two words.
+using Insieme = std::array<std::uint64_t, 2>;
+
+/// The bit of each number; 0, an empty cell, has none.
+constexpr auto kBit = [] {
+    std::array<Insieme, 256> bit{};
+    for (unsigned n = 1; n <= kNumeri; ++n) bit[n][n / 64] = std::uint64_t{1} << n % 64;
+    return bit;
+}();
+
+void aggiungi(Insieme& insieme, Numero n) {
+    insieme[0] |= kBit[n][0];
+    insieme[1] |= kBit[n][1];
+}
+int quanti(const Insieme& insieme) {
+    return std::popcount(insieme[0]) + std::popcount(insieme[1]);
+}
+
+/// The rows of one concorso, in wheel order.
+struct RigheConcorso {
+    std::array<const Numero*, kRuote> righe{};
+    std::size_t quante = 0;
+
+    RigheConcorso(const TabellaLotto& tabella, std::size_t record) {
+        const Numero* numeri = tabella.numeri[record].data();
+        for (unsigned m = tabella.presenti[record]; m != 0; m &= m - 1)
+            righe[quante++] = numeri + std::countr_zero(m) * kEstratti;
+    }
+};
+
+/// The twenty numbers of a draw as a set. Which place a number takes makes no difference to it: a number that
+/// comes to a place that is empty, or whose number stands elsewhere too, takes none away. Fewer than twenty
+/// are left where the wheels run out of numbers; then it does depend on the places what stands twice.
+Insieme insieme_10elotto(const RigheConcorso& r) {
+    Insieme insieme{};
+    for (std::size_t i = 0; i < r.quante; ++i) {
+        aggiungi(insieme, r.righe[i][0]);
+        aggiungi(insieme, r.righe[i][1]);
+    }
+    int mancano = 20 - quanti(insieme);
+    for (std::size_t posto = 2; posto < kEstratti && mancano > 0; ++posto)
+        for (std::size_t i = 0; i < r.quante && mancano > 0; ++i) {
+            const Insieme& bit = kBit[r.righe[i][posto]];
+            mancano -= static_cast<int>(((bit[0] & ~insieme[0]) | (bit[1] & ~insieme[1])) != 0);
+            insieme[0] |= bit[0];
+            insieme[1] |= bit[1];
+        }
+    return insieme;
+}
+
 /// Index of the place that the next number goes to: the first pair (i, j), i before j in order of trial, in
 /// which j is empty or equals i, puts it at j. Nothing when all twenty are there and differ.
 std::optional<std::size_t> primo_difetto(const Combinazione& c) {
@@ -38,23 +88,24 @@ std::optional<std::size_t> primo_difetto(const Combinazione& c) {
     return j_migliore;
 }
 
-/// The twenty places in ascending order. Twenty different numbers, as nearly every draw has them, come out of
-/// a set of bits; only what is missing or double has to be compared.
-void ordina(Combinazione& c) {
-    std::array<std::uint64_t, 2> insieme{};
-    for (std::size_t i = 1; i <= 20; ++i) {
-        const auto n = static_cast<unsigned>(c[i]);
-        insieme[n / 64] |= std::uint64_t{1} << (n % 64);
+/// The same place by place, for draws that have no twenty different numbers.
+Combinazione a_posti_10elotto(const RigheConcorso& r) {
+    Combinazione c{};
+    for (std::size_t i = 0; i < r.quante; ++i) {
+        c[i + 1] = r.righe[i][0];
+        c[i + 11] = r.righe[i][1];
     }
-    insieme[0] &= ~std::uint64_t{1};
-    if (std::popcount(insieme[0]) + std::popcount(insieme[1]) != 20) {
-        std::sort(c.begin() + 1, c.end());
-        return;
+    std::size_t posto = 2;
+    std::size_t riga = 0;
+    for (auto j = primo_difetto(c); j && posto < kEstratti; j = primo_difetto(c)) {
+        if (riga < r.quante && r.righe[riga][posto] != 0) c[*j] = r.righe[riga][posto];
+        if (++riga >= kRuote) {
+            riga = 0;
+            ++posto;
+        }
     }
-    std::size_t posto = 1;
-    for (unsigned parola = 0; parola < 2; ++parola)
-        for (std::uint64_t m = insieme[parola]; m != 0; m &= m - 1)
-            c[posto++] = static_cast<std::int16_t>(parola * 64 + static_cast<unsigned>(std::countr_zero(m)));
+    std::sort(c.begin() + 1, c.end());
+    return c;
 }
 
 }  // namespace
@@ -108,26 +159,14 @@ Combinazione calc_combinazione_superenalotto_s(const TabellaLotto& tabella, std:
 }
 
 Combinazione calc_combinazione_10elotto(const TabellaLotto& tabella, std::size_t record) {
+    const RigheConcorso righe{tabella, record};
+    const Insieme insieme = insieme_10elotto(righe);
+    if (quanti(insieme) != 20) return a_posti_10elotto(righe);
     Combinazione c{};
-    const auto& numeri = tabella.numeri[record];
-    std::array<const Numero*, kRuote> righe{};
-    std::size_t n_righe = 0;
-    for (unsigned m = tabella.presenti[record]; m != 0; m &= m - 1)
-        righe[n_righe++] = numeri.data() + std::countr_zero(m) * kEstratti;
-    for (std::size_t i = 0; i < n_righe; ++i) {
-        c[i + 1] = righe[i][0];
-        c[i + 11] = righe[i][1];
-    }
-    std::size_t posto = 2;
-    std::size_t riga = 0;
-    for (auto j = primo_difetto(c); j && posto < kEstratti; j = primo_difetto(c)) {
-        if (riga < n_righe && righe[riga][posto] != 0) c[*j] = righe[riga][posto];
-        if (++riga >= kRuote) {
-            riga = 0;
-            ++posto;
-        }
-    }
-    ordina(c);
+    std::size_t posto = 1;
+    for (unsigned parola = 0; parola < 2; ++parola)
+        for (std::uint64_t m = insieme[parola]; m != 0; m &= m - 1)
+            c[posto++] = static_cast<std::int16_t>(parola * 64 + static_cast<unsigned>(std::countr_zero(m)));
     return c;
 }
 

@@ -6,6 +6,8 @@
 
 #include <bit>
 #include <cstddef>
+#include <optional>
+#include <type_traits>
 
 namespace sortimetra {
 
@@ -16,8 +18,9 @@ enum class PassoDieciELotto : unsigned char {
 };
 
 /// Calls `una(c, righe, combinazione)` for each draw that the walk stops at: C from 1, how many rows of the
-/// view the draw has, its twenty numbers worked out from all ten wheels. A draw that none of the ten has (the
-/// view is NAZIONALE's) counts in C and is left out.
+/// view the draw has, its twenty numbers worked out from all ten wheels (and, for who takes a fourth value,
+/// the draw's record in the table of the wheels). A draw that none of the ten has (the view is NAZIONALE's)
+/// counts in C and is left out.
 template <class Una>
 void percorri_10elotto(const TabellaLotto& lotto, const VistaEstrazioni& vista, PassoDieciELotto passo,
                        Avanzamento& avanzamento, Una&& una) {
@@ -30,7 +33,14 @@ void percorri_10elotto(const TabellaLotto& lotto, const VistaEstrazioni& vista, 
         if (prossima >= oltre) continue;
         prossima = passo == PassoDieciELotto::dieci_righe ? prossima + kRuote : oltre;
         ++c;
-        if (const auto record = cerca_concorso(lotto.concorso, vista.concorso(i)))
+        // A view of the ten wheels knows its records; that of NAZIONALE has them in a table of its own.
+        std::optional<std::size_t> record = vista.record(i);
+        if (*record >= lotto.concorso.size() || lotto.concorso[*record] != vista.concorso(i))
+            record = cerca_concorso(lotto.concorso, vista.concorso(i));
+        if (!record) continue;
+        if constexpr (std::is_invocable_v<Una&, int, int, const Combinazione&, std::size_t>)
+            una(c, righe, calc_combinazione_10elotto(lotto, *record), *record);
+        else
             una(c, righe, calc_combinazione_10elotto(lotto, *record));
     }
     avanzamento.procedi(vista.concorsi(), vista.concorsi());

@@ -379,7 +379,8 @@ std::expected<std::string, ErroreArchivio> leggi_file(const std::filesystem::pat
     if (!grandezza) return std::unexpected(grandezza.error());
     if (*grandezza > massimo)
         return std::unexpected(
-            ErroreArchivio{file, fmt::format("il file è troppo grande ({} byte)", *grandezza)});
+            ErroreArchivio{file, fmt::format("il file è troppo grande: ha {} byte, se ne leggono al più {}",
+                                             *grandezza, massimo)});
     return aperto.leggi(static_cast<std::size_t>(*grandezza));
 }
 

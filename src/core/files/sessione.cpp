@@ -3,6 +3,10 @@
 #include "files/file_sicuro.h"
 #include "text/testo_ini.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
+#include <array>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -19,13 +23,26 @@ constexpr std::string_view kChiave = "cartella";
 /// A few lines. What is larger is no such file: it is neither read nor changed.
 constexpr std::size_t kGrandezzaMassima = 1U << 20U;
 
+/// The user's home folder: what HOME says if it is an absolute path, else what the system knows of the user.
+std::optional<std::filesystem::path> casa_utente() {
+    if (const char* casa = std::getenv("HOME"); casa != nullptr && *casa == '/') return casa;
+    std::array<char, 1 << 14> testi{};
+    passwd voce{};
+    passwd* trovata = nullptr;
+    if (getpwuid_r(geteuid(), &voce, testi.data(), testi.size(), &trovata) != 0 || trovata == nullptr ||
+        voce.pw_dir == nullptr || *voce.pw_dir != '/')
+        return std::nullopt;
+    return voce.pw_dir;
+}
+
 /// Our folder among those where this desktop keeps one kind of things: what the variable says if it is an
 /// absolute path, else `consueta` in the home folder.
 std::filesystem::path cartella_utente(const char* variabile, const std::filesystem::path& consueta) {
     if (const char* xdg = std::getenv(variabile); xdg != nullptr && *xdg == '/')
         return std::filesystem::path{xdg} / "sortimetra";
-    const char* casa = std::getenv("HOME");
-    return std::filesystem::path{casa != nullptr ? casa : "."} / consueta / "sortimetra";
+    const auto casa = casa_utente();
+    // Below what is no folder nothing is found and nothing can be made; the current folder is anybody's.
+    return casa.value_or("/dev/null") / consueta / "sortimetra";
 }
 
 bool contiene_archivio_accanto(const std::filesystem::path& cartella) {
@@ -62,6 +79,10 @@ std::expected<void, ErroreArchivio> cambia_impostazioni(
     return scrivi_file(file, cambia(prima.value_or(std::string{})));
 }
 
+std::filesystem::path cartella_cache() {
+    return cartella_utente("XDG_CACHE_HOME", ".cache");
+}
+
 std::optional<std::filesystem::path> cartella_ricordata() {
     const auto testo = leggi_impostazioni();
     if (!testo) return std::nullopt;
@@ -84,6 +105,14 @@ std::filesystem::path cartella_programma(const std::optional<std::filesystem::pa
     if (auto ricordata = cartella_ricordata()) return *ricordata;
     if (auto vicina = cartella_eseguibile(); contiene_archivio_accanto(vicina)) return vicina;
     return cartella_utente("XDG_DATA_HOME", std::filesystem::path{".local"} / "share");
+}
+
+std::optional<std::string> senza_cartella_programma(const std::optional<std::filesystem::path>& scelta) {
+    const char* dati = std::getenv("XDG_DATA_HOME");
+    if (scelta || (dati != nullptr && *dati == '/') || casa_utente() || cartella_ricordata() ||
+        contiene_archivio_accanto(cartella_eseguibile()))
+        return std::nullopt;
+    return "non si sa quale sia la cartella dell'utente (HOME manca): --cartella dice dove lavorare.";
 }
 
 }  // namespace sortimetra

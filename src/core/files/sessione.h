@@ -14,6 +14,7 @@ namespace sortimetra {
 struct Sessione {
     std::filesystem::path
         percorso_programma;     ///< holds `archivio`, `ric.ini`, the small files of each search
+    bool copia = true;          ///< packed copies of the archive are used and made
     int scheda_corrente = 1;    ///< catalogue tab to come back to, from 1
     int indice_combo_rit = -1;  ///< entry of `ComboRit` as the statistics screen was left, -1 for none
 
@@ -37,6 +38,9 @@ struct Sessione {
 [[nodiscard]] std::expected<void, ErroreArchivio> cambia_impostazioni(
     const std::function<std::string(std::string)>& cambia);
 
+/// The user's folder for what can be made anew at any time.
+[[nodiscard]] std::filesystem::path cartella_cache();
+
 /// The folder chosen in the window last; nothing if none was, or if it holds no `archivio` any more (a disk
 /// that is not there today is remembered for tomorrow).
 [[nodiscard]] std::optional<std::filesystem::path> cartella_ricordata();
@@ -49,6 +53,11 @@ struct Sessione {
 /// if it holds `archivio`, else the user's data folder, since an installed program's folder cannot be
 /// written.
 [[nodiscard]] std::filesystem::path cartella_programma(
+    const std::optional<std::filesystem::path>& scelta = {});
+
+/// Why there is no such folder, in words for the user: nothing was chosen and the user has none. Nothing
+/// where there is one.
+[[nodiscard]] std::optional<std::string> senza_cartella_programma(
     const std::optional<std::filesystem::path>& scelta = {});
 
 }  // namespace sortimetra

@@ -2,13 +2,14 @@
 
 #include "lunghette/righe_gioco.h"
 #include "results/ricerca.h"
+#include "statistics/misura_combinazioni.h"
 #include "statistics/misure.h"
 #include "statistics/serie_speciali.h"
 
-#include <array>
-#include <bit>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -16,7 +17,7 @@ namespace sortimetra {
 
 namespace {
 
-/// More combinations than this nobody reads: each is looked for in every draw.
+/// More combinations than this nobody reads.
 constexpr std::size_t kCombinazioniMassime = 200'000;
 
 /// How many combinations there are, or one more than the limit where there are more.
@@ -31,25 +32,32 @@ std::size_t quante(std::size_t n, std::size_t k) {
 }
 
 /// Numbers as bits.
-using Insieme = std::array<std::uint64_t, 2>;
+using Insieme = std::bitset<kIndiciCella>;
 
-void metti(Insieme& insieme, Numero n) {
-    insieme[n / 64U] |= std::uint64_t{1} << (n % 64U);
-}
-int comuni(const Insieme& a, const Insieme& b) {
-    return std::popcount(a[0] & b[0]) + std::popcount(a[1] & b[1]);
+Insieme insieme(std::span<const Numero> numeri) {
+    Insieme i;
+    for (const Numero n : numeri)
+        if (n != kNessunNumero) i.set(n);
+    return i;
 }
 
-std::vector<Misura> misura(const RigheGioco& righe, const std::vector<Insieme>& membri, int soglia,
-                           Avanzamento& avanzamento) {
-    constexpr std::size_t kGiro = 64;  // draws between two reports
+/// All combinations over all rows.
+std::vector<Misura> misura(const RigheGioco& righe, std::span<const Numero> numeri,
+                           const SerieCorrente& serie, int soglia, Avanzamento& avanzamento) {
+    if (auto combinazioni = Combinazioni::di(numeri, static_cast<int>(serie.colonne), soglia)) {
+        for (std::size_t r = 0; r < righe.righe(); ++r) combinazioni->riga(righe.c[r], righe.riga(r));
+        return combinazioni->misura(avanzamento);
+    }
+    // A number was told twice: a combination that has it twice has it once.
+    std::vector<Insieme> membri;
+    membri.reserve(serie.righe());
+    for (std::size_t i = 0; i < serie.righe(); ++i) membri.push_back(insieme(serie.membro(i)));
     std::vector<Misura> misure(membri.size(), Misura{.ultimo = kInizioSerie});
+    constexpr std::size_t kGiro = 64;  // draws between two reports
     for (std::size_t r = 0; r < righe.righe(); ++r) {
-        Insieme estratti{};
-        for (const Numero n : righe.riga(r))
-            if (n != kNessunNumero) metti(estratti, n);
+        const Insieme estratti = insieme(righe.riga(r));
         for (std::size_t i = 0; i < membri.size(); ++i)
-            if (comuni(membri[i], estratti) >= soglia) esce(misure[i], righe.c[r]);
+            if (static_cast<int>((membri[i] & estratti).count()) >= soglia) esce(misure[i], righe.c[r]);
         if (r % kGiro == 0 && !avanzamento.procedi(r, righe.righe())) break;
     }
     return misure;
@@ -69,10 +77,7 @@ Risultato scomposizione_a_punti(const ArchivioEstrazioni& archivio, const Domand
     if (p.sorte >= 1 && quante(numeri.size(), static_cast<std::size_t>(p.sorte)) > kCombinazioniMassime)
         return non_avviata({Avviso::troppe_combinazioni, "Troppe combinazioni: scegliere meno numeri"});
     SerieCorrente serie = scomposizione_gruppo(numeri, p.sorte);
-    std::vector<Insieme> membri(serie.righe());
-    for (std::size_t i = 0; i < membri.size(); ++i)
-        for (const Numero n : serie.membro(i)) metti(membri[i], n);
-    const auto misure = misura(righe, membri, p.tipo + 1, avanzamento);
+    const auto misure = misura(righe, numeri, serie, p.tipo + 1, avanzamento);
     const Eventi eventi{.gioco = gioco, .presenti = static_cast<std::uint8_t>(p.tipo + 1)};
     return tabella_misure(ColonnaGruppi{serie.colonne, '.', std::move(serie.numeri)}, misure,
                           Estrazioni{righe.t}, eventi, titoli_serie(nullptr));

@@ -1,6 +1,8 @@
 #include "personal/analisi_serie.h"
 
+#include "draws/ambito.h"
 #include "personal/gruppi.h"
+#include "personal/parametri.h"
 #include "statistics/capogioco.h"
 #include "statistics/cinquine_dei_90.h"
 #include "statistics/famiglie.h"
@@ -77,6 +79,26 @@ Risultato ambata_capogioco_o_gruppo(const ArchivioEstrazioni& archivio, const Do
 Risultato ambo_capogioco_o_gruppo(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                   Avanzamento& avanzamento) {
     return griglia_o_gruppo(ambo_capogioco, true, archivio, domanda, avanzamento);
+}
+
+Risultato gruppo_capogioco_winforlife(const ArchivioEstrazioni& archivio, const Domanda& domanda,
+                                      Avanzamento& avanzamento) {
+    const auto& p = domanda.di<ParametriAmbiWinForLife>();
+    AmbitoRicerca ambito = domanda.ambito;
+    ambito.ora = 0;
+    if (vista_winforlife(archivio, ambito).empty()) return senza_estrazioni();
+    const int capo = p.capogioco.empty() ? 0 : p.capogioco.front();
+    if (capo < 1 || capo > kNumeriWinForLife)
+        return non_avviata({Avviso::capogioco, std::string{kCapogiocoNonValido}});
+    SerieCorrente ambi{.colonne = 2};
+    for (int n = 1; n <= kNumeriWinForLife; ++n)
+        if (n != capo)
+            for (const int m : {std::min(n, capo), std::max(n, capo)})
+                ambi.numeri.push_back(static_cast<Numero>(m));
+    Risultato r = analisi_gruppo_winforlife(
+        archivio, ambito, {.gruppo = ambi, .sorte = p.tipo + 1, .entro = p.entro}, avanzamento);
+    if (r.prodotto) r.titolo = fmt::format("Analisi Gruppo - ambi del {}", capo);
+    return r;
 }
 
 std::optional<std::string> controlla_analisi(const Domanda& domanda) {

@@ -22,6 +22,10 @@ namespace sortimetra {
 /// The first `combinazioni` rows of the grid, in the order in which it is shown.
 [[nodiscard]] Risultato ambo_capogioco_o_gruppo(const ArchivioEstrazioni& archivio, const Domanda& domanda,
                                                 Avanzamento& avanzamento);
+/// The 19 ambi of the head number with the other numbers of Win for Life, ascending, analysed as a group over
+/// its draws whatever the hour.
+[[nodiscard]] Risultato gruppo_capogioco_winforlife(const ArchivioEstrazioni& archivio,
+                                                    const Domanda& domanda, Avanzamento& avanzamento);
 
 /// What belongs to the analysis is asked only with it, and not beside the table of all wheels.
 [[nodiscard]] std::optional<std::string> controlla_analisi(const Domanda& domanda);

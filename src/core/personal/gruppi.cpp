@@ -53,13 +53,13 @@ struct Maschere {
     }
 };
 
-/// The lunghette of word `w` of which a row holds at least `K` numbers. `almeno[k]` are those of which more
-/// than k were met so far.
-template <int K>
+/// The lunghette of word `w` of which a row of `Posti` cells holds at least `K` numbers. `almeno[k]` are
+/// those of which more than k were met so far.
+template <int Posti, int K>
 std::uint64_t colpite(const Maschere& maschere, const Numero* riga, std::size_t w) {
     std::array<std::uint64_t, K> almeno{};
     for (const auto& strato : maschere.strati)
-        for (int p = 0; p < kEstratti; ++p) {
+        for (int p = 0; p < Posti; ++p) {
             const std::uint64_t m = strato[riga[p] * maschere.parole + w];
             for (std::size_t k = K - 1; k > 0; --k) almeno[k] |= almeno[k - 1] & m;
             almeno[0] |= m;
@@ -67,7 +67,67 @@ std::uint64_t colpite(const Maschere& maschere, const Numero* riga, std::size_t 
     return almeno[K - 1];
 }
 using Colpite = std::uint64_t (*)(const Maschere&, const Numero*, std::size_t);
-constexpr std::array<Colpite, kEstratti> kColpite{colpite<1>, colpite<2>, colpite<3>, colpite<4>, colpite<5>};
+template <int Posti>
+constexpr std::array<Colpite, kEstratti> kColpite{colpite<Posti, 1>, colpite<Posti, 2>, colpite<Posti, 3>,
+                                                  colpite<Posti, 4>, colpite<Posti, 5>};
+
+/// Where the outcomes are looked for: the rows of the chosen wheels, draw by draw.
+class RigheRuote {
+  public:
+    static constexpr int kPosti = kEstratti;
+    static constexpr Gioco kGioco = Gioco::lotto;
+
+    RigheRuote(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito)
+        : vista_{archivio, ambito},
+          date_{ambito.ruote.e_nazionale() ? archivio.nazionale().data : archivio.lotto().data} {}
+
+    [[nodiscard]] std::size_t righe() const { return vista_.righe(); }
+    [[nodiscard]] std::size_t concorsi() const { return vista_.concorsi(); }
+    [[nodiscard]] Estrazioni t() const { return vista_.t(); }
+    [[nodiscard]] Concorso concorso(std::size_t estrazione) const { return vista_.concorso(estrazione); }
+    [[nodiscard]] Data data(std::size_t estrazione) const { return date_[vista_.record(estrazione)]; }
+    template <class Riga>
+    void ogni_riga(Avanzamento& avanzamento, Riga&& riga) const {
+        percorri(vista_, avanzamento, riga);
+    }
+
+  private:
+    VistaEstrazioni vista_;
+    std::span<const Data> date_;
+};
+
+/// The same for Win for Life: its records, of which two of one concorso are one draw.
+class RigheWinForLife {
+  public:
+    static constexpr int kPosti = 10;
+    static constexpr Gioco kGioco = Gioco::win_for_life;
+
+    RigheWinForLife(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito)
+        : tabella_{archivio.winforlife()}, record_{vista_winforlife(archivio, ambito)} {
+        SenzaAvanzamento nessuno;
+        percorri_righe(record_, tabella_.concorso, nessuno, [this](int c, std::uint32_t record) {
+            if (static_cast<std::size_t>(c) > primi_.size()) primi_.push_back(record);
+        });
+    }
+
+    [[nodiscard]] std::size_t righe() const { return record_.size(); }
+    [[nodiscard]] std::size_t concorsi() const { return primi_.size(); }
+    [[nodiscard]] Estrazioni t() const { return Estrazioni{static_cast<std::int32_t>(record_.size())}; }
+    [[nodiscard]] Concorso concorso(std::size_t estrazione) const {
+        return tabella_.concorso[primi_[estrazione]];
+    }
+    [[nodiscard]] Data data(std::size_t estrazione) const { return tabella_.data[primi_[estrazione]]; }
+    template <class Riga>
+    void ogni_riga(Avanzamento& avanzamento, Riga&& riga) const {
+        percorri_righe(record_, tabella_.concorso, avanzamento,
+                       [&](int c, std::uint32_t record) { riga(c, tabella_.numeri[record].data()); });
+    }
+
+  private:
+    const TabellaWinForLife& tabella_;
+    std::vector<std::uint32_t> record_;
+    std::vector<std::uint32_t> primi_;  ///< first record of each draw
+};
 
 /// A row with outcomes: its draw (from 0) and how many lunghette it hits.
 struct RigaEsiti {
@@ -82,11 +142,11 @@ struct Esiti {
     std::size_t quanti = 0;
 };
 
-Esiti trova_esiti(const VistaEstrazioni& vista, const Maschere& maschere, int sorte,
-                  Avanzamento& avanzamento) {
+template <class Righe>
+Esiti trova_esiti(const Righe& righe, const Maschere& maschere, int sorte, Avanzamento& avanzamento) {
     Esiti esiti;
-    const Colpite conta = kColpite[static_cast<std::size_t>(sorte - 1)];
-    percorri(vista, avanzamento, [&](int c, const Numero* numeri) {
+    const Colpite conta = kColpite<Righe::kPosti>[static_cast<std::size_t>(sorte - 1)];
+    righe.ogni_riga(avanzamento, [&](int c, const Numero* numeri) {
         const std::size_t inizio = esiti.colpite.size();
         std::uint32_t quanti = 0;
         for (std::size_t w = 0; w < maschere.parole; ++w) {
@@ -119,26 +179,22 @@ struct ContiGruppo {
     }
 };
 
-Data data_estrazione(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito, std::size_t record) {
-    return ambito.ruote.e_nazionale() ? archivio.nazionale().data[record] : archivio.lotto().data[record];
-}
-
 /// The table of outcomes, filled row by row.
 class TabellaEsiti {
   public:
-    TabellaEsiti(const VistaEstrazioni& vista, std::size_t quanti) : vista_{&vista} {
+    explicit TabellaEsiti(std::size_t quanti) {
         ritardi_.valori.resize(quanti);
         concorsi_.valori.resize(quanti);
         date_.scelte.resize(quanti);
         date_.in_ordine = true;
     }
     /// The outcomes of one row: the first has the group's delay, the others 0.
-    void riga(const RigaEsiti& r, std::int32_t ritardo, Data data) {
+    void riga(const RigaEsiti& r, std::int32_t ritardo, Concorso concorso, Data data) {
         if (date_.voci.empty() || data != ultima_) date_.voci.push_back(testo_data(data));
         ultima_ = data;
         const auto voce = static_cast<std::uint32_t>(date_.voci.size() - 1);
         ritardi_.valori[posto_] = ritardo;
-        std::fill_n(concorsi_.valori.data() + posto_, r.quanti, vista_->concorso(r.estrazione));
+        std::fill_n(concorsi_.valori.data() + posto_, r.quanti, concorso);
         std::fill_n(date_.scelte.data() + posto_, r.quanti, voce);
         posto_ += r.quanti;
     }
@@ -153,7 +209,6 @@ class TabellaEsiti {
     }
 
   private:
-    const VistaEstrazioni* vista_;
     std::size_t posto_ = 0;
     Data ultima_{};
     ColonnaInteri ritardi_;
@@ -181,8 +236,9 @@ Tabella tabella_ritardi(const ContiGruppo& conti, std::size_t esiti) {
     return t;
 }
 
-Tabella tabella_lunghette(const SerieCorrente& gruppo, int sorte, std::span<const Misura> misure,
+Tabella tabella_lunghette(Gioco gioco, const AnalisiGruppo& analisi, std::span<const Misura> misure,
                           Estrazioni t) {
+    const SerieCorrente& gruppo = analisi.gruppo;
     ColonnaTesti nomi;
     for (std::size_t i = 0; i < gruppo.righe(); ++i) {
         std::string nome;
@@ -192,7 +248,8 @@ Tabella tabella_lunghette(const SerieCorrente& gruppo, int sorte, std::span<cons
         }
         nomi.valori.push_back(std::move(nome));
     }
-    Eventi eventi{.presenti = static_cast<std::uint8_t>(sorte),
+    Eventi eventi{.gioco = gioco,
+                  .presenti = static_cast<std::uint8_t>(analisi.sorte),
                   .quanti = static_cast<std::uint8_t>(gruppo.colonne),
                   .numeri = gruppo.numeri};
     static const std::vector<std::string> titoli{"Lunghette", "Frequenza", "Ritardo", "Ritardo Storico"};
@@ -271,14 +328,11 @@ class PostiCombinazioni {
     std::vector<std::uint32_t> posti_;
 };
 
-}  // namespace
-
-Risultato analisi_gruppo(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito,
-                         const AnalisiGruppo& analisi, Avanzamento& avanzamento) {
-    const VistaEstrazioni vista{archivio, ambito};
-    if (vista.vuota()) return senza_estrazioni();
+template <class Righe>
+Risultato analizza_righe(const Righe& righe, const AnalisiGruppo& analisi, Avanzamento& avanzamento) {
+    if (righe.righe() == 0) return senza_estrazioni();
     const Maschere maschere{analisi.gruppo};
-    const Esiti esiti = trova_esiti(vista, maschere, analisi.sorte, avanzamento);
+    const Esiti esiti = trova_esiti(righe, maschere, analisi.sorte, avanzamento);
     if (esiti.quanti > kEsitiMassimi)
         return non_avviata(
             {Avviso::troppe_combinazioni,
@@ -288,14 +342,14 @@ Risultato analisi_gruppo(const ArchivioEstrazioni& archivio, const AmbitoRicerca
 
     ContiGruppo conti;
     std::vector<Misura> misure(analisi.gruppo.righe());
-    TabellaEsiti tabella{vista, esiti.quanti};
+    TabellaEsiti tabella{esiti.quanti};
     // An outcome at draw e sets the group's delay to -1; it goes up by one at the end of every draw.
     std::int64_t ultimo = -1;
     const std::uint64_t* colpite = esiti.colpite.data();
     for (const RigaEsiti& r : esiti.righe) {
         const auto d = static_cast<std::int32_t>(std::max<std::int64_t>(r.estrazione - ultimo - 1, 0));
         ultimo = r.estrazione;
-        tabella.riga(r, d, data_estrazione(archivio, ambito, vista.record(r.estrazione)));
+        tabella.riga(r, d, righe.concorso(r.estrazione), righe.data(r.estrazione));
         conti.esce(d, 1);
         conti.esce(0, r.quanti - 1);
         for (std::size_t w = 0; w < maschere.parole; ++w, ++colpite)
@@ -303,17 +357,29 @@ Risultato analisi_gruppo(const ArchivioEstrazioni& archivio, const AmbitoRicerca
                 esce(misure[w * kBit + static_cast<std::size_t>(std::countr_zero(m))],
                      static_cast<std::int32_t>(r.estrazione) + 1);
     }
-    conti.ritardo = static_cast<std::int32_t>(static_cast<std::int64_t>(vista.concorsi()) - ultimo - 1);
+    conti.ritardo = static_cast<std::int32_t>(static_cast<std::int64_t>(righe.concorsi()) - ultimo - 1);
 
     Risultato r;
     r.tabelle.push_back(tabella_ritardi(conti, esiti.quanti));
     r.tabelle.push_back(std::move(tabella).tabella());
-    r.tabelle.push_back(tabella_lunghette(analisi.gruppo, analisi.sorte, misure, vista.t()));
-    r.tabelle.push_back(tabella_sintesi(conti, esiti.quanti, vista.righe()));
+    r.tabelle.push_back(tabella_lunghette(Righe::kGioco, analisi, misure, righe.t()));
+    r.tabelle.push_back(tabella_sintesi(conti, esiti.quanti, righe.righe()));
     r.etichette.push_back({"lblfasce", fasce(conti.storico)});
     r.etichette.push_back(
         {"lblprob", analisi.entro ? probabilita_gruppo(*analisi.entro, conti.ritardo, conti.storico) : ""});
     return r;
+}
+
+}  // namespace
+
+Risultato analisi_gruppo(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito,
+                         const AnalisiGruppo& analisi, Avanzamento& avanzamento) {
+    return analizza_righe(RigheRuote{archivio, ambito}, analisi, avanzamento);
+}
+
+Risultato analisi_gruppo_winforlife(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito,
+                                    const AnalisiGruppo& analisi, Avanzamento& avanzamento) {
+    return analizza_righe(RigheWinForLife{archivio, ambito}, analisi, avanzamento);
 }
 
 Tabella dettaglio_scomposta(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito,

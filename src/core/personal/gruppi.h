@@ -33,6 +33,11 @@ struct AnalisiGruppo {
 [[nodiscard]] Risultato analisi_gruppo(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito,
                                        const AnalisiGruppo& analisi, Avanzamento& avanzamento);
 
+/// The same over the draws of Win for Life, ten numbers each; T is the number of records.
+[[nodiscard]] Risultato analisi_gruppo_winforlife(const ArchivioEstrazioni& archivio,
+                                                  const AmbitoRicerca& ambito, const AnalisiGruppo& analisi,
+                                                  Avanzamento& avanzamento);
+
 /// The measures of all combinations of `sorte` (1 to 3) numbers of one lunghetta, taken in ascending order;
 /// those that never came are listed too.
 [[nodiscard]] Tabella dettaglio_scomposta(const ArchivioEstrazioni& archivio, const AmbitoRicerca& ambito,

@@ -3,6 +3,7 @@
 #include "draws/ruote.h"
 #include "personal/poste.h"
 #include "results/opzione.h"
+#include "statistics/parametri.h"
 #include "statistics/serie_corrente.h"
 
 #include <array>
@@ -134,6 +135,32 @@ inline constexpr Opzione kOpzDettaglio = intero<&ParametriGruppi::dettaglio, 1>(
 
 inline constexpr std::array kOpzioniGruppi{&kOpzGruppo, &kOpzLunghette, &kOpzSorteGruppo, &kOpzEntroGruppo,
                                            &kOpzDettaglio};
+
+/// What the analysis of the ambi of one number takes, in the draws of Win for Life.
+struct ParametriAmbiWinForLife {
+    std::vector<int> capogioco{};  ///< the head number as typed; none reads 0
+    /// `ComboRit`: 0 "all'Ambata", 1 "all'Ambo". By the ambata every draw of ten out of twenty numbers is an
+    /// outcome, so the ambo is what one wants to see first.
+    int tipo = 1;
+    std::optional<int> entro{};  ///< draws within which an outcome is asked for
+};
+
+inline constexpr Opzione kOpzCapogiocoWinForLife =
+    elenco<&ParametriAmbiWinForLife::capogioco, 0, kInteroMassimo, 1>(
+        {.nome = "--capogioco", .meta = "K", .atteso = "un numero", .frase = "Il capogioco, da 1 a 20."});
+inline constexpr Opzione kOpzTipoAmbiWinForLife = parola<&ParametriAmbiWinForLife::tipo, kTipi>(
+    {.nome = "--tipo",
+     .meta = "TIPO",
+     .atteso = "ambata|ambo",
+     .frase = "Che cosa conta come esito: un numero di un ambo (ambata) o tutti e due (ambo). Se manca: "
+              "ambo."});
+inline constexpr Opzione kOpzEntroAmbiWinForLife = intero<&ParametriAmbiWinForLife::entro, 1>(
+    {.nome = "--entro",
+     .meta = "N",
+     .atteso = "un numero di concorsi, da 1",
+     .frase = "Chiede la probabilità statistica di un esito positivo entro i prossimi N concorsi."});
+inline constexpr std::array kOpzioniAmbiWinForLife{&kOpzCapogiocoWinForLife, &kOpzTipoAmbiWinForLife,
+                                                   &kOpzEntroAmbiWinForLife};
 
 // ---- the pyramid ----
 

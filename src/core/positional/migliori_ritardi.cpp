@@ -81,13 +81,16 @@ std::string testo_gruppo(const FamigliaMigliori& migliori, const Famiglia& famig
     return testo;
 }
 
-/// Members of a series by delay, longest first; equal ones keep the family's order.
-std::vector<std::size_t> per_ritardo(const std::vector<Misura>& misure, Estrazioni n) {
-    std::vector<std::size_t> ordine(misure.size());
+/// The members of a series that came out last the longest ago, at most `quanti`; of equal ones the family's
+/// order holds. Before any hit a member's delay is T, as if it had come out at draw 0.
+std::vector<std::size_t> piu_in_ritardo(const std::vector<std::int32_t>& ultime, std::size_t quanti) {
+    std::vector<std::size_t> ordine(ultime.size());
     std::iota(ordine.begin(), ordine.end(), std::size_t{0});
-    std::stable_sort(ordine.begin(), ordine.end(), [&](std::size_t a, std::size_t b) {
-        return ritardo(misure[a], n) > ritardo(misure[b], n);
+    const auto fine = ordine.begin() + static_cast<std::ptrdiff_t>(std::min(quanti, ordine.size()));
+    std::partial_sort(ordine.begin(), fine, ordine.end(), [&](std::size_t a, std::size_t b) {
+        return std::pair{ultime[a], a} < std::pair{ultime[b], b};
     });
+    ordine.erase(fine, ordine.end());
     return ordine;
 }
 
@@ -135,13 +138,13 @@ Risultato migliori_ritardi(const ArchivioEstrazioni& archivio, const Domanda& do
         const SerieCorrente serie =
             famiglia.su_file && parametri.cinquine ? *parametri.cinquine : carica_serie(famiglia);
         const int soglia = migliori.soglia == SogliaFamiglia::ambo ? 2 : parametri.indice_combo + 1;
-        const auto misure = misura_serie(vista, serie, soglia, nessuno);
-        const auto ordine = per_ritardo(misure, n);
+        const auto ultime = ultime_uscite(vista, serie, soglia);
+        const auto ordine = piu_in_ritardo(ultime, migliori.righe);
         for (std::size_t i = 0; i < migliori.righe; ++i) {
             titoli.valori.emplace_back(migliori.titolo);
             const bool c_e = i < ordine.size();
             gruppi.valori.push_back(c_e ? testo_gruppo(migliori, famiglia, serie, ordine[i]) : "");
-            ritardi.valori.push_back(c_e ? "R. " + std::to_string(ritardo(misure[ordine[i]], n)) : "");
+            ritardi.valori.push_back(c_e ? "R. " + std::to_string(n - ultime[ordine[i]]) : "");
         }
         if (!avanzamento.procedi(++fatte, famiglie.size())) break;
     }

@@ -96,7 +96,7 @@ Tabellone tabellone_ruote(const ArchivioEstrazioni& archivio, Concorso concorso)
 /// Calls `riga(d, i)` for each delay d of a board with one group and the row i of its table that stands
 /// there. `righe` are the indexes of its draws in ascending concorso.
 template <class Riga>
-void percorri_indietro(TipoTabellone tipo, Concorso concorso, const std::vector<Concorso>& colonna,
+void percorri_indietro(TipoTabellone tipo, Concorso concorso, std::span<const Concorso> colonna,
                        const std::vector<std::size_t>& righe, Riga&& riga) {
     const auto prima = [&](std::size_t i, Concorso c) { return colonna[i] < c; };
     const auto it = std::lower_bound(righe.begin(), righe.end(), concorso, prima);
@@ -112,7 +112,7 @@ void percorri_indietro(TipoTabellone tipo, Concorso concorso, const std::vector<
 
 /// A board with one group; `combinazione(i)` gives the numbers of row i.
 template <class Combina>
-Tabellone tabellone_unico(TipoTabellone tipo, Concorso concorso, const std::vector<Concorso>& colonna,
+Tabellone tabellone_unico(TipoTabellone tipo, Concorso concorso, std::span<const Concorso> colonna,
                           const std::vector<std::size_t>& righe, Combina&& combinazione) {
     Tabellone t = vuoto(tipo);
     Visti visti;
@@ -125,7 +125,7 @@ Tabellone tabellone_unico(TipoTabellone tipo, Concorso concorso, const std::vect
 
 /// Indexes of the rows above concorso 401 that `passa` lets through.
 template <class Passa>
-std::vector<std::size_t> righe_oltre_401(const std::vector<Concorso>& colonna, Passa&& passa) {
+std::vector<std::size_t> righe_oltre_401(std::span<const Concorso> colonna, Passa&& passa) {
     std::vector<std::size_t> righe;
     const auto primo = std::upper_bound(colonna.begin(), colonna.end(), kPrimaDelSuperEnalotto);
     for (auto i = static_cast<std::size_t>(primo - colonna.begin()); i < colonna.size(); ++i)

@@ -2,6 +2,7 @@
 
 #include "draws/archivio.h"
 #include "draws/gioco.h"
+#include "draws/percorso.h"
 
 #include <array>
 #include <cstddef>
@@ -13,10 +14,6 @@ namespace sortimetra {
 
 /// Most numbers that one row of a result is about: a lunghetta of twenty.
 inline constexpr std::size_t kNumeriEvento = 20;
-
-/// Places of a draw as bits, the first drawn at bit 0; 0 for any place.
-using Posti = std::uint32_t;
-inline constexpr Posti kOgniPosto = 0;
 
 /// How often one row of the archive can add to the frequency.
 enum class Conteggio : std::uint8_t {

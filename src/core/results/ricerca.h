@@ -2,6 +2,7 @@
 
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
+#include "draws/dieci_e_lotto.h"
 #include "draws/gioco.h"
 #include "results/domanda.h"
 #include "results/messaggio.h"
@@ -58,6 +59,10 @@ struct Ricerca {
     const Famiglia* famiglia = nullptr;     ///< the named series that it measures
     bool schedine = false;                  ///< its grid can be handed to the slip program
     Dove dove = Dove::negli_elenchi;        ///< how the user comes to it
+    /// Each row of its grid measures one event, with a frequency and a delay: it can be held against chance.
+    bool un_evento = false;
+    /// How a search of 10eLotto walks the draws.
+    PassoDieciELotto passo = PassoDieciELotto::concorso;
     Gioco (*gioco_scelto)(const Domanda&) = nullptr;  ///< null where `gioco` is the game
 
     [[nodiscard]] constexpr std::string_view chiave() const { return nome.chiave; }

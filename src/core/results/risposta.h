@@ -1,5 +1,6 @@
 #pragma once
 
+#include "draws/percorso.h"
 #include "results/domanda.h"
 #include "results/ricerca.h"
 #include "results/risultato.h"
@@ -45,6 +46,8 @@ struct Risposta {
     std::vector<std::uint32_t> ordine{};
     /// Nothing for a search that needs no archive.
     std::optional<AmbitoDetto> ambito{};
+    /// The rows that its first table's events were looked for in; nothing where its rows measure none.
+    std::optional<Percorso> percorso{};
 
     [[nodiscard]] const Ricerca& ricerca() const { return *domanda.ricerca; }
     /// What the result calls itself, else the search's title.

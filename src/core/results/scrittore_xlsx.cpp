@@ -1,4 +1,5 @@
 #include "files/file_sicuro.h"
+#include "results/modulo_xlsx.h"
 #include "results/scrittori.h"
 #include "text/data.h"
 #include "text/numero.h"
@@ -198,10 +199,8 @@ std::string motivo(lxw_error errore) {
     }
 }
 
-}  // namespace
-
-std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& file, const Risposta& risposta,
-                                                std::size_t massimo) {
+std::expected<void, ErroreArchivio> scrivi_libro(const std::filesystem::path& file, const Risposta& risposta,
+                                                 std::size_t massimo) {
     const Risultato& risultato = *risposta.risultato;
     const RigheScelte prima{.ordine = risposta.ordine, .massimo = massimo};
     auto sicuro = FileSicuro::apri(file);
@@ -231,9 +230,11 @@ std::expected<void, ErroreArchivio> scrivi_xlsx(const std::filesystem::path& fil
     return sicuro->conferma();
 }
 
-std::expected<std::string, ErroreArchivio> byte_xlsx(const Risposta& risposta, std::size_t massimo) {
-    return byte_scritti(
-        [&](const std::filesystem::path& file) { return scrivi_xlsx(file, risposta, massimo); });
-}
+}  // namespace
 
 }  // namespace sortimetra
+
+/// See modulo_xlsx.h.
+extern "C" __attribute__((visibility("default"))) sortimetra::ScriviXlsx sortimetra_scrivi_xlsx() {
+    return sortimetra::scrivi_libro;
+}

@@ -92,6 +92,22 @@ char* metti_intero(char* p, std::int32_t valore) {
     return std::to_chars(p, p + kPostoIntero, valore).ptr;
 }
 
+/// Writes a whole-number cell to the right of `posto` blanks. Four digits go at once, blanks in the place of
+/// leading zeros.
+void metti_a_destra(char* p, std::size_t posto, std::int32_t valore) {
+    const auto u = static_cast<std::uint32_t>(valore);
+    if (u < 10000 && posto >= 4) {
+        const std::uint32_t quattro = kDueCifre[u / 100] | kDueCifre[u % 100] << 16U;
+        const unsigned zeri = (u > 9 ? 0U : 1U) + (u > 99 ? 0U : 1U) + (u > 999 ? 0U : 1U);
+        const std::uint32_t davanti = (1U << zeri * 8) - 1;
+        metti_parola(p + posto - 4, (quattro & ~davanti) | (0x20202020U & davanti));
+        return;
+    }
+    std::array<char, kPostoIntero> cifre{};
+    const auto n = static_cast<std::size_t>(metti_intero(cifre.data(), valore) - cifre.data());
+    std::copy_n(cifre.data(), n, p + posto - n);
+}
+
 /// A column with its type found once, not once a cell.
 struct Lettore {
     enum class Tipo : std::uint8_t { Interi, Gruppi, Testi };
@@ -154,6 +170,8 @@ class Righe {
         : ordine_{scelte.ordine},
           quante_{std::min(scelte.ordine.empty() ? tabella.righe() : scelte.ordine.size(), scelte.massimo)} {}
     [[nodiscard]] std::size_t quante() const { return quante_; }
+    /// The table's own rows from the first on.
+    [[nodiscard]] bool in_fila() const { return ordine_.empty(); }
     [[nodiscard]] std::size_t operator[](std::size_t i) const { return ordine_.empty() ? i : ordine_[i]; }
 
   private:
@@ -402,9 +420,7 @@ class Impaginatore {
                 prende += oltre;
             } else {
                 if (l.tipo == Lettore::Tipo::Interi) {
-                    std::array<char, kPostoIntero> cifre{};
-                    const auto n = static_cast<std::size_t>(l.metti(cifre.data(), riga) - cifre.data());
-                    std::copy_n(cifre.data(), n, p + qui + prende - n);
+                    metti_a_destra(p + qui, prende, l.interi[riga]);
                 } else {
                     char* fine = l.metti(p + qui, riga);
                     // The separator behind the last number is no part of the cell.
@@ -426,23 +442,7 @@ class Impaginatore {
         if (l.tipo == Lettore::Tipo::Gruppi) {
             massima = righe_.quante() == 0 || l.quanti == 0 ? 0 : l.quanti * 3 - 1;
         } else if (l.tipo == Lettore::Tipo::Interi) {
-            // The longest text is that of the least or of the greatest value, or the three points.
-            std::int32_t minimo = 0;
-            std::int32_t massimo = 0;
-            bool vuota = true;
-            for (std::size_t i = 0; i < righe_.quante(); ++i) {
-                const std::int32_t v = l.interi[righe_[i]];
-                if (v == kCellaPuntini) massima = 3;
-                if (v <= kCellaPuntini) continue;
-                minimo = std::min(minimo, v);
-                massimo = std::max(massimo, v);
-                vuota = false;
-            }
-            std::array<char, kPostoIntero> cifre{};
-            if (!vuota)
-                for (const std::int32_t v : {minimo, massimo})
-                    massima = std::max(
-                        massima, static_cast<std::size_t>(metti_intero(cifre.data(), v) - cifre.data()));
+            massima = larghezza_interi(l);
             a_destra_[c] = true;
         } else {
             bool numeri = true;
@@ -456,6 +456,32 @@ class Impaginatore {
             a_destra_[c] = numeri && piena;
         }
         larghe_[c] = massima;
+    }
+
+    /// The longest text is that of the least or of the greatest value, or the three points.
+    [[nodiscard]] std::size_t larghezza_interi(const Lettore& l) const {
+        std::int32_t minimo = 0;
+        std::int32_t massimo = 0;
+        unsigned puntini = 0;
+        unsigned piene = 0;
+        const auto guarda = [&](std::int32_t v) {
+            const bool piena = v > kCellaPuntini;
+            puntini |= static_cast<unsigned>(v == kCellaPuntini);
+            piene |= static_cast<unsigned>(piena);
+            minimo = std::min(minimo, piena ? v : 0);
+            massimo = std::max(massimo, v);
+        };
+        if (righe_.in_fila())
+            std::for_each_n(l.interi, righe_.quante(), guarda);
+        else
+            for (std::size_t i = 0; i < righe_.quante(); ++i) guarda(l.interi[righe_[i]]);
+        std::size_t massima = puntini != 0 ? 3 : 0;
+        std::array<char, kPostoIntero> cifre{};
+        if (piene != 0)
+            for (const std::int32_t v : {minimo, massimo})
+                massima =
+                    std::max(massima, static_cast<std::size_t>(metti_intero(cifre.data(), v) - cifre.data()));
+        return massima;
     }
 
     /// Calls `uno(text, first, end)` for each title with the columns under it: an empty cell after a title

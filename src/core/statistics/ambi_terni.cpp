@@ -75,11 +75,13 @@ Risultato ambilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, 
     return tabella_ambi(misura_ambi(vista, avanzamento), vista.t(), Gioco::lotto);
 }
 
-Risultato ternilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
-    const VistaEstrazioni vista{archivio, domanda.ambito};
-    if (vista.vuota()) return senza_estrazioni();
+namespace {
+
+/// All terni by their own appearances, counted in cells of that kind.
+template <class Cella>
+Risultato terni_in(const VistaEstrazioni& vista, Avanzamento& avanzamento) {
     const Estrazioni t = vista.t();
-    std::vector<Misura> misure(kTerni, Misura{.ultimo = inizio_ambata(t)});
+    std::vector<Cella> misure(kTerni, Cella{inizio_ambata(t)});
     const auto conta = [celle = misure.data()](int c) {
         return [celle, c](std::size_t x, std::size_t y, std::size_t z) {
             esce(celle[indice_terno(x, y, z)], c);
@@ -88,7 +90,18 @@ Risultato ternilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda,
     percorri_ordinate(
         vista, avanzamento, [&](int c, const auto& n) { per_ogni_terno<true>(n, conta(c)); },
         [&](int c, const auto& n) { per_ogni_terno(n, conta(c)); });
-    return tabella_terni(misure, t, Gioco::lotto);
+    return tabella_misure(nomi_terni(), std::span<const Cella>{misure}, t,
+                          {.gioco = Gioco::lotto, .presenti = 3});
+}
+
+}  // namespace
+
+Risultato ternilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, Avanzamento& avanzamento) {
+    const VistaEstrazioni vista{archivio, domanda.ambito};
+    if (vista.vuota()) return senza_estrazioni();
+    return MisuraBreve::basta(vista.concorsi(), inizio_ambata(vista.t()))
+               ? terni_in<MisuraBreve>(vista, avanzamento)
+               : terni_in<Misura>(vista, avanzamento);
 }
 
 Risultato ternilotto_ambo(const ArchivioEstrazioni& archivio, const Domanda& domanda,

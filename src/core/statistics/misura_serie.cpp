@@ -264,6 +264,42 @@ void conta(const VistaEstrazioni& vista, const SerieCorrente& serie, std::span<M
         conta<Soglia, 8>(vista, serie, misure, avanzamento);
 }
 
+/// The last hits of up to 64 W members, read from the last draw back: it ends where the last member is found,
+/// which no longer archive puts off.
+template <int Soglia, std::size_t W>
+void cerca_ultime(const VistaEstrazioni& vista, const SerieCorrente& serie, std::size_t primo,
+                  std::span<std::int32_t> ultime) {
+    const auto tavole = strati<W>(serie, primo, ultime.size());
+    Membri<W> mancano{};
+    for (std::size_t i = 0; i < ultime.size(); ++i) mancano[i / kBit] |= std::uint64_t{1} << i % kBit;
+    std::size_t quanti = ultime.size();
+    for (std::size_t d = vista.concorsi(); d-- > 0 && quanti > 0;) {
+        const Numero* numeri = vista.numeri(d);
+        Membri<W> usciti{};
+        for (unsigned m = vista.maschera(d); m != 0; m &= m - 1) {
+            const Numero* riga = numeri + std::countr_zero(m) * kEstratti;
+            if (riga[0] == 0) continue;
+            const Membri<W> suoi = colpiti<Soglia>(tavole, riga);
+            for (std::size_t w = 0; w < W; ++w) usciti[w] |= suoi[w];
+        }
+        for (std::size_t w = 0; w < W; ++w) {
+            for (std::uint64_t nuovi = usciti[w] & mancano[w]; nuovi != 0; nuovi &= nuovi - 1, --quanti)
+                ultime[w * kBit + static_cast<std::size_t>(std::countr_zero(nuovi))] =
+                    static_cast<std::int32_t>(d) + 1;
+            mancano[w] &= ~usciti[w];
+        }
+    }
+}
+
+template <int Soglia>
+void cerca_ultime(const VistaEstrazioni& vista, const SerieCorrente& serie, std::span<std::int32_t> ultime) {
+    if (ultime.size() <= kBit) return cerca_ultime<Soglia, 1>(vista, serie, 0, ultime);
+    constexpr std::size_t kPasso = 8 * kBit;
+    for (std::size_t primo = 0; primo < ultime.size(); primo += kPasso)
+        cerca_ultime<Soglia, 8>(vista, serie, primo,
+                                ultime.subspan(primo, std::min(kPasso, ultime.size() - primo)));
+}
+
 }  // namespace
 
 std::vector<Misura> misura_serie(const VistaEstrazioni& vista, const SerieCorrente& serie, int soglia,
@@ -286,6 +322,25 @@ std::vector<Misura> misura_serie(const VistaEstrazioni& vista, const SerieCorren
         });
     }
     return misure;
+}
+
+std::vector<std::int32_t> ultime_uscite(const VistaEstrazioni& vista, const SerieCorrente& serie,
+                                        int soglia) {
+    std::vector<std::int32_t> ultime(serie.righe());
+    if (soglia <= 0) {
+        cerca_ultime<0>(vista, serie, ultime);
+    } else if (soglia == 1) {
+        cerca_ultime<1>(vista, serie, ultime);
+    } else if (soglia == 2) {
+        cerca_ultime<2>(vista, serie, ultime);
+    } else {
+        // No page asks for more, so this need not be quick.
+        SenzaAvanzamento nessuno;
+        const auto misure = misura_serie(vista, serie, soglia, nessuno);
+        for (std::size_t i = 0; i < misure.size(); ++i)
+            ultime[i] = misure[i].frequenza == 0 ? 0 : misure[i].ultimo;
+    }
+    return ultime;
 }
 
 }  // namespace sortimetra

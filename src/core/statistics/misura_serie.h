@@ -5,6 +5,7 @@
 #include "statistics/misure.h"
 #include "statistics/serie_corrente.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace sortimetra {
@@ -19,5 +20,10 @@ namespace sortimetra {
 /// is returned.
 [[nodiscard]] std::vector<Misura> misura_serie(const VistaEstrazioni& vista, const SerieCorrente& serie,
                                                int soglia, Avanzamento& avanzamento);
+
+/// The draw, counted from 1 in the view, of the last hit of every member, 0 without one: all that a delay
+/// asks for. Hits are those of `misura_serie`.
+[[nodiscard]] std::vector<std::int32_t> ultime_uscite(const VistaEstrazioni& vista,
+                                                      const SerieCorrente& serie, int soglia);
 
 }  // namespace sortimetra

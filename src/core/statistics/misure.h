@@ -35,6 +35,30 @@ constexpr void esce(Misura& m, std::int32_t c) {
     m.ultimo = c;
 }
 
+/// The same in eight bytes, for searches that touch hundreds of thousands of cells at random. Enough for
+/// archives of less than 65,536 draws; `basta` says whether it is.
+struct MisuraBreve {
+    std::uint16_t ultimo = 0;
+    std::uint16_t storico = 0;
+    std::int32_t frequenza = 0;
+
+    MisuraBreve() = default;
+    /// A cell without a hit yet.
+    explicit constexpr MisuraBreve(std::int32_t inizio) : ultimo{static_cast<std::uint16_t>(inizio)} {}
+    explicit constexpr operator Misura() const { return {ultimo, frequenza, storico}; }
+
+    /// Whether so many draws, from that start of `ultimo`, fit: neither ordinals nor delays are above either.
+    [[nodiscard]] static constexpr bool basta(std::size_t estrazioni, std::int32_t inizio) {
+        return estrazioni <= 0xFFFF && inizio >= 0 && inizio <= 0xFFFF;
+    }
+};
+
+constexpr void esce(MisuraBreve& m, std::int32_t c) {
+    ++m.frequenza;
+    m.storico = static_cast<std::uint16_t>(std::max<std::int32_t>(m.storico, c - m.ultimo - 1));
+    m.ultimo = static_cast<std::uint16_t>(c);
+}
+
 /// Start of `ultimo` for numbers, ambi and terni: the first gap comes out as C - T, never above 0 as long as
 /// no more draws are walked than T.
 constexpr std::int32_t inizio_ambata(Estrazioni t) {
@@ -70,15 +94,17 @@ class ScrittoreMisure {
         storico_.valori[riga_] = storico;
         ++riga_;
     }
-    /// Writes one row per measure.
-    void righe(std::span<const Misura> misure, Estrazioni t) {
+    /// Writes one row per measure, in whatever cells it was counted.
+    template <class Celle>
+    void righe(const Celle& misure, Estrazioni t) {
         std::int32_t* __restrict f = frequenza_.valori.data() + riga_;
         std::int32_t* __restrict r = ritardo_.valori.data() + riga_;
         std::int32_t* __restrict s = storico_.valori.data() + riga_;
         for (std::size_t i = 0; i < misure.size(); ++i) {
-            f[i] = misure[i].frequenza;
-            r[i] = sortimetra::ritardo(misure[i], t);
-            s[i] = misure[i].storico;
+            const auto m = static_cast<Misura>(misure[i]);
+            f[i] = m.frequenza;
+            r[i] = sortimetra::ritardo(m, t);
+            s[i] = m.storico;
         }
         riga_ += misure.size();
     }
@@ -107,6 +133,9 @@ class ScrittoreMisure {
 
 /// A table of measures, one row each, with `numeri` as its first column; `eventi` is what they measure.
 [[nodiscard]] Risultato tabella_misure(Colonna numeri, std::span<const Misura> misure, Estrazioni t,
+                                       Eventi eventi = {},
+                                       const std::vector<std::string>& titoli = kTitoliMisure);
+[[nodiscard]] Risultato tabella_misure(Colonna numeri, std::span<const MisuraBreve> misure, Estrazioni t,
                                        Eventi eventi = {},
                                        const std::vector<std::string>& titoli = kTitoliMisure);
 

@@ -2,6 +2,7 @@
 
 #include "draws/ambito.h"
 #include "statistics/cinquine_dei_90.h"
+#include "statistics/misura_combinazioni.h"
 #include "statistics/misura_serie.h"
 #include "statistics/misure.h"
 #include "statistics/parametri.h"
@@ -22,29 +23,28 @@ namespace {
 constexpr std::size_t kMembriMassimi = 5'000'000;
 
 /// The first column: the numbers as they stand in the series, or the short labels of the family.
-Colonna colonna_membri(const SerieCorrente& serie, const Famiglia* famiglia) {
-    if (famiglia == nullptr || famiglia->etichetta == EtichettaMembro::numeri)
-        return ColonnaGruppi{serie.colonne, '.', serie.numeri};
+Colonna colonna_membri(const SerieCorrente& serie, const Famiglia& famiglia) {
+    if (famiglia.etichetta == EtichettaMembro::numeri) return ColonnaGruppi{serie.colonne, '.', serie.numeri};
     ColonnaTesti testi;
     for (std::size_t i = 0; i < serie.righe(); ++i)
-        testi.valori.push_back(etichetta_membro(*famiglia, serie, i));
+        testi.valori.push_back(etichetta_membro(famiglia, serie, i));
     return testi;
 }
 
 Risultato tabella_serie(const VistaEstrazioni& vista, const SerieCorrente& serie, int soglia,
-                        const Famiglia* famiglia, Avanzamento& avanzamento) {
+                        const Famiglia& famiglia, Avanzamento& avanzamento) {
     Eventi eventi{.presenti = static_cast<std::uint8_t>(soglia)};
     Colonna membri = colonna_membri(serie, famiglia);
     if (!std::holds_alternative<ColonnaGruppi>(membri)) {
         eventi.quanti = static_cast<std::uint8_t>(serie.colonne);
         eventi.numeri = serie.numeri;
         // "1/9 (90)": the label tells the 90 of the first decina last.
-        if (famiglia->etichetta == EtichettaMembro::decina)
+        if (famiglia.etichetta == EtichettaMembro::decina)
             std::rotate(eventi.numeri.begin(), eventi.numeri.begin() + 1,
                         eventi.numeri.begin() + static_cast<std::ptrdiff_t>(serie.colonne));
     }
     return tabella_misure(std::move(membri), misura_serie(vista, serie, soglia, avanzamento), vista.t(),
-                          std::move(eventi), titoli_serie(famiglia));
+                          std::move(eventi), titoli_serie(&famiglia));
 }
 
 /// The delay of every member on every wheel of a view, wheel by wheel: entry w * members + i. Read from the
@@ -92,7 +92,7 @@ Risultato decine_a_tutte_le_ruote(const ArchivioEstrazioni& archivio, const Doma
 
     Tabella tabella;
     tabella.titoli = {{"Numeri"}};
-    tabella.colonne.push_back(colonna_membri(serie, &famiglia));
+    tabella.colonne.push_back(colonna_membri(serie, famiglia));
     for (std::size_t w = 0; w <= kRuote; ++w) {
         tabella.titoli.front().emplace_back(kNomiRuote[w < kRuote ? w : kNazionale].codice);
         const auto inizio = ritardi.begin() + static_cast<std::ptrdiff_t>(w * membri);
@@ -156,7 +156,7 @@ Risultato serie_speciali(const ArchivioEstrazioni& archivio, const Domanda& doma
 
     const int soglia = parametri.tipo == 0 ? 1 : 2;
     Risultato r = ogni_ruota ? decine_a_tutte_le_ruote(archivio, domanda, famiglia, serie, soglia)
-                             : tabella_serie(vista, serie, soglia, &famiglia, avanzamento);
+                             : tabella_serie(vista, serie, soglia, famiglia, avanzamento);
     if (r.prodotto && !famiglia.descrizione.empty())
         r.etichette.push_back({"descrizione", std::string{famiglia.descrizione}});
     return r;
@@ -184,7 +184,11 @@ Risultato scomposizione(const ArchivioEstrazioni& archivio, const Domanda& doman
     const int k = parametri.sorte;
     if (k >= 1 && quante_combinazioni(numeri.size(), static_cast<std::size_t>(k)) > kMembriMassimi)
         return non_avviata({Avviso::troppe_combinazioni, "Troppe combinazioni: scegliere meno numeri"});
-    return tabella_serie(vista, scomposizione_gruppo(numeri, k), parametri.tipo + 1, nullptr, avanzamento);
+    SerieCorrente serie = scomposizione_gruppo(numeri, k);
+    const int soglia = parametri.tipo + 1;
+    const auto misure = misura_combinazioni(vista, numeri, serie, soglia, avanzamento);
+    return tabella_misure(ColonnaGruppi{serie.colonne, '.', std::move(serie.numeri)}, misure, vista.t(),
+                          {.presenti = static_cast<std::uint8_t>(soglia)}, titoli_serie(nullptr));
 }
 
 }  // namespace sortimetra

@@ -1,11 +1,13 @@
 #include "stores/aggiorna.h"
 
 #include "draws/calendario.h"
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/file_jet.h"
 #include "stores/numerazione.h"
 #include "stores/pubblicati.h"
+#include "text/ora.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -138,7 +140,7 @@ Estratta estratta(const RigaSuperEnalotto& r) {
 
 Estratta estratta(const RigaWinForLife& r) {
     Estratta e{.concorso = r.concorso,
-               .quando = {.data = r.data, .minuti = minuti_ora(rifila(r.ora)).value_or(0)}};
+               .quando = {.data = r.data, .minuti = leggi_ora(rifila(r.ora)).value_or(0)}};
     std::copy(r.numeri.begin(), r.numeri.end(), e.numeri.begin());
     return e;
 }
@@ -330,19 +332,19 @@ bool jet(const Fonte& fonte) {
 
 /// What the archive holds of the games that arrived; an empty one where there is none.
 std::expected<ArchivioEstrazioni, ErroreArchivio> apri_presente(
-    const std::filesystem::path& percorso_archivio, unsigned tabelle) {
+    const std::filesystem::path& percorso_archivio, unsigned tabelle, ModoApertura modo) {
     const unsigned presenti = tabelle_presenti(percorso_archivio);
     if (presenti == 0) return ArchivioEstrazioni{};
     // Of the other file the smallest table, to know whether it is simulated, or Jet. It may be damaged: that
     // is no reason not to update this one.
     const unsigned altra = (tabelle & kTabelleDrawit) == 0 ? kTabellaNazionale : kTabellaWinForLife;
-    auto archivio = apri_archivio(percorso_archivio, (tabelle | altra) & presenti);
+    auto archivio = apri_archivio(percorso_archivio, (tabelle | altra) & presenti, modo);
     if (!archivio && (tabelle & presenti) != 0)
-        archivio = apri_archivio(percorso_archivio, tabelle & presenti);
+        archivio = apri_archivio(percorso_archivio, tabelle & presenti, modo);
     if (!archivio) return archivio;
     // The native store begins with all that the Jet files hold.
     if (jet(archivio->drawit()) || jet(archivio->drawit2()))
-        archivio = apri_archivio(percorso_archivio, presenti);
+        archivio = apri_archivio(percorso_archivio, presenti, modo);
     return archivio;
 }
 
@@ -372,7 +374,7 @@ RigheArchivio righe_di(const ArchivioEstrazioni& a) {
     }
     const TabellaWinForLife& w = a.winforlife();
     for (std::size_t i = 0; i < w.concorso.size(); ++i)
-        righe.winforlife.push_back({w.concorso[i], w.data[i], w.ora[i], w.numeri[i]});
+        righe.winforlife.push_back({w.concorso[i], w.data[i], std::string{w.ora[i]}, w.numeri[i]});
     return righe;
 }
 
@@ -729,11 +731,18 @@ std::expected<Proposta, ErroreArchivio> proponi(const std::filesystem::path& per
     const RigheArchivio& r = arrivate.righe;
     const unsigned tabelle = (r.lotto.empty() && r.superenalotto.empty() ? 0U : kTabelleDrawit) |
                              (r.winforlife.empty() ? 0U : unsigned{kTabellaWinForLife});
-    const auto presente = apri_presente(percorso_archivio, tabelle);
+    auto presente = apri_presente(percorso_archivio, tabelle, {.copia = true});
+    // Draws that lack in the archive's midst are damage; they may be just what arrived.
+    std::optional<ErroreArchivio> danno;
+    if (!presente) {
+        danno = presente.error();
+        presente = apri_presente(percorso_archivio, tabelle, {.esamina = false});
+    }
     if (!presente) return std::unexpected(presente.error());
     if (!avanzamento.procedi(1, 2)) return rifiuta({}, std::string{kAnnullata});
     if (auto esito = Proponente{p, *presente, arrivate}.tutti(); !esito)
         return std::unexpected(std::move(esito.error()));
+    if (danno && p.niente_di_nuovo()) return std::unexpected(std::move(*danno));
     if (!avanzamento.procedi(2, 2)) return rifiuta({}, std::string{kAnnullata});
     return p;
 }

@@ -1,5 +1,7 @@
 #include "stores/apertura.h"
 
+#include "draws/esame.h"
+#include "files/file_sicuro.h"
 #include "stores/intento.h"
 #include "stores/negozio_jet.h"
 #include "stores/negozio_nativo.h"
@@ -13,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace sortimetra {
@@ -75,22 +78,65 @@ bool nativo(const std::filesystem::path& file) {
     return minuscolo(file.extension().string()) == ".db";
 }
 
-/// The wanted tables of a chosen file; nothing without one.
-std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_scelto(const std::optional<Scelto>& scelto,
-                                                                         unsigned tabelle) {
-    if (!scelto) return std::nullopt;
+/// The wanted tables of a chosen file, read row by row.
+std::expected<RigheConFonte, ErroreArchivio> leggi_righe(const Scelto& scelto, unsigned tabelle) {
     const auto col_suo_nome = [&](ErroreArchivio errore) {
-        if (errore.file == scelto->da_leggere) errore.file = scelto->file;
+        if (errore.file == scelto.da_leggere) errore.file = scelto.file;
         return std::unexpected(std::move(errore));
     };
-    if (nativo(scelto->file)) {
-        auto letti = leggi_nativo(scelto->da_leggere, tabelle);
+    if (nativo(scelto.file)) {
+        auto letti = leggi_nativo(scelto.da_leggere, tabelle);
         if (!letti) return col_suo_nome(std::move(letti.error()));
-        return RigheConFonte{std::move(letti->righe), {scelto->file, letti->simulato}};
+        return RigheConFonte{std::move(letti->righe), {scelto.file, letti->simulato}};
     }
-    auto righe = leggi_jet(scelto->da_leggere, tabelle);
+    auto righe = leggi_jet(scelto.da_leggere, tabelle);
     if (!righe) return col_suo_nome(std::move(righe.error()));
-    return RigheConFonte{std::move(*righe), {scelto->file, false}};
+    return RigheConFonte{std::move(*righe), {scelto.file, false}};
+}
+
+/// The tables of one of the two database files.
+struct FileAperto {
+    TabelleArchivio tabelle{};
+    Fonte fonte{};
+};
+
+/// Takes the tables of `bit` from `da`.
+void prendi_tabelle(TabelleArchivio& dove, const TabelleArchivio& da, unsigned bit) {
+    if ((bit & kTabellaLotto) != 0) dove.lotto = da.lotto;
+    if ((bit & kTabellaNazionale) != 0) dove.nazionale = da.nazionale;
+    if ((bit & kTabellaSuperEnalotto) != 0) dove.superenalotto = da.superenalotto;
+    if ((bit & kTabellaWinForLife) != 0) dove.winforlife = da.winforlife;
+}
+
+/// The same with the packed copy: what it lacks is read from the store, and the copy is made anew with that.
+std::expected<FileAperto, ErroreArchivio> apri_con_copia(const Scelto& scelto, unsigned tabelle,
+                                                         const ModoApertura& modo) {
+    // A file that is still to get its name has no copy of its own.
+    const auto& file = scelto.file;
+    const bool con_copia = modo.copia && scelto.da_leggere == file;
+    // Judged before the reading: what is written meanwhile is younger than this.
+    const auto identita = con_copia ? identita_negozio(file) : std::nullopt;
+    const bool si_copia = identita && !appena_cambiato(*identita);
+    auto copia = identita ? leggi_copia(file, *identita, tabelle, modo.tenuta) : std::nullopt;
+    ContenutoCopia contenuto = std::move(copia).value_or(ContenutoCopia{});
+    if (const unsigned mancano = tabelle & ~contenuto.tabelle; mancano != 0) {
+        auto letti = leggi_righe(scelto, mancano);
+        if (!letti) return std::unexpected(std::move(letti.error()));
+        const bool simulato = letti->fonte.simulato;
+        const auto composto =
+            ArchivioEstrazioni::componi(std::move(letti->righe), letti->fonte, letti->fonte);
+        if (!composto) return std::unexpected(composto.error());
+        // What the copy held is of the same state of the store, unless that changed meanwhile.
+        const bool immutato = si_copia && identita_negozio(file) == identita;
+        if (contenuto.tabelle != 0 && !immutato) return apri_con_copia(scelto, tabelle, {.copia = false});
+        prendi_tabelle(contenuto.contenuto, composto->tabelle(), mancano);
+        contenuto.tabelle |= mancano;
+        contenuto.simulato = simulato;
+        if (immutato) (void)scrivi_copia(file, *identita, contenuto);
+    }
+    FileAperto aperto{.fonte = {file, contenuto.simulato}};
+    prendi_tabelle(aperto.tabelle, contenuto.contenuto, tabelle);
+    return aperto;
 }
 
 /// Which file stands at a place, by what no two files share.
@@ -109,7 +155,15 @@ Impronta impronta(const std::optional<Scelto>& scelto) {
     return {stato.st_dev, stato.st_ino, stato.st_mtim};
 }
 
-using Letto = std::expected<std::optional<RigheConFonte>, ErroreArchivio>;
+using Letto = std::expected<std::optional<FileAperto>, ErroreArchivio>;
+/// The wanted tables of a chosen file; nothing without one.
+Letto apri_scelto(const std::optional<Scelto>& scelto, unsigned tabelle, const ModoApertura& modo) {
+    if (!scelto) return std::nullopt;
+    auto aperto = apri_con_copia(*scelto, tabelle, modo);
+    if (!aperto) return std::unexpected(std::move(aperto.error()));
+    return std::move(*aperto);
+}
+
 struct Letti {
     Letto drawit;
     Letto drawit2;
@@ -118,7 +172,7 @@ struct Letti {
 /// Both files as they were at one moment. A change that another program makes takes the few milliseconds of
 /// two renames, so that the second look is already a rarity.
 std::expected<Letti, ErroreArchivio> leggi_insieme(const std::filesystem::path& cartella, unsigned in_drawit,
-                                                   unsigned in_drawit2) {
+                                                   unsigned in_drawit2, const ModoApertura& modo) {
     constexpr int kSguardi = 20;
     for (int sguardo = 1;; ++sguardo) {
         const auto sospeso = concludi_sospeso(cartella);
@@ -129,56 +183,56 @@ std::expected<Letti, ErroreArchivio> leggi_insieme(const std::filesystem::path& 
         const auto uno = scegli(kNomiDrawit, in_drawit);
         const auto due = scegli(kNomiDrawit2, in_drawit2);
         const auto prima = std::pair{impronta(uno), impronta(due)};
-        Letti letti{.drawit = leggi_scelto(uno, in_drawit), .drawit2 = leggi_scelto(due, in_drawit2)};
+        Letti letti{.drawit = apri_scelto(uno, in_drawit, modo),
+                    .drawit2 = apri_scelto(due, in_drawit2, modo)};
         const bool fermo =
             std::pair{impronta(uno), impronta(due)} == prima && cambio_sospeso(cartella) == !sospeso->empty();
         if (fermo || sguardo == kSguardi) return letti;
     }
 }
 
-/// One of the two files alone.
-Letto leggi_uno(const std::filesystem::path& cartella, const NomiFile& nomi, unsigned tabelle) {
+/// One of the two files alone, row by row.
+std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_uno(const std::filesystem::path& cartella,
+                                                                      const NomiFile& nomi,
+                                                                      unsigned tabelle) {
     const auto sospeso = concludi_sospeso(cartella);
     if (!sospeso) return std::unexpected(sospeso.error());
-    return leggi_scelto(tabelle == 0 ? std::nullopt : piu_recente(cartella, nomi, *sospeso), tabelle);
+    const auto scelto = tabelle == 0 ? std::nullopt : piu_recente(cartella, nomi, *sospeso);
+    if (!scelto) return std::nullopt;
+    auto letti = leggi_righe(*scelto, tabelle);
+    if (!letti) return std::unexpected(std::move(letti.error()));
+    return std::move(*letti);
 }
 
 ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi) {
+    if (auto negata = cartella_negata(cartella)) return std::move(*negata);
     std::error_code errore;
     if (!std::filesystem::is_directory(cartella, errore))
         return {cartella, std::filesystem::exists(cartella, errore) ? "non è una cartella"
                                                                     : "la cartella dell'archivio non c'è"};
-    // A folder that cannot be listed is not a folder without an archive.
-    const std::filesystem::directory_iterator elenco{cartella, errore};
-    if (errore) return {cartella, "la cartella dell'archivio non si può leggere"};
     return {cartella, fmt::format("non vi si trova né {} né {}", nomi[0], nomi[1])};
 }
 
 }  // namespace
 
 std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
-    const std::filesystem::path& percorso_archivio, unsigned tabelle) {
+    const std::filesystem::path& percorso_archivio, unsigned tabelle, ModoApertura modo) {
     const unsigned in_drawit = tabelle & kTabelleDrawit;
     const unsigned in_drawit2 = tabelle & kTabellaWinForLife;
-    auto letti = leggi_insieme(percorso_archivio, in_drawit, in_drawit2);
+    auto letti = leggi_insieme(percorso_archivio, in_drawit, in_drawit2, modo);
     if (!letti) return std::unexpected(std::move(letti.error()));
     auto& [drawit, drawit2] = *letti;
     if (!drawit) return std::unexpected(std::move(drawit.error()));
     if (!drawit2) return std::unexpected(std::move(drawit2.error()));
     if (!*drawit && !*drawit2)
         return std::unexpected(manca(percorso_archivio, in_drawit != 0 ? kNomiDrawit : kNomiDrawit2));
-    RigheArchivio righe;
-    Fonte fonte;
-    Fonte fonte2;
-    if (*drawit) {
-        righe = std::move((*drawit)->righe);
-        fonte = std::move((*drawit)->fonte);
-    }
-    if (*drawit2) {
-        righe.winforlife = std::move((*drawit2)->righe.winforlife);
-        fonte2 = std::move((*drawit2)->fonte);
-    }
-    return ArchivioEstrazioni::componi(std::move(righe), std::move(fonte), std::move(fonte2));
+    FileAperto primo = std::move(*drawit).value_or(FileAperto{});
+    FileAperto secondo = std::move(*drawit2).value_or(FileAperto{});
+    primo.tabelle.winforlife = std::move(secondo.tabelle.winforlife);
+    ArchivioEstrazioni archivio{std::move(primo.tabelle), std::move(primo.fonte), std::move(secondo.fonte)};
+    if (modo.esamina)
+        if (auto danno = primo_danno(archivio)) return std::unexpected(std::move(*danno));
+    return archivio;
 }
 
 std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
@@ -200,6 +254,16 @@ FileLetti file_letti(const std::filesystem::path& percorso_archivio) {
         return std::move(scelto->file);
     };
     return {file(kNomiDrawit), file(kNomiDrawit2)};
+}
+
+std::optional<ErroreArchivio> cartella_negata(const std::filesystem::path& percorso_archivio) {
+    // A folder that cannot be listed is not a folder without an archive.
+    std::error_code errore;
+    const std::filesystem::directory_iterator elenco{percorso_archivio, errore};
+    if (!errore || errore == std::errc::no_such_file_or_directory || errore == std::errc::not_a_directory)
+        return std::nullopt;
+    return ErroreArchivio{percorso_archivio, fmt::format("la cartella dell'archivio non si può leggere: {}",
+                                                         motivo_sistema(errore.value()))};
 }
 
 unsigned tabelle_presenti(const std::filesystem::path& percorso_archivio) {

@@ -2,6 +2,7 @@
 
 #include "draws/archivio.h"
 #include "files/errore.h"
+#include "stores/copia_compatta.h"
 
 #include <expected>
 #include <filesystem>
@@ -18,6 +19,16 @@ enum Tabelle : unsigned {
     kTutteLeTabelle = 15U,
 };
 
+/// How an archive is opened.
+struct ModoApertura {
+    /// Take a table from the packed copy of its store where that fits, and make the copy where it does not
+    /// (copia_compatta.h). The answers are the same either way.
+    bool copia = false;
+    /// Draws that cannot be true are damage (draws/esame.h). Off for who examines them by himself.
+    bool esamina = true;
+    Tenuta tenuta = Tenuta::mappata;
+};
+
 /// Opens the archive in `percorso_archivio`: the native files `drawit.db` and `drawit2.db`, or the Jet files
 /// `drawit.mdb` and `drawit2.mdb`; where both are there the newer one is read. Only the files that hold a
 /// wanted table are opened, and never written. Names are matched without regard to case. A change of the
@@ -27,9 +38,11 @@ enum Tabelle : unsigned {
 /// A wanted file that is missing is an error, unless the other one is wanted too and is there: then its
 /// tables are empty.
 ///
-/// Errors name the file and the reason: missing, unreadable, locked, empty, truncated, foreign, damaged.
+/// Errors name the file and the reason: missing, unreadable, locked, empty, truncated, foreign, damaged; also
+/// what the draws themselves say to be damage (`primo_danno` of draws/esame.h).
 [[nodiscard]] std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
-    const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle);
+    const std::filesystem::path& percorso_archivio, unsigned tabelle = kTutteLeTabelle,
+    ModoApertura modo = {});
 
 /// Rows of one of the two database files as its store has them, not yet checked against each other, and where
 /// they came from.
@@ -53,6 +66,10 @@ struct FileLetti {
 
 /// The tables whose file is in the folder, sound or not: what can be asked of `apri_archivio` there.
 [[nodiscard]] unsigned tabelle_presenti(const std::filesystem::path& percorso_archivio);
+
+/// Why it cannot even be said what the folder holds: it, or a folder above it, lets nobody look. Nothing
+/// where the folder can be listed or is not there.
+[[nodiscard]] std::optional<ErroreArchivio> cartella_negata(const std::filesystem::path& percorso_archivio);
 
 /// Whether the folder holds any of the four files.
 [[nodiscard]] bool contiene_archivio(const std::filesystem::path& percorso_archivio);

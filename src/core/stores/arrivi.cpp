@@ -4,6 +4,7 @@
 #include "stores/moduli_arrivi.h"
 #include "stores/numerazione.h"
 #include "stores/pubblicati.h"
+#include "text/ora.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -50,7 +51,7 @@ Chiave chiave(const RigaSuperEnalotto& r) {
     return {r.data, 0};
 }
 Chiave chiave(const RigaWinForLife& r) {
-    return {r.data, minuti_ora(rifila(r.ora)).value_or(0)};
+    return {r.data, leggi_ora(rifila(r.ora)).value_or(0)};
 }
 
 bool stessi_numeri(const RigaSuperEnalotto& a, const RigaSuperEnalotto& b) {

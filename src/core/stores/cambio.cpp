@@ -1,10 +1,12 @@
 #include "stores/cambio.h"
 
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "files/passi_disco.h"
 #include "stores/apertura.h"
 #include "stores/intento.h"
 #include "stores/laterali.h"
+#include "stores/limiti.h"
 #include "stores/negozio_nativo.h"
 
 #include <fmt/core.h>
@@ -248,10 +250,12 @@ ArchivioAttuale CambioArchivio::leggi(unsigned tabelle) const {
 std::expected<void, ErroreArchivio> CambioArchivio::scrivi(const NuovoArchivio& nuovo,
                                                            Avanzamento& avanzamento) {
     // An archive that would be refused at the next opening is not written at all.
-    if (auto prova = ArchivioEstrazioni::componi(nuovo.righe, {cartella_, nuovo.simulato},
-                                                 {cartella_, nuovo.simulato});
-        !prova)
-        return std::unexpected(std::move(prova.error()));
+    if (auto perche = oltre_i_limiti(nuovo.righe))
+        return std::unexpected(ErroreArchivio{cartella_, std::move(*perche)});
+    const auto prova =
+        ArchivioEstrazioni::componi(nuovo.righe, {cartella_, nuovo.simulato}, {cartella_, nuovo.simulato});
+    if (!prova) return std::unexpected(prova.error());
+    if (auto danno = primo_danno(*prova)) return std::unexpected(std::move(*danno));
     const std::array destini{nuovo.drawit, nuovo.drawit2};
     const RigheArchivio& r = nuovo.righe;
     const std::array righe{

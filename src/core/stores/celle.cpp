@@ -35,9 +35,6 @@ constexpr std::array<FormaTabella, 1> kDrawit2{{{kTabellaWinForLife, "archivio",
 
 /// Day 0 of the calendar in which Jet counts.
 constexpr sys_days kGiornoZero{year{1899} / 12 / 30};
-/// A draw outside of these years is damage, not a draw.
-constexpr Data kPrimaData{year{1800} / 1 / 1};
-constexpr Data kUltimaData{year{2999} / 12 / 31};
 
 std::string come_testo(const Cella& c) {
     switch (c.tipo) {
@@ -48,6 +45,8 @@ std::string come_testo(const Cella& c) {
         case Cella::Tipo::Reale:
         case Cella::Tipo::Momento:
             return fmt::format("{}", c.reale);
+        case Cella::Tipo::Guasta:
+            return "?";
         case Cella::Tipo::Testo:
             break;
     }
@@ -58,13 +57,17 @@ std::string come_testo(const Cella& c) {
     return testo;
 }
 
-/// The whole number that a cell begins with; nothing for an empty or blank one.
+/// A number that is no draw's and no concorso's.
+constexpr std::int64_t kNessuno = INT64_MAX;
+
+/// The whole number that a cell begins with; nothing for an empty or blank one, `kNessuno` for a cell that
+/// holds something else than a number: a part of one, a moment.
 std::optional<std::int64_t> intero(const Cella& c) {
     switch (c.tipo) {
         case Cella::Tipo::Intero:
             return c.intero;
         case Cella::Tipo::Reale:
-            if (!(std::abs(c.reale) < 1e15)) return INT64_MAX;
+            if (!(std::abs(c.reale) < 1e15) || c.reale != std::floor(c.reale)) return kNessuno;
             return static_cast<std::int64_t>(c.reale);
         case Cella::Tipo::Testo: {
             const std::string_view t = c.testo;
@@ -74,8 +77,10 @@ std::optional<std::int64_t> intero(const Cella& c) {
             if (rifila(t).empty()) return std::nullopt;
             return valore_iniziale(t);
         }
-        default:
+        case Cella::Tipo::Vuota:
             return std::nullopt;
+        default:
+            return kNessuno;
     }
 }
 
@@ -117,6 +122,21 @@ std::optional<int> ruota(const Cella& c) {
     return indice_ruota(codice);
 }
 
+const Cella& cella_concorso(const FormaTabella& forma, std::span<const Cella> celle) {
+    return forma.bit == kTabellaWinForLife ? celle.front() : celle.back();
+}
+
+/// What to say of the first cell that its store could not read; nothing if it read them all.
+std::optional<std::string> cella_guasta(const FormaTabella& forma, std::span<const Cella> celle) {
+    const auto guasta = std::find_if(celle.begin(), celle.end(),
+                                     [](const Cella& c) { return c.tipo == Cella::Tipo::Guasta; });
+    if (guasta == celle.end()) return std::nullopt;
+    const auto c = concorso(cella_concorso(forma, celle));
+    return fmt::format("tabella {}{}: la cella \"{}\" non si legge, il file è danneggiato", forma.nome,
+                       c ? fmt::format(", concorso {}", *c) : std::string{},
+                       forma.colonne[static_cast<std::size_t>(guasta - celle.begin())]);
+}
+
 /// Clock text. A store that keeps hours as moments gives "8:00".
 std::string ora(const Cella& c) {
     if (c.tipo == Cella::Tipo::Testo) return std::string{c.testo};
@@ -156,7 +176,7 @@ std::optional<Data> LettoreRighe::data(const Cella& c) {
         return letta;
     }
     double giorno = c.reale;
-    if (c.tipo == Cella::Tipo::Vuota) return std::nullopt;
+    if (c.tipo == Cella::Tipo::Vuota || c.tipo == Cella::Tipo::Guasta) return std::nullopt;
     if (c.tipo == Cella::Tipo::Intero) giorno = static_cast<double>(c.intero);
     if (momento_letto_ && giorno == momento_) return data_momento_;
     // Before day 0 the whole part still names the day and the fraction counts away from 0.
@@ -170,13 +190,20 @@ std::optional<Data> LettoreRighe::data(const Cella& c) {
 }
 
 std::optional<std::string> LettoreRighe::aggiungi(const FormaTabella& forma, std::span<const Cella> celle) {
+    auto errore = interpreta(forma, celle);
+    // Of a row that cannot be true, a cell that could not even be read is the better news.
+    if (errore)
+        if (auto guasta = cella_guasta(forma, celle)) return guasta;
+    return errore;
+}
+
+std::optional<std::string> LettoreRighe::interpreta(const FormaTabella& forma, std::span<const Cella> celle) {
     const bool wfl = forma.bit == kTabellaWinForLife;
-    const Cella& cella_concorso = wfl ? celle.front() : celle.back();
     const Cella& cella_data = celle[wfl ? 1 : 0];
-    const auto c = concorso(cella_concorso);
+    const auto c = concorso(cella_concorso(forma, celle));
     if (!c)
         return fmt::format("tabella {}: trovato il concorso \"{}\", atteso un numero da 1 in su", forma.nome,
-                           come_testo(cella_concorso));
+                           come_testo(cella_concorso(forma, celle)));
     const auto giorno = data(cella_data);
     if (!giorno)
         return fmt::format("tabella {}, concorso {}: trovata la data \"{}\", attesa la data dell'estrazione",
@@ -208,6 +235,7 @@ std::optional<std::string> LettoreRighe::aggiungi(const FormaTabella& forma, std
         }
         default: {
             RigaWinForLife r{.concorso = *c, .data = *giorno};
+            if (celle[2].tipo == Cella::Tipo::Guasta) return "ora";  // `cella_guasta` says the rest
             r.ora = ora(celle[2]);
             if (auto errore = numeri(forma, *c, celle.subspan(3), r.numeri)) return errore;
             righe_.winforlife.push_back(std::move(r));

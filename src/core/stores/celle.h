@@ -22,7 +22,8 @@ struct Cella {
         Intero,
         Reale,
         Testo,
-        Momento  ///< `reale` counts days from 30 December 1899, the time of day is the fraction
+        Momento,  ///< `reale` counts days from 30 December 1899, the time of day is the fraction
+        Guasta    ///< something stands there that the store itself cannot read
     };
     Tipo tipo = Tipo::Vuota;
     std::int64_t intero = 0;
@@ -56,6 +57,8 @@ class LettoreRighe {
                                                       std::span<const Cella> celle);
 
   private:
+    [[nodiscard]] std::optional<std::string> interpreta(const FormaTabella& forma,
+                                                        std::span<const Cella> celle);
     [[nodiscard]] std::optional<Data> data(const Cella& cella);
 
     RigheArchivio& righe_;

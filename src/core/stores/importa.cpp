@@ -1,10 +1,12 @@
 #include "stores/importa.h"
 
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/cambio.h"
 #include "stores/dimostrazione.h"
 #include "stores/file_jet.h"
+#include "stores/limiti.h"
 #include "stores/negozio_jet.h"
 #include "stores/numerazione.h"
 #include "stores/perdite.h"
@@ -23,6 +25,9 @@
 namespace sortimetra {
 
 namespace {
+
+/// Bytes of a published file: thirty times those of a century and a half of draws.
+constexpr std::size_t kTestoMassimo = std::size_t{64} << 20;
 
 /// A stretch of a longer way: reports what is done of the stretch as what is done of the whole.
 class TrattoAvanzamento final : public Avanzamento {
@@ -73,7 +78,7 @@ std::expected<Testi, ErroreArchivio> leggi_testi(const FilePubblicati& file, Ava
     std::array<std::size_t, 4> inizio{};
     for (std::size_t i = 0; i < percorsi.size(); ++i) {
         if (*percorsi[i]) {
-            auto letto = leggi_file(**percorsi[i]);
+            auto letto = leggi_file(**percorsi[i], kTestoMassimo);
             if (!letto) return std::unexpected(std::move(letto.error()));
             byte[i] = std::move(*letto);
         }

@@ -1,26 +1,20 @@
 #include "stores/negozio_jet.h"
 
+#include "files/descrittore.h"
 #include "files/file_sicuro.h"
 #include "files/sessione.h"
 #include "stores/apertura.h"
 #include "stores/celle.h"
+#include "stores/processo_lettore.h"
 #include "stores/protocollo.h"
 
 #include <fcntl.h>
 #include <fmt/core.h>
-#include <poll.h>
-#include <spawn.h>
 #include <sys/file.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <array>
 #include <bit>
 #include <cerrno>
-#include <chrono>
-#include <csignal>
-#include <cstdlib>
-#include <cstring>
 #include <optional>
 #include <span>
 #include <utility>
@@ -30,47 +24,11 @@ namespace sortimetra {
 
 namespace {
 
-using std::chrono::milliseconds;
-using std::chrono::steady_clock;
-
 constexpr std::string_view kLettore = "sortimetra-lettore-jet";
 /// A Jet file cannot be larger than this; the real ones have a few megabytes.
 constexpr std::uint64_t kGrandezzaMassima = std::uint64_t{1} << 30;
-/// The real archive takes a twentieth of a second.
-constexpr milliseconds kTempoMassimo{10'000};
-/// The real archive writes less than 2 MB.
-constexpr std::size_t kUscitaMassima = std::size_t{1} << 28;
 
 // ---- the file, before anything reads it ----
-
-class Descrittore {
-  public:
-    explicit Descrittore(int d) : d_{d} {}
-    Descrittore(Descrittore&& altro) noexcept : d_{std::exchange(altro.d_, -1)} {}
-    Descrittore& operator=(Descrittore&& altro) noexcept {
-        std::swap(d_, altro.d_);
-        return *this;
-    }
-    Descrittore(const Descrittore&) = delete;
-    Descrittore& operator=(const Descrittore&) = delete;
-    ~Descrittore() { chiudi(); }
-    void chiudi() {
-        if (d_ >= 0) close(d_);
-        d_ = -1;
-    }
-    [[nodiscard]] int numero() const { return d_; }
-    /// Moves it above the standard three, which a program may have been started without.
-    bool alza() {
-        if (d_ > STDERR_FILENO) return true;
-        const int alto = fcntl(d_, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-        chiudi();
-        d_ = alto;
-        return d_ >= 0;
-    }
-
-  private:
-    int d_;
-};
 
 constexpr std::size_t kIntestazione = 0x18;
 constexpr std::size_t kPostoVersione = 0x14;
@@ -108,95 +66,6 @@ std::optional<std::filesystem::path> trova_lettore() {
     for (const auto& posto : {qui / kLettore, qui / ".." / "libexec" / "sortimetra" / kLettore})
         if (std::filesystem::is_regular_file(posto, errore)) return posto;
     return std::nullopt;
-}
-
-// ---- the reader program ----
-
-struct Processo {
-    pid_t pid = -1;
-    Descrittore uscita{-1};
-};
-
-std::expected<Processo, std::string> avvia(const std::filesystem::path& lettore, const Descrittore& file,
-                                           unsigned tabelle) {
-    const auto fallito = [](int codice) {
-        return std::unexpected(
-            fmt::format("il programma {} non si avvia: {}", kLettore, motivo_sistema(codice)));
-    };
-    std::array<int, 2> tubo{};
-    if (pipe2(tubo.data(), O_CLOEXEC) != 0) return fallito(errno);
-    Descrittore legge{tubo[0]};
-    Descrittore scrive{tubo[1]};
-    if (!legge.alza() || !scrive.alza()) return fallito(errno);
-    // Room for most of the output, so that the two processes seldom wait for each other; no harm if refused.
-    (void)fcntl(legge.numero(), F_SETPIPE_SZ, 1 << 20);
-
-    posix_spawn_file_actions_t azioni;
-    posix_spawnattr_t attributi;
-    posix_spawn_file_actions_init(&azioni);
-    posix_spawnattr_init(&attributi);
-    posix_spawn_file_actions_adddup2(&azioni, file.numero(), STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&azioni, scrive.numero(), STDOUT_FILENO);
-    // The library tells its troubles to standard error, in English and by the thousand.
-    posix_spawn_file_actions_addopen(&azioni, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    sigset_t segnali;
-    sigfillset(&segnali);
-    posix_spawnattr_setsigdefault(&attributi, &segnali);
-    sigemptyset(&segnali);
-    posix_spawnattr_setsigmask(&attributi, &segnali);
-    posix_spawnattr_setflags(&attributi, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-
-    std::string programma = lettore.string();
-    std::string maschera = std::to_string(tabelle);
-    std::array<char*, 3> argomenti{programma.data(), maschera.data(), nullptr};
-    // Nothing of the user's surroundings changes how the file is read; only where libraries are found.
-    std::string lingua = "LC_ALL=C";
-    std::string librerie;
-    std::array<char*, 3> ambiente{lingua.data(), nullptr, nullptr};
-    if (const char* percorso = std::getenv("LD_LIBRARY_PATH")) {
-        librerie = std::string{"LD_LIBRARY_PATH="} + percorso;
-        ambiente[1] = librerie.data();
-    }
-    Processo processo;
-    const int codice =
-        posix_spawn(&processo.pid, programma.c_str(), &azioni, &attributi, argomenti.data(), ambiente.data());
-    posix_spawn_file_actions_destroy(&azioni);
-    posix_spawnattr_destroy(&attributi);
-    if (codice != 0) return fallito(codice);
-    processo.uscita = std::move(legge);
-    return processo;
-}
-
-/// All that the reader writes until it ends. The reader is gone afterwards, whatever happened.
-std::expected<std::string, std::string> raccogli(const Processo& processo) {
-    const auto scadenza = steady_clock::now() + kTempoMassimo;
-    std::string byte;
-    std::size_t letti = 0;
-    std::optional<std::string> errore;
-    while (!errore) {
-        const auto resta = std::chrono::duration_cast<milliseconds>(scadenza - steady_clock::now()).count();
-        pollfd attesa{processo.uscita.numero(), POLLIN, 0};
-        const int pronti = resta <= 0 ? 0 : poll(&attesa, 1, static_cast<int>(resta));
-        if (pronti < 0 && errno == EINTR) continue;
-        if (pronti < 0) errore = "errore di lettura";
-        if (pronti == 0) errore = "il file è danneggiato: la lettura non finisce";
-        if (errore) break;
-        if (byte.size() - letti < (std::size_t{1} << 16))
-            byte.resize(byte.size() * 2 + (std::size_t{1} << 20));
-        const ssize_t n = read(processo.uscita.numero(), byte.data() + letti, byte.size() - letti);
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) errore = "errore di lettura";
-        if (n <= 0) break;
-        letti += static_cast<std::size_t>(n);
-        if (letti > kUscitaMassima) errore = "il file è danneggiato: contiene troppe righe";
-    }
-    if (errore) (void)kill(processo.pid, SIGKILL);
-    int stato = 0;
-    while (waitpid(processo.pid, &stato, 0) < 0 && errno == EINTR) {
-    }
-    if (errore) return std::unexpected(std::move(*errore));
-    byte.resize(letti);
-    return byte;
 }
 
 // ---- what it wrote ----
@@ -285,6 +154,15 @@ std::string motivo(Ingresso& ingresso, std::span<const FormaTabella> forme,
             if (forma != nullptr)
                 return fmt::format("il file è danneggiato: la tabella {} non si legge", forma->nome);
             break;
+        case jet::Errore::Colonna:
+            if (forma != nullptr)
+                return fmt::format("il file è danneggiato: nella tabella {} la definizione {} si contraddice",
+                                   forma->nome,
+                                   colonna ? fmt::format("della colonna \"{}\"", forma->colonne[secondo])
+                                           : std::string{"delle colonne"});
+            break;
+        case jet::Errore::Intestazione:
+            return "il file è danneggiato: la sua intestazione contiene ciò che non può stare";
         case jet::Errore::Troncato:
             return "il file è troncato: alcune tabelle continuano oltre la sua fine";
     }
@@ -301,7 +179,8 @@ bool leggi_cella(Ingresso& ingresso, Cella& cella) {
     }
     switch (marca) {
         case jet::kVuota:
-            cella.tipo = Cella::Tipo::Vuota;
+        case jet::kGuasta:
+            cella.tipo = marca == jet::kVuota ? Cella::Tipo::Vuota : Cella::Tipo::Guasta;
             return true;
         case jet::kIntero:
             cella.tipo = Cella::Tipo::Intero;
@@ -374,9 +253,7 @@ std::expected<RigheArchivio, ErroreArchivio> leggi_jet(const std::filesystem::pa
     const auto lettore = trova_lettore();
     if (!lettore)
         return rifiuta(fmt::format("per leggere i file .mdb serve il programma {}, che manca", kLettore));
-    auto processo = avvia(*lettore, aperto, tabelle);
-    if (!processo) return rifiuta(std::move(processo.error()));
-    auto byte = raccogli(*processo);
+    auto byte = esegui_lettore(*lettore, aperto.numero(), tabelle, limiti_lettore(inizio->grandezza));
     if (!byte) return rifiuta(std::move(byte.error()));
     auto righe = interpreta_lettura_jet(*byte, tabelle);
     if (!righe) return rifiuta(std::move(righe.error()));

@@ -3,6 +3,8 @@
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/celle.h"
+#include "stores/file_accanto.h"
+#include "stores/impronta.h"
 #include "stores/laterali.h"
 #include "text/testi.h"
 
@@ -11,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <span>
@@ -32,6 +35,13 @@ constexpr int kPassiPerControllo = 1 << 20;
 constexpr int kControlliMassimi = 2000;
 /// Longest cell that a table of draws can hold.
 constexpr int kCellaMassima = 1 << 16;
+
+/// What a file says of itself in its header: that we wrote it ("SMTR"), and in which form. A file that has
+/// neither was written before there was such a mark, or by hand, and has no digests to hold it to.
+constexpr std::int64_t kMarchio = 0x534D5452;
+constexpr std::int64_t kVersione = 1;
+/// One row per table of draws: its name, its rows, its digest.
+constexpr std::string_view kTabellaImpronte = "impronte";
 
 struct ChiudiBase {
     void operator()(sqlite3* base) const { sqlite3_close(base); }
@@ -269,6 +279,60 @@ std::expected<bool, std::string> leggi_simulato(sqlite3* base) {
     return valore_iniziale(testo_colonna(cerca->get(), 0)) != 0;
 }
 
+std::expected<std::int64_t, std::string> leggi_numero(sqlite3* base, const char* sql) {
+    auto istruzione = prepara(base, sql);
+    if (!istruzione) return std::unexpected(std::move(istruzione.error()));
+    const int codice = sqlite3_step(istruzione->get());
+    if (codice != SQLITE_ROW) return std::unexpected(motivo(base, codice));
+    return sqlite3_column_int64(istruzione->get(), 0);
+}
+
+/// Whether the file has digests. One that has half of what goes with them is damaged: it must not pass for
+/// one that was written before there were any.
+std::expected<bool, std::string> ha_impronte(sqlite3* base) {
+    const auto marchio = leggi_numero(base, "PRAGMA application_id");
+    if (!marchio) return std::unexpected(marchio.error());
+    const auto versione = leggi_numero(base, "PRAGMA user_version");
+    if (!versione) return std::unexpected(versione.error());
+    const auto tabella = trova_tabella(base, kTabellaImpronte);
+    if (!tabella) return std::unexpected(tabella.error());
+    if (*marchio == kMarchio && *versione > kVersione)
+        return std::unexpected(
+            fmt::format("il file è danneggiato, o scritto da una versione più nuova del programma (forma {}, "
+                        "attesa {})",
+                        *versione, kVersione));
+    if (*marchio == kMarchio && *versione == kVersione && *tabella) return true;
+    if (*marchio == 0 && *versione == 0 && !*tabella) return false;
+    return std::unexpected("il file è danneggiato: mancano i conti delle sue tabelle");
+}
+
+std::expected<ImprontaTabella, std::string> leggi_impronta(sqlite3* base, std::string_view tabella) {
+    auto cerca = prepara(
+        base, fmt::format("SELECT righe, somma FROM {} WHERE tabella = '{}'", kTabellaImpronte, tabella));
+    if (!cerca) return std::unexpected(std::move(cerca.error()));
+    const int codice = sqlite3_step(cerca->get());
+    if (codice == SQLITE_DONE)
+        return std::unexpected(
+            fmt::format("il file è danneggiato: mancano i conti della tabella {}", tabella));
+    if (codice != SQLITE_ROW) return std::unexpected(motivo(base, codice));
+    return ImprontaTabella{static_cast<std::uint64_t>(sqlite3_column_int64(cerca->get(), 0)),
+                           static_cast<std::uint64_t>(sqlite3_column_int64(cerca->get(), 1))};
+}
+
+/// Whether the rows of a table are those that were written.
+std::expected<void, std::string> confronta(sqlite3* base, const FormaTabella& forma,
+                                           const LettiNativo& letti) {
+    const auto scritta = leggi_impronta(base, forma.nome);
+    if (!scritta) return std::unexpected(scritta.error());
+    const ImprontaTabella letta = impronta(letti.righe, forma.bit, letti.simulato);
+    if (letta == *scritta) return {};
+    if (letta.righe != scritta->righe)
+        return std::unexpected(fmt::format("il file è danneggiato: la tabella {} ha {} righe invece di {}",
+                                           forma.nome, letta.righe, scritta->righe));
+    return std::unexpected(
+        fmt::format("il file è danneggiato: la tabella {} non contiene ciò che vi fu scritto", forma.nome));
+}
+
 std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file, unsigned tabelle, int modo) {
     const std::span<const FormaTabella> forme =
         (tabelle & kTabellaWinForLife) != 0 ? tabelle_drawit2() : tabelle_drawit();
@@ -286,15 +350,20 @@ std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file,
     if (auto esito = esegui(base, "PRAGMA cell_size_check=ON; BEGIN"); !esito)
         return std::unexpected(std::move(esito.error()));
     LettiNativo letti;
+    const auto simulato = leggi_simulato(base);
+    if (!simulato) return std::unexpected(simulato.error());
+    letti.simulato = *simulato;
+    const auto impronte = ha_impronte(base);
+    if (!impronte) return std::unexpected(impronte.error());
     LettoreRighe lettore{letti.righe};
     for (const FormaTabella& forma : forme) {
         if ((tabelle & forma.bit) == 0) continue;
         if (auto esito = leggi_tabella(base, forma, lettore); !esito)
             return std::unexpected(std::move(esito.error()));
+        if (!*impronte) continue;
+        if (auto esito = confronta(base, forma, letti); !esito)
+            return std::unexpected(std::move(esito.error()));
     }
-    const auto simulato = leggi_simulato(base);
-    if (!simulato) return std::unexpected(simulato.error());
-    letti.simulato = *simulato;
     return letti;
 }
 
@@ -326,7 +395,7 @@ class Scrittore {
   public:
     static std::expected<Scrittore, std::string> crea(sqlite3* base, std::string_view nome,
                                                       std::span<const std::string_view> colonne) {
-        std::string crea = "CREATE TABLE " + fra_virgolette(nome) + " (";
+        std::string crea = "CREATE TABLE IF NOT EXISTS " + fra_virgolette(nome) + " (";
         std::string riempi = "INSERT INTO " + fra_virgolette(nome) + " VALUES (";
         for (const std::string_view c : colonne) {
             const bool testo = c == "data estrazione" || c == "ruota" || c == "ora";
@@ -378,10 +447,15 @@ class Scrittore {
 /// Rows between two reports of progress.
 constexpr std::size_t kRighePerPasso = 2048;
 
+/// How many rows of each table of a file stand already, by the order of its tables.
+using Scritte = std::array<std::size_t, 3>;
+
 /// The rows of a file that are still to be written, and whom to tell.
 struct Conto {
     Avanzamento& avanzamento;
     std::size_t totale;
+    Scritte da{};  ///< of each table the first row to be written
+    std::size_t tabella = 0;
     std::size_t fatte = 0;
     bool una() {
         ++fatte;
@@ -395,8 +469,8 @@ std::expected<void, std::string> riempi(sqlite3* base, std::string_view nome,
                                         const std::vector<Riga>& righe, Conto& conto, Una una) {
     auto scrittore = Scrittore::crea(base, nome, colonne);
     if (!scrittore) return std::unexpected(std::move(scrittore.error()));
-    for (const Riga& r : righe) {
-        una(*scrittore, r);
+    for (std::size_t i = conto.da[conto.tabella++]; i < righe.size(); ++i) {
+        una(*scrittore, righe[i]);
         if (auto esito = scrittore->riga(); !esito) return esito;
         if (!conto.una()) return std::unexpected(std::string{kAnnullata});
     }
@@ -414,9 +488,9 @@ std::expected<void, std::string> riempi_lotto(sqlite3* base, std::string_view no
     });
 }
 
-std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivio& righe,
+std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivio& righe, const Scritte& da,
                                                Avanzamento& avanzamento) {
-    Conto conto{avanzamento, righe.lotto.size() + righe.nazionale.size() + righe.superenalotto.size()};
+    Conto conto{avanzamento, righe.lotto.size() + righe.nazionale.size() + righe.superenalotto.size(), da};
     if (auto esito = riempi_lotto(base, "archivio", righe.lotto, conto); !esito) return esito;
     if (auto esito = riempi_lotto(base, "archivion", righe.nazionale, conto); !esito) return esito;
     return riempi(base, "archivios", kSuperEnalotto, righe.superenalotto, conto,
@@ -429,9 +503,9 @@ std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivi
                   });
 }
 
-std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchivio& righe,
+std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchivio& righe, const Scritte& da,
                                                 Avanzamento& avanzamento) {
-    Conto conto{avanzamento, righe.winforlife.size()};
+    Conto conto{avanzamento, righe.winforlife.size(), da};
     return riempi(base, "archivio", kWinForLife, righe.winforlife, conto,
                   [](Scrittore& s, const RigaWinForLife& r) {
                       s.numero(r.concorso);
@@ -441,35 +515,114 @@ std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchiv
                   });
 }
 
-using Riempi = std::expected<void, std::string> (*)(sqlite3*, const RigheArchivio&, Avanzamento&);
+/// What one of the two database files holds.
+struct Contenuto {
+    std::span<const FormaTabella> forme;
+    std::expected<void, std::string> (*riempi)(sqlite3*, const RigheArchivio&, const Scritte&, Avanzamento&);
+};
 
+std::expected<void, std::string> scrivi_impronte(sqlite3* base, std::span<const FormaTabella> forme,
+                                                 const RigheArchivio& righe, bool simulato) {
+    std::string sql = fmt::format(
+        "PRAGMA application_id={0}; PRAGMA user_version={1};"
+        "CREATE TABLE IF NOT EXISTS {2} (tabella TEXT, righe INTEGER, somma INTEGER); DELETE FROM {2};",
+        kMarchio, kVersione, kTabellaImpronte);
+    for (const FormaTabella& forma : forme) {
+        const ImprontaTabella i = impronta(righe, forma.bit, simulato);
+        sql += fmt::format("INSERT INTO {} VALUES ('{}', {}, {});", kTabellaImpronte, forma.nome, i.righe,
+                           static_cast<std::int64_t>(i.somma));
+    }
+    return esegui(base, sql.c_str());
+}
+
+/// The first rows of a table, and nothing else.
+RigheArchivio prime_righe(const RigheArchivio& righe, unsigned tabella, std::size_t quante) {
+    RigheArchivio prime;
+    const auto copia = [&](const auto& da, auto& dove) {
+        dove.assign(da.begin(), da.begin() + static_cast<std::ptrdiff_t>(std::min(quante, da.size())));
+    };
+    if (tabella == kTabellaLotto) copia(righe.lotto, prime.lotto);
+    if (tabella == kTabellaNazionale) copia(righe.nazionale, prime.nazionale);
+    if (tabella == kTabellaSuperEnalotto) copia(righe.superenalotto, prime.superenalotto);
+    if (tabella == kTabellaWinForLife) copia(righe.winforlife, prime.winforlife);
+    return prime;
+}
+
+/// What a store holds already of these rows: of each table it has the first ones, by its own digests. Nothing
+/// where it holds anything else.
+std::optional<Scritte> gia_scritte(sqlite3* base, const RigheArchivio& righe, bool simulato,
+                                   const Contenuto& contenuto) {
+    const auto impronte = ha_impronte(base);
+    const auto marcato = leggi_simulato(base);
+    if (!impronte || !*impronte || !marcato || *marcato != simulato) return std::nullopt;
+    Scritte scritte{};
+    for (std::size_t i = 0; i < contenuto.forme.size(); ++i) {
+        const FormaTabella& forma = contenuto.forme[i];
+        const auto scritta = leggi_impronta(base, forma.nome);
+        if (!scritta) return std::nullopt;
+        const auto prime = prime_righe(righe, forma.bit, scritta->righe);
+        if (impronta(prime, forma.bit, simulato) != *scritta) return std::nullopt;
+        scritte[i] = scritta->righe;
+    }
+    return scritte;
+}
+
+/// Writes all rows into an empty file, or those that lack into the copy of a store that holds the first ones:
+/// one draw more costs a tenth of the whole.
 std::expected<void, std::string> scrivi_base(const std::filesystem::path& file, const RigheArchivio& righe,
-                                             bool simulato, Riempi riempi_tabelle, Avanzamento& avanzamento) {
+                                             bool simulato, const Contenuto& contenuto,
+                                             Avanzamento& avanzamento) {
     auto aperta = apri(file, SQLITE_OPEN_READWRITE);
     if (!aperta) return std::unexpected(std::move(aperta.error()));
     sqlite3* base = aperta->get();
+    std::error_code errore;
+    Scritte scritte{};
+    if (std::filesystem::file_size(file, errore) != 0) {
+        const auto trovate = gia_scritte(base, righe, simulato, contenuto);
+        if (!trovate) return std::unexpected(std::string{"contiene altro"});
+        scritte = *trovate;
+    }
     // The file is a temporary that nobody else sees and that is thrown away after any error: no journal.
-    if (auto esito = esegui(base,
-                            "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE;"
-                            "BEGIN; CREATE TABLE proprieta (chiave TEXT PRIMARY KEY, valore TEXT)");
+    if (auto esito =
+            esegui(base,
+                   "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE;"
+                   "BEGIN; CREATE TABLE IF NOT EXISTS proprieta (chiave TEXT PRIMARY KEY, valore TEXT)");
         !esito)
         return esito;
     if (simulato) {
-        if (auto esito = esegui(base, "INSERT INTO proprieta VALUES ('simulato', '1')"); !esito) return esito;
+        if (auto esito = esegui(base, "INSERT OR REPLACE INTO proprieta VALUES ('simulato', '1')"); !esito)
+            return esito;
     }
-    if (auto esito = riempi_tabelle(base, righe, avanzamento); !esito) return esito;
+    if (auto esito = scrivi_impronte(base, contenuto.forme, righe, simulato); !esito) return esito;
+    if (auto esito = contenuto.riempi(base, righe, scritte, avanzamento); !esito) return esito;
     if (auto esito = esegui(base, "COMMIT"); !esito) return esito;
     const int codice = sqlite3_close(aperta.value().release());
     if (codice != SQLITE_OK) return std::unexpected(motivo(nullptr, codice));
     return {};
 }
 
+/// Begins the temporary with the store that stands, if that is one of ours. False leaves it empty.
+bool parti_da(const std::filesystem::path& file, const std::filesystem::path& temporaneo) {
+    if (!esamina(file) || file_accanto_impossibile(file) || ha_laterali(file)) return false;
+    const auto byte = leggi_file(file);
+    if (!byte) return false;
+    std::ofstream flusso{temporaneo, std::ios::binary | std::ios::trunc};
+    flusso.write(byte->data(), static_cast<std::streamsize>(byte->size()));
+    flusso.close();
+    return flusso.good();
+}
+
 std::expected<FileSicuro, ErroreArchivio> prepara_file(const std::filesystem::path& file,
                                                        const RigheArchivio& righe, bool simulato,
-                                                       Riempi riempi_tabelle, Avanzamento& avanzamento) {
+                                                       const Contenuto& contenuto, Avanzamento& avanzamento) {
     auto sicuro = FileSicuro::apri(file);
     if (!sicuro) return sicuro;
-    if (auto esito = scrivi_base(sicuro->temporaneo(), righe, simulato, riempi_tabelle, avanzamento); !esito)
+    const auto& temporaneo = sicuro->temporaneo();
+    if (parti_da(file, temporaneo) && scrivi_base(temporaneo, righe, simulato, contenuto, avanzamento))
+        return sicuro;
+    std::error_code errore;
+    std::filesystem::resize_file(temporaneo, 0, errore);
+    if (auto esito = scrivi_base(temporaneo, righe, simulato, contenuto, avanzamento); !esito)
         return std::unexpected(ErroreArchivio{file, "la scrittura non è riuscita: " + esito.error()});
     return sicuro;
 }
@@ -483,6 +636,7 @@ std::expected<void, ErroreArchivio> conferma(std::expected<FileSicuro, ErroreArc
 
 std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::path& file, unsigned tabelle) {
     if (auto esito = esamina(file); !esito) return std::unexpected(std::move(esito.error()));
+    if (auto accanto = file_accanto_impossibile(file)) return std::unexpected(std::move(*accanto));
     auto letti = leggi_o_ripara(file, tabelle);
     if (!letti) return std::unexpected(ErroreArchivio{file, std::move(letti.error())});
     return std::move(*letti);
@@ -491,13 +645,13 @@ std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::p
 std::expected<FileSicuro, ErroreArchivio> prepara_drawit(const std::filesystem::path& file,
                                                          const RigheArchivio& righe, bool simulato,
                                                          Avanzamento& avanzamento) {
-    return prepara_file(file, righe, simulato, riempi_drawit, avanzamento);
+    return prepara_file(file, righe, simulato, {tabelle_drawit(), riempi_drawit}, avanzamento);
 }
 
 std::expected<FileSicuro, ErroreArchivio> prepara_drawit2(const std::filesystem::path& file,
                                                           const RigheArchivio& righe, bool simulato,
                                                           Avanzamento& avanzamento) {
-    return prepara_file(file, righe, simulato, riempi_drawit2, avanzamento);
+    return prepara_file(file, righe, simulato, {tabelle_drawit2(), riempi_drawit2}, avanzamento);
 }
 
 std::expected<void, ErroreArchivio> scrivi_drawit(const std::filesystem::path& file,

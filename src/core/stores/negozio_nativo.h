@@ -12,6 +12,10 @@ namespace sortimetra {
 
 /// Rows of a native (SQLite) file and whether it is the simulated archive. `tabelle` as in apertura.h; for
 /// `drawit2.db` only `kTabellaWinForLife` has a meaning.
+///
+/// Each wanted table is held to the number of rows and to the digest (impronta.h) that were written with it:
+/// a table in which anything has changed since is an error that names it. A file from before there were
+/// digests, or made by hand, is taken as it is.
 struct LettiNativo {
     RigheArchivio righe;
     bool simulato = false;
@@ -20,7 +24,8 @@ struct LettiNativo {
                                                                       unsigned tabelle);
 
 /// Writes `drawit.db` (the three tables of Lotto and SuperEnalotto) or `drawit2.db` (Win for Life), whole: to
-/// a temporary file beside it, then renamed. Tables and column order are those of the Jet files.
+/// a temporary file beside it, then renamed. Tables and column order are those of the Jet files; the table
+/// `impronte` says what is in each.
 [[nodiscard]] std::expected<void, ErroreArchivio> scrivi_drawit(const std::filesystem::path& file,
                                                                 const RigheArchivio& righe, bool simulato);
 [[nodiscard]] std::expected<void, ErroreArchivio> scrivi_drawit2(const std::filesystem::path& file,

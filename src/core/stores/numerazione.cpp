@@ -1,5 +1,7 @@
 #include "stores/numerazione.h"
 
+#include "draws/esame.h"
+
 #include <fmt/core.h>
 
 #include <algorithm>

@@ -34,7 +34,4 @@ struct GiornoConcorso {
                                                             std::vector<GiornoConcorso> giorni,
                                                             std::set<Concorso> presi);
 
-/// A SuperEnalotto draw without a Lotto draw on its day looks this far around for a concorso.
-inline constexpr std::chrono::days kGiorniVicini{5};
-
 }  // namespace sortimetra

@@ -30,6 +30,7 @@ enum Marca : std::uint8_t {
     kIntero = 1,     ///< i32
     kReale = 2,      ///< f64
     kMomento = 3,    ///< f64, days from 30 December 1899
+    kGuasta = 4,     ///< something stands there, but not what the column can hold
     kTesto = 0x80U,  ///< the low seven bits are the length; ASCII bytes follow
 };
 /// Longer texts are cut: no cell that is read needs more.
@@ -44,6 +45,14 @@ enum class Errore : std::uint8_t {
     Righe = 6,         ///< rows as the table declares them, rows found
     Definizione = 7,   ///< bit of the table: its definition cannot be read
     Troncato = 8,      ///< a table of the file has pages behind its end
+    Colonna = 9,       ///< bit of the table, index of the column (or none): its definition contradicts itself
+    Intestazione = 10,  ///< the header of the file holds what cannot be
 };
+
+/// How the reader ends where it writes nothing: it was started wrongly, it has no memory to work in, the
+/// kernel refused the fence within which alone it reads.
+inline constexpr int kUscitaErrata = 2;
+inline constexpr int kUscitaSenzaMemoria = 3;
+inline constexpr int kUscitaSenzaRecinto = 4;
 
 }  // namespace sortimetra::jet

@@ -1,5 +1,6 @@
 #include "stores/pubblicati.h"
 
+#include "text/ora.h"
 #include "text/testi.h"
 #include "text/utf8.h"
 
@@ -19,12 +20,6 @@
 namespace sortimetra {
 
 namespace {
-
-using std::chrono::year;
-
-/// A date outside of these is a slip of the pen.
-constexpr Data kPrimaData{year{1800} / 1 / 1};
-constexpr Data kUltimaData{year{2999} / 12 / 31};
 
 /// Lines between two reports of progress.
 constexpr int kLinee = 8192;
@@ -74,7 +69,9 @@ class Linea {
     std::expected<Data, std::string> data(char separatore) {
         const auto c = campo();
         const auto letta = c ? leggi_data_iso(*c, separatore) : std::nullopt;
-        if (!letta || *letta < kPrimaData || *letta > kUltimaData)
+        if (letta && (*letta < kPrimaData || *letta > kUltimaData))
+            return errore(c, "attesa una data fra il 1800 e il 2999");
+        if (!letta)
             return errore(c, separatore == '/' ? "attesa una data aaaa/mm/gg" : "attesa una data aaaa-mm-gg");
         return *letta;
     }
@@ -199,13 +196,18 @@ class LettoreVeloce {
 /// Which wheels each day has, and from it the place of every row in the order of date and wheel.
 class Giorni {
   public:
-    /// Returns false if the wheel is there already.
-    bool aggiungi(const RigaLotto& r) {
-        std::uint16_t& ruote = del_giorno(giorno(r.data));
-        const auto bit = static_cast<std::uint16_t>(1U << static_cast<unsigned>(r.ruota));
-        if ((ruote & bit) != 0) return false;
-        ruote = static_cast<std::uint16_t>(ruote | bit);
-        return true;
+    /// The wheels of a day, bit by bit; valid until the next day is asked for.
+    std::uint16_t& ruote(Data data) {
+        const std::size_t g = giorno(data);
+        if (ruote_.empty()) primo_ = g;
+        if (g < primo_) {
+            // As much again towards the past, so that a file in descending order moves the rest but seldom.
+            const std::size_t nuovo = std::min(g, primo_ - std::min(primo_, ruote_.size()));
+            ruote_.insert(ruote_.begin(), primo_ - nuovo, 0);
+            primo_ = nuovo;
+        }
+        if (g - primo_ >= ruote_.size()) ruote_.resize(g - primo_ + 1);
+        return ruote_[g - primo_];
     }
 
     [[nodiscard]] std::vector<RigaLotto> ordina(const std::vector<RigaLotto>& righe) const {
@@ -226,18 +228,6 @@ class Giorni {
 
   private:
     static std::size_t giorno(Data data) { return static_cast<std::size_t>((data - kPrimaData).count()); }
-
-    std::uint16_t& del_giorno(std::size_t g) {
-        if (ruote_.empty()) primo_ = g;
-        if (g < primo_) {
-            // As much again towards the past, so that a file in descending order moves the rest but seldom.
-            const std::size_t nuovo = std::min(g, primo_ - std::min(primo_, ruote_.size()));
-            ruote_.insert(ruote_.begin(), primo_ - nuovo, 0);
-            primo_ = nuovo;
-        }
-        if (g - primo_ >= ruote_.size()) ruote_.resize(g - primo_ + 1);
-        return ruote_[g - primo_];
-    }
 
     std::size_t primo_ = 0;             ///< day of the first entry, counted from `kPrimaData`
     std::vector<std::uint16_t> ruote_;  ///< bit w is set where wheel w has a row
@@ -315,7 +305,7 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_winforlife(std::st
             const auto data = l.data('-');
             if (!data) return std::unexpected(data.error());
             const auto ora = l.campo();
-            const auto minuti = ora ? minuti_ora(*ora) : std::nullopt;
+            const auto minuti = ora ? leggi_ora(*ora) : std::nullopt;
             if (!minuti) return l.errore(ora, R"(attesa un'ora come "8:00" o "08:00")");
             RigaWinForLife r{.concorso = static_cast<Concorso>(righe.size()) + 1, .data = *data};
             r.ora = *ora;
@@ -336,19 +326,6 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_winforlife(std::st
 
 }  // namespace
 
-std::optional<int> minuti_ora(std::string_view testo) {
-    const auto cifra = [&](std::size_t i) { return testo[i] >= '0' && testo[i] <= '9'; };
-    if (testo.size() == 5 && testo[2] == ':' && cifra(0) && cifra(1) && cifra(3) && cifra(4)) {
-        const int ore = (testo[0] - '0') * 10 + (testo[1] - '0');
-        const int minuti = (testo[3] - '0') * 10 + (testo[4] - '0');
-        if (ore < 24 && minuti < 60) return ore * 60 + minuti;
-    } else if (testo.size() == 4 && testo[1] == ':' && cifra(0) && cifra(2) && cifra(3)) {
-        const int minuti = (testo[2] - '0') * 10 + (testo[3] - '0');
-        if (minuti < 60) return (testo[0] - '0') * 60 + minuti;
-    }
-    return std::nullopt;
-}
-
 std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string_view testo,
                                                                      Avanzamento& avanzamento) {
     testo = senza_bom(testo);
@@ -357,6 +334,8 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
     Giorni giorni;
     LettoreVeloce veloce;
     bool ordinate = true;
+    Data data_prima{};
+    std::uint16_t* ruote = nullptr;  // of the day of the line before
     std::size_t riga = 0;
     const char* p = testo.data();
     const char* const fine = p + testo.size();
@@ -367,7 +346,9 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
         if (riga % kLinee == 0 &&
             !avanzamento.procedi(static_cast<std::size_t>(p - testo.data()), testo.size()))
             return std::unexpected(std::string{kAnnullata});
-        RigaLotto r;
+        // Filled where it stays: a row that is built elsewhere, byte by byte, waits for its bytes to be
+        // copied.
+        RigaLotto& r = righe.emplace_back();
         const char* dopo = p < fine_veloce ? veloce.leggi(p, r) : nullptr;
         if (dopo == nullptr) {
             const auto* a_capo =
@@ -376,6 +357,7 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
                                          static_cast<std::size_t>((a_capo == nullptr ? fine : a_capo) - p)};
             dopo = a_capo == nullptr ? fine : a_capo + 1;
             if (rifila(linea).empty()) {
+                righe.pop_back();
                 p = dopo;
                 continue;
             }
@@ -383,14 +365,20 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string
             if (!letta) return std::unexpected(std::move(letta.error()));
             r = *letta;
         }
-        if (!giorni.aggiungi(r))
+        // Up to eleven lines in a run have the same date.
+        if (ruote == nullptr || r.data != data_prima) {
+            ordinate = ordinate && (ruote == nullptr || r.data > data_prima);
+            ruote = &giorni.ruote(r.data);
+            data_prima = r.data;
+        }
+        // This wheel of the day lowest, those that come after it above.
+        const unsigned da_questa = static_cast<unsigned>(*ruote) >> static_cast<unsigned>(r.ruota);
+        if ((da_questa & 1U) != 0)
             return std::unexpected(fmt::format(
                 "riga {}: trovata di nuovo la ruota {} del {}, attesa una sola riga per ruota e data", riga,
                 kNomiRuote[static_cast<std::size_t>(r.ruota)].codice, testo_data(r.data)));
-        if (!righe.empty() &&
-            (r.data < righe.back().data || (r.data == righe.back().data && r.ruota < righe.back().ruota)))
-            ordinate = false;
-        righe.push_back(r);
+        ordinate = ordinate && da_questa == 0;
+        *ruote = static_cast<std::uint16_t>(*ruote | 1U << static_cast<unsigned>(r.ruota));
         p = dopo;
     }
     if (righe.empty()) return std::unexpected(std::string{kNessuna});

@@ -43,7 +43,4 @@ inline constexpr std::string_view kTitoliSuperEnalotto = "data;n1;n2;n3;n4;n5;n6
 inline constexpr std::string_view kTitoliWinForLife =
     "concorso;data;ora;n1;n2;n3;n4;n5;n6;n7;n8;n9;n10;numerone";
 
-/// "8:00" or "08:00": what the column `ora` holds, without blanks. Returns the minutes since midnight.
-[[nodiscard]] std::optional<int> minuti_ora(std::string_view testo);
-
 }  // namespace sortimetra

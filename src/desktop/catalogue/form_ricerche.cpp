@@ -1,6 +1,5 @@
 #include "catalogue/form_ricerche.h"
 
-#include "catalogue/form_ricerche_archivio.h"
 #include "catalogue/form_ricerche_dettaglio.h"
 #include "catalogue/form_ricerche_elenco.h"
 #include "catalogue/form_ricerche_gruppo.h"
@@ -9,6 +8,7 @@
 #include "catalogue/nomi.h"
 #include "printing/form_anteprima.h"
 #include "qt_testi.h"
+#include "screens/manuale.h"
 #include "screens/messaggi.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
@@ -43,6 +43,9 @@ constexpr QSize kAllApertura{1180, 720};
 constexpr int kIndiceSuperEnalotto = 6;
 constexpr int kIndiceAltreSchede = 7;
 
+/// A reading that takes longer than this many milliseconds says so where it is seen.
+constexpr int kLungaMs = 400;
+
 QString percorso(const std::filesystem::path& p) {
     return QString::fromStdString(p.string());
 }
@@ -75,8 +78,14 @@ class InCarica {
 }  // namespace
 
 form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> schermi)
-    : sessione_{sessione}, memoria_{sessione}, schermi_{schermi} {
+    : sessione_{sessione},
+      memoria_{sessione},
+      schermi_{schermi},
+      lettore_{[this](EsitoArchivio esito) { archivio_letto(std::move(esito)); }} {
     setObjectName(QStringLiteral("form_ricerche"));
+    lettore_.guarda = [copia = sessione.copia](const std::filesystem::path& dove) {
+        return guarda_archivio(dove, copia);
+    };
     setWindowTitle(tr("Sortimetra Plus - Ricerche Statistiche"));
     chiedi_cartella = [this] {
         return QFileDialog::getExistingDirectory(this, tr("Scegli la cartella che contiene l'archivio"),
@@ -89,6 +98,8 @@ form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> sc
     else
         applica_tema(*qApp, 0);
 
+    assegna_capitolo(this, "il-catalogo");
+    ascolta_f1(sessione_);
     componi();
     scorciatoie();
     qApp->installEventFilter(this);
@@ -112,8 +123,8 @@ void form_ricerche::showEvent(QShowEvent* evento) {
 
 void form_ricerche::paintEvent(QPaintEvent* evento) {
     QWidget::paintEvent(evento);
-    // Only once the window is there: opening the archive takes as long as it takes.
-    if (!archivio_cercato_) QTimer::singleShot(0, this, &form_ricerche::carica_archivio);
+    // Only once the window is there: the archive takes as long as it takes.
+    if (!archivio_cercato_ && !legge_archivio()) QTimer::singleShot(0, this, &form_ricerche::carica_archivio);
 }
 
 void form_ricerche::prima_attivazione() {
@@ -146,6 +157,11 @@ void form_ricerche::closeEvent(QCloseEvent* evento) {
 void form_ricerche::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Escape && cerca_attiva()) {
         txt_cerca_->clear();
+        return;
+    }
+    // Whoever waits no longer is not surprised by a window.
+    if (evento->key() == Qt::Key_Escape && std::exchange(attesa_, nullptr) != nullptr) {
+        aggiorna_stato();
         return;
     }
     QWidget::keyPressEvent(evento);
@@ -358,7 +374,12 @@ void form_ricerche::aggiorna_stato() {
     lbl_simulato_->setVisible(archivio_ && (archivio_->drawit().simulato || archivio_->drawit2().simulato));
     frame_archivio_->setVisible(archivio_cercato_ && !archivio_);
     lbl_stato_->setToolTip({});
-    if (archivio_) {
+    if (legge_archivio()) {
+        lbl_stato_->setText(
+            attesa_ == nullptr
+                ? tr("Leggo l'archivio…")
+                : tr("Leggo l'archivio… poi si apre «%1» (Esc la annulla)").arg(testo_qt(attesa_->titolo())));
+    } else if (archivio_) {
         const bool lotto = !archivio_->drawit().file.empty();
         const Fonte& fonte = lotto ? archivio_->drawit() : archivio_->drawit2();
         const QString nome = percorso(fonte.file.filename());
@@ -375,7 +396,7 @@ void form_ricerche::aggiorna_stato() {
             dove += QLatin1Char{'\n'} + percorso(archivio_->drawit2().file);
         lbl_stato_->setToolTip(dove);
     } else {
-        lbl_stato_->setText(archivio_cercato_ ? tr("Nessun archivio aperto") : tr("Apro l'archivio…"));
+        lbl_stato_->setText(archivio_cercato_ ? tr("Nessun archivio aperto") : tr("Leggo l'archivio…"));
     }
     aggiorna_frame2();
     aggiorna_dettaglio();
@@ -391,13 +412,32 @@ void form_ricerche::carica_skin(int indice) {
 // ---- the archive ----
 
 void form_ricerche::carica_archivio() {
-    if (std::exchange(archivio_cercato_, true)) return;
+    if (archivio_cercato_ || legge_archivio()) return;
     archivio_.reset();
-    if (auto aperto = guarda_archivio(sessione_.percorso_archivio()))
-        usa_archivio(std::move(*aperto));
-    else
-        frame_archivio_->spiega(aperto.error());
+    lettore_.leggi(sessione_.percorso_archivio());
     aggiorna_stato();
+    // Most are there before anybody has seen that there was something to wait for.
+    QTimer::singleShot(kLungaMs, this, [this] {
+        if (!legge_archivio() || archivio_) return;
+        frame_archivio_->mentre_legge();
+        frame_archivio_->show();
+    });
+}
+
+void form_ricerche::archivio_letto(EsitoArchivio esito) {
+    if (terminata_) return;
+    if (const auto cartella = std::exchange(cartella_in_prova_, std::nullopt)) {
+        cartella_letta(*cartella, std::move(esito));
+    } else {
+        archivio_cercato_ = true;
+        if (esito)
+            usa_archivio(std::move(*esito));
+        else
+            frame_archivio_->spiega(esito.error());
+    }
+    const Ricerca* attesa = std::exchange(attesa_, nullptr);
+    aggiorna_stato();
+    if (attesa != nullptr) apri(*attesa);
 }
 
 void form_ricerche::usa_archivio(ArchivioEstrazioni archivio) {
@@ -421,29 +461,33 @@ void form_ricerche::crea_archivio_dimostrativo() {
 void form_ricerche::scegli_cartella() {
     const QString scelta = chiedi_cartella();
     if (scelta.isEmpty()) return;
-    const auto cartella = cartella_intesa(scelta.toStdString());
-    if (usa_cartella(cartella)) emit cartella_scelta(percorso(cartella));
+    usa_cartella(cartella_intesa(scelta.toStdString()));
 }
 
-bool form_ricerche::usa_cartella(const std::filesystem::path& cartella) {
+void form_ricerche::usa_cartella(const std::filesystem::path& cartella) {
     // Looked at before anything is closed here or written there.
-    auto aperto = guarda_archivio(cartella / "archivio");
-    if (!aperto) {
+    cartella_in_prova_ = cartella;
+    lettore_.leggi(cartella / "archivio");
+    aggiorna_stato();
+}
+
+void form_ricerche::cartella_letta(const std::filesystem::path& cartella, EsitoArchivio esito) {
+    if (!esito) {
         messaggi().avvisa(
             this, kTitoloMessaggi,
-            aperto.error().perche + tr("\n\nScegli una cartella che ha drawit.mdb oppure drawit.db nella sua "
-                                       "sottocartella archivio. Per ora tutto resta com'era."));
-        return false;
+            esito.error().perche + tr("\n\nScegli una cartella che ha drawit.mdb oppure drawit.db nella sua "
+                                      "sottocartella archivio. Per ora tutto resta com'era."));
+        return;
     }
     sessione_.percorso_programma = cartella;
     sessione_.scheda_corrente = 1;
     memoria_.usa(sessione_);
     if (const auto indice = leggi_skin(sessione_.percorso_skin())) carica_skin(*indice);
     archivio_cercato_ = true;
-    usa_archivio(std::move(*aperto));
+    usa_archivio(std::move(*esito));
     aggiorna_stato();
     prima_attivazione();
-    return true;
+    emit cartella_scelta(percorso(cartella));
 }
 
 // ---- opening a search ----
@@ -477,6 +521,12 @@ void form_ricerche::cmdConferma_Click() {
 void form_ricerche::apri(const Ricerca& ricerca) {
     if (ricerca.tabelle != 0) carica_archivio();
     if (!impedimento(ricerca).isEmpty()) return;
+    // No screen opens on an archive that is about to be another.
+    if (ricerca.tabelle != 0 && legge_archivio()) {
+        attesa_ = &ricerca;
+        aggiorna_stato();
+        return;
+    }
     if (schermo_di(ricerca) == Schermo::segnalimite) {
         mostra_segnalimite(true);
         return;

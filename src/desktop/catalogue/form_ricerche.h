@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/form_ricerche_archivio.h"
 #include "catalogue/form_ricerche_memoria.h"
 #include "catalogue/form_ricerche_schermi.h"
 
@@ -21,7 +22,6 @@ namespace sortimetra {
 
 class CorniceGruppo;
 class DelegatoElenco;
-class FrameArchivio;
 class FrameDettaglio;
 class FrameSegnalimite;
 class GrigliaElenco;
@@ -40,7 +40,8 @@ class form_ricerche final : public QWidget {
                            std::span<const RigaSchermo> schermi = schermi_del_programma());
     ~form_ricerche() override;
 
-    /// Opens a search: the one way to every screen. Does nothing for a search that cannot be opened.
+    /// Opens a search: the one way to every screen. Does nothing for a search that cannot be opened; while
+    /// the archive that it needs is being read it opens behind that.
     void apri(const Ricerca& ricerca);
 
     /// Why a search cannot be opened now, in words for the user; empty if it can.
@@ -49,13 +50,17 @@ class form_ricerche final : public QWidget {
     /// Loads a skin and writes its index; one outside 1 to 9 loads none and is written as it is.
     void carica_skin(int indice);
 
-    /// Goes over to another program's folder, with its archive, memory and skin. Where no archive opens there
-    /// it says so, leaves all as it is and gives false.
-    bool usa_cartella(const std::filesystem::path& cartella);
+    /// Goes over to another program's folder, with its archive, memory and skin, once that archive has been
+    /// read. Where none opens there it says so and leaves all as it is.
+    void usa_cartella(const std::filesystem::path& cartella);
 
-    /// Opens the archive if that has not been tried yet. The window does it by itself after its first paint.
+    /// Begins to read the archive if that has not been tried yet. The window does it by itself after its
+    /// first paint.
     void carica_archivio();
     [[nodiscard]] bool archivio_aperto() const { return archivio_.has_value(); }
+    /// An archive is being read, in a thread of its own.
+    [[nodiscard]] bool legge_archivio() const { return lettore_.legge(); }
+    [[nodiscard]] LettoreArchivio& lettore() { return lettore_; }
 
     /// Asks the user for a folder; empty when none was chosen. A test puts its own answer here.
     std::function<QString()> chiedi_cartella;
@@ -100,6 +105,8 @@ class form_ricerche final : public QWidget {
     void aggiorna_frame2();
     void aggiorna_stato();
     void mostra_segnalimite(bool mostra);
+    void archivio_letto(EsitoArchivio esito);
+    void cartella_letta(const std::filesystem::path& cartella, EsitoArchivio esito);
     void usa_archivio(ArchivioEstrazioni archivio);
     void crea_archivio_dimostrativo();
     void scegli_cartella();
@@ -119,7 +126,11 @@ class form_ricerche final : public QWidget {
     std::span<const RigaSchermo> schermi_;
     std::map<Schermo, std::unique_ptr<QWidget>> finestre_;
     std::optional<ArchivioEstrazioni> archivio_;
-    bool archivio_cercato_ = false;
+    bool archivio_cercato_ = false;  ///< found or not: the reading is over
+    /// The folder whose archive is being read, if it is another one than that in use.
+    std::optional<std::filesystem::path> cartella_in_prova_;
+    const Ricerca* attesa_ = nullptr;  ///< opens when the archive has been read
+    LettoreArchivio lettore_;
 
     int gruppo_ = 0;          ///< group shown in the first tab
     bool terminata_ = false;  ///< closed by the user

@@ -6,23 +6,50 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMetaObject>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <memory>
 #include <utility>
 
 namespace sortimetra {
 
-std::expected<ArchivioEstrazioni, ArchivioNegato> guarda_archivio(
-    const std::filesystem::path& percorso_archivio) {
+EsitoArchivio guarda_archivio(const std::filesystem::path& percorso_archivio, bool copia) {
+    if (const auto negata = cartella_negata(percorso_archivio))
+        return std::unexpected{ArchivioNegato{false, QString::fromStdString(negata->testo())}};
     if (!contiene_archivio(percorso_archivio))
         return std::unexpected{
             ArchivioNegato{true, FrameArchivio::tr("Nella cartella %1 non si trovano né drawit.mdb né "
                                                    "drawit.db.")
                                      .arg(QString::fromStdString(percorso_archivio.string()))}};
-    auto aperto = apri_archivio(percorso_archivio);
+    // A window is open for hours: what it shows is held in its own memory.
+    auto aperto =
+        apri_archivio(percorso_archivio, kTutteLeTabelle, {.copia = copia, .tenuta = Tenuta::propria});
     if (!aperto)
         return std::unexpected{ArchivioNegato{false, QString::fromStdString(aperto.error().testo())}};
     return std::move(*aperto);
+}
+
+LettoreArchivio::LettoreArchivio(std::function<void(EsitoArchivio)> letto) : letto_{std::move(letto)} {}
+
+void LettoreArchivio::leggi(const std::filesystem::path& percorso_archivio) {
+    if (legge_) {
+        prossimo_ = percorso_archivio;
+        return;
+    }
+    legge_ = true;
+    filo_ = std::jthread{[this, percorso_archivio, come = guarda] {
+        auto esito = std::make_shared<EsitoArchivio>(come(percorso_archivio));
+        QMetaObject::invokeMethod(this, [this, esito] { finita(std::move(*esito)); }, Qt::QueuedConnection);
+    }};
+}
+
+void LettoreArchivio::finita(EsitoArchivio esito) {
+    legge_ = false;
+    if (const auto prossimo = std::exchange(prossimo_, std::nullopt))
+        leggi(*prossimo);
+    else
+        letto_(std::move(esito));
 }
 
 std::filesystem::path cartella_intesa(const std::filesystem::path& scelta) {
@@ -80,6 +107,16 @@ void FrameArchivio::spiega(const ArchivioNegato& negato) {
     assegna_ruolo(testo_, negato.manca ? "quieto" : "avviso");
     cmd_dimostrazione_->setVisible(negato.manca);
     cmd_riprova_->setVisible(!negato.manca);
+}
+
+void FrameArchivio::mentre_legge() {
+    titolo_->setText(tr("Leggo l'archivio…"));
+    testo_->setText(
+        tr("Un disco lento o un file danneggiato possono chiedere qualche secondo. Una ricerca scelta "
+           "intanto si apre appena l'archivio è letto."));
+    assegna_ruolo(testo_, "quieto");
+    cmd_dimostrazione_->setVisible(false);
+    cmd_riprova_->setVisible(false);
 }
 
 void FrameArchivio::mentre_crea() {

@@ -8,6 +8,7 @@
 #include "screens/esporta.h"
 #include "screens/finestra_ricerca.h"
 #include "screens/giro_di_tab.h"
+#include "screens/manuale.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
@@ -66,6 +67,7 @@ FormAnteprima::FormAnteprima(Rapporto rapporto, std::shared_ptr<const void> tenu
       esito_{new QLabel{corpo_}},
       pannello_{new PannelloAvanzamento{this}} {
     setObjectName(QStringLiteral("form_anteprima"));
+    assegna_capitolo(this, "stampare");
     setWindowTitle(tr("Anteprima di stampa - %1").arg(QString::fromStdString(rapporto_.titolo)));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     componi();

@@ -7,6 +7,7 @@
 #include "screens/casella_cifre.h"
 #include "screens/esporta.h"
 #include "screens/giro_di_tab.h"
+#include "screens/manuale.h"
 #include "screens/messaggi.h"
 #include "screens/posto_finestra.h"
 #include "screens/stampanti.h"
@@ -210,6 +211,7 @@ frmStampaFCPB::frmStampaFCPB(QWidget* padre)
       cmd_stampa_{new QPushButton{tr("&Stampa"), this}},
       timer_{new QTimer{this}} {
     setObjectName(QStringLiteral("frmStampaFCPB"));
+    assegna_capitolo(this, "stampare");
     setWindowTitle(QStringLiteral("StampaFCPB"));
     componi();
     resize(grandezza_sullo_schermo(*this));

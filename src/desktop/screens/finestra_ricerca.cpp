@@ -7,6 +7,7 @@
 #include "screens/esporta.h"
 #include "screens/freccia.h"
 #include "screens/griglia_risultati.h"
+#include "screens/manuale.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
@@ -56,6 +57,7 @@ FinestraRicerca::FinestraRicerca(Sessione& sessione, const QString& nome, QWidge
     tutto->setContentsMargins(kMargine, kMargine, kMargine, kMargine);
     tutto->addWidget(corpo_);
     scorciatoie();
+    ascolta_f1(sessione_);
     connect(pannello_, &PannelloAvanzamento::annulla, this, &FinestraRicerca::ferma_corsa);
     comando_ultima_->hide();
     connect(comando_ultima_, &ComandoUltima::premuto, this, &FinestraRicerca::come_l_ultima_volta);
@@ -114,6 +116,7 @@ void FinestraRicerca::apri(const Ricerca& ricerca, const ArchivioEstrazioni& arc
     const QString titolo = testo_qt(ricerca.titolo());
     setWindowTitle(titolo);
     setProperty("Tag", testo_qt(tag_di(ricerca)));
+    assegna_capitolo(this, capitolo_di(ricerca));
     if (cornice_ != nullptr) {
         cornice_->intitola(titolo, testo_qt(ricerca.frase));
         cornice_->segna_simulato(archivio_simulato());

@@ -159,6 +159,8 @@ class FinestraRicerca : public QWidget {
     void imposta_annullo_a_passi(bool si) { annullo_a_passi_ = si; }
 
     [[nodiscard]] bool stampabile() const { return stampa_ != nullptr; }
+    /// What "Stampa" does, for a window that this one opens beside itself.
+    [[nodiscard]] const std::function<void(const LavoroStampa&)>& stampatore() const { return stampa_; }
     /// The answer on show as the printer, and whatever else works on it, is handed it.
     [[nodiscard]] virtual LavoroStampa lavoro();
     [[nodiscard]] bool archivio_simulato() const;

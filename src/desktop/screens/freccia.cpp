@@ -5,12 +5,14 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QStyle>
+#include <utility>
 
 namespace sortimetra {
 
 namespace {
 
-/// Milliseconds between two ticks: five passes of five arrows last a second and a half.
+/// Milliseconds between two ticks: five passes of five arrows last a second and a half. It is all that a
+/// screen still paints once it is shown, so a tick paints the two arrows that change and nothing else.
 constexpr int kScatto = 60;
 constexpr int kPassate = 5;
 constexpr int kLato = 3 * kPasso;
@@ -31,18 +33,16 @@ FrecciaAnimata::FrecciaAnimata(QWidget* padre) : QFrame{padre}, orologio_{new QT
         immagini_[i]->setFixedSize(kLato, kLato);
         riga->addWidget(immagini_[i]);
     }
-    accendi(-1);
+    ridisegna();
 }
 
 void FrecciaAnimata::avvia() {
     scatti_ = 0;
     orologio_->stop();
-    if (!animata_ || style()->styleHint(QStyle::SH_Widget_Animate, nullptr, this) == 0) {
-        accendi(-1);
-        return;
-    }
-    accendi(0);
-    orologio_->start();
+    const bool animata = animata_ && style()->styleHint(QStyle::SH_Widget_Animate, nullptr, this) != 0;
+    accesa_ = animata ? 0 : -1;
+    ridisegna();
+    if (animata) orologio_->start();
 }
 
 void FrecciaAnimata::scatto() {
@@ -55,14 +55,22 @@ void FrecciaAnimata::scatto() {
 }
 
 void FrecciaAnimata::accendi(int quale) {
-    accesa_ = quale;
-    for (std::size_t i = 0; i < immagini_.size(); ++i) {
-        const bool accesa = static_cast<int>(i) == quale;
-        const QIcon figura =
-            icona(QStringLiteral("destra"), accesa ? TintaIcona::accento : TintaIcona::quieto);
-        immagini_[i]->setPixmap(figura.pixmap(QSize{kLato, kLato}, devicePixelRatioF(),
-                                              accesa ? QIcon::Normal : QIcon::Disabled));
-    }
+    const int spenta = std::exchange(accesa_, quale);
+    for (const int i : {spenta, quale})
+        if (i >= 0) mostra(static_cast<std::size_t>(i));
+}
+
+void FrecciaAnimata::ridisegna() {
+    const auto figura = [this](TintaIcona tinta, QIcon::Mode modo) {
+        return icona(QStringLiteral("destra"), tinta).pixmap(QSize{kLato, kLato}, devicePixelRatioF(), modo);
+    };
+    spenta_ = figura(TintaIcona::quieto, QIcon::Disabled);
+    accesa_figura_ = figura(TintaIcona::accento, QIcon::Normal);
+    for (std::size_t i = 0; i < immagini_.size(); ++i) mostra(i);
+}
+
+void FrecciaAnimata::mostra(std::size_t quale) {
+    immagini_.at(quale)->setPixmap(static_cast<int>(quale) == accesa_ ? accesa_figura_ : spenta_);
 }
 
 }  // namespace sortimetra

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QFrame>
+#include <QPixmap>
 #include <QTimer>
 #include <array>
+#include <cstddef>
 
 class QLabel;
 
@@ -27,9 +29,13 @@ class FrecciaAnimata final : public QFrame {
   private:
     void scatto();
     void accendi(int quale);
+    void ridisegna();
+    void mostra(std::size_t quale);
 
     std::array<QLabel*, 5> immagini_{};
     QTimer* orologio_;
+    QPixmap spenta_;
+    QPixmap accesa_figura_;
     int accesa_ = -1;
     int scatti_ = 0;
     bool animata_ = true;

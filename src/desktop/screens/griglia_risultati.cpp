@@ -8,6 +8,7 @@
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -173,6 +174,8 @@ class GrigliaRisultati::Testata final : public QWidget {
         const auto& t = griglia_->modello_->tabella();
         return t ? t->titoli.size() : 0;
     }
+    /// The column whose title is under the pointer, -1 for none.
+    [[nodiscard]] int sopra() const { return sopra_; }
     [[nodiscard]] int altezza_titolo() const {
         return fontMetrics().height() + (griglia_->titoli_sotto() ? 2 : 3) * kPasso;
     }
@@ -215,9 +218,7 @@ class GrigliaRisultati::Testata final : public QWidget {
     void segna_sopra(int colonna) {
         if (std::exchange(sopra_, colonna) == colonna) return;
         update();
-        setToolTip(colonna < 0
-                       ? QString{}
-                       : GrigliaRisultati::tr("Ordina per questa colonna; un altro clic gira l'ordine"));
+        setToolTip(colonna < 0 ? QString{} : griglia_->suggerimento(colonna));
     }
     /// Blanks at the sides of a title: beside the last row of them, where there is no strip above, stands the
     /// column's button.
@@ -330,6 +331,10 @@ void GrigliaRisultati::focusInEvent(QFocusEvent* evento) {
 bool GrigliaRisultati::titoli_sotto() const {
     const auto& t = modello_->tabella();
     return tabellone_ || (t && t->titoli.size() > 1);
+}
+
+int GrigliaRisultati::titolo_sotto() const {
+    return testata_->sopra();
 }
 
 /// What columns may take: the grid's width less what is round them.
@@ -455,6 +460,7 @@ void GrigliaRisultati::crea_pulsanti() {
         b->setObjectName(nomi_pulsanti_.arg(primo_pulsante_ + i));
         b->setProperty("tag", QString{});
         b->setIconSize({kFreccia, kFreccia});
+        b->installEventFilter(this);
         connect(b, &QPushButton::clicked, this, [this, i] { premi(i); });
         b->show();
         setTabOrder(prima, b);
@@ -761,6 +767,9 @@ bool GrigliaRisultati::eventFilter(QObject* oggetto, QEvent* evento) {
         auto* tasto = dynamic_cast<QKeyEvent*>(evento);
         return tasto != nullptr && tasto_in_riga(*tasto, oggetto);
     }
+    if (const auto* aiuto = evento->type() == QEvent::ToolTip ? dynamic_cast<QHelpEvent*>(evento) : nullptr;
+        aiuto != nullptr && suggerisci(oggetto, *aiuto))
+        return true;
     if (oggetto == vista_->viewport() && evento->type() == QEvent::Resize) disponi();
     const bool sulla_griglia = oggetto == vista_->viewport() || oggetto == bloccata_->viewport();
     if (tabellone_ && sulla_griglia &&

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "results/parole.h"
+#include "screens/manuale.h"
 #include "screens/modello_risultato.h"
 
 #include <QKeySequence>
@@ -13,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+class QHelpEvent;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
@@ -48,7 +51,7 @@ class VistaGriglia final : public QTableView {
 /// Ctrl+C copies what is selected as tab-separated text (with one cell, its row), Ctrl+F opens a line that
 /// finds in the result, Ctrl+Shift+F one that leaves in sight the rows for which an expression holds. On wide
 /// windows the columns stay together.
-class GrigliaRisultati final : public QWidget {
+class GrigliaRisultati final : public QWidget, public Spiegabile {
     Q_OBJECT
   public:
     explicit GrigliaRisultati(QWidget* padre = nullptr);
@@ -105,6 +108,11 @@ class GrigliaRisultati final : public QWidget {
     void apri_filtro();
     void chiudi_filtro();
 
+    /// What a column's title means, with an example from the rows on show; nothing where it is no measure.
+    [[nodiscard]] std::optional<Spiegazione> spiegazione(int colonna) const;
+    /// F1 on a sort button explains its column, Shift+F1 on a cell that of the cell.
+    bool spiega_parte(QWidget* parte, bool maiuscole) override;
+
   signals:
     void riga_cambiata();
     /// The rows were put in the order of a column.
@@ -142,6 +150,9 @@ class GrigliaRisultati final : public QWidget {
     void filtra(bool di_errore);
     [[nodiscard]] bool titoli_sotto() const;
     [[nodiscard]] int spazio_colonne() const;
+    [[nodiscard]] QString suggerimento(int colonna) const;
+    [[nodiscard]] bool suggerisci(const QObject* oggetto, const QHelpEvent& evento);
+    [[nodiscard]] int titolo_sotto() const;
     [[nodiscard]] bool tasto_in_riga(QKeyEvent& tasto, const QObject* casella);
 
     ModelloRisultato* modello_;

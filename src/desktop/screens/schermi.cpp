@@ -69,6 +69,41 @@ int colonna_del_pulsante_1(const Ricerca& ricerca) {
     return riga == nullptr ? 1 : riga->pulsante_1;
 }
 
+const char* capitolo_di(const Ricerca& ricerca) {
+    switch (schermo_di(ricerca)) {
+        case Schermo::stat:
+            return ricerca.famiglia != nullptr ? "serie-speciali" : "numeri-ambi-e-terni";
+        case Schermo::posizione:
+        case Schermo::tab_pos:
+        case Schermo::tab_pos_wfl:
+        case Schermo::tab_pos2:
+            return "posizioni-e-tabelloni";
+        case Schermo::segnalimite:
+        case Schermo::spia:
+        case Schermo::som_dis_ciclo:
+            return "spia-e-ciclometria";
+        case Schermo::lunghette:
+        case Schermo::lunghette10:
+        case Schermo::lunghette_wfl:
+        case Schermo::lunghette5:
+            return "lunghette";
+        case Schermo::personali:
+            return "numeri-personali";
+        case Schermo::gruppi2:
+            return "gruppi";
+        case Schermo::piramide:
+            return "piramide";
+        case Schermo::filtri:
+        case Schermo::ultimi:
+            return "sistemi";
+        case Schermo::scommesse:
+            return "scommesse";
+        case Schermo::nessuno:
+            break;
+    }
+    return "le-ricerche";
+}
+
 std::string_view tag_di(const Ricerca& ricerca) {
     const PostoRicerca* riga = riga_di(ricerca);
     return riga == nullptr || riga->tag.empty() ? ricerca.chiave() : riga->tag;

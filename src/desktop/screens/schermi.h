@@ -36,6 +36,9 @@ enum class Schermo : std::uint8_t {
 /// The column that the sort button of index 1 over a search's grid sorts; every other button sorts its own.
 [[nodiscard]] int colonna_del_pulsante_1(const Ricerca& ricerca);
 
+/// The chapter of the manual that tells of a search, as `FinestraManuale` names chapters.
+[[nodiscard]] const char* capitolo_di(const Ricerca& ricerca);
+
 /// The screen's mode, its `Tag`: the key where the table tells no other.
 [[nodiscard]] std::string_view tag_di(const Ricerca& ricerca);
 

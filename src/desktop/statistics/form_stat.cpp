@@ -163,11 +163,6 @@ void Form_stat::proponi_tipi(int quanti, int scelto) {
     sessione().indice_combo_rit = scelto;
 }
 
-void Form_stat::imposta_stampa(const std::function<void(const LavoroStampa&)>& stampa) {
-    stampa_ = stampa;
-    SchermoRicerca::imposta_stampa(stampa);
-}
-
 void Form_stat::inizializza_griglia() {
     const Ricerca& r = *ricerca();
     const bool serie = r.famiglia != nullptr;
@@ -313,14 +308,8 @@ void Form_stat::analizza_gruppo() {
     }
     const EsitoRicerca analizzato = corri(*ricerca(), std::move(d));
     if (analizzato.prodotto()) {
-        if (stat2_ == nullptr) {
-            stat2_ = new Form_stat2{this};
-            connect(stat2_, &Form_stat2::stampa_richiesta, this, [this](const LavoroStampa& lavoro) {
-                if (stampa_) stampa_(lavoro);
-            });
-        }
-        stat2_->imposta_stampabile(stampa_ != nullptr);
-        stat2_->mostra(analizzato);
+        if (stat2_ == nullptr) stat2_ = new Form_stat2{this};
+        stat2_->mostra(analizzato, stampatore());
     }
     di_messaggi(analizzato);
 }

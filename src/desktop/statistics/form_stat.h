@@ -35,7 +35,6 @@ class Form_stat final : public SchermoRicerca {
     /// here.
     std::function<bool(const QString& programma)> avvia_programma;
     /// The printer of this screen and of its analysis.
-    void imposta_stampa(const std::function<void(const LavoroStampa&)>& stampa);
 
     void inizializza_griglia() override;
     [[nodiscard]] Form_spec* tabella_ruote() const { return spec_; }
@@ -81,7 +80,6 @@ class Form_stat final : public SchermoRicerca {
     std::vector<int> numeri_;
     int sorte_ = 2;
     Form_stat2* stat2_ = nullptr;
-    std::function<void(const LavoroStampa&)> stampa_;
 };
 
 }  // namespace sortimetra

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace sortimetra {
 
@@ -32,7 +33,7 @@ Form_stat2::Form_stat2(QWidget* padre)
     auto* chiudi = new QPushButton{icona(QStringLiteral("chiudi")), tr("&Chiudi"), this};
     chiudi->setObjectName(QStringLiteral("cmdChiudi"));
     const auto carta = [this] {
-        if (stampa_->isEnabled()) emit stampa_richiesta({.finestra = this, .risposta = risposta()});
+        if (stampatore_) stampatore_({.finestra = this, .risposta = risposta()});
     };
     const auto file = [this] { esporta_risultato(this, risposta()); };
     connect(stampa_, &QPushButton::clicked, this, carta);
@@ -55,7 +56,7 @@ Form_stat2::Form_stat2(QWidget* padre)
     piede->addStretch(1);
     for (QPushButton* b : {stampa_, esporta, chiudi}) piede->addWidget(b);
     colonna->addLayout(piede);
-    resize(960, 560);
+    resize(1120, 600);
 }
 
 Risposta Form_stat2::risposta() const {
@@ -64,8 +65,10 @@ Risposta Form_stat2::risposta() const {
     return r;
 }
 
-void Form_stat2::mostra(const Risposta& risposta) {
+void Form_stat2::mostra(const Risposta& risposta, std::function<void(const LavoroStampa&)> stampa) {
     risposta_ = risposta;
+    stampatore_ = std::move(stampa);
+    aggiorna_stampa();
     const QString titolo = testo_qt(risposta.titolo());
     setWindowTitle(titolo);
     titolo_->setText(titolo);
@@ -80,7 +83,8 @@ void Form_stat2::mostra(const Risposta& risposta) {
     activateWindow();
 }
 
-void Form_stat2::imposta_stampabile(bool si) {
+void Form_stat2::aggiorna_stampa() {
+    const bool si = stampatore_ != nullptr;
     stampa_->setEnabled(si);
     stampa_->setToolTip(si ? tr("Stampa l'analisi (Ctrl+P)") : tr("La stampa non è ancora disponibile."));
     for (GrigliaRisultati* g : {pannello_->ritardi(), pannello_->esiti(), pannello_->lunghette()})

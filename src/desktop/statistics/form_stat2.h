@@ -3,6 +3,7 @@
 #include "screens/finestra_ricerca.h"
 
 #include <QWidget>
+#include <functional>
 
 class QLabel;
 class QPushButton;
@@ -17,23 +18,22 @@ class Form_stat2 final : public QWidget {
   public:
     explicit Form_stat2(QWidget* padre);
 
-    void mostra(const Risposta& risposta);
-    void imposta_stampabile(bool si);
+    /// Shows an answer and comes to the front. `stampa` is what "Stampa" does; disabled without it.
+    void mostra(const Risposta& risposta, std::function<void(const LavoroStampa&)> stampa);
     [[nodiscard]] PannelloGruppo* pannello() const { return pannello_; }
-
-  signals:
-    void stampa_richiesta(const LavoroStampa& lavoro);
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:
     [[nodiscard]] Risposta risposta() const;
+    void aggiorna_stampa();
 
     Risposta risposta_;
     QLabel* titolo_;
     QLabel* ambito_;
     PannelloGruppo* pannello_;
+    std::function<void(const LavoroStampa&)> stampatore_;
     QPushButton* stampa_;
 };
 

@@ -228,7 +228,8 @@ TEST(Percorri, InOrdineDiConcorsoEDiRuota) {
 TEST(Percorri, UnConcorsoConPiuRigheEUnoSolo) {
     SenzaAvanzamento nessuno;
     std::vector<std::string> viste;
-    percorri_righe({0, 1, 2, 4}, {7, 7, 8, 8, 9}, nessuno, [&](int c, std::size_t i) {
+    const std::vector<Concorso> concorso{7, 7, 8, 8, 9};
+    percorri_righe({0, 1, 2, 4}, concorso, nessuno, [&](int c, std::size_t i) {
         viste.push_back(std::to_string(c) + ":" + std::to_string(i));
     });
     EXPECT_THAT(viste, ElementsAre("1:0", "1:1", "2:2", "3:4"));

@@ -45,6 +45,15 @@ TEST(Componi, InQualunqueOrdineArrivino) {
     EXPECT_FALSE(a->data_bari(3));
 }
 
+TEST(Componi, UnConcorsoHaUnaData) {
+    std::vector<RigaLotto> righe{riga(1, 0), riga(1, 2)};
+    righe[1].data += std::chrono::days{1};
+    EXPECT_EQ(errore(&RigheArchivio::lotto, righe),
+              "drawit.db: tabella archivio, concorso 1, ruota FI: trovata la data " +
+                  testo_data(righe[1].data) + ", attesa " + testo_data(righe[0].data) +
+                  " come sulle altre ruote");
+}
+
 TEST(Componi, RigheCheNonPossonoEssere) {
     EXPECT_EQ(errore(&RigheArchivio::lotto, {riga(1, 0), riga(1, 0)}),
               "drawit.db: tabella archivio, concorso 1: la ruota BA vi sta due volte");

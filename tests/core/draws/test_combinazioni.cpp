@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <random>
 #include <vector>
 
 namespace sortimetra {
@@ -57,6 +59,67 @@ TEST(DieciELotto, PocheRuoteFinisconoSenzaGirareAVuoto) {
     const auto n = venti(da_testo("1 BA 1 2 3 4 5\n1 CA 1 2 3 4 5\n"));
     EXPECT_EQ(n.size(), 20U);
     EXPECT_EQ(n.front(), 0);
+}
+
+/// The first place that another one finds empty or with its own number; 0 when twenty numbers differ.
+std::size_t difetto(const std::array<int, 21>& c) {
+    for (std::size_t i = 1; i <= 20; ++i)
+        for (std::size_t j = 1; j <= 20; ++j)
+            if (j != i && (c[j] == 0 || c[j] == c[i])) return j;
+    return 0;
+}
+
+/// Told place by place: each number that follows goes to the first such place.
+std::vector<int> venti_lenti(const TabellaLotto& t, std::size_t record) {
+    std::vector<const Numero*> righe;
+    for (std::size_t w = 0; w < kRuote; ++w)
+        if ((t.presenti[record] >> w & 1U) != 0) righe.push_back(t.numeri[record].data() + w * kEstratti);
+    std::array<int, 21> c{};
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+        c[i + 1] = righe[i][0];
+        c[i + 11] = righe[i][1];
+    }
+    for (std::size_t posto = 2; posto < kEstratti; ++posto)
+        for (const Numero* riga : righe)
+            if (const std::size_t j = difetto(c); j != 0 && riga[posto] != 0) c[j] = riga[posto];
+    std::sort(c.begin() + 1, c.end());
+    return {c.begin() + 1, c.end()};
+}
+
+/// Rows of 60,000 draws: urns of few and of all numbers, rows and cells that are missing, numbers twice.
+RigheArchivio righe_a_caso(std::uint32_t seme) {
+    std::mt19937 caso{seme};
+    const auto fra = [&caso](int da, int a) { return std::uniform_int_distribution<int>{da, a}(caso); };
+    RigheArchivio righe;
+    for (Concorso c = 1; c <= 60'000; ++c) {
+        const int urna = fra(0, 2) == 0 ? fra(6, 30) : kNumeri;
+        const bool buchi = fra(0, 2) == 0;
+        for (int w = 0; w < kRuote; ++w) {
+            if (buchi && fra(0, 9) == 0) continue;
+            RigaLotto r{.concorso = c, .data = Data{} + std::chrono::days{c}, .ruota = w};
+            for (Numero& n : r.numeri)
+                n = buchi && fra(0, 12) == 0 ? Numero{0} : static_cast<Numero>(fra(1, urna));
+            righe.lotto.push_back(r);
+        }
+    }
+    return righe;
+}
+
+TEST(DieciELotto, SessantamilaEstrazioniComeDetteAPosti) {
+    const auto archivio = ArchivioEstrazioni::componi(righe_a_caso(17));
+    ASSERT_TRUE(archivio);
+    const TabellaLotto& t = archivio->lotto();
+    std::size_t finiti = 0;
+    for (std::size_t i = 0; i < t.concorso.size(); ++i) {
+        const Combinazione c = calc_combinazione_10elotto(t, i);
+        const auto attesi = venti_lenti(t, i);
+        ASSERT_EQ((std::vector<int>{c.begin() + 1, c.end()}), attesi) << "concorso " << t.concorso[i];
+        ASSERT_EQ(c[0], 0);
+        if (std::adjacent_find(attesi.begin(), attesi.end()) != attesi.end()) ++finiti;
+    }
+    // Draws whose wheels run out of numbers were among them, and the others too.
+    EXPECT_GT(finiti, 5'000U);
+    EXPECT_GT(t.concorso.size() - finiti, 30'000U);
 }
 
 TEST(SuperEnalotto, OrdinaLaSestina) {

@@ -323,7 +323,7 @@ TEST(LeggiFile, CioCheNonEUnFile) {
     EXPECT_EQ(motivo("/dev/zero"), "non è un file");
     ASSERT_TRUE(scrivi_file(cartella.percorso() / "grande", std::string(100, 'x')));
     EXPECT_EQ(leggi_file(cartella.percorso() / "grande", 99).error().motivo,
-              "il file è troppo grande (100 byte)");
+              "il file è troppo grande: ha 100 byte, se ne leggono al più 99");
     std::filesystem::create_symlink("tondo", cartella.percorso() / "tondo");
     EXPECT_EQ(motivo(cartella.percorso() / "tondo"),
               "il file non si può leggere: i collegamenti girano in tondo");

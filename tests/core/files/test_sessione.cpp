@@ -3,6 +3,7 @@
 #include "support/archivi.h"
 
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -72,6 +73,39 @@ TEST_F(SessioneTest, SenzaUnaSceltaVaneiDatiDellUtente) {
     // A relative path is none.
     ::setenv("XDG_DATA_HOME", "dati", 1);
     EXPECT_EQ(cartella_programma(), consueta());
+}
+
+TEST_F(SessioneTest, SenzaHomeLaSaIlSistema) {
+    const Ambiente senza{"HOME", std::nullopt};
+    const passwd* io = getpwuid(geteuid());
+    if (io == nullptr) GTEST_SKIP() << "this user has no entry";
+    EXPECT_EQ(cartella_programma(), fs::path{io->pw_dir} / ".local/share/sortimetra");
+    // A home that is no absolute path is none.
+    ::setenv("HOME", "", 1);
+    EXPECT_EQ(cartella_programma(), fs::path{io->pw_dir} / ".local/share/sortimetra");
+    EXPECT_EQ(senza_cartella_programma(), std::nullopt);
+}
+
+/// As a user of whom the system knows nothing.
+[[noreturn]] void da_sconosciuto() {
+    constexpr uid_t kNessuno = 54'321;
+    ::unsetenv("HOME");
+    if (setresuid(kNessuno, kNessuno, kNessuno) != 0 || getpwuid(kNessuno) != nullptr) std::_Exit(2);
+    const bool detto =
+        senza_cartella_programma() ==
+            "non si sa quale sia la cartella dell'utente (HOME manca): --cartella dice dove lavorare." &&
+        !senza_cartella_programma("/qui");
+    // Nothing of the current folder's is taken for the user's.
+    const bool altrove = file_impostazioni().is_absolute() && cartella_programma().is_absolute() &&
+                         !ricorda_cartella("/qui") && !fs::exists(cartella_programma());
+    std::_Exit(detto && altrove ? 0 : 1);
+}
+
+TEST_F(SessioneTest, SenzaUnaCartellaDellUtenteLoDice) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can become somebody unknown";
+    EXPECT_EXIT(da_sconosciuto(), testing::ExitedWithCode(0), "");
+    const Ambiente dati{"XDG_DATA_HOME", "/dati"};
+    EXPECT_EQ(senza_cartella_programma(), std::nullopt);
 }
 
 TEST_F(SessioneTest, LaCartellaSceltaSiRicorda) {

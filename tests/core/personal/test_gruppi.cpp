@@ -1,11 +1,13 @@
 #include "personal/analisi_serie.h"
 #include "personal/gruppi.h"
 #include "personal/parametri.h"
+#include "statistics/capogioco.h"
 #include "statistics/parametri.h"
 #include "statistics/serie_speciali.h"
 #include "support/archivi.h"
 #include "support/lente.h"
 
+#include <fmt/core.h>
 #include <gtest/gtest.h>
 
 #include <map>
@@ -207,6 +209,99 @@ TEST(AnalisiGruppo, AmboCapogiocoPrendeLePrimeRigheMostrate) {
     EXPECT_EQ(analizza("ambo capogioco", da_testo(kCinque), tutte).tabelle[2].righe(), 88U);
     tutte.combinazioni = 1000;
     EXPECT_EQ(analizza("ambo capogioco", da_testo(kCinque), tutte).tabelle[2].righe(), 88U);
+}
+
+// ---- the ambi of one number in Win for Life ----
+
+Risultato ambi_winforlife(const ArchivioEstrazioni& archivio, ParametriAmbiWinForLife parametri,
+                          const AmbitoRicerca& ambito = {}) {
+    Domanda d = prove::domanda("analisi gruppo win for life", ambito);
+    d.parametri = std::move(parametri);
+    return prove::esegui(d, archivio);
+}
+
+TEST(AnalisiGruppo, GliAmbiDelCapogiocoInWinForLife) {
+    const auto archivio = prove::da_testi("", "",
+                                          "1 9:00 1 2 3 4 5 6 7 8 9 10\n"
+                                          "2 9:00 11 12 13 14 15 16 17 18 19 20\n"
+                                          "3 10:00 1 2 11 12 13 14 15 16 17 18\n");
+    const Risultato r = ambi_winforlife(archivio, {.capogioco = {1}});
+    EXPECT_EQ(r.titolo, "Analisi Gruppo - ambi del 1");
+    ASSERT_EQ(r.tabelle[2].righe(), 19U);
+    // Nine ambi come with draw 1, none with draw 2, nine with draw 3; 1-2 with both, 1-20 with neither.
+    const std::string ambi = prove::righe(r.tabelle[2]);
+    EXPECT_TRUE(ambi.starts_with("1 - 2 2 0 1\n")) << ambi;
+    EXPECT_TRUE(ambi.ends_with("\n1 - 19 0 3 0\n1 - 20 0 3 0\n")) << ambi;
+    EXPECT_EQ(prove::righe(r.tabelle[3]), "18 / 3 0 1 0,06\n");
+    EXPECT_EQ(prove::righe(r.tabelle[0]), "0 17 94,44%\n1 1 5,56%\n");
+    // One number of an ambo is enough: in draw 1 each of the 19, in draw 2 the ten that hold one of its
+    // numbers.
+    EXPECT_EQ(prove::righe(ambi_winforlife(archivio, {.capogioco = {1}, .tipo = 0}).tabelle[3]),
+              "48 / 3 0 0 0,00\n");
+    EXPECT_EQ(r.tabelle[2].evento(0)->gioco, Gioco::win_for_life);
+}
+
+TEST(AnalisiGruppo, InWinForLifeUnCapogiocoSbagliatoSiDice) {
+    const auto archivio = prove::da_testi("", "",
+                                          "1 9:00 1 2 3 4 5 6 7 8 9 10\n"
+                                          "2 9:00 1 2 3 4 5 6 7 8 9 10\n");
+    for (const int capo : {0, 21}) {
+        const Risultato r = ambi_winforlife(archivio, {.capogioco = {capo}});
+        EXPECT_FALSE(r.prodotto);
+        ASSERT_EQ(r.messaggi.size(), 1U);
+        EXPECT_EQ(r.messaggi[0].testo, kCapogiocoNonValido);
+    }
+    AmbitoRicerca vuoto;
+    vuoto.tratto = {2, 1};
+    EXPECT_EQ(ambi_winforlife(archivio, {.capogioco = {1}}, vuoto).messaggi[0].testo, kNessunaEstrazione);
+    // The hour does not cut these draws.
+    AmbitoRicerca alle_dieci;
+    alle_dieci.ora = 3;
+    EXPECT_TRUE(ambi_winforlife(archivio, {.capogioco = {1}}, alle_dieci).prodotto);
+}
+
+/// What the steps of the analysis give when they are walked one by one.
+TEST(AnalisiGruppo, GliAmbiInWinForLifeUgualiAllaLenta) {
+    for (unsigned seme = 1; seme <= 30; ++seme) {
+        SCOPED_TRACE(seme);
+        const auto archivio = archivio_casuale(seme);
+        const AmbitoRicerca ambito = ambito_casuale(seme);
+        const int capo = 1 + static_cast<int>(seme % 20);
+        const int sorte = 1 + static_cast<int>(seme % 2);
+        const auto& tabella = archivio.winforlife();
+        const TrattoConcorsi tratto = ambito.tratto.riportato(archivio.ultimo_concorso_winforlife());
+        struct Ambo {
+            int frequenza = 0, ultimo = 0, storico = 0;
+        };
+        std::map<std::pair<int, int>, Ambo> ambi;
+        for (int n = 1; n <= 20; ++n)
+            if (n != capo) ambi[std::minmax(n, capo)];
+        int c = 0;
+        int record = 0;
+        Concorso prima = 0;
+        for (std::size_t i = 0; i < tabella.concorso.size(); ++i) {
+            if (!tratto.contiene(tabella.concorso[i])) continue;
+            ++record;
+            if (tabella.concorso[i] != prima) ++c;
+            prima = tabella.concorso[i];
+            for (auto& [numeri, a] : ambi) {
+                int colpi = 0;
+                for (const Numero n : tabella.numeri[i]) colpi += n == numeri.first || n == numeri.second;
+                if (colpi < sorte) continue;
+                ++a.frequenza;
+                a.storico = std::max(a.storico, c - a.ultimo - 1);
+                a.ultimo = c;
+            }
+        }
+        const Risultato r = ambi_winforlife(archivio, {.capogioco = {capo}, .tipo = sorte - 1}, ambito);
+        ASSERT_EQ(r.prodotto, record > 0);
+        if (!r.prodotto) continue;
+        std::string attese;
+        for (const auto& [numeri, a] : ambi)
+            attese += fmt::format("{} - {} {} {} {}\n", numeri.first, numeri.second, a.frequenza,
+                                  record - a.ultimo, a.storico);
+        EXPECT_EQ(prove::righe(r.tabelle[2]), attese);
+    }
 }
 
 TEST(AnalisiGruppo, CioCheNonVaInsieme) {

@@ -1,6 +1,7 @@
 #include "catalogue/nomi.h"
 #include "catalogue/rapporti.h"
 #include "catalogue/ricerche.h"
+#include "chance/parametri.h"
 #include "lunghette/parametri.h"
 #include "personal/parametri.h"
 #include "printing/metriche.h"
@@ -41,6 +42,7 @@ Domanda domanda_di(const Ricerca& ricerca, const SelezioneRuote& ruote) {
         d.parametri.per<ParametriStatistica>().capogioco = {12, 34};
     else if (ricerca.ammette(kOpzCapogioco))
         d.parametri.per<ParametriStatistica>().capogioco = {12};
+    if (ricerca.ammette(kOpzCapogiocoWinForLife)) d.parametri.per<ParametriAmbiWinForLife>().capogioco = {12};
     if (ricerca.ammette(kOpzNumeriSpia)) d.parametri.per<ParametriSpia>().numeri = {5, 12, 40, 41, 77};
     if (ricerca.ammette(kOpzNumeri)) d.parametri.per<ParametriStatistica>().numeri = {5, 12, 40, 41, 77};
     if (ricerca.ammette(kOpzNumeriPersonali)) d.parametri.per<ParametriPersonali>().numeri = {5, 17, 90};
@@ -50,6 +52,7 @@ Domanda domanda_di(const Ricerca& ricerca, const SelezioneRuote& ruote) {
         d.parametri =
             ParametriGruppi{.lunghette = *leggi_lunghette("1 2 3 4;50 60 70 80"), .sorte = 2, .dettaglio = 1};
     if (ricerca.ammette(kOpzNumeroPiramide)) d.parametri.per<ParametriPiramide>().numero = 33;
+    if (ricerca.ammette(kOpzNumeriStoria)) d.parametri = ParametriStoria{.numeri = {5, 17}};
     if (ricerca.ammette(kOpzMeta)) d.parametri.per<ParametriScomposte>().meta = 1;
     return d;
 }

@@ -5,10 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <numeric>
 #include <random>
+#include <variant>
 
 namespace sortimetra {
 namespace {
@@ -312,6 +314,60 @@ TEST(ScriviTabella, AccentiELettereLarghe) {
               "数字        2\n"
               "x y [31m    3\n")
         << "control characters never reach the terminal";
+}
+
+/// Numbers and groups, each cell put to its side with blanks, one after the other.
+std::string tabella_lenta(const Tabella& t, const std::vector<std::uint32_t>& ordine) {
+    std::vector<std::size_t> larghe(t.n_colonne());
+    for (std::size_t c = 0; c < larghe.size(); ++c)
+        for (const std::uint32_t r : ordine) larghe[c] = std::max(larghe[c], t.testo(r, c).size());
+    std::string testo;
+    for (const std::uint32_t r : ordine) {
+        std::string linea;
+        for (std::size_t c = 0; c < larghe.size(); ++c) {
+            const std::string cella = t.testo(r, c);
+            const std::string vuoto(larghe[c] - cella.size(), ' ');
+            const bool numeri = std::holds_alternative<ColonnaInteri>(t.colonne[c]);
+            linea += (c > 0 ? "  " : "") + (numeri ? vuoto + cella : cella + vuoto);
+        }
+        linea.erase(linea.find_last_not_of(' ') + 1);
+        testo += linea + "\n";
+    }
+    return testo;
+}
+
+TEST(ScriviTabella, UgualeAllaViaLenta) {
+    for (unsigned seme = 1; seme <= 400; ++seme) {
+        SCOPED_TRACE(seme);
+        std::mt19937 caso{seme};
+        const auto fra = [&](int da, int a) { return std::uniform_int_distribution<int>{da, a}(caso); };
+        const auto righe = static_cast<std::size_t>(fra(1, 30));
+        Tabella t;
+        for (int c = fra(1, 5); c > 0; --c) {
+            if (fra(0, 2) == 0) {
+                ColonnaGruppi gruppi{.quanti = static_cast<std::size_t>(fra(1, 4)), .numeri = {}};
+                for (std::size_t i = 0; i < righe * gruppi.quanti; ++i)
+                    gruppi.numeri.push_back(static_cast<std::uint8_t>(fra(1, 90)));
+                t.colonne.emplace_back(std::move(gruppi));
+                continue;
+            }
+            // Columns of one digit up to ten, some with negative numbers, some with cells of no number.
+            const int massimo = std::array{9, 99, 999, 9999, 10000, 2147483647}[fra(0, 5)];
+            const int minimo = fra(0, 3) == 0 ? -massimo : 0;
+            const bool altre = fra(0, 2) == 0;
+            ColonnaInteri interi;
+            for (std::size_t r = 0; r < righe; ++r)
+                interi.valori.push_back(altre && fra(0, 3) == 0 ? kCellaVuota + fra(0, 1)
+                                                                : fra(minimo, massimo));
+            t.colonne.emplace_back(std::move(interi));
+        }
+        std::vector<std::uint32_t> ordine(righe);
+        std::iota(ordine.begin(), ordine.end(), 0U);
+        EXPECT_EQ(in_tabella(t), tabella_lenta(t, ordine));
+        std::shuffle(ordine.begin(), ordine.end(), caso);
+        ordine.resize(static_cast<std::size_t>(fra(1, static_cast<int>(righe))));
+        EXPECT_EQ(in_tabella(t, {.ordine = ordine}), tabella_lenta(t, ordine));
+    }
 }
 
 TEST(ScriviTabella, LeLarghezzeSonoQuelleDelleRigheScritte) {

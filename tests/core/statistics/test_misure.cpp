@@ -35,6 +35,30 @@ TEST(Misura, MaiSortitaOSortitaSempre) {
     EXPECT_EQ(misura({1, 2, 3}, 3, inizio_ambata(Estrazioni{3})), "3 0 0");
 }
 
+TEST(MisuraBreve, ConteComeInQuelleLarghe) {
+    for (std::uint32_t seme = 1; seme <= 200; ++seme) {
+        SCOPED_TRACE(seme);
+        std::mt19937 caso{seme};
+        const auto passo = 1 + caso() % (seme % 2 == 0 ? 3000U : 4U);
+        const auto inizio = static_cast<std::int32_t>(caso() % 0x10000);
+        Misura larga{.ultimo = inizio};
+        MisuraBreve breve{inizio};
+        for (std::uint32_t c = 1 + caso() % passo; c <= 0xFFFF; c += caso() % (passo + 1)) {
+            esce(larga, static_cast<std::int32_t>(c));
+            esce(breve, static_cast<std::int32_t>(c));
+            ASSERT_EQ(static_cast<Misura>(breve), larga);
+        }
+    }
+}
+
+TEST(MisuraBreve, BastaFinoA65535Estrazioni) {
+    EXPECT_TRUE(MisuraBreve::basta(65535, 65535));
+    EXPECT_TRUE(MisuraBreve::basta(0, 0));
+    EXPECT_FALSE(MisuraBreve::basta(65536, 1));
+    EXPECT_FALSE(MisuraBreve::basta(10, 65536));
+    EXPECT_FALSE(MisuraBreve::basta(10, -1)) << "T is 0 where no wheel is chosen";
+}
+
 TEST(Misura, DueSortiteNelloStessoConcorso) {
     EXPECT_EQ(misura({2, 2, 5, 5}, 6, inizio_ambata(Estrazioni{6})), "4 1 2");
 }

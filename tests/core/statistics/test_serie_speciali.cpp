@@ -218,6 +218,28 @@ TEST(MisuraSerie, OgniSogliaUgualeAllaLenta) {
     }
 }
 
+/// Read from the last draw back, or with all that is counted on the way.
+TEST(MisuraSerie, LUltimaUscitaLettaAllIndietro) {
+    SenzaAvanzamento nessuno;
+    for (std::uint32_t seme = 1; seme <= 80; ++seme) {
+        SCOPED_TRACE(seme);
+        const auto archivio = archivio_casuale(seme);
+        const VistaEstrazioni vista{archivio, ambito_casuale(seme)};
+        auto serie = come_serie(membri_casuali(seme));
+        // Sometimes more members than are looked for at once.
+        if (seme % 5 == 0)
+            for (const auto primi = serie.numeri; serie.righe() < 600 && !primi.empty();)
+                serie.numeri.insert(serie.numeri.end(), primi.begin(), primi.end());
+        for (const int soglia : {-1, 0, 1, 2, 3, 4}) {
+            SCOPED_TRACE(soglia);
+            std::vector<std::int32_t> attese;
+            for (const Misura& m : misura_serie(vista, serie, soglia, nessuno))
+                attese.push_back(m.frequenza == 0 ? 0 : m.ultimo);
+            EXPECT_EQ(ultime_uscite(vista, serie, soglia), attese);
+        }
+    }
+}
+
 TEST(MisuraSerie, NumeroDueVolteNelMembroContaDue) {
     const auto archivio = da_testo("1 BA 1 30 40 50 60\n2 BA 5 31 41 51 61\n");
     SenzaAvanzamento nessuno;

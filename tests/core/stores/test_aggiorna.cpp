@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <fstream>
 #include <random>
+#include <span>
 #include <string>
 #include <thread>
 #include <tuple>
@@ -105,7 +106,7 @@ struct Banco {
     }
 };
 
-std::vector<std::string> date(const std::vector<Concorso>& concorsi, const std::vector<Data>& giorni) {
+std::vector<std::string> date(std::span<const Concorso> concorsi, std::span<const Data> giorni) {
     std::vector<std::string> testi;
     for (std::size_t i = 0; i < concorsi.size(); ++i)
         testi.push_back(std::to_string(concorsi[i]) + " " + testo_data(giorni[i]));
@@ -245,7 +246,8 @@ TEST(Aggiorna, DoveICorsiSonoLiberiLaVecchiaEntra) {
                    {4, giorno("13/06/2001"), 0, {1, 2, 3, 4, 5}}};
     std::filesystem::create_directories(b.archivio());
     ASSERT_TRUE(scrivi_drawit(b.archivio() / "drawit.db", righe, false));
-    EXPECT_TRUE(b.aggiorna({lotto("2001/06/06", 11)}).niente_di_nuovo()) << "2 or 3? nobody can say";
+    // Such an archive does not open, and one draw does not mend it: 2 or 3? nobody can say.
+    EXPECT_THAT(b.errore({lotto("2001/06/06", 11)}), HasSubstr("concorsi 2-3: i concorsi mancano"));
     const Proposta p = b.aggiorna({lotto("2001/06/06", 11) + lotto("2001/06/09", 21)});
     EXPECT_EQ(p.giochi[0].nuove.size(), 2U);
     EXPECT_FALSE(p.giochi[0].rinumera);

@@ -37,6 +37,21 @@ TEST(Apertura, SenzaArchivio) {
     EXPECT_EQ(apri_archivio(cartella.percorso() / "archivio").error().motivo, "non è una cartella");
 }
 
+TEST(Apertura, CioCheLeEstrazioniDiconoDiSeStesse) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    nativo(file, 5);
+    const auto rifiutato = apri_archivio(cartella.percorso(), kTabellaLotto);
+    ASSERT_FALSE(rifiutato);
+    EXPECT_EQ(rifiutato.error().file, file);
+    EXPECT_EQ(rifiutato.error().motivo,
+              "tabella archivio, concorso 1, ruota BA: il numero 5 sta due volte nella "
+              "riga, in 1°estratto e in 5°estratto");
+    EXPECT_TRUE(apri_archivio(cartella.percorso(), kTabellaLotto, {.esamina = false}));
+    // A table that is not asked for is not looked at.
+    EXPECT_TRUE(apri_archivio(cartella.percorso(), kTabellaSuperEnalotto));
+}
+
 TEST(Apertura, NomiSenzaRiguardoAMaiuscole) {
     const CartellaProva cartella;
     nativo(cartella.percorso() / "DrawIt.DB", 7);

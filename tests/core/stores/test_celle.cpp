@@ -80,6 +80,31 @@ TEST(Celle, UnNumeroInOgniForma) {
         EXPECT_THAT(esito(4, c), HasSubstr("atteso da 1 a 90"));
 }
 
+TEST(Celle, CioCheNonENumeroNonEVuoto) {
+    // What a column of another type would give: never a row without its number.
+    for (const Cella& c : {reale(44.5), reale(6e-320), momento(44), reale(0.1)})
+        EXPECT_THAT(esito(4, c), HasSubstr("atteso da 1 a 90"));
+    for (const Cella& c : {reale(6e-320), momento(7), reale(7.5)})
+        EXPECT_THAT(esito(7, c), HasSubstr("atteso un numero da 1 in su"));
+}
+
+TEST(Celle, UnaCellaCheNonSiLegge) {
+    const Cella guasta{.tipo = Tipo::Guasta, .intero = 0, .reale = 0, .testo = {}};
+    EXPECT_EQ(esito(4, guasta),
+              "tabella archivio, concorso 7: la cella \"3°estratto\" non si legge, il file è danneggiato");
+    EXPECT_EQ(esito(7, guasta),
+              "tabella archivio: la cella \"concorso\" non si legge, il file è danneggiato");
+    for (const std::size_t posto : {0U, 1U, 2U, 6U})
+        EXPECT_THAT(esito(posto, guasta), HasSubstr("non si legge"));
+    RigheArchivio righe;
+    LettoreRighe lettore{righe};
+    std::vector<Cella> celle{intero(1), testo("2023-10-08"), guasta};
+    for (int n = 1; n <= 10; ++n) celle.push_back(intero(n));
+    EXPECT_EQ(lettore.aggiungi(forma(kTabellaWinForLife), celle),
+              "tabella archivio, concorso 1: la cella \"ora\" non si legge, il file è danneggiato");
+    EXPECT_TRUE(righe.winforlife.empty());
+}
+
 TEST(Celle, IlConcorso) {
     EXPECT_EQ(letta(7, testo("4655")).concorso, 4655);
     EXPECT_EQ(letta(7, reale(4655)).concorso, 4655);

@@ -69,7 +69,7 @@ TEST(Dimostrazione, SuperstarComincia2006) {
 TEST(Dimostrazione, WinForLifeOgniOraDaSetteAVentitre) {
     const auto& t = dimostrativo().winforlife();
     std::map<Data, std::set<std::string>> ore;
-    for (std::size_t i = 0; i < t.concorso.size(); ++i) ore[t.data[i]].insert(t.ora[i]);
+    for (std::size_t i = 0; i < t.concorso.size(); ++i) ore[t.data[i]].emplace(t.ora[i]);
     for (const auto& [data, del_giorno] : ore) {
         ASSERT_EQ(del_giorno.size(), 17U) << testo_data(data);
         ASSERT_EQ(*del_giorno.begin(), "07:00");

@@ -190,8 +190,8 @@ TEST(Importa, TuttiETre) {
     ASSERT_TRUE(a) << a.error().testo();
     EXPECT_EQ(a->lotto().righe, 3U);
     EXPECT_EQ(a->ultimo_concorso(), 2);
-    EXPECT_EQ(a->superenalotto().numeri.at(0), (std::array<Numero, 8>{1, 2, 3, 4, 5, 6, 7, 9}));
-    EXPECT_EQ(a->winforlife().ora.at(0), "07:00");
+    EXPECT_EQ(a->superenalotto().numeri[0], (std::array<Numero, 8>{1, 2, 3, 4, 5, 6, 7, 9}));
+    EXPECT_EQ(a->winforlife().ora[0], "07:00");
     EXPECT_FALSE(a->drawit().simulato);
 }
 
@@ -515,6 +515,32 @@ TEST(Importa, TestiRovinatiACasoNonCadonoMai) {
         }
     }
     EXPECT_GT(rifiutati, 20'000);
+}
+
+TEST(Importa, CioCheNonPuoEssereNonEntra) {
+    const CartellaProva cartella;
+    const auto archivio = cartella.percorso() / "archivio";
+    SenzaAvanzamento nessuno;
+    const auto importa = [&](const char* opzione, const std::string& testo) {
+        const auto file = cartella.percorso() / "testo";
+        EXPECT_TRUE(scrivi_file(file, testo));
+        FilePubblicati pubblicati{.tutto = true};
+        (opzione[0] == 'l' ? pubblicati.lotto : pubblicati.winforlife) = file;
+        const auto esito = importa_archivio(archivio, pubblicati, nessuno);
+        return esito ? "importato" : esito.error().motivo;
+    };
+    EXPECT_EQ(
+        importa("lotto", "2000/01/01\tBA\t1\t2\t45\t4\t45\n"),
+        "tabella archivio, concorso 1, ruota BA: il numero 45 sta due volte nella riga, in 3°estratto e in "
+        "5°estratto");
+    // The newest draw first: counted in the order of the file, every delay would be wrong.
+    EXPECT_EQ(
+        importa("winforlife", std::string{kTitoliW} + "2;2023-10-09;08:00;1;3;4;5;6;9;12;16;18;20;14\n"
+                                                      "1;2023-10-08;08:00;1;3;4;5;6;9;12;16;18;20;14\n"),
+        "tabella archivio, concorso 2: la data 08/10/2023 non viene dopo quella dell'estrazione prima, "
+        "09/10/2023");
+    EXPECT_FALSE(contiene_archivio(archivio));
+    EXPECT_EQ(importa("lotto", "2000/01/01\tBA\t1\t2\t45\t4\t\n"), "importato") << "an empty cell is allowed";
 }
 
 }  // namespace

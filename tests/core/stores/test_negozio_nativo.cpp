@@ -213,6 +213,59 @@ TEST(NegozioNativo, Troncato) {
     EXPECT_EQ(motivo(file), "il file è troncato: ha solo 50 byte");
 }
 
+/// A file as our writer makes it, then changed by hand.
+std::string motivo_dopo(std::string_view sql, unsigned tabelle) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    RigheArchivio righe = archivio_dimostrativo();
+    righe.lotto.resize(100);
+    righe.nazionale.resize(10);
+    righe.superenalotto.resize(10);
+    EXPECT_TRUE(scrivi_drawit(file, righe, true));
+    sqlite3* base = nullptr;
+    EXPECT_EQ(sqlite3_open(file.c_str(), &base), SQLITE_OK);
+    char* errore = nullptr;
+    EXPECT_EQ(sqlite3_exec(base, std::string{sql}.c_str(), nullptr, nullptr, &errore), SQLITE_OK) << errore;
+    sqlite3_close(base);
+    return motivo(file, tabelle);
+}
+
+TEST(NegozioNativo, UnaTabellaCambiataDopoNonSiApre) {
+    const unsigned tutte = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
+    EXPECT_EQ(motivo_dopo("SELECT 1", tutte), "letto");
+    constexpr std::string_view kMenoUna = "DELETE FROM archivio WHERE rowid = 50";
+    EXPECT_EQ(motivo_dopo(kMenoUna, tutte),
+              "il file è danneggiato: la tabella archivio ha 99 righe invece di 100");
+    EXPECT_EQ(motivo_dopo(kMenoUna, kTabellaLotto),
+              "il file è danneggiato: la tabella archivio ha 99 righe invece di 100");
+    EXPECT_EQ(motivo_dopo(kMenoUna, kTabellaSuperEnalotto), "letto")
+        << "only what is read is held to anything";
+    EXPECT_EQ(
+        motivo_dopo("UPDATE archivion SET \"3°estratto\" = \"3°estratto\" % 90 + 1 WHERE rowid = 5", tutte),
+        "il file è danneggiato: la tabella archivion non contiene ciò che vi fu scritto");
+    EXPECT_EQ(motivo_dopo("UPDATE archivios SET rowid = 1000 WHERE rowid = 1", tutte),
+              "il file è danneggiato: la tabella archivios non contiene ciò che vi fu scritto");
+}
+
+TEST(NegozioNativo, UnArchivioSimulatoNonPassaPerVero) {
+    EXPECT_EQ(motivo_dopo("DELETE FROM proprieta", kTabellaLotto),
+              "il file è danneggiato: la tabella archivio non contiene ciò che vi fu scritto");
+}
+
+TEST(NegozioNativo, SenzaImpronteSoloSeNonNeHaMaiAvute) {
+    EXPECT_EQ(motivo_dopo("DELETE FROM impronte WHERE tabella = 'archivio'", kTabellaLotto),
+              "il file è danneggiato: mancano i conti della tabella archivio");
+    for (const char* sql : {"DROP TABLE impronte", "PRAGMA application_id = 0", "PRAGMA user_version = 0",
+                            "PRAGMA application_id = 7", "DROP TABLE impronte; PRAGMA user_version = 0"})
+        EXPECT_EQ(motivo_dopo(sql, kTabellaLotto), "il file è danneggiato: mancano i conti delle sue tabelle")
+            << sql;
+    EXPECT_THAT(motivo_dopo("PRAGMA user_version = 2", kTabellaLotto), HasSubstr("versione più nuova"));
+    // What was written before there were any is all three: such files are still read.
+    EXPECT_EQ(
+        motivo_dopo("DROP TABLE impronte; PRAGMA user_version = 0; PRAGMA application_id = 0", kTabellaLotto),
+        "letto");
+}
+
 TEST(NegozioNativo, InUsoDaUnAltro) {
     const FileMano mano{std::string{kTabellaMano}};
     sqlite3* altro = nullptr;
@@ -246,6 +299,9 @@ TEST(NegozioNativo, RovinatoACasoNonCadeMai) {
                 a_caso(2) == 0 ? a_caso(std::min<std::size_t>(200, byte.size())) : a_caso(byte.size());
             byte[dove] = static_cast<char>(a_caso(256));
         }
+        // A new file each time: some file systems wait for the disk when one is cut to nothing and written
+        // anew.
+        std::filesystem::remove(file);
         std::ofstream{file, std::ios::binary}.write(byte.data(), static_cast<std::streamsize>(byte.size()));
         SCOPED_TRACE(giro);
         auto letti = leggi_nativo(file, kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto);
@@ -257,6 +313,74 @@ TEST(NegozioNativo, RovinatoACasoNonCadeMai) {
         (void)ArchivioEstrazioni::componi(std::move(letti->righe));
     }
     EXPECT_GT(rifiutati, kGiri / 4);
+}
+
+// ---- a store that goes on ----
+
+/// How often the engine has committed a change to a file: 1 for one that was written whole.
+std::uint32_t scritture(const std::filesystem::path& file) {
+    std::ifstream flusso{file, std::ios::binary};
+    flusso.seekg(24);
+    std::uint32_t n = 0;
+    for (int i = 0; i < 4; ++i) n = n << 8U | static_cast<std::uint32_t>(flusso.get());
+    return n;
+}
+
+RigheArchivio dimostrativo_fino_a(Concorso ultimo) {
+    RigheArchivio righe = archivio_dimostrativo();
+    const auto oltre = [&](const auto& r) { return r.concorso > ultimo; };
+    std::erase_if(righe.lotto, oltre);
+    std::erase_if(righe.nazionale, oltre);
+    std::erase_if(righe.superenalotto, oltre);
+    std::erase_if(righe.winforlife, oltre);
+    return righe;
+}
+
+TEST(NegozioNativo, UnaEstrazioneInPiuSiAggiungeInFondo) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    const auto file2 = cartella.percorso() / "drawit2.db";
+    ASSERT_TRUE(scrivi_drawit(file, dimostrativo_fino_a(1200), false));
+    ASSERT_TRUE(scrivi_drawit2(file2, dimostrativo_fino_a(1200), false));
+    const std::uint32_t intera = scritture(file);
+    for (Concorso c = 1201; c <= 1203; ++c) {
+        const RigheArchivio righe = dimostrativo_fino_a(c);
+        ASSERT_TRUE(scrivi_drawit(file, righe, false));
+        ASSERT_TRUE(scrivi_drawit2(file2, righe, false));
+        EXPECT_GT(scritture(file), intera) << "not written anew";
+        const auto letti = leggi_nativo(file, kTutteLeTabelle & ~unsigned{kTabellaWinForLife});
+        ASSERT_TRUE(letti) << letti.error().testo();
+        EXPECT_EQ(letti->righe.lotto, righe.lotto);
+        EXPECT_EQ(letti->righe.nazionale, righe.nazionale);
+        EXPECT_EQ(letti->righe.superenalotto, righe.superenalotto);
+        EXPECT_FALSE(letti->simulato);
+        EXPECT_EQ(leggi_nativo(file2, kTabellaWinForLife)->righe.winforlife, righe.winforlife);
+    }
+}
+
+TEST(NegozioNativo, QuelloCheNonContinuaSiScriveIntero) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    const RigheArchivio prima = dimostrativo_fino_a(50);
+    const auto dopo = [&](const RigheArchivio& righe, bool simulato) {
+        std::filesystem::remove(file);
+        EXPECT_TRUE(scrivi_drawit(file, prima, false));
+        const std::uint32_t intera = scritture(file);
+        EXPECT_TRUE(scrivi_drawit(file, righe, simulato));
+        EXPECT_EQ(scritture(file), intera);
+        const auto letti = leggi_nativo(file, kTabellaLotto);
+        ASSERT_TRUE(letti) << letti.error().testo();
+        EXPECT_EQ(letti->righe.lotto, righe.lotto);
+        EXPECT_EQ(letti->simulato, simulato);
+    };
+    RigheArchivio altra = dimostrativo_fino_a(51);
+    altra.lotto[7].numeri[0] = static_cast<Numero>(altra.lotto[7].numeri[0] % 90 + 1);
+    dopo(altra, false);                    // a draw that stands is another
+    dopo(dimostrativo_fino_a(49), false);  // one goes
+    dopo(dimostrativo_fino_a(51), true);   // the mark changes
+    std::ofstream{file, std::ios::binary | std::ios::trunc} << "non è un archivio";
+    ASSERT_TRUE(scrivi_drawit(file, prima, false));
+    EXPECT_TRUE(leggi_nativo(file, kTabellaLotto));
 }
 
 }  // namespace

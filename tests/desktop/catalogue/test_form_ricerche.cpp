@@ -26,6 +26,7 @@
 #include <QTableView>
 #include <QtTest>
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -87,7 +88,13 @@ struct Finestra {
         chiavi_aperte.clear();
         form.show();
         QApplication::setActiveWindow(&form);
-        if (con_archivio) form.carica_archivio();
+        if (!con_archivio) return;
+        form.carica_archivio();
+        if (!letto()) qFatal("the archive is not read");
+    }
+    /// Waits until no archive is being read.
+    [[nodiscard]] bool letto() const {
+        return QTest::qWaitFor([this] { return !form.legge_archivio(); }, 60'000);
     }
     [[nodiscard]] QPushButton* gruppo(int i) const {
         return form.findChild<QPushButton*>(QStringLiteral("cmdRicerche_%1").arg(i));
@@ -113,6 +120,24 @@ struct Finestra {
         const QPoint p = griglia->visualRect(griglia->model()->index(i, 0)).center();
         QTest::mouseClick(griglia->viewport(), Qt::LeftButton, {}, p);
         if (doppio) QTest::mouseDClick(griglia->viewport(), Qt::LeftButton, {}, p);
+    }
+};
+
+/// An archive that is read only when the test says so, or ends.
+struct Lenta {
+    std::shared_ptr<std::atomic<bool>> via = std::make_shared<std::atomic<bool>>(false);
+    explicit Lenta(form_ricerche& form) {
+        form.lettore().guarda = [via = via](const fs::path& dove) {
+            via->wait(false);
+            return guarda_archivio(dove);
+        };
+    }
+    Lenta(const Lenta&) = delete;
+    Lenta& operator=(const Lenta&) = delete;
+    ~Lenta() { leggi(); }
+    void leggi() const {
+        via->store(true);
+        via->notify_all();
     }
 };
 
@@ -534,6 +559,99 @@ class TestFormRicerche final : public QObject {
         QTRY_VERIFY(f.form.archivio_aperto());
     }
 
+    void mentre_legge_la_finestra_vive() {
+        Cartella c{archivio_};
+        form_ricerche form{c.sessione, kFinti};
+        const Lenta lenta{form};
+        chiavi_aperte.clear();
+        form.show();
+        QTRY_VERIFY(form.legge_archivio());
+        auto* stato = form.findChild<QLabel*>(QStringLiteral("lblStato"));
+        QCOMPARE(stato->text(), QStringLiteral("Leggo l'archivio…"));
+        // It goes on taking clicks and keys, and says for what it waits.
+        QTest::keyClick(&form, Qt::Key_4);
+        QCOMPARE(c.memoria().leggi_memoria("tipo", ""), "3");
+        auto* frame = form.findChild<QWidget*>(QStringLiteral("FrameArchivio"));
+        QTRY_VERIFY(frame->isVisible());
+        QCOMPARE(form.findChild<QLabel*>(QStringLiteral("lblArchivioTitolo"))->text(), stato->text());
+        QTest::keyClick(&form, Qt::Key_1);
+        form.apri(*trova_ricerca("ritardo e frequenza dei 90 numeri"));
+        QVERIFY(chiavi_aperte.isEmpty());
+        QVERIFY(stato->text().contains(QStringLiteral("«Ritardo e frequenza dei 90 numeri»"),
+                                       Qt::CaseInsensitive));
+        // Another choice takes its place; it opens when there is something to open it on.
+        form.apri(*trova_ricerca("decine"));
+        lenta.leggi();
+        QTRY_VERIFY(form.archivio_aperto());
+        QCOMPARE(chiavi_aperte, QStringList{QStringLiteral("decine")});
+        QCOMPARE(ultimo_visto, 4655);
+        QVERIFY(!form.isVisible());
+        QVERIFY(stato->text().startsWith(QStringLiteral("drawit.db · ")));
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->isVisible()) w->close();
+    }
+
+    void chi_rinuncia_non_si_trova_una_finestra() {
+        Cartella c{archivio_};
+        form_ricerche form{c.sessione, kFinti};
+        const Lenta lenta{form};
+        chiavi_aperte.clear();
+        form.show();
+        form.apri(*trova_ricerca("decine"));
+        QTest::keyClick(&form, Qt::Key_Escape);
+        QCOMPARE(form.findChild<QLabel*>(QStringLiteral("lblStato"))->text(),
+                 QStringLiteral("Leggo l'archivio…"));
+        lenta.leggi();
+        QTRY_VERIFY(form.archivio_aperto());
+        QVERIFY(chiavi_aperte.isEmpty());
+    }
+
+    void mentre_legge_si_cambia_cartella() {
+        Cartella c;
+        Cartella altra{archivio_};
+        form_ricerche form{c.sessione, kFinti};
+        const Lenta lenta{form};
+        form.show();
+        QTRY_VERIFY(form.legge_archivio());
+        // The folder that was being read has no archive: that is not said, it is no longer wanted.
+        MessaggiDiProva detti;
+        form.usa_cartella(altra.sessione.percorso_programma);
+        lenta.leggi();
+        QTRY_VERIFY(form.archivio_aperto());
+        QVERIFY(detti.detti.isEmpty());
+        QCOMPARE(c.sessione.percorso_programma, altra.sessione.percorso_programma);
+        QVERIFY(!form.findChild<QWidget*>(QStringLiteral("FrameArchivio"))->isVisible());
+    }
+
+    void si_chiude_mentre_legge() {
+        Cartella c{archivio_};
+        const auto form = std::make_unique<form_ricerche>(c.sessione, kFinti);
+        const Lenta lenta{*form};
+        form->show();
+        QTRY_VERIFY(form->legge_archivio());
+        QSignalSpy fine{form.get(), &form_ricerche::terminata};
+        form->close();
+        QCOMPARE(fine.count(), 1);
+        lenta.leggi();
+        QTRY_VERIFY(!form->legge_archivio());
+        QVERIFY(!form->archivio_aperto());
+    }
+
+    void cartella_senza_permesso() {
+        if (geteuid() == 0) QSKIP("everything is permitted to root");
+        Cartella c{archivio_};
+        const auto dove = c.sessione.percorso_archivio();
+        fs::permissions(dove, fs::perms::none);
+        Finestra f{c.sessione};
+        fs::permissions(dove, fs::perms::owner_all);
+        QCOMPARE(f.testo("lblArchivioTesto"),
+                 QString::fromStdString(dove.string()) +
+                     QStringLiteral(": la cartella dell'archivio non si può leggere: permesso negato"));
+        // Nothing is offered that would be written there.
+        QVERIFY(!f.form.findChild<QWidget*>(QStringLiteral("cmdDimostrazione"))->isVisible());
+        QVERIFY(f.form.findChild<QWidget*>(QStringLiteral("cmdRiprova"))->isVisible());
+    }
+
     void senza_archivio_lo_crea() {
         Cartella c;
         Finestra f{c.sessione};
@@ -547,6 +665,7 @@ class TestFormRicerche final : public QObject {
         f.clic_riga(5);  // needs none
         QVERIFY(f.conferma->isEnabled());
         QTest::mouseClick(f.form.findChild<QPushButton*>(QStringLiteral("cmdDimostrazione")), Qt::LeftButton);
+        QVERIFY(f.letto());
         QVERIFY(f.form.archivio_aperto());
         QVERIFY(!frame->isVisible());
         QVERIFY(f.form.findChild<QLabel*>(QStringLiteral("lblSimulato"))->isVisible());
@@ -569,6 +688,7 @@ class TestFormRicerche final : public QObject {
             return QString::fromStdString(altra.sessione.percorso_archivio().string());
         };
         QTest::mouseClick(cartella, Qt::LeftButton);
+        QVERIFY(f.letto());
         QVERIFY(f.form.archivio_aperto());
         QCOMPARE(c.sessione.percorso_programma, altra.sessione.percorso_programma);
         QCOMPARE(scelta.count(), 1);
@@ -602,6 +722,7 @@ class TestFormRicerche final : public QObject {
                 return QString::fromStdString(sbagliata->sessione.percorso_programma.string());
             };
             QTest::mouseClick(f.form.findChild<QPushButton*>(QStringLiteral("cmdCambia")), Qt::LeftButton);
+            QVERIFY(f.letto());
             // It says which folder, what was looked for there, and what would be right.
             QCOMPARE(detti.detti.size(), 1);
             QVERIFY(detti.detti[0].testo.contains(
@@ -677,6 +798,7 @@ class TestFormRicerche final : public QObject {
         fs::remove_all(c.sessione.percorso_archivio());
         fs::copy(archivio_, c.sessione.percorso_archivio());
         QTest::mouseClick(f.form.findChild<QPushButton*>(QStringLiteral("cmdRiprova")), Qt::LeftButton);
+        QVERIFY(f.letto());
         QVERIFY(f.form.archivio_aperto());
     }
 

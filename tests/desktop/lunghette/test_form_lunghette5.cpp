@@ -5,6 +5,8 @@
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
+#include "statistics/form_stat2.h"
+#include "statistics/pannello_gruppo.h"
 #include "support/archivi.h"
 
 #include <QApplication>
@@ -108,6 +110,49 @@ class TestFormLunghette5 final : public QObject {
         clic("Command1");
         QCOMPARE(righe(), 0);
         QVERIFY(messaggi.detti.isEmpty());
+    }
+
+    void il_capogioco_porta_all_analisi_di_gruppo() {
+        MessaggiDiProva messaggi;
+        auto* casella = controllo<QLineEdit>("txtcapogioco");
+        QCOMPARE(casella->parentWidget()->objectName(), QStringLiteral("FrameCapogioco"));
+        QCOMPARE(controllo<QPushButton>("Command3")->text(), QStringLiteral("Analisi Gruppo"));
+        clic("Command3");
+        QCOMPARE(messaggi.detti.size(), 1);
+        QCOMPARE(messaggi.detti.front().testo, QStringLiteral("Capogioco specificato non valido"));
+        QCOMPARE(form_->findChild<Form_stat2*>(), nullptr);
+
+        casella->setFocus();
+        QTest::keyClicks(casella, QStringLiteral("2"));
+        QTest::keyClick(casella, Qt::Key_Return);
+        auto* analisi = form_->findChild<Form_stat2*>();
+        QVERIFY(analisi != nullptr && analisi->isVisible());
+        QCOMPARE(analisi->windowTitle(), QStringLiteral("Analisi Gruppo - ambi del 2"));
+        const auto* ambi = analisi->pannello()->lunghette()->modello();
+        QCOMPARE(ambi->rowCount(), 19);
+        // 2 and 1 came together in draws 1, 2 and 3.
+        QCOMPARE(ambi->testo(0, 0) + ' ' + ambi->testo(0, 1), QStringLiteral("1 - 2 3"));
+        // By the ambata each number of an ambo counts: 2 came in all four draws.
+        controllo<QComboBox>("ComboRit")->setCurrentIndex(0);
+        clic("Command3");
+        QCOMPARE(ambi->testo(0, 1), QStringLiteral("4"));
+        // The cinquine were not asked for.
+        QCOMPARE(righe(), 0);
+        form_->close();
+        QVERIFY(!analisi->isVisible());
+    }
+
+    void l_analisi_si_stampa_se_c_e_chi_stampa() {
+        QStringList stampati;
+        form_->imposta_stampa([&](const LavoroStampa& l) {
+            stampati << QString::fromStdString(std::string{l.risposta.titolo()});
+        });
+        controllo<QLineEdit>("txtcapogioco")->setText(QStringLiteral("20"));
+        clic("Command3");
+        auto* analisi = form_->findChild<Form_stat2*>();
+        QVERIFY(analisi != nullptr);
+        QTest::mouseClick(analisi->findChild<QPushButton*>(QStringLiteral("cmdStampa")), Qt::LeftButton);
+        QCOMPARE(stampati, QStringList{QStringLiteral("Analisi Gruppo - ambi del 20")});
     }
 
     void si_puo_annullare() {
