@@ -47,10 +47,13 @@ constexpr auto kComandi = std::to_array<Comando>({
      .bit = kComArchivio,
      .esegui = comando_archivio},
     {.nome = "importa",
-     .argomenti = "[--lotto FILE] [--superenalotto FILE] [--winforlife FILE] | --jet DIR",
+     .argomenti =
+         "[--lotto FILE] [--superenalotto FILE] [--winforlife FILE] [--sostituisci] | --jet DIR | --annulla",
      .frase = "Costruisce l'archivio dai file dei risultati pubblicati.",
-     .dettaglio = "Serve almeno un file. Una riga che non si può leggere ferma tutto e l'archivio di prima "
-                  "resta com'era: o entra tutto o non entra niente.",
+     .dettaglio =
+         "Serve almeno un file. Una riga che non si può leggere ferma tutto e l'archivio di prima "
+         "resta com'era: o entra tutto o non entra niente. Lo stesso se estrazioni che l'archivio ha "
+         "andrebbero perse. L'archivio di prima resta accanto, con il nome che finisce per .prec.",
      .bit = kComImporta,
      .esegui = comando_importa},
     {.nome = "aggiorna",
@@ -70,7 +73,7 @@ constexpr auto kComandi = std::to_array<Comando>({
      .parole = true,
      .esegui = comando_aggiorna},
     {.nome = "dimostrazione",
-     .frase = "Crea nella cartella del programma un archivio simulato, se non ce n'è già uno.",
+     .frase = "Crea nella cartella del programma un archivio simulato, se non ce n'è già uno, o lo completa.",
      .dettaglio = "Le estrazioni di quell'archivio non sono vere: servono a provare il programma, che lo "
                   "ricorda ovunque le mostri.",
      .bit = kComDimostrazione,

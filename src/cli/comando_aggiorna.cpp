@@ -91,7 +91,8 @@ int comando_aggiorna(Richiesta& richiesta, const Canali& canali) {
     const auto arrivate = leggi_arrivi(*arrivi, avanzamento);
     if (!arrivate) return rimasto_com_era(arrivate.error(), canali);
     const ModoAggiorna modo{
-        .oggi = oggi(), .differenze = richiesta.sostituisci ? Differenze::sostituisci : Differenze::elenca};
+        .oggi = oggi(),
+        .differenze = richiesta.pubblicati.sostituisci ? Differenze::sostituisci : Differenze::elenca};
     const auto proposta = proponi(archivio, *arrivate, modo, avanzamento);
     if (!proposta)
         return rimasto_com_era(

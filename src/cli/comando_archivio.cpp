@@ -6,7 +6,6 @@
 #include "files/sessione.h"
 #include "results/scrittori.h"
 #include "statistics/cinquine_dei_90.h"
-#include "stores/aggiorna.h"
 #include "stores/apertura.h"
 #include "stores/importa.h"
 #include "text/testi.h"
@@ -113,6 +112,16 @@ std::string riassunto_testo(const ArchivioEstrazioni& a) {
     return testo;
 }
 
+bool manca_la_lista(const Sessione& sessione) {
+    std::error_code errore;
+    return !std::filesystem::exists(sessione.percorso_programma / kFileCinquine, errore);
+}
+
+bool archivio_simulato(const std::filesystem::path& archivio) {
+    const auto aperto = apri_archivio(archivio, kTabellaNazionale | kTabellaWinForLife);
+    return aperto && aperto->drawit().simulato && aperto->drawit2().simulato;
+}
+
 // ---- the examination ----
 
 std::string concorsi(const Rilievo& r) {
@@ -182,53 +191,83 @@ int comando_archivio(Richiesta& richiesta, const Canali& canali) {
                                            : riassunto_testo(*archivio));
 }
 
-int comando_importa(Richiesta& richiesta, const Canali& canali) {
-    const FilePubblicati& file = richiesta.pubblicati;
-    const bool pubblicati = file.lotto || file.superenalotto || file.winforlife;
-    if (richiesta.jet && (pubblicati || file.tutto))
-        return uso_errato(canali, "--jet porta tutto l'archivio, e non prende altro.", "importa");
-    if (!pubblicati && !richiesta.jet)
-        return uso_errato(
-            canali, "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife.", "importa");
-    if (file.tutto && !file.lotto)
-        return uso_errato(canali, "--tutto conta le estrazioni del Lotto: serve anche --lotto.", "importa");
-    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
-                            .copia = !richiesta.senza_copia};
-    AvanzamentoRiga avanzamento{canali, "importazione in corso"};
-    const auto esito = richiesta.jet ? importa_jet(sessione.percorso_archivio(), *richiesta.jet, avanzamento)
-                                     : importa_archivio(sessione.percorso_archivio(), file, avanzamento);
-    avanzamento.finito();
-    if (!esito) {
-        lamenta(canali, esito.error().testo());
-        lamenta(canali, "l'archivio è rimasto com'era.");
-        return kSenzaDati;
-    }
-    for (const std::string& avviso : esito->avvisi) canali.errori << avviso << '\n';
-    // What has been written is read again: the best proof, and what the user wants to see.
+namespace {
+
+/// What an archive holds after it was changed: what has been written is read again, the best proof and what
+/// the user wants to see.
+int mostra_cambiato(const Sessione& sessione, const Canali& canali) {
     const auto archivio = apri_per_leggere(sessione, kTutteLeTabelle, canali);
     if (!archivio) return kArchivioChiuso;
     return consegna(canali, riassunto_testo(*archivio));
 }
 
+int rimasto(const ErroreArchivio& errore, const Canali& canali) {
+    lamenta(canali, errore.testo());
+    lamenta(canali, "l'archivio è rimasto com'era.");
+    return kSenzaDati;
+}
+
+int annulla_ultima(const Sessione& sessione, const Canali& canali) {
+    AvanzamentoRiga avanzamento{canali, "annullamento in corso"};
+    const auto esito = annulla_importazione(sessione.percorso_archivio(), avanzamento);
+    avanzamento.finito();
+    if (!esito) return rimasto(esito.error(), canali);
+    if (contiene_archivio(sessione.percorso_archivio())) return mostra_cambiato(sessione, canali);
+    return consegna(canali, fmt::format("Prima dell'ultima importazione in {} non c'era un archivio: è stato "
+                                        "tolto, e tenuto da parte.\n",
+                                        sessione.percorso_archivio().string()));
+}
+
+}  // namespace
+
+int comando_importa(Richiesta& richiesta, const Canali& canali) {
+    const FilePubblicati& file = richiesta.pubblicati;
+    const bool nessun_file = !file.lotto && !file.superenalotto && !file.winforlife;
+    if (richiesta.annulla && (!nessun_file || file.tutto || file.sostituisci || richiesta.jet))
+        return uso_errato(canali, "--annulla riporta l'archivio di prima, e non prende altro.", "importa");
+    if (richiesta.jet && (!nessun_file || file.tutto))
+        return uso_errato(canali, "--jet porta tutto l'archivio, e non prende altri file.", "importa");
+    if (!richiesta.annulla && !richiesta.jet && nessun_file)
+        return uso_errato(
+            canali, "importa: serve almeno un file, con --lotto, --superenalotto o --winforlife.", "importa");
+    if (file.tutto && !file.lotto)
+        return uso_errato(canali, "--tutto conta le estrazioni del Lotto: serve anche --lotto.", "importa");
+    const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
+    if (richiesta.annulla) return annulla_ultima(sessione, canali);
+    AvanzamentoRiga avanzamento{canali, "importazione in corso"};
+    const auto archivio = sessione.percorso_archivio();
+    const auto esito = richiesta.jet ? importa_jet(archivio, *richiesta.jet, file.sostituisci, avanzamento)
+                                     : importa_archivio(archivio, file, avanzamento);
+    avanzamento.finito();
+    if (!esito) return rimasto(esito.error(), canali);
+    for (const std::string& avviso : esito->avvisi) canali.errori << avviso << '\n';
+    return mostra_cambiato(sessione, canali);
+}
+
 int comando_dimostrazione(Richiesta& richiesta, const Canali& canali) {
     const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella)};
-    if (contiene_archivio(sessione.percorso_archivio())) {
-        lamenta(canali, fmt::format("{} contiene già un archivio, che resta com'è.",
-                                    sessione.percorso_archivio().string()));
+    const auto archivio = sessione.percorso_archivio();
+    const bool c_era = contiene_archivio(archivio);
+    const bool intero = c_era && !ammette_dimostrazione(archivio);
+    // The list that a search reads belongs to it: whoever was stopped before that has half of it only.
+    if (intero && !(manca_la_lista(sessione) && archivio_simulato(archivio))) {
+        lamenta(canali, fmt::format("{} contiene già un archivio, che resta com'è.", archivio.string()));
         return kSenzaDati;
     }
-    AvanzamentoRiga avanzamento{canali, "archivio in costruzione"};
-    const auto creato = crea_dimostrazione(sessione.percorso_archivio(), avanzamento);
-    avanzamento.finito();
-    if (!creato) {
-        lamenta(canali, creato.error().testo());
-        return kArchivioChiuso;
+    if (!intero) {
+        AvanzamentoRiga avanzamento{canali, "archivio in costruzione"};
+        const auto creato = crea_dimostrazione(archivio, avanzamento);
+        avanzamento.finito();
+        if (!creato) {
+            lamenta(canali, creato.error().testo());
+            return kArchivioChiuso;
+        }
     }
     // The folder is new: it gets the one list that a search reads from it.
     if (const auto lista = prepara_cinquine_dei_90(sessione.percorso_programma); !lista)
         lamenta(canali, lista.error().testo());
-    return consegna(
-        canali, fmt::format("Creato in {} un {}\n", sessione.percorso_archivio().string(), kAvvisoSimulato));
+    return consegna(canali, fmt::format("{} in {} un {}\n", c_era ? "Completato" : "Creato",
+                                        archivio.string(), kAvvisoSimulato));
 }
 
 }  // namespace sortimetra

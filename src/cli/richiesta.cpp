@@ -157,11 +157,14 @@ bool leggi_indirizzo(std::string_view valore, Richiesta& r) {
 bool leggi_prova(std::string_view, Richiesta& r) {
     return r.prova = true;
 }
-bool leggi_cambia_diverse(std::string_view, Richiesta& r) {
-    return r.sostituisci = true;
-}
 bool leggi_tutto(std::string_view, Richiesta& r) {
     return r.pubblicati.tutto = true;
+}
+bool leggi_sostituisci(std::string_view, Richiesta& r) {
+    return r.pubblicati.sostituisci = true;
+}
+bool leggi_annulla(std::string_view, Richiesta& r) {
+    return r.annulla = true;
 }
 bool leggi_senza_copia(std::string_view, Richiesta& r) {
     return r.senza_copia = true;
@@ -422,6 +425,16 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
          "ha il concorso 402 e quelle prima del concorso 1 restano fuori.",
      .comandi = kComImporta,
      .leggi = leggi_tutto},
+    {.nome = "--sostituisci",
+     .frase = "Importa anche se estrazioni che l'archivio ha andrebbero perse o cambierebbero.",
+     .comandi = kComImporta,
+     .leggi = leggi_sostituisci},
+    {.nome = "--annulla",
+     .frase =
+         "Riporta l'archivio che c'era prima dell'ultimo cambiamento; quello di adesso resta da parte, e "
+         "una seconda volta lo riporta.",
+     .comandi = kComImporta,
+     .leggi = leggi_annulla},
     {.nome = "--senza-copia",
      .frase = "Legge l'archivio dai suoi file, riga per riga. Altrimenti ne tiene accanto una copia pronta, "
               "rifatta "
@@ -451,7 +464,7 @@ constexpr auto kOpzioni = std::to_array<VoceOpzione>({
      .frase = "Cambia le estrazioni dell'archivio che arrivano diverse, e mette al loro posto quelle più "
               "vecchie che gli mancano; le seguenti prendono allora concorsi più alti.",
      .comandi = kComAggiorna,
-     .leggi = leggi_cambia_diverse},
+     .leggi = leggi_sostituisci},
     // Every command.
     {.nome = "--cartella",
      .meta = "DIR",

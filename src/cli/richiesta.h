@@ -53,7 +53,7 @@ struct Richiesta {
     std::optional<std::filesystem::path> jet;  ///< `importa --jet`: the folder of the old files
     std::optional<std::string> indirizzo;      ///< `aggiorna --indirizzo`
     bool prova = false;                        ///< `aggiorna --prova`: only says what it would do
-    bool sostituisci = false;                  ///< `aggiorna --sostituisci`
+    bool annulla = false;  ///< `importa --annulla`: no file, the archive before the last change
     // What is added to the tables.
     bool caso = false;
     bool per_ruota = false;

@@ -172,7 +172,7 @@ TEST_F(AggiornaCli, DaJet) {
     EXPECT_THAT(p.uscita, HasSubstr("./archivio/drawit2.db"));
     const Esito due = esegui({"importa", "--jet", "x", "--lotto", "y"});
     EXPECT_EQ(due.codice, 2);
-    EXPECT_THAT(due.errori, HasSubstr("--jet porta tutto l'archivio"));
+    EXPECT_THAT(due.errori, HasSubstr("--jet porta tutto l'archivio, e non prende altri file"));
     const Esito vuota = esegui({"importa", "--cartella", ".", "--jet", "."});
     EXPECT_EQ(vuota.codice, 1);
     EXPECT_THAT(vuota.errori, HasSubstr("non vi si trova né drawit.mdb né drawit2.mdb"));

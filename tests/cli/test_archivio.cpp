@@ -287,8 +287,78 @@ TEST_F(ArchivioCli, EstrazioniVereESimulateNonSiMescolano) {
     const auto j = nlohmann::json::parse(esegui({"archivio", "--cartella", ".", "--json"}).uscita);
     EXPECT_EQ(j["tabelle"][0]["simulato"], false);
     EXPECT_EQ(j["tabelle"][2]["righe"], 0) << "no simulated SuperEnalotto beside real Lotto";
-    EXPECT_EQ(j["tabelle"][3]["simulato"], true);
+    EXPECT_EQ(j["tabelle"][3]["righe"], 0) << "nor simulated Win for Life";
+    EXPECT_EQ(j["simulato"], false);
     EXPECT_EQ(esegui({"ricerca", "ritardo e frequenza dei 90 numeri", "--cartella", "."}).errori, "");
+}
+
+TEST_F(ArchivioCli, UnaDimostrazioneAMetaSiCompleta) {
+    ASSERT_EQ(esegui({"dimostrazione", "--cartella", "."}).codice, 0);
+    for (const char* manca : {"archivio/drawit2.db", "archivio/drawit.db", "n90ridd.rid"}) {
+        std::filesystem::remove(casa() / manca);
+        const Esito p = esegui({"dimostrazione", "--cartella", "."});
+        EXPECT_EQ(p.codice, 0) << p.errori;
+        EXPECT_EQ(
+            p.uscita,
+            "Completato in ./archivio un archivio dimostrativo simulato: le estrazioni non sono vere.\n");
+        EXPECT_TRUE(std::filesystem::exists(casa() / manca));
+    }
+    EXPECT_EQ(esegui({"dimostrazione", "--cartella", "."}).codice, 1);
+}
+
+// ---- what an import would lose ----
+
+TEST_F(ArchivioCli, UnFilePiuCortoNonEntraDaSolo) {
+    importa();
+    const std::string drawit = leggi(casa() / "archivio/drawit.db");
+    scrivi(casa() / "corto.txt", kLotto.substr(0, kLotto.find("2000/01/08")));
+    const std::vector<std::string> solo{"importa", "--cartella", ".", "--tutto", "--lotto", "corto.txt"};
+    const Esito p = esegui(solo);
+    EXPECT_EQ(p.codice, 1);
+    EXPECT_EQ(p.uscita, "");
+    EXPECT_EQ(p.errori,
+              "sortimetra-cli: ./archivio/drawit.db: estrazioni che ci sono andrebbero perse: Lotto: 2 righe "
+              "in meno (la prima: concorso 3 del 08/01/2000, BA); Lotto, Nazionale: 1 riga in meno (concorso "
+              "3 del 08/01/2000); con --sostituisci si importa lo stesso\n"
+              "sortimetra-cli: l'archivio è rimasto com'era.\n");
+    EXPECT_EQ(leggi(casa() / "archivio/drawit.db"), drawit);
+    auto lo_stesso = solo;
+    lo_stesso.emplace_back("--sostituisci");
+    EXPECT_EQ(esegui(lo_stesso).codice, 0);
+    EXPECT_EQ(leggi(casa() / "archivio/drawit.db.prec"), drawit);
+    const Esito indietro = esegui({"importa", "--annulla", "--cartella", "."});
+    EXPECT_EQ(indietro.codice, 0) << indietro.errori;
+    EXPECT_EQ(indietro.uscita, kRiassunto);
+    EXPECT_EQ(leggi(casa() / "archivio/drawit.db"), drawit);
+}
+
+TEST_F(ArchivioCli, AnnullaToglieCioCheNonCEra) {
+    const Esito niente = esegui({"importa", "--annulla", "--cartella", "."});
+    EXPECT_EQ(niente.codice, 1);
+    EXPECT_THAT(niente.errori, HasSubstr("non c'è un'importazione da annullare"));
+    EXPECT_FALSE(std::filesystem::exists(casa() / "archivio"));
+    importa();
+    const Esito p = esegui({"importa", "--annulla", "--cartella", "."});
+    EXPECT_EQ(p.codice, 0) << p.errori;
+    EXPECT_EQ(
+        p.uscita,
+        "Prima dell'ultima importazione in ./archivio non c'era un archivio: è stato tolto, e tenuto da "
+        "parte.\n");
+    EXPECT_EQ(esegui({"archivio", "--cartella", "."}).codice, 3);
+    EXPECT_EQ(esegui({"importa", "--annulla", "--cartella", "."}).uscita, kRiassunto);
+    EXPECT_EQ(esegui({"importa", "--annulla", "--cartella", ".", "--lotto", "lotto.txt"}).codice, 2);
+    EXPECT_EQ(esegui({"importa", "--sostituisci", "--cartella", "."}).codice, 2);
+}
+
+TEST_F(ArchivioCli, UnMdbPiuRecenteSiDice) {
+    importa();
+    // Not a Jet file at all: what counts is its name and its date.
+    scrivi(casa() / "archivio/drawit2.mdb", "x");
+    const auto mdb = casa() / "archivio/drawit2.mdb";
+    std::filesystem::last_write_time(mdb, std::filesystem::last_write_time(mdb) + std::chrono::hours{48});
+    const Esito p = esegui({"importa", "--cartella", ".", "--sostituisci", "--winforlife", "winforlife.csv"});
+    EXPECT_THAT(p.errori, HasSubstr("drawit2.mdb porta una data più recente di drawit2.db"));
+    EXPECT_THAT(p.errori, HasSubstr("togliere drawit2.mdb"));
 }
 
 // ---- elenco ----

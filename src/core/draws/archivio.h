@@ -47,6 +47,7 @@ struct RigaLotto {
     Data data{};
     int ruota{};
     std::array<Numero, kEstratti> numeri{};
+    bool operator==(const RigaLotto&) const = default;
 };
 
 struct RigaSuperEnalotto {
@@ -55,6 +56,7 @@ struct RigaSuperEnalotto {
     std::array<Numero, 6> numeri{};
     Numero jolly{};
     Numero superstar{};
+    bool operator==(const RigaSuperEnalotto&) const = default;
 };
 
 struct RigaWinForLife {
@@ -62,6 +64,7 @@ struct RigaWinForLife {
     Data data{};
     std::string ora{};  ///< clock text as stored, "08:00" or "8:00", possibly padded with blanks
     std::array<Numero, 10> numeri{};
+    bool operator==(const RigaWinForLife&) const = default;
 };
 
 struct RigheArchivio {

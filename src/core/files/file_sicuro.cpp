@@ -1,15 +1,22 @@
 #include "files/file_sicuro.h"
 
+#include "files/passi_disco.h"
+
 #include <fcntl.h>
 #include <fmt/core.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <chrono>
-#include <cstdio>
+#include <csignal>
+#include <mutex>
+#include <ranges>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,6 +29,54 @@ namespace {
 /// that the second attempt is already a rarity.
 constexpr int kTentativi = 100;
 
+/// The folders in which this process has looked for temporaries that nobody owns any more.
+bool gia_spazzata(const std::filesystem::path& cartella) {
+    static std::mutex serratura;
+    static std::set<std::filesystem::path> viste;
+    const std::scoped_lock chiuso{serratura};
+    return !viste.insert(cartella).second;
+}
+
+/// The process that made a file of this name as its temporary (`nome_temporaneo`); 0 for any other name.
+pid_t padrone(std::string_view nome) {
+    constexpr std::string_view kFine = ".tmp";
+    if (!nome.starts_with('.') || !nome.ends_with(kFine)) return 0;
+    nome.remove_suffix(kFine.size());
+    const auto punto = nome.rfind('.');
+    if (punto == 0) return 0;
+    const char* da = nome.data() + punto + 1;
+    const char* const fine = nome.data() + nome.size();
+    const auto campo = [&](auto& n, int base, char dopo) {
+        const auto [resto, errore] = std::from_chars(da, fine, n, base);
+        da = resto;
+        if (errore != std::errc{} || (dopo != 0 && (da == fine || *da != dopo))) return false;
+        da += dopo != 0 ? 1 : 0;
+        return true;
+    };
+    pid_t pid = 0;
+    unsigned long long istante = 0;
+    unsigned contatore = 0;
+    const bool suo = campo(pid, 10, '-') && campo(istante, 16, '-') && campo(contatore, 10, 0) && da == fine;
+    return suo && pid > 0 ? pid : 0;
+}
+
+/// Whether a process is still at work. One that ended and that nobody has asked after yet has a number but
+/// does nothing any more; where a machine does not say so, it counts as alive.
+bool lavora(pid_t pid) {
+    if (kill(pid, 0) != 0) return errno != ESRCH;
+    const int d = open(fmt::format("/proc/{}/stat", pid).c_str(), O_RDONLY | O_CLOEXEC);
+    if (d < 0) return true;
+    std::array<char, 512> riga{};
+    const ssize_t n = read(d, riga.data(), riga.size());
+    close(d);
+    // "PID (name) S ...", and the name may hold any sign.
+    const std::string_view testo{riga.data(), n > 0 ? static_cast<std::size_t>(n) : 0};
+    const auto fine = testo.rfind(") ");
+    return fine == std::string_view::npos || fine + 2 >= testo.size() || testo[fine + 2] != 'Z';
+}
+
+}  // namespace
+
 std::filesystem::path nome_temporaneo(const std::filesystem::path& destinazione) {
     static std::atomic<unsigned> contatore{0};
     const auto istante = std::chrono::steady_clock::now().time_since_epoch().count();
@@ -31,17 +86,6 @@ std::filesystem::path nome_temporaneo(const std::filesystem::path& destinazione)
     return nome;
 }
 
-/// A rename lasts over a power cut only when its folder is on the disk too. Some file systems refuse to
-/// synchronise a folder; the rename itself has been done by then, so that is no error.
-void fissa_cartella(const std::filesystem::path& file) {
-    const auto cartella = file.has_parent_path() ? file.parent_path() : std::filesystem::path{"."};
-    const int d = open(cartella.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (d < 0) return;
-    (void)fsync(d);
-    close(d);
-}
-
-/// Follows links to the file that is really to be replaced, so that a link stays a link.
 std::filesystem::path segui_collegamenti(std::filesystem::path file) {
     std::error_code errore;
     for (int i = 0; i < 16 && std::filesystem::is_symlink(file, errore); ++i) {
@@ -52,7 +96,18 @@ std::filesystem::path segui_collegamenti(std::filesystem::path file) {
     return file;
 }
 
-}  // namespace
+void spazza_temporanei(const std::filesystem::path& cartella) {
+    std::error_code errore;
+    std::filesystem::directory_iterator it{cartella, errore};
+    for (; !errore && it != std::filesystem::directory_iterator{}; it.increment(errore)) {
+        const pid_t pid = padrone(it->path().filename().string());
+        if (pid == 0 || lavora(pid)) continue;
+        // Looked for last of all: its writer was gone before, so what it announced stands here by now.
+        std::error_code dubbio;
+        if (std::filesystem::exists(cartella / kFileCambio, dubbio) || dubbio) return;
+        if (it->is_regular_file(dubbio)) (void)unlink(it->path().c_str());
+    }
+}
 
 std::string_view motivo_sistema(int codice) {
     switch (codice) {
@@ -99,6 +154,8 @@ std::expected<FileSicuro, ErroreArchivio> FileSicuro::apri(const std::filesystem
     // A rename would put a plain file in the place of a device or a pipe.
     if (esiste && !S_ISREG(stato.st_mode))
         return std::unexpected(ErroreArchivio{destinazione, "non si può scrivere: non è un file"});
+    if (const auto cartella = f.destinazione_.parent_path(); !gia_spazzata(cartella))
+        spazza_temporanei(cartella.empty() ? "." : cartella);
     for (int i = 0; i < kTentativi && f.descrittore_ < 0; ++i) {
         f.temporaneo_ = nome_temporaneo(f.destinazione_);
         // 0666 leaves the rights of a new file to the user's umask.
@@ -157,14 +214,19 @@ std::expected<void, ErroreArchivio> FileSicuro::scrivi(std::string_view byte) {
     return {};
 }
 
-std::expected<void, ErroreArchivio> FileSicuro::svuota() {
-    // EINVAL and the like: a file system without synchronisation. A disk that failed says EIO or ENOSPC.
-    if (descrittore_ >= 0 && fsync(descrittore_) != 0 && errno != EINVAL && errno != ENOTSUP) {
-        const int codice = errno;
-        close(std::exchange(descrittore_, -1));
-        return std::unexpected(errore("la scrittura non è riuscita", codice));
+std::expected<void, ErroreArchivio> FileSicuro::fissa() {
+    if (descrittore_ >= 0) {
+        if (const int codice = fissa_file(descrittore_, temporaneo_); codice != 0) {
+            close(std::exchange(descrittore_, -1));
+            return std::unexpected(errore("la scrittura non è riuscita", codice));
+        }
     }
     return chiudi();
+}
+
+std::filesystem::path FileSicuro::lascia() {
+    if (descrittore_ >= 0) close(std::exchange(descrittore_, -1));
+    return std::exchange(temporaneo_, {});
 }
 
 std::expected<void, ErroreArchivio> FileSicuro::chiudi() {
@@ -181,54 +243,70 @@ std::expected<void, ErroreArchivio> FileSicuro::conferma_subito() {
 }
 
 std::expected<void, ErroreArchivio> FileSicuro::rinomina() {
-    if (std::rename(temporaneo_.c_str(), destinazione_.c_str()) != 0)
-        return std::unexpected(errore("non si può sostituire il file", errno));
+    if (const int codice = rinomina_file(temporaneo_, destinazione_); codice != 0)
+        return std::unexpected(errore("non si può sostituire il file", codice));
     temporaneo_.clear();
     return {};
 }
 
 std::expected<void, ErroreArchivio> FileSicuro::conferma() {
-    if (auto esito = svuota(); !esito) return esito;
+    if (auto esito = fissa(); !esito) return esito;
     if (auto esito = rinomina(); !esito) return esito;
     fissa_cartella(destinazione_);
     return {};
 }
 
-std::expected<void, ErroreArchivio> FileSicuro::conferma_tutti(std::span<FileSicuro> file) {
+namespace {
+
+/// A place among several that change together: what stood there has a second name meanwhile, to go back to.
+struct Posto {
+    std::filesystem::path file;
+    std::filesystem::path riserva{};  ///< empty: nothing stood there
+    bool cambiato = false;
+
+    /// The errno of what failed, or 0.
+    int metti_da_parte() {
+        std::error_code errore;
+        if (!std::filesystem::exists(std::filesystem::symlink_status(file, errore))) return 0;
+        auto nome = nome_temporaneo(file);
+        if (const int codice = collega_file(file, nome); codice != 0) return codice;
+        riserva = std::move(nome);
+        return 0;
+    }
+    /// On with the change, or back to what was.
+    void chiudi(bool riuscito) const {
+        if (!riuscito && cambiato) (void)(riserva.empty() ? togli_file(file) : rinomina_file(riserva, file));
+        if (!riserva.empty()) (void)togli_file(riserva);
+    }
+};
+
+}  // namespace
+
+std::expected<void, ErroreArchivio> FileSicuro::conferma_tutti(
+    std::span<FileSicuro> file, std::span<const std::filesystem::path> da_togliere) {
     for (FileSicuro& f : file)
-        if (auto esito = f.svuota(); !esito) return esito;
-    // A second name for each old file, to go back to if a later rename fails. Where the file system knows no
-    // second names it is a copy.
-    std::vector<std::filesystem::path> riserve(file.size());
-    std::vector<bool> sostituiti(file.size(), false);
+        if (auto esito = f.fissa(); !esito) return esito;
+    std::vector<Posto> posti;
+    for (const std::filesystem::path& f : da_togliere) posti.push_back({f});
+    for (const FileSicuro& f : file) posti.push_back({f.destinazione_});
     std::expected<void, ErroreArchivio> esito;
-    std::error_code ignorato;
-    for (std::size_t i = 0; i < file.size() && esito; ++i) {
-        if (!std::filesystem::exists(file[i].destinazione_, ignorato)) continue;
-        riserve[i] = nome_temporaneo(file[i].destinazione_);
-        std::error_code fallito;
-        std::filesystem::create_hard_link(file[i].destinazione_, riserve[i], fallito);
-        if (!fallito) continue;
-        if (!std::filesystem::copy_file(file[i].destinazione_, riserve[i], fallito))
-            esito = std::unexpected(file[i].errore("non si può sostituire il file", fallito.value()));
-    }
-    for (std::size_t i = 0; i < file.size() && esito; ++i) {
-        esito = file[i].rinomina();
-        sostituiti[i] = esito.has_value();
-    }
-    for (std::size_t i = 0; i < file.size(); ++i) {
-        if (!esito && sostituiti[i]) {
-            if (riserve[i].empty()) {
-                std::filesystem::remove(file[i].destinazione_, ignorato);
-            } else {
-                std::filesystem::rename(riserve[i], file[i].destinazione_, ignorato);
-            }
-        } else if (!riserve[i].empty()) {
-            std::filesystem::remove(riserve[i], ignorato);
+    for (std::size_t i = 0; i < posti.size() && esito; ++i)
+        if (const int codice = posti[i].metti_da_parte(); codice != 0)
+            esito = std::unexpected(ErroreArchivio{
+                posti[i].file, fmt::format("non si può sostituire il file: {}", motivo_sistema(codice))});
+    for (std::size_t i = 0; i < posti.size() && esito; ++i) {
+        if (i >= da_togliere.size()) {
+            esito = file[i - da_togliere.size()].rinomina();
+        } else if (const int codice = togli_file(posti[i].file); codice != 0) {
+            esito = std::unexpected(ErroreArchivio{
+                posti[i].file, fmt::format("il file non si può eliminare: {}", motivo_sistema(codice))});
         }
+        posti[i].cambiato = esito.has_value();
     }
+    // The names are on the disk before the ones to go back to are given up.
     if (esito)
-        for (const FileSicuro& f : file) fissa_cartella(f.destinazione_);
+        for (const Posto& p : posti) fissa_cartella(p.file);
+    for (const Posto& p : std::ranges::reverse_view(posti)) p.chiudi(esito.has_value());
     return esito;
 }
 

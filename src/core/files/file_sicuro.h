@@ -45,15 +45,24 @@ class FileSicuro {
     /// then cost that file.
     [[nodiscard]] std::expected<void, ErroreArchivio> conferma_subito();
 
-    /// The same as `conferma` for several files that belong together: all of them are replaced, or none.
-    /// (Only a machine that stops between two renames can leave a new file beside an old one; each of them is
-    /// whole.)
-    [[nodiscard]] static std::expected<void, ErroreArchivio> conferma_tutti(std::span<FileSicuro> file);
+    /// The same as `conferma` for several files that belong together: first the others are removed, then
+    /// these take their places in this order, all of it or nothing. (Only a machine that stops between two
+    /// renames can leave a new file beside an old one; each of them is whole.)
+    [[nodiscard]] static std::expected<void, ErroreArchivio> conferma_tutti(
+        std::span<FileSicuro> file, std::span<const std::filesystem::path> da_togliere = {});
+
+    /// Waits until the bytes are on the disk, and takes no more of them; the file keeps its temporary name.
+    [[nodiscard]] std::expected<void, ErroreArchivio> fissa();
+
+    /// Hands the temporary over to somebody who will rename it; it is not removed from here any more.
+    [[nodiscard]] std::filesystem::path lascia();
+
+    /// Where `conferma` will put the bytes; links are followed.
+    [[nodiscard]] const std::filesystem::path& destinazione() const { return destinazione_; }
 
   private:
     FileSicuro() = default;
     [[nodiscard]] ErroreArchivio errore(std::string_view cosa, int codice) const;
-    [[nodiscard]] std::expected<void, ErroreArchivio> svuota();
     [[nodiscard]] std::expected<void, ErroreArchivio> chiudi();
     [[nodiscard]] std::expected<void, ErroreArchivio> rinomina();
     void abbandona() noexcept;
@@ -62,6 +71,19 @@ class FileSicuro {
     std::filesystem::path temporaneo_;  ///< empty once renamed or given up
     int descrittore_ = -1;
 };
+
+/// A name beside a file that no other file has, and that tells which process gave it.
+[[nodiscard]] std::filesystem::path nome_temporaneo(const std::filesystem::path& destinazione);
+
+/// Follows links to the file that is really to be replaced, so that a link stays a link.
+[[nodiscard]] std::filesystem::path segui_collegamenti(std::filesystem::path file);
+
+/// A folder with a file of this name has a change that was begun and waits to be finished.
+inline constexpr std::string_view kFileCambio = ".cambio";
+
+/// Removes the temporaries that programs which are gone have left in a folder, unless a change waits there:
+/// it needs them. Done by itself before the first file that this process writes in a folder.
+void spazza_temporanei(const std::filesystem::path& cartella);
 
 /// Writes a whole file at once, as `FileSicuro` does.
 [[nodiscard]] std::expected<void, ErroreArchivio> scrivi_file(const std::filesystem::path& destinazione,

@@ -4,8 +4,8 @@
 #include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
-#include "stores/importa.h"
-#include "stores/negozio_jet.h"
+#include "stores/file_jet.h"
+#include "stores/numerazione.h"
 #include "stores/pubblicati.h"
 #include "text/ora.h"
 #include "text/testi.h"
@@ -326,30 +326,26 @@ std::string ruote_mancanti(const Estratta& e) {
 
 // ---- the archive that is there ----
 
-/// What the archive holds of the games that arrived, as draws.
-struct Presente {
-    std::optional<ArchivioEstrazioni> archivio;
-    unsigned presenti = 0;  ///< tables whose file is there
-};
-
 bool jet(const Fonte& fonte) {
     return minuscolo(fonte.file.extension().string()) == ".mdb";
 }
 
-std::expected<Presente, ErroreArchivio> apri_presente(const std::filesystem::path& percorso_archivio,
-                                                      unsigned tabelle) {
-    Presente p;
-    p.presenti = tabelle_presenti(percorso_archivio);
-    if ((tabelle & p.presenti) == 0) return p;
-    auto archivio = apri_archivio(percorso_archivio, tabelle & p.presenti);
-    if (!archivio) return std::unexpected(std::move(archivio.error()));
+/// What the archive holds of the games that arrived; an empty one where there is none.
+std::expected<ArchivioEstrazioni, ErroreArchivio> apri_presente(
+    const std::filesystem::path& percorso_archivio, unsigned tabelle, ModoApertura modo) {
+    const unsigned presenti = tabelle_presenti(percorso_archivio);
+    if (presenti == 0) return ArchivioEstrazioni{};
+    // Of the other file the smallest table, to know whether it is simulated, or Jet. It may be damaged: that
+    // is no reason not to update this one.
+    const unsigned altra = (tabelle & kTabelleDrawit) == 0 ? kTabellaNazionale : kTabellaWinForLife;
+    auto archivio = apri_archivio(percorso_archivio, (tabelle | altra) & presenti, modo);
+    if (!archivio && (tabelle & presenti) != 0)
+        archivio = apri_archivio(percorso_archivio, tabelle & presenti, modo);
+    if (!archivio) return archivio;
     // The native store begins with all that the Jet files hold.
-    if ((jet(archivio->drawit()) || jet(archivio->drawit2())) && (p.presenti & ~tabelle) != 0) {
-        archivio = apri_archivio(percorso_archivio, p.presenti);
-        if (!archivio) return std::unexpected(std::move(archivio.error()));
-    }
-    p.archivio = std::move(*archivio);
-    return p;
+    if (jet(archivio->drawit()) || jet(archivio->drawit2()))
+        archivio = apri_archivio(percorso_archivio, presenti, modo);
+    return archivio;
 }
 
 /// The rows of a packed archive again, in the order of the walk.
@@ -399,40 +395,17 @@ std::vector<ImprontaFile> impronte(const std::filesystem::path& cartella) {
     return tutte;
 }
 
-std::optional<std::filesystem::path> trova_file(const std::filesystem::path& cartella,
-                                                std::string_view nome) {
-    for (const ImprontaFile& i : impronte(cartella))
-        if (minuscolo(i.file.filename().string()) == nome) return i.file;
-    return std::nullopt;
-}
-
-/// Where a Jet file and a native one stand side by side the newer is read: that has to be the native one,
-/// also if the clock of who wrote the Jet file was ahead.
-void preferisci_nativi(const std::filesystem::path& cartella) {
-    for (const std::string_view nome : {"drawit", "drawit2"}) {
-        const auto vecchio = trova_file(cartella, std::string{nome} + ".mdb");
-        const auto nuovo = trova_file(cartella, std::string{nome} + ".db");
-        if (!vecchio || !nuovo) continue;
-        std::error_code errore;
-        const auto suo = std::filesystem::last_write_time(*vecchio, errore);
-        if (!errore && std::filesystem::last_write_time(*nuovo, errore) < suo)
-            std::filesystem::last_write_time(*nuovo, suo, errore);
-    }
-}
-
 // ---- the proposal, game by game ----
 
 /// Builds the proposal: what is found of each game, and the rows that the archive would have then.
 class Proponente {
   public:
-    Proponente(Proposta& proposta, const Presente& presente, const Arrivate& arrivate)
-        : p_{proposta}, arrivate_{arrivate} {
-        if (!presente.archivio) return;
-        const ArchivioEstrazioni& a = *presente.archivio;
-        drawit_ = a.drawit();
-        drawit2_ = a.drawit2();
-        righe_ = righe_di(a);
-    }
+    Proponente(Proposta& proposta, const ArchivioEstrazioni& presente, const Arrivate& arrivate)
+        : p_{proposta},
+          arrivate_{arrivate},
+          drawit_{presente.drawit()},
+          drawit2_{presente.drawit2()},
+          righe_{righe_di(presente)} {}
 
     std::expected<void, ErroreArchivio> tutti() {
         const RigheArchivio& r = arrivate_.righe;
@@ -522,7 +495,7 @@ class Proponente {
             return rifiuta({}, std::move(*errore));
         for (const Estratta& e : tutte) g.nuove.push_back(detta(Gioco::lotto, e));
         if (drawit_.simulato) {
-            p_.sostituisce_simulato = true;
+            lotto_vero_ = true;
             righe_.superenalotto.clear();
         }
         finisci_lotto(std::move(g), std::move(tutte));
@@ -560,7 +533,7 @@ class Proponente {
     }
 
     std::expected<void, ErroreArchivio> superenalotto() {
-        if (drawit_.simulato && !p_.sostituisce_simulato)
+        if (drawit_.simulato && !lotto_vero_)
             return serve_la_storia(drawit_, "la storia intera del Lotto insieme a quella del SuperEnalotto");
         if (righe_.lotto.empty())
             return rifiuta({},
@@ -626,7 +599,6 @@ class Proponente {
             return serve_la_storia(drawit2_, "la storia intera di Win for Life, con la sua riga dei titoli");
         const auto nuove = confronta_tutte(g, vecchie, estratte(arrivate_.righe.winforlife));
         if (!nuove) return std::unexpected(nuove.error());
-        p_.sostituisce_simulato = p_.sostituisce_simulato || drawit2_.simulato;
         const Inserite i = inserisci(g, vecchie.tutte(), *nuove, p_.modo.differenze);
         cerca_lacune(g, i.tutte);
         if (cambia(g)) {
@@ -641,23 +613,28 @@ class Proponente {
         return !g.nuove.empty() || (p_.modo.differenze == Differenze::sostituisci && !g.diverse.empty());
     }
 
-    /// Which files are to be written, with all their rows.
+    /// What becomes of the two files.
     void concludi() {
+        Destino& drawit = p_.nuovo.drawit;
+        Destino& drawit2 = p_.nuovo.drawit2;
         for (const PropostaGioco& g : p_.giochi)
-            if (cambia(g))
-                p_.tabelle |= g.gioco == Gioco::win_for_life ? unsigned{kTabellaWinForLife} : kTabelleDrawit;
-        if (p_.tabelle == 0) return;
+            if (cambia(g)) (g.gioco == Gioco::win_for_life ? drawit2 : drawit) = Destino::Nuovo;
+        if (p_.niente_di_nuovo()) return;
         // Where the old files are Jet, the native store takes all of them at once.
-        if (jet(drawit_)) p_.tabelle |= kTabelleDrawit;
-        if (jet(drawit2_)) p_.tabelle |= kTabellaWinForLife;
+        if (jet(drawit_)) drawit = Destino::Nuovo;
+        if (jet(drawit2_)) drawit2 = Destino::Nuovo;
         p_.da_jet = jet(drawit_) || jet(drawit2_);
-        if ((p_.tabelle & kTabelleDrawit) == 0) {
+        // Simulated draws never stand beside real ones.
+        if (drawit == Destino::Resta && drawit_.simulato) drawit = Destino::Tolto;
+        if (drawit2 == Destino::Resta && drawit2_.simulato) drawit2 = Destino::Tolto;
+        p_.sostituisce_simulato = drawit_.simulato || drawit2_.simulato;
+        if (drawit != Destino::Nuovo) {
             righe_.lotto.clear();
             righe_.nazionale.clear();
             righe_.superenalotto.clear();
         }
-        if ((p_.tabelle & kTabellaWinForLife) == 0) righe_.winforlife.clear();
-        p_.intere = std::move(righe_);
+        if (drawit2 != Destino::Nuovo) righe_.winforlife.clear();
+        p_.nuovo.righe = std::move(righe_);
     }
 
     static constexpr std::size_t kPoche = 50;  ///< more new draws than this are no newest lines
@@ -666,7 +643,8 @@ class Proponente {
     const Arrivate& arrivate_;
     Fonte drawit_;
     Fonte drawit2_;
-    RigheArchivio righe_;  ///< of the archive, then as they would be
+    bool lotto_vero_ = false;  ///< a whole history takes the place of the simulated Lotto
+    RigheArchivio righe_;      ///< of the archive, then as they would be
 };
 
 // ---- telling it ----
@@ -735,7 +713,7 @@ void racconta_gioco(const PropostaGioco& g, Differenze differenze, std::vector<s
 }  // namespace
 
 bool Proposta::niente_di_nuovo() const {
-    return tabelle == 0;
+    return nuovo.drawit == Destino::Resta && nuovo.drawit2 == Destino::Resta;
 }
 
 bool Proposta::qualcosa_resta_fuori() const {
@@ -753,61 +731,33 @@ std::expected<Proposta, ErroreArchivio> proponi(const std::filesystem::path& per
     const RigheArchivio& r = arrivate.righe;
     const unsigned tabelle = (r.lotto.empty() && r.superenalotto.empty() ? 0U : kTabelleDrawit) |
                              (r.winforlife.empty() ? 0U : unsigned{kTabellaWinForLife});
-    const auto presente = apri_presente(percorso_archivio, tabelle);
+    auto presente = apri_presente(percorso_archivio, tabelle, {.copia = true});
+    // Draws that lack in the archive's midst are damage; they may be just what arrived.
+    std::optional<ErroreArchivio> danno;
+    if (!presente) {
+        danno = presente.error();
+        presente = apri_presente(percorso_archivio, tabelle, {.esamina = false});
+    }
     if (!presente) return std::unexpected(presente.error());
     if (!avanzamento.procedi(1, 2)) return rifiuta({}, std::string{kAnnullata});
     if (auto esito = Proponente{p, *presente, arrivate}.tutti(); !esito)
         return std::unexpected(std::move(esito.error()));
+    if (danno && p.niente_di_nuovo()) return std::unexpected(std::move(*danno));
     if (!avanzamento.procedi(2, 2)) return rifiuta({}, std::string{kAnnullata});
     return p;
 }
 
 std::expected<void, ErroreArchivio> applica(const std::filesystem::path& percorso_archivio,
                                             const Proposta& proposta, Avanzamento& avanzamento) {
-    if (proposta.niente_di_nuovo() || !proposta.intere) return {};
+    if (proposta.niente_di_nuovo()) return {};
+    auto cambio = CambioArchivio::apri(percorso_archivio, avanzamento);
+    if (!cambio) return std::unexpected(std::move(cambio.error()));
     if (impronte(percorso_archivio) != proposta.visti)
         return rifiuta(percorso_archivio,
                        "l'archivio è cambiato dopo il confronto: ripetere l'aggiornamento");
-    const bool con_drawit = (proposta.tabelle & kTabelleDrawit) != 0;
-    const bool con_drawit2 = (proposta.tabelle & kTabellaWinForLife) != 0;
-    if (auto esito =
-            scrivi_archivio(percorso_archivio, *proposta.intere, con_drawit, con_drawit2, false, avanzamento);
-        !esito)
-        return esito;
+    if (auto esito = cambio->scrivi(proposta.nuovo, avanzamento); !esito) return esito;
     preferisci_nativi(percorso_archivio);
     return {};
-}
-
-std::expected<Importati, ErroreArchivio> importa_jet(const std::filesystem::path& percorso_archivio,
-                                                     const std::filesystem::path& cartella_jet,
-                                                     Avanzamento& avanzamento) {
-    std::error_code errore;
-    const auto sotto = cartella_jet / "archivio";
-    const auto cartella = std::filesystem::is_directory(sotto, errore) ? sotto : cartella_jet;
-    const auto drawit = trova_file(cartella, "drawit.mdb");
-    const auto drawit2 = trova_file(cartella, "drawit2.mdb");
-    if (!drawit && !drawit2) return rifiuta(cartella, "non vi si trova né drawit.mdb né drawit2.mdb");
-    RigheArchivio righe;
-    if (drawit) {
-        auto lette = leggi_jet(*drawit, kTabelleDrawit);
-        if (!lette) return std::unexpected(std::move(lette.error()));
-        righe = std::move(*lette);
-    }
-    if (drawit2) {
-        auto lette = leggi_jet(*drawit2, kTabellaWinForLife);
-        if (!lette) return std::unexpected(std::move(lette.error()));
-        righe.winforlife = std::move(lette->winforlife);
-    }
-    if (auto esito = scrivi_archivio(percorso_archivio, righe, drawit.has_value(), drawit2.has_value(), false,
-                                     avanzamento);
-        !esito)
-        return std::unexpected(std::move(esito.error()));
-    preferisci_nativi(percorso_archivio);
-    return Importati{.lotto = righe.lotto.size(),
-                     .nazionale = righe.nazionale.size(),
-                     .superenalotto = righe.superenalotto.size(),
-                     .winforlife = righe.winforlife.size(),
-                     .avvisi = {}};
 }
 
 std::vector<std::string> racconta(const Proposta& proposta) {

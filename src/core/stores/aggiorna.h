@@ -5,7 +5,7 @@
 #include "draws/gioco.h"
 #include "files/errore.h"
 #include "stores/arrivi.h"
-#include "stores/importa.h"
+#include "stores/cambio.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -92,12 +92,12 @@ struct Proposta {
     /// The archive is read from Jet files: all their draws go into the native store first, and they stay as
     /// they are.
     bool da_jet = false;
-    bool sostituisce_simulato = false;  ///< the demonstration archive gives way to the whole history
+    /// The demonstration archive gives way to the whole history, all of it: simulated draws never stand
+    /// beside real ones.
+    bool sostituisce_simulato = false;
 
     // What `applica` needs; nothing here is to be shown.
-    unsigned tabelle = 0;                   ///< bits of `Tabelle` whose files are written
-    RigheArchivio aggiunte{};               ///< new rows, numbered
-    std::optional<RigheArchivio> intere{};  ///< where rows that stand change: all rows of the files written
+    NuovoArchivio nuovo{};
     std::vector<ImprontaFile> visti{};
 
     /// Nothing would be written.
@@ -129,12 +129,5 @@ struct Proposta {
 /// The proposal in Italian, a line each: what arrived, new draws with their dates, equal ones, differing
 /// ones, gaps. The command line prints it, a window may show it.
 [[nodiscard]] std::vector<std::string> racconta(const Proposta& proposta);
-
-/// The same without anything new: the native store with all draws of the Jet files `drawit.mdb` and
-/// `drawit2.mdb` of `cartella_jet` (or of its folder `archivio`), which stay as they are. One of the two is
-/// enough.
-[[nodiscard]] std::expected<Importati, ErroreArchivio> importa_jet(
-    const std::filesystem::path& percorso_archivio, const std::filesystem::path& cartella_jet,
-    Avanzamento& avanzamento);
 
 }  // namespace sortimetra

@@ -31,7 +31,9 @@ struct ModoApertura {
 
 /// Opens the archive in `percorso_archivio`: the native files `drawit.db` and `drawit2.db`, or the Jet files
 /// `drawit.mdb` and `drawit2.mdb`; where both are there the newer one is read. Only the files that hold a
-/// wanted table are opened, and never written. Names are matched without regard to case.
+/// wanted table are opened, and never written. Names are matched without regard to case. A change of the
+/// archive that was left half way is finished first (intento.h), and one that is made meanwhile is seen whole
+/// or not at all.
 ///
 /// A wanted file that is missing is an error, unless the other one is wanted too and is there: then its
 /// tables are empty.
@@ -48,9 +50,19 @@ struct RigheConFonte {
     RigheArchivio righe;
     Fonte fonte;
 };
-/// The wanted tables of `drawit` (the newer of native and Jet file); nothing if neither is there.
+/// The wanted tables of `drawit` or `drawit2` (the newer of native and Jet file); nothing if neither is
+/// there.
 [[nodiscard]] std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
     const std::filesystem::path& percorso_archivio, unsigned tabelle);
+[[nodiscard]] std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit2(
+    const std::filesystem::path& percorso_archivio, unsigned tabelle);
+
+/// The two files that `apri_archivio` would read, where they are there.
+struct FileLetti {
+    std::optional<std::filesystem::path> drawit;
+    std::optional<std::filesystem::path> drawit2;
+};
+[[nodiscard]] FileLetti file_letti(const std::filesystem::path& percorso_archivio);
 
 /// The tables whose file is in the folder, sound or not: what can be asked of `apri_archivio` there.
 [[nodiscard]] unsigned tabelle_presenti(const std::filesystem::path& percorso_archivio);

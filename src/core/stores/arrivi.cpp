@@ -2,6 +2,7 @@
 
 #include "files/file_sicuro.h"
 #include "stores/moduli_arrivi.h"
+#include "stores/numerazione.h"
 #include "stores/pubblicati.h"
 #include "text/ora.h"
 #include "text/testi.h"
@@ -21,9 +22,6 @@
 namespace sortimetra {
 
 namespace {
-
-/// The Lotto's numbering hangs on this day: a text that holds it is a whole history.
-constexpr Data kGiornoDellaNumerazione{std::chrono::year{1997} / 12 / 3};
 
 std::unexpected<ErroreArchivio> rifiuta(std::string_view nome, std::string motivo) {
     return std::unexpected(ErroreArchivio{nome, std::move(motivo)});

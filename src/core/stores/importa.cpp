@@ -3,9 +3,13 @@
 #include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
+#include "stores/cambio.h"
 #include "stores/dimostrazione.h"
+#include "stores/file_jet.h"
 #include "stores/limiti.h"
-#include "stores/negozio_nativo.h"
+#include "stores/negozio_jet.h"
+#include "stores/numerazione.h"
+#include "stores/perdite.h"
 #include "stores/pubblicati.h"
 
 #include <fmt/core.h>
@@ -15,19 +19,13 @@
 #include <chrono>
 #include <iterator>
 #include <optional>
-#include <set>
+#include <tuple>
 #include <utility>
 
 namespace sortimetra {
 
 namespace {
 
-using std::chrono::days;
-
-/// The draw of this day has concorso 402: SuperEnalotto began with it, and the archive's numbering hangs on
-/// it.
-constexpr Data kPrimoSuperEnalotto{std::chrono::year{1997} / 12 / 3};
-constexpr Concorso kConcorsoPrimoSuperEnalotto = 402;
 /// Bytes of a published file: thirty times those of a century and a half of draws.
 constexpr std::size_t kTestoMassimo = std::size_t{64} << 20;
 
@@ -50,26 +48,6 @@ class TrattoAvanzamento final : public Avanzamento {
     std::size_t da_;
     std::size_t lungo_;
     std::size_t totale_;
-};
-
-// ---- numbering ----
-
-/// The concorsi by their dates, ascending.
-class ConcorsiPerData {
-  public:
-    explicit ConcorsiPerData(std::vector<GiornoConcorso> giorni) : giorni_{std::move(giorni)} {
-        std::stable_sort(giorni_.begin(), giorni_.end(),
-                         [](const auto& a, const auto& b) { return a.data < b.data; });
-    }
-    /// 0 for a day without a draw.
-    [[nodiscard]] Concorso di(Data data) const {
-        const auto it = std::lower_bound(giorni_.begin(), giorni_.end(), data,
-                                         [](const auto& g, Data d) { return g.data < d; });
-        return it == giorni_.end() || it->data != data ? 0 : it->concorso;
-    }
-
-  private:
-    std::vector<GiornoConcorso> giorni_;
 };
 
 // ---- reading ----
@@ -145,18 +123,17 @@ std::unexpected<ErroreArchivio> rifiuta(const std::filesystem::path& file, std::
 }
 
 /// The rows of the new `drawit.db`, made of the given texts and of what the archive holds already.
-std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(const std::filesystem::path& percorso_archivio,
+std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(ArchivioAttuale attuale,
                                                               const FilePubblicati& file, Testi& testi) {
     LettiPubblicati nuovi;
     RigheArchivio& righe = nuovi.righe;
     // Only one of the two games is given: the other one stays as it is.
     if (testi.lotto.has_value() != testi.superenalotto.has_value()) {
-        auto vecchi = leggi_drawit(percorso_archivio,
-                                   testi.lotto ? kTabellaSuperEnalotto : kTabellaLotto | kTabellaNazionale);
-        if (!vecchi) return std::unexpected(std::move(vecchi.error()));
-        if (*vecchi && !(*vecchi)->fonte.simulato) {
-            righe = std::move((*vecchi)->righe);
-        } else if (!testi.lotto && *vecchi) {
+        if (attuale.illeggibile) return std::unexpected(std::move(*attuale.illeggibile));
+        const bool c_e = !attuale.drawit.file.empty();
+        if (c_e && !attuale.drawit.simulato) {
+            righe = std::move(attuale.righe);
+        } else if (!testi.lotto && c_e) {
             return rifiuta(*file.superenalotto,
                            "il Lotto che c'è nell'archivio è simulato e non può numerare estrazioni vere: "
                            "importare anche il file del Lotto");
@@ -173,106 +150,81 @@ std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(const std::filesys
     return nuovi;
 }
 
+/// Stops an import that would take from the archive what nobody asked it to take. Simulated draws are no
+/// loss.
+std::expected<void, ErroreArchivio> ammetti(const ArchivioAttuale& attuale, bool simulato,
+                                            const RigheArchivio& nuove, unsigned tabelle) {
+    if (attuale.illeggibile)
+        return rifiuta(attuale.illeggibile->file,
+                       fmt::format("quel che c'è nell'archivio non si può leggere ({}), e non si sa quali "
+                                   "estrazioni andrebbero perse; con --sostituisci si importa lo stesso",
+                                   attuale.illeggibile->motivo));
+    if (simulato) return {};
+    const auto perse = perdite(attuale.righe, nuove, tabelle);
+    if (perse.empty()) return {};
+    return rifiuta((tabelle & kTabellaWinForLife) != 0 ? attuale.drawit2.file : attuale.drawit.file,
+                   fmt::format("estrazioni che ci sono andrebbero perse: {}; con --sostituisci si importa lo "
+                               "stesso",
+                               racconta(perse)));
+}
+
+/// Simulated draws never stand beside real ones: a file that the import leaves as it is goes, if it is
+/// simulated.
+void togli_simulati(bool drawit_simulato, bool drawit2_simulato, NuovoArchivio& nuovo,
+                    std::vector<std::string>& avvisi) {
+    if (drawit_simulato && nuovo.drawit == Destino::Resta) {
+        nuovo.drawit = Destino::Tolto;
+        avvisi.emplace_back("le estrazioni simulate di Lotto e SuperEnalotto sono state tolte dall'archivio");
+    }
+    if (drawit2_simulato && nuovo.drawit2 == Destino::Resta) {
+        nuovo.drawit2 = Destino::Tolto;
+        avvisi.emplace_back("le estrazioni simulate di Win for Life sono state tolte dall'archivio");
+    }
+}
+
+/// Whether all that was read of an archive is simulated.
+bool simulato(const ArchivioAttuale& attuale) {
+    return !attuale.illeggibile && (attuale.drawit.file.empty() || attuale.drawit.simulato) &&
+           (attuale.drawit2.file.empty() || attuale.drawit2.simulato);
+}
+
+constexpr unsigned kInDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
+
+/// What the archive holds before it is changed, file by file.
+struct Prima {
+    ArchivioAttuale drawit;
+    ArchivioAttuale drawit2;
+};
+
+Prima leggi_prima(const CambioArchivio& cambio) {
+    return {cambio.leggi(kInDrawit), cambio.leggi(kTabellaWinForLife)};
+}
+
+/// Takes the new files into the archive, if that takes nothing from it or is asked for. Returns remarks.
+std::expected<std::vector<std::string>, ErroreArchivio> metti(CambioArchivio& cambio, const Prima& prima,
+                                                              NuovoArchivio& nuovo, bool sostituisci,
+                                                              Avanzamento& avanzamento) {
+    const std::array<std::tuple<Destino, const ArchivioAttuale*, bool, unsigned>, 2> file{
+        {{nuovo.drawit, &prima.drawit, prima.drawit.drawit.simulato, kInDrawit},
+         {nuovo.drawit2, &prima.drawit2, prima.drawit2.drawit2.simulato, kTabellaWinForLife}}};
+    for (const auto& [destino, attuale, simulato, tabelle] : file) {
+        if (destino != Destino::Nuovo || sostituisci) continue;
+        if (auto esito = ammetti(*attuale, simulato, nuovo.righe, tabelle); !esito)
+            return std::unexpected(std::move(esito.error()));
+    }
+    std::vector<std::string> avvisi;
+    togli_simulati(prima.drawit.drawit.simulato, prima.drawit2.drawit2.simulato, nuovo, avvisi);
+    if (auto esito = cambio.scrivi(nuovo, avanzamento); !esito)
+        return std::unexpected(std::move(esito.error()));
+    return avvisi;
+}
+
 Importati conta(const RigheArchivio& righe, std::vector<std::string> avvisi) {
     return {righe.lotto.size(), righe.nazionale.size(), righe.superenalotto.size(), righe.winforlife.size(),
             std::move(avvisi)};
 }
 
 }  // namespace
-
-std::expected<void, std::string> numera_lotto(std::vector<RigaLotto>& righe, bool tutto) {
-    Concorso concorso = 0;
-    Concorso ancora = 0;
-    Data precedente{};
-    for (RigaLotto& r : righe) {
-        if (concorso == 0 || r.data != precedente) ++concorso;
-        precedente = r.data;
-        r.concorso = concorso;
-        if (r.data == kPrimoSuperEnalotto) ancora = concorso;
-    }
-    if (tutto) return {};
-    if (ancora == 0)
-        return std::unexpected(
-            "manca l'estrazione del 03/12/1997, dalla quale si contano i concorsi; con --tutto si conta "
-            "dalla "
-            "prima");
-    const Concorso spostamento = ancora - kConcorsoPrimoSuperEnalotto;
-    const auto primo = std::find_if(righe.begin(), righe.end(),
-                                    [&](const RigaLotto& r) { return r.concorso > spostamento; });
-    righe.erase(righe.begin(), primo);
-    for (RigaLotto& r : righe) r.concorso -= spostamento;
-    return {};
-}
-
-std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
-                                              const std::vector<RigaLotto>& lotto) {
-    std::vector<GiornoConcorso> giorni;
-    for (const RigaLotto& r : lotto)
-        if (giorni.empty() || giorni.back().data != r.data) giorni.push_back({r.data, r.concorso});
-    return numera_superenalotto(righe, std::move(giorni), {});
-}
-
-std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
-                                              std::vector<GiornoConcorso> giorni, std::set<Concorso> presi) {
-    const ConcorsiPerData concorsi{std::move(giorni)};
-    for (RigaSuperEnalotto& r : righe) {
-        r.concorso = concorsi.di(r.data);
-        if (r.concorso != 0 && !presi.insert(r.concorso).second) r.concorso = 0;
-    }
-    std::vector<std::string> avvisi;
-    for (RigaSuperEnalotto& r : righe) {
-        for (days d{1}; r.concorso == 0 && d <= kGiorniVicini; ++d) {
-            for (const Data vicino : {r.data - d, r.data + d}) {
-                const Concorso libero = concorsi.di(vicino);
-                if (libero == 0 || !presi.insert(libero).second) continue;
-                r.concorso = libero;
-                break;
-            }
-        }
-        if (r.concorso == 0)
-            avvisi.push_back(fmt::format(
-                "SuperEnalotto del {}: nessun concorso libero entro cinque giorni, estrazione tralasciata",
-                testo_data(r.data)));
-    }
-    std::erase_if(righe, [](const RigaSuperEnalotto& r) { return r.concorso == 0; });
-    std::stable_sort(righe.begin(), righe.end(), [](const RigaSuperEnalotto& a, const RigaSuperEnalotto& b) {
-        return a.concorso < b.concorso;
-    });
-    return avvisi;
-}
-
-std::expected<void, ErroreArchivio> scrivi_archivio(const std::filesystem::path& percorso_archivio,
-                                                    const RigheArchivio& righe, bool con_drawit,
-                                                    bool con_drawit2, bool simulato,
-                                                    Avanzamento& avanzamento) {
-    // An archive that would be refused at the next opening is not written at all.
-    if (auto perche = oltre_i_limiti(righe)) return rifiuta(percorso_archivio, *perche);
-    auto prova =
-        ArchivioEstrazioni::componi(righe, {percorso_archivio, simulato}, {percorso_archivio, simulato});
-    if (!prova) return std::unexpected(std::move(prova.error()));
-    if (auto danno = primo_danno(*prova)) return std::unexpected(std::move(*danno));
-    std::error_code errore;
-    std::filesystem::create_directories(percorso_archivio, errore);
-    if (errore)
-        return rifiuta(percorso_archivio,
-                       fmt::format("la cartella non si può creare: {}", motivo_sistema(errore.value())));
-    const std::size_t prima = righe.lotto.size() + righe.nazionale.size() + righe.superenalotto.size();
-    const std::size_t tutte = prima + righe.winforlife.size();
-    std::vector<FileSicuro> file;
-    if (con_drawit) {
-        TrattoAvanzamento tratto{avanzamento, 0, prima, tutte};
-        auto scritto = prepara_drawit(percorso_archivio / "drawit.db", righe, simulato, tratto);
-        if (!scritto) return std::unexpected(std::move(scritto.error()));
-        file.push_back(std::move(*scritto));
-    }
-    if (con_drawit2) {
-        TrattoAvanzamento tratto{avanzamento, prima, righe.winforlife.size(), tutte};
-        auto scritto = prepara_drawit2(percorso_archivio / "drawit2.db", righe, simulato, tratto);
-        if (!scritto) return std::unexpected(std::move(scritto.error()));
-        file.push_back(std::move(*scritto));
-    }
-    return FileSicuro::conferma_tutti(file);
-}
 
 std::expected<LettiPubblicati, ErroreArchivio> leggi_pubblicati(const FilePubblicati& file,
                                                                 Avanzamento& avanzamento) {
@@ -300,34 +252,97 @@ std::expected<Importati, ErroreArchivio> importa_archivio(const std::filesystem:
     // Half of the way is reading, half writing.
     constexpr std::size_t kMeta = 1000;
     TrattoAvanzamento lettura{avanzamento, 0, kMeta, 2 * kMeta};
+    TrattoAvanzamento attesa{avanzamento, kMeta, 0, 2 * kMeta};
     TrattoAvanzamento scrittura{avanzamento, kMeta, kMeta, 2 * kMeta};
     auto testi = leggi_testi(file, lettura);
     if (!testi) return std::unexpected(std::move(testi.error()));
-    const bool con_drawit = testi->lotto || testi->superenalotto;
-    const bool con_drawit2 = testi->winforlife.has_value();
-    LettiPubblicati nuovi;
-    if (con_drawit) {
-        auto composti = componi_drawit(percorso_archivio, file, *testi);
+    auto cambio = CambioArchivio::apri(percorso_archivio, attesa);
+    if (!cambio) return std::unexpected(std::move(cambio.error()));
+    const Prima prima = leggi_prima(*cambio);
+    NuovoArchivio nuovo;
+    std::vector<std::string> avvisi;
+    if (testi->lotto || testi->superenalotto) {
+        auto composti = componi_drawit(prima.drawit, file, *testi);
         if (!composti) return std::unexpected(std::move(composti.error()));
-        nuovi = std::move(*composti);
+        nuovo.righe = std::move(composti->righe);
+        avvisi = std::move(composti->avvisi);
+        nuovo.drawit = Destino::Nuovo;
     }
-    if (con_drawit2) nuovi.righe.winforlife = std::move(*testi->winforlife);
-    if (auto esito =
-            scrivi_archivio(percorso_archivio, nuovi.righe, con_drawit, con_drawit2, false, scrittura);
-        !esito)
-        return std::unexpected(std::move(esito.error()));
-    return conta(nuovi.righe, std::move(nuovi.avvisi));
+    if (testi->winforlife) {
+        nuovo.righe.winforlife = std::move(*testi->winforlife);
+        nuovo.drawit2 = Destino::Nuovo;
+    }
+    auto altri = metti(*cambio, prima, nuovo, file.sostituisci, scrittura);
+    if (!altri) return std::unexpected(std::move(altri.error()));
+    avvisi.insert(avvisi.end(), altri->begin(), altri->end());
+    for (std::string& frase : nascosti_da_jet(percorso_archivio, nuovo)) avvisi.push_back(std::move(frase));
+    return conta(nuovo.righe, std::move(avvisi));
+}
+
+std::expected<Importati, ErroreArchivio> importa_jet(const std::filesystem::path& percorso_archivio,
+                                                     const std::filesystem::path& cartella_jet,
+                                                     bool sostituisci, Avanzamento& avanzamento) {
+    std::error_code errore;
+    const auto sotto = cartella_jet / "archivio";
+    const auto cartella = std::filesystem::is_directory(sotto, errore) ? sotto : cartella_jet;
+    const auto drawit = trova_file(cartella, "drawit.mdb");
+    const auto drawit2 = trova_file(cartella, "drawit2.mdb");
+    if (!drawit && !drawit2) return rifiuta(cartella, "non vi si trova né drawit.mdb né drawit2.mdb");
+    NuovoArchivio nuovo;
+    if (drawit) {
+        auto lette = leggi_jet(*drawit, kInDrawit);
+        if (!lette) return std::unexpected(std::move(lette.error()));
+        nuovo.righe = std::move(*lette);
+        nuovo.drawit = Destino::Nuovo;
+    }
+    if (drawit2) {
+        auto lette = leggi_jet(*drawit2, kTabellaWinForLife);
+        if (!lette) return std::unexpected(std::move(lette.error()));
+        nuovo.righe.winforlife = std::move(lette->winforlife);
+        nuovo.drawit2 = Destino::Nuovo;
+    }
+    auto cambio = CambioArchivio::apri(percorso_archivio, avanzamento);
+    if (!cambio) return std::unexpected(std::move(cambio.error()));
+    auto avvisi = metti(*cambio, leggi_prima(*cambio), nuovo, sostituisci, avanzamento);
+    if (!avvisi) return std::unexpected(std::move(avvisi.error()));
+    preferisci_nativi(percorso_archivio);
+    return conta(nuovo.righe, std::move(*avvisi));
+}
+
+std::expected<void, ErroreArchivio> annulla_importazione(const std::filesystem::path& percorso_archivio,
+                                                         Avanzamento& avanzamento) {
+    auto cambio = CambioArchivio::apri(percorso_archivio, avanzamento);
+    if (!cambio) return std::unexpected(std::move(cambio.error()));
+    return cambio->annulla();
 }
 
 std::expected<Importati, ErroreArchivio> crea_dimostrazione(const std::filesystem::path& percorso_archivio,
                                                             Avanzamento& avanzamento) {
-    if (contiene_archivio(percorso_archivio))
+    auto cambio = CambioArchivio::apri(percorso_archivio, avanzamento);
+    if (!cambio) return std::unexpected(std::move(cambio.error()));
+    const FileLetti letti = file_letti(percorso_archivio);
+    NuovoArchivio nuovo{.simulato = true};
+    if (!letti.drawit) nuovo.drawit = Destino::Nuovo;
+    if (!letti.drawit2) nuovo.drawit2 = Destino::Nuovo;
+    // One of the two files alone: the rest of a demonstration archive may join it, but never real draws.
+    const bool tutti = letti.drawit && letti.drawit2;
+    const bool nessuno = !letti.drawit && !letti.drawit2;
+    if (!nessuno && (tutti || !simulato(cambio->leggi(kTutteLeTabelle))))
         return rifiuta(percorso_archivio,
                        "la cartella contiene già un archivio, che non viene sostituito con quello simulato");
-    const RigheArchivio righe = archivio_dimostrativo();
-    if (auto esito = scrivi_archivio(percorso_archivio, righe, true, true, true, avanzamento); !esito)
+    nuovo.righe = archivio_dimostrativo();
+    if (auto esito = cambio->scrivi(nuovo, avanzamento); !esito)
         return std::unexpected(std::move(esito.error()));
-    return conta(righe, {});
+    return conta(nuovo.righe, {});
+}
+
+bool ammette_dimostrazione(const std::filesystem::path& percorso_archivio) {
+    const FileLetti letti = file_letti(percorso_archivio);
+    if (!letti.drawit && !letti.drawit2) return true;
+    if (letti.drawit && letti.drawit2) return false;
+    const auto letto = letti.drawit ? leggi_drawit(percorso_archivio, kTabellaNazionale)
+                                    : leggi_drawit2(percorso_archivio, kTabellaWinForLife);
+    return letto && *letto && (*letto)->fonte.simulato;
 }
 
 }  // namespace sortimetra

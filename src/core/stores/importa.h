@@ -4,11 +4,9 @@
 #include "draws/avanzamento.h"
 #include "files/errore.h"
 
-#include <chrono>
 #include <expected>
 #include <filesystem>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -22,6 +20,8 @@ struct FilePubblicati {
     /// Keep all Lotto draws and count from the first. Otherwise the numbering starts so that the draw of
     /// 3 December 1997 has concorso 402, and earlier draws than number 1 are left out.
     bool tutto = false;
+    /// Import also what makes a table smaller or changes draws that stand.
+    bool sostituisci = false;
 };
 
 struct LettiPubblicati {
@@ -54,35 +54,30 @@ struct Importati {
 /// Only the tables of the given files are replaced. Without a Lotto file, SuperEnalotto is numbered by the
 /// Lotto draws of the archive that is there; with a Lotto file alone, the SuperEnalotto draws that are there
 /// are kept and numbered anew by it. Simulated draws are never mixed with real ones: a Lotto file throws the
-/// simulated SuperEnalotto out, and SuperEnalotto alone is refused over a simulated Lotto.
+/// simulated SuperEnalotto and Win for Life out, and SuperEnalotto alone is refused over a simulated Lotto.
+///
+/// Draws that stand would be lost, or get other numbers: the error says which, and `sostituisci` does it. A
+/// draw is its day and wheel; that it is counted as another concorso is no loss, nor is a simulated draw. The
+/// archive that was there is kept for `annulla_importazione`.
 [[nodiscard]] std::expected<Importati, ErroreArchivio> importa_archivio(
     const std::filesystem::path& percorso_archivio, const FilePubblicati& file, Avanzamento& avanzamento);
 
-/// Numbers rows of a whole Lotto history, which are ordered by date, as an import does; draws before number 1
-/// are dropped. Without the draw of 3 December 1997 and without `tutto` there is nothing to count from.
-[[nodiscard]] std::expected<void, std::string> numera_lotto(std::vector<RigaLotto>& righe, bool tutto);
+/// The native store with all draws of the Jet files `drawit.mdb` and `drawit2.mdb` of `cartella_jet` (or of
+/// its folder `archivio`), which stay as they are; one of the two is enough. Draws that stand are asked for
+/// as above. From then on the native store is read, also where the Jet files stand beside it.
+[[nodiscard]] std::expected<Importati, ErroreArchivio> importa_jet(
+    const std::filesystem::path& percorso_archivio, const std::filesystem::path& cartella_jet,
+    bool sostituisci, Avanzamento& avanzamento);
 
-/// Numbers SuperEnalotto by the Lotto's dates; draws that find no concorso are dropped and named in the
-/// answer.
-[[nodiscard]] std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
-                                                            const std::vector<RigaLotto>& lotto);
+/// Brings back the archive before the last change (cambio.h), and keeps the one that it takes away.
+[[nodiscard]] std::expected<void, ErroreArchivio> annulla_importazione(
+    const std::filesystem::path& percorso_archivio, Avanzamento& avanzamento);
 
-/// The day of a Lotto concorso.
-struct GiornoConcorso {
-    Data data{};
-    Concorso concorso{};
-};
-/// The same beside SuperEnalotto draws that stand already and have the concorsi `presi`.
-[[nodiscard]] std::vector<std::string> numera_superenalotto(std::vector<RigaSuperEnalotto>& righe,
-                                                            std::vector<GiornoConcorso> giorni,
-                                                            std::set<Concorso> presi);
+/// Whether `crea_dimostrazione` has something to do: there is no archive, or half of a simulated one.
+[[nodiscard]] bool ammette_dimostrazione(const std::filesystem::path& percorso_archivio);
 
-/// Writes the database files that are wanted, and takes them into the archive together.
-[[nodiscard]] std::expected<void, ErroreArchivio> scrivi_archivio(
-    const std::filesystem::path& percorso_archivio, const RigheArchivio& righe, bool con_drawit,
-    bool con_drawit2, bool simulato, Avanzamento& avanzamento);
-
-/// Writes the simulated archive into `percorso_archivio`, which must not hold an archive yet.
+/// Writes the simulated archive into `percorso_archivio`, which must hold none, or only one of its two files:
+/// then the other one joins it.
 [[nodiscard]] std::expected<Importati, ErroreArchivio> crea_dimostrazione(
     const std::filesystem::path& percorso_archivio, Avanzamento& avanzamento);
 

@@ -5,6 +5,7 @@
 #include "stores/celle.h"
 #include "stores/file_accanto.h"
 #include "stores/impronta.h"
+#include "stores/laterali.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <span>
@@ -50,11 +52,13 @@ struct ChiudiIstruzione {
 using Base = std::unique_ptr<sqlite3, ChiudiBase>;
 using Istruzione = std::unique_ptr<sqlite3_stmt, ChiudiIstruzione>;
 
+constexpr std::string_view kInUso = "il file è in uso da un altro programma";
+
 std::string motivo(sqlite3* base, int codice) {
     switch (codice & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            return "il file è in uso da un altro programma";
+            return std::string{kInUso};
         case SQLITE_CORRUPT:
         case SQLITE_FORMAT:
             return "il file è danneggiato";
@@ -137,7 +141,8 @@ std::expected<void, ErroreArchivio> esamina(const std::filesystem::path& file) {
             ErroreArchivio{file, fmt::format("il file è troncato: ha solo {} byte", inizio->grandezza)});
     const std::uint64_t pagina = grande(16, 2) == 1 ? 65536 : grande(16, 2);
     // The page count holds only if the last writer of the file also kept its counter of versions.
-    if (grande(24, 4) == grande(92, 4) && inizio->grandezza < grande(28, 4) * pagina)
+    // And what stands in the files beside it may still make it longer.
+    if (grande(24, 4) == grande(92, 4) && inizio->grandezza < grande(28, 4) * pagina && !ha_laterali(file))
         return std::unexpected(ErroreArchivio{file, fmt::format("il file è troncato: ha {} byte invece di {}",
                                                                 inizio->grandezza, grande(28, 4) * pagina)});
     return {};
@@ -328,10 +333,10 @@ std::expected<void, std::string> confronta(sqlite3* base, const FormaTabella& fo
         fmt::format("il file è danneggiato: la tabella {} non contiene ciò che vi fu scritto", forma.nome));
 }
 
-std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file, unsigned tabelle) {
+std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file, unsigned tabelle, int modo) {
     const std::span<const FormaTabella> forme =
         (tabelle & kTabellaWinForLife) != 0 ? tabelle_drawit2() : tabelle_drawit();
-    auto aperta = apri(file, SQLITE_OPEN_READONLY);
+    auto aperta = apri(file, modo);
     if (!aperta) return std::unexpected(std::move(aperta.error()));
     sqlite3* base = aperta->get();
     int controlli = 0;
@@ -362,6 +367,17 @@ std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file,
     return letti;
 }
 
+/// A store whose writer was stopped has to be made whole before it can be read, and a reader writes nothing:
+/// a copy is made whole, and read. Where nobody was stopped, what the first reading said is true.
+std::expected<LettiNativo, std::string> leggi_o_ripara(const std::filesystem::path& file, unsigned tabelle) {
+    auto letti = leggi(file, tabelle, SQLITE_OPEN_READONLY);
+    if (letti || letti.error() == kInUso || !ha_laterali(file)) return letti;
+    const auto copia = CopiaPrivata::fai(file);
+    if (!copia) return letti;
+    auto riparati = leggi(copia->file(), tabelle, SQLITE_OPEN_READWRITE);
+    return riparati ? std::move(riparati) : std::move(letti);
+}
+
 // ---- writing ----
 
 // Columns in the order in which code that reads by position expects them.
@@ -379,7 +395,7 @@ class Scrittore {
   public:
     static std::expected<Scrittore, std::string> crea(sqlite3* base, std::string_view nome,
                                                       std::span<const std::string_view> colonne) {
-        std::string crea = "CREATE TABLE " + fra_virgolette(nome) + " (";
+        std::string crea = "CREATE TABLE IF NOT EXISTS " + fra_virgolette(nome) + " (";
         std::string riempi = "INSERT INTO " + fra_virgolette(nome) + " VALUES (";
         for (const std::string_view c : colonne) {
             const bool testo = c == "data estrazione" || c == "ruota" || c == "ora";
@@ -431,10 +447,15 @@ class Scrittore {
 /// Rows between two reports of progress.
 constexpr std::size_t kRighePerPasso = 2048;
 
+/// How many rows of each table of a file stand already, by the order of its tables.
+using Scritte = std::array<std::size_t, 3>;
+
 /// The rows of a file that are still to be written, and whom to tell.
 struct Conto {
     Avanzamento& avanzamento;
     std::size_t totale;
+    Scritte da{};  ///< of each table the first row to be written
+    std::size_t tabella = 0;
     std::size_t fatte = 0;
     bool una() {
         ++fatte;
@@ -448,8 +469,8 @@ std::expected<void, std::string> riempi(sqlite3* base, std::string_view nome,
                                         const std::vector<Riga>& righe, Conto& conto, Una una) {
     auto scrittore = Scrittore::crea(base, nome, colonne);
     if (!scrittore) return std::unexpected(std::move(scrittore.error()));
-    for (const Riga& r : righe) {
-        una(*scrittore, r);
+    for (std::size_t i = conto.da[conto.tabella++]; i < righe.size(); ++i) {
+        una(*scrittore, righe[i]);
         if (auto esito = scrittore->riga(); !esito) return esito;
         if (!conto.una()) return std::unexpected(std::string{kAnnullata});
     }
@@ -467,9 +488,9 @@ std::expected<void, std::string> riempi_lotto(sqlite3* base, std::string_view no
     });
 }
 
-std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivio& righe,
+std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivio& righe, const Scritte& da,
                                                Avanzamento& avanzamento) {
-    Conto conto{avanzamento, righe.lotto.size() + righe.nazionale.size() + righe.superenalotto.size()};
+    Conto conto{avanzamento, righe.lotto.size() + righe.nazionale.size() + righe.superenalotto.size(), da};
     if (auto esito = riempi_lotto(base, "archivio", righe.lotto, conto); !esito) return esito;
     if (auto esito = riempi_lotto(base, "archivion", righe.nazionale, conto); !esito) return esito;
     return riempi(base, "archivios", kSuperEnalotto, righe.superenalotto, conto,
@@ -482,9 +503,9 @@ std::expected<void, std::string> riempi_drawit(sqlite3* base, const RigheArchivi
                   });
 }
 
-std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchivio& righe,
+std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchivio& righe, const Scritte& da,
                                                 Avanzamento& avanzamento) {
-    Conto conto{avanzamento, righe.winforlife.size()};
+    Conto conto{avanzamento, righe.winforlife.size(), da};
     return riempi(base, "archivio", kWinForLife, righe.winforlife, conto,
                   [](Scrittore& s, const RigaWinForLife& r) {
                       s.numero(r.concorso);
@@ -497,14 +518,14 @@ std::expected<void, std::string> riempi_drawit2(sqlite3* base, const RigheArchiv
 /// What one of the two database files holds.
 struct Contenuto {
     std::span<const FormaTabella> forme;
-    std::expected<void, std::string> (*riempi)(sqlite3*, const RigheArchivio&, Avanzamento&);
+    std::expected<void, std::string> (*riempi)(sqlite3*, const RigheArchivio&, const Scritte&, Avanzamento&);
 };
 
 std::expected<void, std::string> scrivi_impronte(sqlite3* base, std::span<const FormaTabella> forme,
                                                  const RigheArchivio& righe, bool simulato) {
     std::string sql = fmt::format(
-        "PRAGMA application_id={}; PRAGMA user_version={};"
-        "CREATE TABLE {} (tabella TEXT, righe INTEGER, somma INTEGER);",
+        "PRAGMA application_id={0}; PRAGMA user_version={1};"
+        "CREATE TABLE IF NOT EXISTS {2} (tabella TEXT, righe INTEGER, somma INTEGER); DELETE FROM {2};",
         kMarchio, kVersione, kTabellaImpronte);
     for (const FormaTabella& forma : forme) {
         const ImprontaTabella i = impronta(righe, forma.bit, simulato);
@@ -514,27 +535,81 @@ std::expected<void, std::string> scrivi_impronte(sqlite3* base, std::span<const 
     return esegui(base, sql.c_str());
 }
 
+/// The first rows of a table, and nothing else.
+RigheArchivio prime_righe(const RigheArchivio& righe, unsigned tabella, std::size_t quante) {
+    RigheArchivio prime;
+    const auto copia = [&](const auto& da, auto& dove) {
+        dove.assign(da.begin(), da.begin() + static_cast<std::ptrdiff_t>(std::min(quante, da.size())));
+    };
+    if (tabella == kTabellaLotto) copia(righe.lotto, prime.lotto);
+    if (tabella == kTabellaNazionale) copia(righe.nazionale, prime.nazionale);
+    if (tabella == kTabellaSuperEnalotto) copia(righe.superenalotto, prime.superenalotto);
+    if (tabella == kTabellaWinForLife) copia(righe.winforlife, prime.winforlife);
+    return prime;
+}
+
+/// What a store holds already of these rows: of each table it has the first ones, by its own digests. Nothing
+/// where it holds anything else.
+std::optional<Scritte> gia_scritte(sqlite3* base, const RigheArchivio& righe, bool simulato,
+                                   const Contenuto& contenuto) {
+    const auto impronte = ha_impronte(base);
+    const auto marcato = leggi_simulato(base);
+    if (!impronte || !*impronte || !marcato || *marcato != simulato) return std::nullopt;
+    Scritte scritte{};
+    for (std::size_t i = 0; i < contenuto.forme.size(); ++i) {
+        const FormaTabella& forma = contenuto.forme[i];
+        const auto scritta = leggi_impronta(base, forma.nome);
+        if (!scritta) return std::nullopt;
+        const auto prime = prime_righe(righe, forma.bit, scritta->righe);
+        if (impronta(prime, forma.bit, simulato) != *scritta) return std::nullopt;
+        scritte[i] = scritta->righe;
+    }
+    return scritte;
+}
+
+/// Writes all rows into an empty file, or those that lack into the copy of a store that holds the first ones:
+/// one draw more costs a tenth of the whole.
 std::expected<void, std::string> scrivi_base(const std::filesystem::path& file, const RigheArchivio& righe,
                                              bool simulato, const Contenuto& contenuto,
                                              Avanzamento& avanzamento) {
     auto aperta = apri(file, SQLITE_OPEN_READWRITE);
     if (!aperta) return std::unexpected(std::move(aperta.error()));
     sqlite3* base = aperta->get();
+    std::error_code errore;
+    Scritte scritte{};
+    if (std::filesystem::file_size(file, errore) != 0) {
+        const auto trovate = gia_scritte(base, righe, simulato, contenuto);
+        if (!trovate) return std::unexpected(std::string{"contiene altro"});
+        scritte = *trovate;
+    }
     // The file is a temporary that nobody else sees and that is thrown away after any error: no journal.
-    if (auto esito = esegui(base,
-                            "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE;"
-                            "BEGIN; CREATE TABLE proprieta (chiave TEXT PRIMARY KEY, valore TEXT)");
+    if (auto esito =
+            esegui(base,
+                   "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE;"
+                   "BEGIN; CREATE TABLE IF NOT EXISTS proprieta (chiave TEXT PRIMARY KEY, valore TEXT)");
         !esito)
         return esito;
     if (simulato) {
-        if (auto esito = esegui(base, "INSERT INTO proprieta VALUES ('simulato', '1')"); !esito) return esito;
+        if (auto esito = esegui(base, "INSERT OR REPLACE INTO proprieta VALUES ('simulato', '1')"); !esito)
+            return esito;
     }
     if (auto esito = scrivi_impronte(base, contenuto.forme, righe, simulato); !esito) return esito;
-    if (auto esito = contenuto.riempi(base, righe, avanzamento); !esito) return esito;
+    if (auto esito = contenuto.riempi(base, righe, scritte, avanzamento); !esito) return esito;
     if (auto esito = esegui(base, "COMMIT"); !esito) return esito;
     const int codice = sqlite3_close(aperta.value().release());
     if (codice != SQLITE_OK) return std::unexpected(motivo(nullptr, codice));
     return {};
+}
+
+/// Begins the temporary with the store that stands, if that is one of ours. False leaves it empty.
+bool parti_da(const std::filesystem::path& file, const std::filesystem::path& temporaneo) {
+    if (!esamina(file) || file_accanto_impossibile(file) || ha_laterali(file)) return false;
+    const auto byte = leggi_file(file);
+    if (!byte) return false;
+    std::ofstream flusso{temporaneo, std::ios::binary | std::ios::trunc};
+    flusso.write(byte->data(), static_cast<std::streamsize>(byte->size()));
+    flusso.close();
+    return flusso.good();
 }
 
 std::expected<FileSicuro, ErroreArchivio> prepara_file(const std::filesystem::path& file,
@@ -542,7 +617,12 @@ std::expected<FileSicuro, ErroreArchivio> prepara_file(const std::filesystem::pa
                                                        const Contenuto& contenuto, Avanzamento& avanzamento) {
     auto sicuro = FileSicuro::apri(file);
     if (!sicuro) return sicuro;
-    if (auto esito = scrivi_base(sicuro->temporaneo(), righe, simulato, contenuto, avanzamento); !esito)
+    const auto& temporaneo = sicuro->temporaneo();
+    if (parti_da(file, temporaneo) && scrivi_base(temporaneo, righe, simulato, contenuto, avanzamento))
+        return sicuro;
+    std::error_code errore;
+    std::filesystem::resize_file(temporaneo, 0, errore);
+    if (auto esito = scrivi_base(temporaneo, righe, simulato, contenuto, avanzamento); !esito)
         return std::unexpected(ErroreArchivio{file, "la scrittura non è riuscita: " + esito.error()});
     return sicuro;
 }
@@ -557,7 +637,7 @@ std::expected<void, ErroreArchivio> conferma(std::expected<FileSicuro, ErroreArc
 std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::path& file, unsigned tabelle) {
     if (auto esito = esamina(file); !esito) return std::unexpected(std::move(esito.error()));
     if (auto accanto = file_accanto_impossibile(file)) return std::unexpected(std::move(*accanto));
-    auto letti = leggi(file, tabelle);
+    auto letti = leggi_o_ripara(file, tabelle);
     if (!letti) return std::unexpected(ErroreArchivio{file, std::move(letti.error())});
     return std::move(*letti);
 }

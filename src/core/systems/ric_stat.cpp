@@ -1,6 +1,6 @@
 #include "systems/ric_stat.h"
 
-#include "files/file_sicuro.h"
+#include "files/insieme_file.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>
@@ -41,27 +41,11 @@ fs::path segno(const fs::path& cartella, const Sistema& s, std::string_view este
     return cartella / (s.nome_file_sistema + std::string{estensione});
 }
 
-/// A file that is not there is as good as removed.
-EsitoSistema elimina(const fs::path& da_togliere) {
-    std::error_code errore;
-    fs::remove(da_togliere, errore);
-    if (errore) return std::unexpected(ErroreArchivio{da_togliere, "il file non si può eliminare"});
-    return {};
-}
-
-EsitoSistema crea_cartella(const fs::path& cartella) {
+std::expected<void, ErroreArchivio> crea_cartella(const fs::path& cartella) {
     std::error_code errore;
     fs::create_directories(cartella, errore);
     if (errore) return std::unexpected(ErroreArchivio{cartella, "la cartella non si può creare"});
     return {};
-}
-
-/// Runs steps until the first that fails.
-template <class... Passi>
-EsitoSistema in_fila(Passi&&... passi) {
-    EsitoSistema esito;
-    static_cast<void>(((esito = passi(), esito.has_value()) && ...));
-    return esito;
 }
 
 /// Keeps a number in the first empty slot, unless it is in one already or all are taken.
@@ -104,14 +88,12 @@ std::optional<Sistema> sistema_da_griglia(const Risposta& risposta) {
     return s;
 }
 
-EsitoSistema azzera_files_sistema(const fs::path& cartella, const Sistema& s) {
-    return in_fila(
-        [&] { return scrivi_file(segno(cartella, s, ".nn"), ""); },
-        [&] { return elimina(file(cartella, s, "sy")); }, [&] { return elimina(file(cartella, s, "nu")); },
-        [&] { return elimina(file(cartella, s, "in")); }, [&] { return elimina(file(cartella, s, "en")); });
+void azzera_files_sistema(InsiemeFile& insieme, const fs::path& cartella, const Sistema& s) {
+    insieme.scrivi(segno(cartella, s, ".nn"), "");
+    for (const char* quale : {"sy", "nu", "in", "en"}) insieme.togli(file(cartella, s, quale));
 }
 
-EsitoSistema scrivi_numeri_sistema(const fs::path& cartella, const Sistema& s) {
+void scrivi_numeri_sistema(InsiemeFile& insieme, const fs::path& cartella, const Sistema& s) {
     std::set<int> usati;
     for (const CombinazioneSistema& c : s.combinazioni) usati.insert(c.begin(), c.end());
     usati.erase(0);
@@ -122,35 +104,31 @@ EsitoSistema scrivi_numeri_sistema(const fs::path& cartella, const Sistema& s) {
         aggiungi_intero(testo, n);
         testo += kACapo;
     }
-    return scrivi_file(file(cartella, s, "in"), testo);
+    insieme.scrivi(file(cartella, s, "in"), std::move(testo));
 }
 
-EsitoSistema prepara_sistema(const fs::path& cartella, const Sistema& s) {
-    return in_fila([&] { return scrivi_file(segno(cartella, s, ".nn"), ""); },
-                   [&] { return scrivi_file(file(cartella, s, "sy"), ""); },
-                   [&] { return elimina(segno(cartella, s, ".rr")); },
-                   [&] { return elimina(cartella / fmt::format("tempsy{}.txt", s.lettera_sistema)); });
+void prepara_sistema(InsiemeFile& insieme, const fs::path& cartella, const Sistema& s) {
+    insieme.scrivi(segno(cartella, s, ".nn"), "");
+    insieme.scrivi(file(cartella, s, "sy"), "");
+    insieme.togli(segno(cartella, s, ".rr"));
+    insieme.togli(cartella / fmt::format("tempsy{}.txt", s.lettera_sistema));
 }
 
-std::expected<std::optional<std::string>, ErroreArchivio> scrivi_conteggio_sistema(const fs::path& cartella,
-                                                                                   const Sistema& s,
-                                                                                   Data oggi) {
+std::optional<std::string> scrivi_conteggio_sistema(InsiemeFile& insieme, const fs::path& cartella,
+                                                    const Sistema& s, Data oggi) {
     const std::size_t n = s.combinazioni.size();
-    std::optional<std::string> messaggio;
-    auto esito = scrivi_file(file(cartella, s, "nu"),
-                             fmt::format("#{}#,\"\"{}{},{}{}", testo_data_iso(oggi), kACapo, n, n, kACapo));
-    if (esito && n == 0) {
-        const fs::path rielaborato = segno(cartella, s, ".rr");
-        std::error_code errore;
-        if (fs::exists(rielaborato, errore)) messaggio = kZeroCombinazioni;
-        esito = in_fila([&] { return scrivi_file(segno(cartella, s, ".nn"), ""); },
-                        [&] { return elimina(rielaborato); });
-    }
-    if (!esito) return std::unexpected(std::move(esito.error()));
-    return messaggio;
+    insieme.scrivi(file(cartella, s, "nu"),
+                   fmt::format("#{}#,\"\"{}{},{}{}", testo_data_iso(oggi), kACapo, n, n, kACapo));
+    if (n != 0) return std::nullopt;
+    const fs::path rielaborato = segno(cartella, s, ".rr");
+    const bool c_era = insieme.ci_sara(rielaborato);
+    insieme.scrivi(segno(cartella, s, ".nn"), "");
+    insieme.togli(rielaborato);
+    if (!c_era) return std::nullopt;
+    return std::string{kZeroCombinazioni};
 }
 
-EsitoSistema scrivi_sistema(const fs::path& cartella, const Sistema& s) {
+void scrivi_sistema(InsiemeFile& insieme, const fs::path& cartella, const Sistema& s) {
     std::string testo;
     testo.reserve(s.combinazioni.size() * (s.k * 3 + 2));
     for (const CombinazioneSistema& c : s.combinazioni) {
@@ -160,7 +138,7 @@ EsitoSistema scrivi_sistema(const fs::path& cartella, const Sistema& s) {
         }
         testo += kACapo;
     }
-    return scrivi_file(file(cartella, s, "sy"), testo);
+    insieme.scrivi(file(cartella, s, "sy"), std::move(testo));
 }
 
 std::expected<Consegna, ErroreArchivio> scrivi_schedina(const fs::path& cartella, const Risposta& risposta,
@@ -168,26 +146,21 @@ std::expected<Consegna, ErroreArchivio> scrivi_schedina(const fs::path& cartella
     const auto s = sistema_da_griglia(risposta);
     if (!s) return std::unexpected(ErroreArchivio{{}, "questa griglia non ha una schedina"});
     const std::string_view genere_s{s->nome_file_sistema.data(), s->nome_file_sistema.find('/')};
-    auto esito = in_fila([&] { return crea_cartella(cartella / kCartellaLunghi); },
-                         [&] { return crea_cartella(cartella / genere_s); },
-                         [&] { return azzera_files_sistema(cartella, *s); },
-                         [&] { return scrivi_numeri_sistema(cartella, *s); },
-                         [&] { return prepara_sistema(cartella, *s); },
-                         [&]() -> EsitoSistema {
-                             const auto conteggio = scrivi_conteggio_sistema(cartella, *s, oggi);
-                             if (!conteggio) return std::unexpected(conteggio.error());
-                             return {};
-                         },
-                         [&] { return scrivi_sistema(cartella, *s); });
-    if (!esito) return std::unexpected(std::move(esito.error()));
+    for (const std::string_view sotto : {kCartellaLunghi, genere_s})
+        if (auto esito = crea_cartella(cartella / sotto); !esito)
+            return std::unexpected(std::move(esito.error()));
+    InsiemeFile insieme;
+    azzera_files_sistema(insieme, cartella, *s);
+    scrivi_numeri_sistema(insieme, cartella, *s);
+    prepara_sistema(insieme, cartella, *s);
+    (void)scrivi_conteggio_sistema(insieme, cartella, *s, oggi);
+    scrivi_sistema(insieme, cartella, *s);
     Consegna consegna{.file = s->nome_file_sistema};
     std::error_code errore;
     consegna.programma_aperto = fs::exists(cartella / "sch", errore);
-    if (consegna.programma_aperto) return consegna;
-    if (auto scritto =
-            scrivi_file(cartella / "trans", fmt::format(R"("{}","{}"{})", genere_s, kNome, kACapo));
-        !scritto)
-        return std::unexpected(std::move(scritto.error()));
+    if (!consegna.programma_aperto)
+        insieme.annuncia(cartella / "trans", fmt::format(R"("{}","{}"{})", genere_s, kNome, kACapo));
+    if (auto esito = insieme.conferma(); !esito) return std::unexpected(std::move(esito.error()));
     return consegna;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/errore.h"
+#include "files/insieme_file.h"
 #include "results/risposta.h"
 #include "text/data.h"
 
@@ -38,24 +39,24 @@ struct Sistema {
 /// The numbers of a row as a system takes them: equal ones take one slot, an eleventh none.
 [[nodiscard]] CombinazioneSistema combinazione_sistema(std::span<const Numero> numeri);
 
-using EsitoSistema = std::expected<void, ErroreArchivio>;
-
-// The five routines, in the order in which `scrivi_schedina` runs them.
+// The five routines, in the order in which `scrivi_schedina` runs them. What they write and remove happens
+// together in the end: a full disk leaves the system that was there.
 
 /// Marks the system as in unregistered development (".nn") and removes what an earlier one left.
-[[nodiscard]] EsitoSistema azzera_files_sistema(const std::filesystem::path& cartella,
-                                                const Sistema& sistema);
+void azzera_files_sistema(InsiemeFile& insieme, const std::filesystem::path& cartella,
+                          const Sistema& sistema);
 /// "in": how many different numbers the system uses, then one a line, ascending.
-[[nodiscard]] EsitoSistema scrivi_numeri_sistema(const std::filesystem::path& cartella,
-                                                 const Sistema& sistema);
+void scrivi_numeri_sistema(InsiemeFile& insieme, const std::filesystem::path& cartella,
+                           const Sistema& sistema);
 /// The marker again, an empty "sy", and neither ".rr" nor the slip program's scratch file.
-[[nodiscard]] EsitoSistema prepara_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+void prepara_sistema(InsiemeFile& insieme, const std::filesystem::path& cartella, const Sistema& sistema);
 /// "nu": the date, and the number of combinations twice. Without combinations a ".rr" that is still there is
 /// removed and the message on it returned; after `prepara_sistema` there is none, so no user has seen it.
-[[nodiscard]] std::expected<std::optional<std::string>, ErroreArchivio> scrivi_conteggio_sistema(
-    const std::filesystem::path& cartella, const Sistema& sistema, Data oggi);
+[[nodiscard]] std::optional<std::string> scrivi_conteggio_sistema(InsiemeFile& insieme,
+                                                                  const std::filesystem::path& cartella,
+                                                                  const Sistema& sistema, Data oggi);
 /// "sy": a line of k numbers per combination.
-[[nodiscard]] EsitoSistema scrivi_sistema(const std::filesystem::path& cartella, const Sistema& sistema);
+void scrivi_sistema(InsiemeFile& insieme, const std::filesystem::path& cartella, const Sistema& sistema);
 
 /// What the hand-over left.
 struct Consegna {
@@ -69,7 +70,8 @@ struct Consegna {
 [[nodiscard]] bool ammette_schedina(const Risposta& risposta);
 
 /// Writes the system `ric_stat` of the whole grid, as it stood before any sorting, and the file "trans" that
-/// names it to the slip program. Folders are made as needed. Nothing is started.
+/// names it to the slip program: all of them or none, and "trans" never beside half of the others. Folders
+/// are made as needed. Nothing is started.
 [[nodiscard]] std::expected<Consegna, ErroreArchivio> scrivi_schedina(const std::filesystem::path& cartella,
                                                                       const Risposta& risposta, Data oggi);
 

@@ -2,6 +2,7 @@
 #include "stores/apertura.h"
 #include "stores/importa.h"
 #include "support/archivi.h"
+#include "support/passi.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -190,6 +191,108 @@ TEST(FileSicuro, TuttiONessuno) {
     EXPECT_EQ(leggi_file(primo).value(), "nuovo");
     EXPECT_EQ(leggi_file(secondo).value(), "nuovo");
     EXPECT_THAT(nomi(cartella.percorso()), ElementsAre("drawit.db", "drawit2.db"));
+}
+
+TEST(FileSicuro, InsiemeSiTolgonoESiMettono) {
+    const CartellaProva cartella;
+    const auto file = [&](std::string_view nome) { return cartella.percorso() / nome; };
+    const auto stato = [&] {
+        std::string testo;
+        for (const std::string& nome : nomi(cartella.percorso()))
+            testo += nome + "=" + leggi_file(file(nome)).value() + " ";
+        return testo;
+    };
+    const auto cambia = [&] {
+        std::vector<FileSicuro> nuovi;
+        for (const char* nome : {"a", "b", "trans"}) {
+            nuovi.push_back(FileSicuro::apri(file(nome)).value());
+            EXPECT_TRUE(nuovi.back().scrivi("nuovo"));
+        }
+        return FileSicuro::conferma_tutti(nuovi, std::array{file("trans"), file("resto"), file("manca")});
+    };
+    const std::string vecchio = "a=vecchio resto=vecchio trans=vecchio ";
+    const auto prepara = [&] {
+        for (const auto& voce : std::filesystem::directory_iterator{cartella.percorso()})
+            std::filesystem::remove(voce);
+        for (const char* nome : {"a", "resto", "trans"}) ASSERT_TRUE(scrivi_file(file(nome), "vecchio"));
+    };
+    // Each step in its turn fails: all as it was. Only what tidies up behind may fail without harm.
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        prepara();
+        std::expected<void, ErroreArchivio> esito;
+        bool toccato = false;
+        {
+            const prove::DiscoGuasto guasto{n};
+            esito = cambia();
+            toccato = prove::DiscoGuasto::toccato();
+        }
+        if (!toccato) {
+            EXPECT_TRUE(esito);
+            EXPECT_EQ(stato(), "a=nuovo b=nuovo trans=nuovo ");
+            EXPECT_GT(n, 10);
+            break;
+        }
+        if (!esito) {
+            EXPECT_EQ(stato(), vecchio);
+        } else {
+            EXPECT_EQ(leggi_file(file("trans")).value(), "nuovo");
+            EXPECT_FALSE(std::filesystem::exists(file("resto")));
+        }
+    }
+    // Stopped dead before any step: "trans" is there only beside what it belongs to.
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        prepara();
+        const bool finito = prove::fino_al_passo(n, [&] { (void)cambia(); });
+        const auto trans = leggi_file(file("trans"));
+        if (trans) {
+            EXPECT_EQ(leggi_file(file("a")).value(), *trans);
+            EXPECT_EQ(leggi_file(file("b")).value_or("vecchio"), *trans);
+        }
+        if (finito) break;
+    }
+}
+
+TEST(FileSicuro, SiSpazzaDietroAChiNonCEPiu) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    // Killed between writing and renaming: its temporary stays.
+    EXPECT_FALSE(prove::fino_al_passo(2, [&] { (void)scrivi_file(file, "nuovo"); }));
+    ASSERT_EQ(nomi(cartella.percorso()).size(), 1U);
+    // Ours is in work, and other names look like it but are not.
+    auto nostro = FileSicuro::apri(file);
+    ASSERT_TRUE(nostro);
+    for (const char* nome : {".drawit.db.tmp", ".drawit.db.4-5.tmp", ".4194303999-1-0.tmp", "4194303-1-0.tmp",
+                             ".drawit.db.4194303-1-0x.tmp"})
+        ASSERT_TRUE(scrivi_file(cartella.percorso() / nome, "x"));
+    const auto prima = nomi(cartella.percorso());
+    ASSERT_TRUE(scrivi_file(cartella.percorso() / kFileCambio, "un cambio aspetta"));
+    spazza_temporanei(cartella.percorso());
+    EXPECT_EQ(nomi(cartella.percorso()).size(), prima.size() + 1);
+    std::filesystem::remove(cartella.percorso() / kFileCambio);
+    spazza_temporanei(cartella.percorso());
+    EXPECT_EQ(nomi(cartella.percorso()).size(), 6U);
+    EXPECT_TRUE(nomi(cartella.percorso()).contains(nostro->temporaneo().filename().string()));
+    ASSERT_TRUE(nostro->conferma());
+}
+
+TEST(FileSicuro, SiSpazzaAncheDietroAChiNessunoHaSepolto) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    const pid_t pid = fork();
+    if (pid == 0) {
+        auto suo = FileSicuro::apri(file);
+        (void)suo->lascia();
+        _exit(0);
+    }
+    siginfo_t fine{};
+    ASSERT_EQ(waitid(P_PID, static_cast<id_t>(pid), &fine, WEXITED | WNOWAIT), 0);
+    ASSERT_EQ(nomi(cartella.percorso()).size(), 1U);
+    spazza_temporanei(cartella.percorso());
+    EXPECT_TRUE(std::filesystem::is_empty(cartella.percorso()));
+    int stato = 0;
+    waitpid(pid, &stato, 0);
 }
 
 TEST(FileSicuro, DueInsiemeNonSiMescolano) {

@@ -15,6 +15,7 @@
 #include <random>
 #include <set>
 #include <sstream>
+#include <thread>
 
 namespace sortimetra {
 namespace {
@@ -155,6 +156,7 @@ struct Prova {
     CartellaProva cartella;
     SenzaAvanzamento nessuno;
     [[nodiscard]] std::filesystem::path archivio() const { return cartella.percorso() / "archivio"; }
+    bool sostituisci = false;
     std::expected<Importati, ErroreArchivio> importa(std::optional<std::string> lotto,
                                                      std::optional<std::string> superenalotto = {},
                                                      std::optional<std::string> winforlife = {}) {
@@ -164,6 +166,7 @@ struct Prova {
             file.superenalotto = metti(cartella, "s.csv", std::string{kTitoliS} + *superenalotto);
         if (winforlife) file.winforlife = metti(cartella, "w.csv", *winforlife);
         file.tutto = true;
+        file.sostituisci = sostituisci;
         return importa_archivio(archivio(), file, nessuno);
     }
     std::set<std::string> nomi() const {
@@ -182,7 +185,7 @@ TEST(Importa, TuttiETre) {
     EXPECT_EQ(fatto->nazionale, 1U);
     EXPECT_EQ(fatto->superenalotto, 1U);
     EXPECT_EQ(fatto->winforlife, 1U);
-    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db"));
+    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit.db.prec", "drawit2.db", "drawit2.db.prec"));
     const auto a = apri_archivio(p.archivio());
     ASSERT_TRUE(a) << a.error().testo();
     EXPECT_EQ(a->lotto().righe, 3U);
@@ -228,7 +231,7 @@ TEST(Importa, SoloWinForLifeNonToccaIlResto) {
     const auto prima = leggi_file(p.archivio() / "drawit.db").value();
     ASSERT_TRUE(p.importa({}, {}, kWflPiccolo));
     EXPECT_EQ(leggi_file(p.archivio() / "drawit.db").value(), prima);
-    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db"));
+    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db", "drawit2.db.prec"));
 }
 
 TEST(Importa, NessunFile) {
@@ -247,7 +250,7 @@ TEST(Importa, UnErroreLasciaTuttoComEra) {
     EXPECT_EQ(fatto.error().motivo, "riga 3: trovato \"storto\", atteso un numero di concorso");
     EXPECT_EQ(leggi_file(p.archivio() / "drawit.db").value(), prima);
     EXPECT_EQ(leggi_file(p.archivio() / "drawit2.db").value(), prima2);
-    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db"));
+    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit.db.prec", "drawit2.db", "drawit2.db.prec"));
 }
 
 TEST(Importa, SeUnoDeiDueFileNonSiPuoScrivereNessunoCambia) {
@@ -256,11 +259,12 @@ TEST(Importa, SeUnoDeiDueFileNonSiPuoScrivereNessunoCambia) {
     const auto prima = leggi_file(p.archivio() / "drawit.db").value();
     // A folder stands where the second file should go.
     std::filesystem::create_directory(p.archivio() / "drawit2.db");
+    p.sostituisci = true;
     const auto fatto = p.importa("2002/01/01\tBA\t1\t2\t3\t4\t5\n", {}, kWflPiccolo);
     ASSERT_FALSE(fatto);
     EXPECT_EQ(fatto.error().motivo, "non si può scrivere: è una cartella");
     EXPECT_EQ(leggi_file(p.archivio() / "drawit.db").value(), prima);
-    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit2.db"));
+    EXPECT_THAT(p.nomi(), ElementsAre("drawit.db", "drawit.db.prec", "drawit2.db"));
 }
 
 TEST(Importa, FileCheMancaOVuoto) {
@@ -331,10 +335,124 @@ TEST(Importa, VeroESimulatoNonSiMescolano) {
     ASSERT_FALSE(rifiutato);
     EXPECT_THAT(rifiutato.error().motivo, HasSubstr("simulato"));
     ASSERT_TRUE(p.importa(kLottoPiccolo));
-    const auto a = apri_archivio(p.archivio(), kTabellaLotto | kTabellaSuperEnalotto);
+    const auto a = apri_archivio(p.archivio());
     ASSERT_TRUE(a) << a.error().testo();
     EXPECT_FALSE(a->drawit().simulato);
+    EXPECT_FALSE(a->drawit2().simulato);
     EXPECT_TRUE(a->superenalotto().concorso.empty());
+    EXPECT_TRUE(a->winforlife().concorso.empty());
+    EXPECT_FALSE(std::filesystem::exists(p.archivio() / "drawit2.db"));
+    // All of the demonstration comes back, and goes again.
+    ASSERT_TRUE(annulla_importazione(p.archivio(), p.nessuno));
+    const auto prima = apri_archivio(p.archivio());
+    EXPECT_TRUE(prima->drawit().simulato && prima->drawit2().simulato);
+    ASSERT_TRUE(annulla_importazione(p.archivio(), p.nessuno));
+    EXPECT_FALSE(apri_archivio(p.archivio())->drawit().simulato);
+    EXPECT_FALSE(std::filesystem::exists(p.archivio() / "drawit2.db"));
+}
+
+TEST(Importa, WinForLifeVeroNonStaAccantoAlLottoSimulato) {
+    Prova p;
+    ASSERT_TRUE(crea_dimostrazione(p.archivio(), p.nessuno));
+    const auto fatto = p.importa({}, {}, kWflPiccolo);
+    ASSERT_TRUE(fatto) << fatto.error().testo();
+    EXPECT_THAT(fatto->avvisi, ElementsAre(HasSubstr("Lotto e SuperEnalotto sono state tolte")));
+    EXPECT_FALSE(std::filesystem::exists(p.archivio() / "drawit.db"));
+    EXPECT_EQ(apri_archivio(p.archivio())->winforlife().concorso.size(), 1U);
+}
+
+// ---- what an import would lose ----
+
+TEST(Importa, CioCheAndrebbePersoLaFerma) {
+    Prova p;
+    const std::string due = "2001-06-01;1;2;3;4;5;6;7;9\n2001-06-05;1;2;3;4;5;6;7;9\n";
+    ASSERT_TRUE(p.importa(kLottoPiccolo, due, kWflPiccolo));
+    const auto prima = leggi_file(p.archivio() / "drawit.db").value();
+    const auto prima2 = leggi_file(p.archivio() / "drawit2.db").value();
+    // A download that stopped after the first draw.
+    const std::string corto = kLottoPiccolo.substr(0, kLottoPiccolo.find("2001/06/05"));
+    const auto fermata = p.importa(corto);
+    ASSERT_FALSE(fermata);
+    EXPECT_EQ(fermata.error().file, p.archivio() / "drawit.db");
+    EXPECT_EQ(fermata.error().motivo,
+              "estrazioni che ci sono andrebbero perse: Lotto: 1 riga in meno (concorso 2 del 05/06/2001, "
+              "BA); SuperEnalotto: 1 riga in meno (concorso 2 del 05/06/2001); con --sostituisci si importa "
+              "lo stesso");
+    // Another number, another hour; nothing of an import goes in if one of its files loses something.
+    const std::string altro = std::string{kTitoliW} + "9000;2023-10-09;08:00;1;3;4;5;6;9;12;16;18;20;14\n";
+    const auto ferma2 = p.importa(kLottoPiccolo, due, altro);
+    ASSERT_FALSE(ferma2);
+    EXPECT_THAT(ferma2.error().motivo, HasSubstr("Win for Life: 1 riga in meno"));
+    const auto ferma3 = p.importa({}, "2001-06-01;1;2;3;4;5;6;8;9\n2001-06-05;1;2;3;4;5;6;7;9\n");
+    ASSERT_FALSE(ferma3);
+    EXPECT_THAT(ferma3.error().motivo, HasSubstr("SuperEnalotto: 1 riga cambiata (concorso 1"));
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit.db").value(), prima);
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit2.db").value(), prima2);
+    p.sostituisci = true;
+    ASSERT_TRUE(p.importa(corto, {}, altro));
+    EXPECT_EQ(apri_archivio(p.archivio())->lotto().righe, 2U);
+    ASSERT_TRUE(annulla_importazione(p.archivio(), p.nessuno));
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit.db").value(), prima);
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit2.db").value(), prima2);
+}
+
+TEST(Importa, SopraUnArchivioCheNonSiLegge) {
+    Prova p;
+    ASSERT_TRUE(p.importa(kLottoPiccolo));
+    ASSERT_TRUE(scrivi_file(p.archivio() / "drawit.db", "rotto"));
+    const auto due = std::string{"2001-06-01;1;2;3;4;5;6;7;9\n"};
+    const auto fermata = p.importa(kLottoPiccolo, due);
+    ASSERT_FALSE(fermata);
+    EXPECT_THAT(fermata.error().motivo, HasSubstr("non si può leggere"));
+    EXPECT_THAT(fermata.error().motivo, HasSubstr("--sostituisci"));
+    p.sostituisci = true;
+    ASSERT_TRUE(p.importa(kLottoPiccolo, due));
+    EXPECT_EQ(leggi_file(p.archivio() / "drawit.db.prec").value(), "rotto");
+}
+
+TEST(Importa, DueInsiemeNonPerdonoNulla) {
+    for (int volta = 0; volta < 10; ++volta) {
+        Prova p;
+        ASSERT_TRUE(p.importa(kLottoPiccolo));
+        const auto importa = [&](std::string_view nome, std::string_view testo, bool lotto) {
+            const auto file = metti(p.cartella, nome, testo);
+            FilePubblicati pubblicati{.tutto = true};
+            (lotto ? pubblicati.lotto : pubblicati.superenalotto) = file;
+            SenzaAvanzamento nessuno;
+            const auto fatto = importa_archivio(p.archivio(), pubblicati, nessuno);
+            EXPECT_TRUE(fatto) << fatto.error().testo();
+        };
+        {
+            const std::jthread uno{
+                [&] { importa("a.txt", kLottoPiccolo + "2001/06/05\tRM\t21\t22\t23\t24\t25\n", true); }};
+            const std::jthread due{
+                [&] { importa("b.csv", std::string{kTitoliS} + "2001-06-05;1;2;3;4;5;6;7;9\n", false); }};
+        }
+        const auto a = apri_archivio(p.archivio());
+        ASSERT_TRUE(a) << a.error().testo();
+        EXPECT_EQ(a->lotto().righe, 4U);
+        EXPECT_EQ(a->superenalotto().concorso.size(), 1U);
+    }
+}
+
+TEST(Importa, UnaDimostrazioneAMetaSiCompleta) {
+    for (const char* manca : {"drawit.db", "drawit2.db"}) {
+        Prova p;
+        ASSERT_TRUE(crea_dimostrazione(p.archivio(), p.nessuno));
+        EXPECT_FALSE(ammette_dimostrazione(p.archivio()));
+        const auto byte = leggi_file(p.archivio() / manca).value();
+        std::filesystem::remove(p.archivio() / manca);
+        EXPECT_TRUE(ammette_dimostrazione(p.archivio()));
+        ASSERT_TRUE(crea_dimostrazione(p.archivio(), p.nessuno));
+        EXPECT_EQ(leggi_file(p.archivio() / manca).value(), byte);
+    }
+    // Half of a real archive is whole.
+    Prova p;
+    EXPECT_TRUE(ammette_dimostrazione(p.archivio()));
+    ASSERT_TRUE(p.importa(kLottoPiccolo));
+    EXPECT_FALSE(ammette_dimostrazione(p.archivio()));
+    EXPECT_FALSE(crea_dimostrazione(p.archivio(), p.nessuno));
+    EXPECT_FALSE(std::filesystem::exists(p.archivio() / "drawit2.db"));
 }
 
 TEST(Importa, UgualeAlVeroDopoIlGiroPerIlNegozio) {

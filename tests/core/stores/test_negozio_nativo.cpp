@@ -315,5 +315,73 @@ TEST(NegozioNativo, RovinatoACasoNonCadeMai) {
     EXPECT_GT(rifiutati, kGiri / 4);
 }
 
+// ---- a store that goes on ----
+
+/// How often the engine has committed a change to a file: 1 for one that was written whole.
+std::uint32_t scritture(const std::filesystem::path& file) {
+    std::ifstream flusso{file, std::ios::binary};
+    flusso.seekg(24);
+    std::uint32_t n = 0;
+    for (int i = 0; i < 4; ++i) n = n << 8U | static_cast<std::uint32_t>(flusso.get());
+    return n;
+}
+
+RigheArchivio dimostrativo_fino_a(Concorso ultimo) {
+    RigheArchivio righe = archivio_dimostrativo();
+    const auto oltre = [&](const auto& r) { return r.concorso > ultimo; };
+    std::erase_if(righe.lotto, oltre);
+    std::erase_if(righe.nazionale, oltre);
+    std::erase_if(righe.superenalotto, oltre);
+    std::erase_if(righe.winforlife, oltre);
+    return righe;
+}
+
+TEST(NegozioNativo, UnaEstrazioneInPiuSiAggiungeInFondo) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    const auto file2 = cartella.percorso() / "drawit2.db";
+    ASSERT_TRUE(scrivi_drawit(file, dimostrativo_fino_a(1200), false));
+    ASSERT_TRUE(scrivi_drawit2(file2, dimostrativo_fino_a(1200), false));
+    const std::uint32_t intera = scritture(file);
+    for (Concorso c = 1201; c <= 1203; ++c) {
+        const RigheArchivio righe = dimostrativo_fino_a(c);
+        ASSERT_TRUE(scrivi_drawit(file, righe, false));
+        ASSERT_TRUE(scrivi_drawit2(file2, righe, false));
+        EXPECT_GT(scritture(file), intera) << "not written anew";
+        const auto letti = leggi_nativo(file, kTutteLeTabelle & ~unsigned{kTabellaWinForLife});
+        ASSERT_TRUE(letti) << letti.error().testo();
+        EXPECT_EQ(letti->righe.lotto, righe.lotto);
+        EXPECT_EQ(letti->righe.nazionale, righe.nazionale);
+        EXPECT_EQ(letti->righe.superenalotto, righe.superenalotto);
+        EXPECT_FALSE(letti->simulato);
+        EXPECT_EQ(leggi_nativo(file2, kTabellaWinForLife)->righe.winforlife, righe.winforlife);
+    }
+}
+
+TEST(NegozioNativo, QuelloCheNonContinuaSiScriveIntero) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    const RigheArchivio prima = dimostrativo_fino_a(50);
+    const auto dopo = [&](const RigheArchivio& righe, bool simulato) {
+        std::filesystem::remove(file);
+        EXPECT_TRUE(scrivi_drawit(file, prima, false));
+        const std::uint32_t intera = scritture(file);
+        EXPECT_TRUE(scrivi_drawit(file, righe, simulato));
+        EXPECT_EQ(scritture(file), intera);
+        const auto letti = leggi_nativo(file, kTabellaLotto);
+        ASSERT_TRUE(letti) << letti.error().testo();
+        EXPECT_EQ(letti->righe.lotto, righe.lotto);
+        EXPECT_EQ(letti->simulato, simulato);
+    };
+    RigheArchivio altra = dimostrativo_fino_a(51);
+    altra.lotto[7].numeri[0] = static_cast<Numero>(altra.lotto[7].numeri[0] % 90 + 1);
+    dopo(altra, false);                    // a draw that stands is another
+    dopo(dimostrativo_fino_a(49), false);  // one goes
+    dopo(dimostrativo_fino_a(51), true);   // the mark changes
+    std::ofstream{file, std::ios::binary | std::ios::trunc} << "non è un archivio";
+    ASSERT_TRUE(scrivi_drawit(file, prima, false));
+    EXPECT_TRUE(leggi_nativo(file, kTabellaLotto));
+}
+
 }  // namespace
 }  // namespace sortimetra

@@ -3,11 +3,18 @@
 #include "statistics/famiglie.h"
 #include "statistics/parametri.h"
 #include "support/archivi.h"
+#include "support/passi.h"
 #include "systems/ric_stat.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <string>
 
@@ -214,17 +221,112 @@ TEST(RicStat, ZeroCombinazioniConIlSistemaRielaborato) {
     ASSERT_TRUE(fs::create_directory(dove.percorso() / "ambo"));
     const Sistema s{.nome_file_sistema = "ambo/ric_stat", .lettera_sistema = "a", .k = 2, .combinazioni = {}};
     ASSERT_TRUE(scrivi_file(dove.percorso() / "ambo/ric_stat.rr", ""));
-    const auto m = scrivi_conteggio_sistema(dove.percorso(), s, kOggi);
-    ASSERT_TRUE(m.has_value());
-    EXPECT_EQ(*m,
+    InsiemeFile insieme;
+    EXPECT_EQ(scrivi_conteggio_sistema(insieme, dove.percorso(), s, kOggi),
               "Il sistema rielaborato ha dato zero combinazioni valide.\r\n"
               "Da adesso sarà considerato un sistema condizionato a sviluppo non registrato.");
+    ASSERT_TRUE(insieme.conferma());
     EXPECT_FALSE(fs::exists(dove.percorso() / "ambo/ric_stat.rr"));
     EXPECT_TRUE(fs::exists(dove.percorso() / "ambo/ric_stat.nn"));
     // Run after `prepara_sistema`, as always, there is nothing left to tell.
     ASSERT_TRUE(scrivi_file(dove.percorso() / "ambo/ric_stat.rr", ""));
-    ASSERT_TRUE(prepara_sistema(dove.percorso(), s).has_value());
-    EXPECT_EQ(scrivi_conteggio_sistema(dove.percorso(), s, kOggi).value(), std::nullopt);
+    InsiemeFile altro;
+    prepara_sistema(altro, dove.percorso(), s);
+    EXPECT_EQ(scrivi_conteggio_sistema(altro, dove.percorso(), s, kOggi), std::nullopt);
+}
+
+/// All files of a folder with their bytes.
+std::map<std::string, std::string> tutto(const fs::path& cartella) {
+    std::map<std::string, std::string> file;
+    for (const auto& voce : fs::recursive_directory_iterator{cartella})
+        if (voce.is_regular_file())
+            file[fs::relative(voce.path(), cartella).generic_string()] = testo(voce.path());
+    return file;
+}
+
+/// The system of two ambi, beside what an older one left.
+void vecchio_sistema(const fs::path& cartella) {
+    ASSERT_TRUE(scrivi_schedina(cartella, di_gruppi(2, {12, 21, 5, 50}), kOggi));
+    ASSERT_TRUE(scrivi_file(cartella / "ambo/ric_statena.txt", "vecchio"));
+    ASSERT_TRUE(scrivi_file(cartella / "tempsya.txt", "vecchio"));
+}
+
+/// 4,005 ambi: some tens of thousands of bytes, where the other files have a few.
+Risposta tutti_gli_ambi() {
+    std::vector<std::uint8_t> numeri;
+    for (std::uint8_t a = 1; a < 90; ++a)
+        for (std::uint8_t b = a + 1; b <= 90; ++b) numeri.insert(numeri.end(), {a, b});
+    return di_gruppi(2, std::move(numeri));
+}
+
+TEST(RicStat, UnDiscoPienoLasciaIlSistemaCheCEra) {
+    for (const rlim_t byte : {rlim_t{0}, rlim_t{10}, rlim_t{100}, rlim_t{10'000}}) {
+        SCOPED_TRACE(byte);
+        const CartellaProva dove;
+        vecchio_sistema(dove.percorso());
+        const auto prima = tutto(dove.percorso());
+        const pid_t pid = fork();
+        if (pid == 0) {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limite{byte, byte};
+            setrlimit(RLIMIT_FSIZE, &limite);
+            _exit(scrivi_schedina(dove.percorso(), tutti_gli_ambi(), kOggi) ? 0 : 7);
+        }
+        int stato = 0;
+        waitpid(pid, &stato, 0);
+        EXPECT_EQ(WEXITSTATUS(stato), 7);
+        EXPECT_EQ(tutto(dove.percorso()), prima);
+    }
+}
+
+TEST(RicStat, OgniPassoCheNonRiesceLasciaIlSistemaCheCEra) {
+    int rifiuti = 0;
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        const CartellaProva dove;
+        vecchio_sistema(dove.percorso());
+        const auto prima = tutto(dove.percorso());
+        bool scritto = false;
+        bool toccato = false;
+        {
+            const prove::DiscoGuasto guasto{n};
+            scritto = scrivi_schedina(dove.percorso(), tutti_gli_ambi(), kOggi).has_value();
+            toccato = prove::DiscoGuasto::toccato();
+        }
+        if (scritto) {
+            EXPECT_GT(testo(dove.percorso() / "ambo/ric_statsya.txt").size(), 20'000U);
+        } else {
+            EXPECT_EQ(tutto(dove.percorso()), prima);
+            ++rifiuti;
+        }
+        if (!toccato) break;
+    }
+    EXPECT_GT(rifiuti, 10);
+}
+
+TEST(RicStat, UccisoNonAnnunciaMaiMezzoSistema) {
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        const CartellaProva dove;
+        vecchio_sistema(dove.percorso());
+        const bool finito =
+            prove::fino_al_passo(n, [&] { (void)scrivi_schedina(dove.percorso(), tutti_gli_ambi(), kOggi); });
+        const auto righe = [&](std::string_view nome) {
+            const std::string t = testo(dove.percorso() / nome);
+            return std::count(t.begin(), t.end(), '\n');
+        };
+        if (fs::exists(dove.percorso() / "trans")) {
+            const auto combinazioni = righe("ambo/ric_statsya.txt");
+            EXPECT_EQ(testo(dove.percorso() / "ambo/ric_statnua.txt"),
+                      "#2026-07-04#,\"\"\r\n" + std::to_string(combinazioni) + "," +
+                          std::to_string(combinazioni) + "\r\n");
+            EXPECT_EQ(righe("ambo/ric_statina.txt"), combinazioni == 2 ? 5 : 91);
+        }
+        if (finito) {
+            EXPECT_TRUE(fs::exists(dove.percorso() / "trans"));
+            break;
+        }
+    }
 }
 
 TEST(RicStat, CartellaCheNonSiPuoCreare) {
