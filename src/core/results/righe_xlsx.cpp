@@ -33,6 +33,7 @@ std::string nome_colonna(std::size_t colonna) {
 /// What stands before a cell's row number.
 std::vector<std::string> inizi_celle(std::size_t colonne) {
     std::vector<std::string> inizi;
+    inizi.reserve(colonne);
     for (std::size_t c = 0; c < colonne; ++c) inizi.push_back("<c r=\"" + nome_colonna(c));
     return inizi;
 }
