@@ -224,7 +224,12 @@ void Quadro::metti_legenda() {
     auto* legenda = new QCPLegend;
     legenda_ = legenda;
     legenda->setFillOrder(QCPLegend::foColumnsFirst);
-    legenda->setWrap(kSerieGrafico);
+    // Long names stand one under the other.
+    constexpr std::size_t kNomeLungo = 6;
+    const bool lunghi = std::any_of(grafico_.serie.begin(), grafico_.serie.end(),
+                                    [](const SerieGrafico& s) { return s.nome.size() > kNomeLungo; });
+    legenda->setWrap(lunghi || grafico_.serie.size() > 2 ? 1 : kSerieGrafico);
+    legenda->setRowSpacing(0);
     legenda->setBorderPen(Qt::NoPen);
     legenda->setBrush(Qt::NoBrush);
     legenda->setFont(piccolo_);

@@ -18,6 +18,7 @@
 #include <QSettings>
 #include <QTimer>
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdlib>
 #include <utility>
@@ -33,10 +34,19 @@ constexpr int kFra = 4 * kPasso;
 /// A drawer's width, which is never more than seven tenths of the window.
 constexpr int kCassetto = 120 * kPasso;
 
+/// A switch without its caption, and the least that is left to the title beside the switches.
+constexpr int kSoloFigura = 10 * kPasso;
+constexpr int kTitoloMinimo = 30 * kPasso;
+
 QPushButton* interruttore(QWidget* padre, const char* nome, const QString& testo, const char* figura) {
     auto* b = new QPushButton{icona(QString::fromLatin1(figura)), testo, padre};
     b->setObjectName(QString::fromLatin1(nome));
     b->setCheckable(true);
+    b->setAccessibleName(QString{testo}.remove(QLatin1Char{'&'}));
+    b->setProperty("scritta", testo);
+    // Where there is little room it shows its picture alone (see `adatta_interruttori`).
+    b->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    b->setMinimumWidth(kSoloFigura);
     assegna_ruolo(b, "interruttore");
     return b;
 }
@@ -98,6 +108,24 @@ void LatoRisposta::apri() {
     pausa_->start();
 }
 
+/// Captions give way to the title of a narrow window.
+void LatoRisposta::adatta_interruttori() {
+    if (interruttori_ == nullptr) return;
+    const std::array bottoni{cmd_storia_, cmd_caso_, cmd_ruote_};
+    const auto scrivi = [&](bool si) {
+        for (QPushButton* b : bottoni) b->setText(si ? b->property("scritta").toString() : QString{});
+    };
+    const auto servono = [&] {
+        int larga = kTitoloMinimo + finestra_.cornice()->cmd_filtra()->sizeHint().width() + 4 * kPasso;
+        for (const QPushButton* b : bottoni)
+            if (b->isVisibleTo(interruttori_)) larga += b->sizeHint().width() + kPasso;
+        if (combo_misura_->isVisibleTo(interruttori_)) larga += combo_misura_->sizeHint().width() + kPasso;
+        return larga;
+    };
+    scrivi(true);
+    if (finestra_.isVisible() && servono() > finestra_.cornice()->larghezza_risposta()) scrivi(false);
+}
+
 bool LatoRisposta::puo_caso() const {
     return intatta_.prodotto() && intatta_.percorso && misura_eventi(intatta_);
 }
@@ -123,6 +151,7 @@ void LatoRisposta::aggiorna_interruttori() {
     combo_misura_->setVisible(ruote_attive_ && ha_ruote(r));
     cmd_storia_->setVisible(r.un_evento || ha_storie());
     cmd_storia_->setChecked(pannello_ != nullptr && pannello_->isVisibleTo(&finestra_));
+    adatta_interruttori();
 }
 
 void LatoRisposta::caso() {
@@ -190,6 +219,8 @@ void LatoRisposta::mostrata() {
         g->imposta_aspetto(
             sua && con_colonne ? static_cast<int>(intatta_.risultato->tabelle.front().n_colonne()) : -1,
             sua && ruote_attive_);
+        // The numbers stay in sight beside columns that go on to the right.
+        if (sua && finestra_.ricerca()->un_evento) g->blocca_prima_colonna(con_colonne || ruote_attive_);
     }
     QStringList frasi;
     if (puo_caso()) {
@@ -339,6 +370,7 @@ int LatoRisposta::spazio_accanto() const {
 }
 
 void LatoRisposta::disponi() {
+    adatta_interruttori();
     const bool storie = ha_storie();
     const int spazio = spazio_accanto();
     // An empty grid keeps the place of what stood beside it: nothing jumps when the next answer comes.

@@ -59,6 +59,7 @@ class LatoRisposta final : public QObject {
   private:
     void componi_interruttori();
     void aggiorna_interruttori();
+    void adatta_interruttori();
     void ripresenta();
     void aggiungi_voci(QMenu* menu);
     void programma_storia(GrigliaRisultati* griglia);

@@ -33,14 +33,14 @@ namespace {
 /// A sheet of paper, lying, at 300 dots to the inch.
 constexpr QSize kFoglioStampa{3508, 2480};
 
-struct Formato {
+struct FormatoSalvato {
     FormatoGrafico formato;
     const char* nome;
     const char* fine;
 };
-constexpr Formato kFormati[] = {{FormatoGrafico::png, "PNG", ".png"},
-                                {FormatoGrafico::svg, "SVG", ".svg"},
-                                {FormatoGrafico::pdf, "PDF", ".pdf"}};
+constexpr FormatoSalvato kFormati[] = {{FormatoGrafico::png, "PNG", ".png"},
+                                       {FormatoGrafico::svg, "SVG", ".svg"},
+                                       {FormatoGrafico::pdf, "PDF", ".pdf"}};
 
 QToolButton* bottone(QWidget* padre, const char* nome, const char* figura, const QString& detto) {
     auto* b = new QToolButton{padre};
@@ -130,7 +130,7 @@ void PannelloStoria::componi_testata(QVBoxLayout* colonna) {
     assegna_ruolo(di_che_, "quieto");
 
     auto* menu = new QMenu{cmd_salva_};
-    for (const Formato& f : kFormati) {
+    for (const FormatoSalvato& f : kFormati) {
         auto* voce = menu->addAction(tr("Salva come %1…").arg(QString::fromLatin1(f.nome)), this,
                                      [this, f] { salva(f.formato); });
         voce->setObjectName(QStringLiteral("mnuSalva%1").arg(QString::fromLatin1(f.nome)));
@@ -228,8 +228,9 @@ void PannelloStoria::disegna() {
 void PannelloStoria::mostra_elenco() {
     const Storia& s = storie_.front();
     const Tabella colpi = tabella_colpi(s);
-    // The heading tells how many they are: the count of each gives its place to the others.
-    constexpr std::array<std::size_t, 5> kColonne{1, 2, 3, 4, 5};
+    // The heading tells how many they are: the count of each gives its place to the others. Wheels, which may
+    // be many, stand last.
+    constexpr std::array<std::size_t, 5> kColonne{1, 2, 5, 4, 3};
     std::vector<std::uint32_t> righe(colpi.righe());
     std::iota(righe.begin(), righe.end(), 0U);
     auto tabella = std::make_shared<Tabella>(seleziona(colpi, righe, kColonne));
@@ -263,7 +264,7 @@ void PannelloStoria::copia_dati() const {
 void PannelloStoria::salva(FormatoGrafico formato) {
     if (grafico_.serie.empty()) return;
     const auto* f = std::find_if(std::begin(kFormati), std::end(kFormati),
-                                 [formato](const Formato& x) { return x.formato == formato; });
+                                 [formato](const FormatoSalvato& x) { return x.formato == formato; });
     const QString fine = QString::fromLatin1(f->fine);
     QString filtro = tr("Immagine %1 (*%2)").arg(QString::fromLatin1(f->nome), fine);
     const auto file = chiedi_file(

@@ -313,10 +313,10 @@ void TestLatoRisposta::scegliere_una_riga_ne_apre_la_storia() {
     QCOMPARE(elenco.rowCount(), 3);
     QCOMPARE(elenco.columnCount(), 5);
     QCOMPARE(elenco.testo(0, 0), QStringLiteral("20"));
-    QCOMPARE(elenco.testo(0, 2), QStringLiteral("Bari"));
+    QCOMPARE(elenco.testo(0, 2), QStringLiteral("11"));
     QCOMPARE(elenco.testo(0, 3), QStringLiteral("90"));
-    QCOMPARE(elenco.testo(0, 4), QStringLiteral("11"));
-    QCOMPARE(elenco.testo(2, 4), QStringLiteral("..."));
+    QCOMPARE(elenco.testo(0, 4), QStringLiteral("Bari"));
+    QCOMPARE(elenco.testo(2, 2), QStringLiteral("..."));
     // It stands beside the grid, which keeps all of its columns in sight.
     QVERIFY(pannello()->mapTo(form_.get(), QPoint{}).x() >=
             form_->griglia()->vista()->mapTo(form_.get(), QPoint{form_->griglia()->vista()->width(), 0}).x());
@@ -536,7 +536,14 @@ void TestLatoRisposta::gli_interruttori_stanno_in_960_per_540() {
         const auto* b = controllo<QPushButton>(nome);
         QVERIFY2(b->isVisible() && b->width() >= b->sizeHint().width(), nome);
         QVERIFY2(form_->rect().contains(QRect{b->mapTo(form_.get(), QPoint{}), b->size()}), nome);
+        QVERIFY2(!b->text().isEmpty() || !b->accessibleName().isEmpty(), nome);
     }
+    // Narrower still the switches show their pictures alone, and tell their names to whoever asks.
+    form_->resize(700, 500);
+    QTRY_VERIFY(controllo<QPushButton>("cmdCaso")->text().isEmpty());
+    QCOMPARE(controllo<QPushButton>("cmdCaso")->accessibleName(), QStringLiteral("Il caso"));
+    form_->resize(1200, 500);
+    QTRY_COMPARE(controllo<QPushButton>("cmdCaso")->text(), QStringLiteral("&Il caso"));
 }
 
 QTEST_MAIN(TestLatoRisposta)
