@@ -52,6 +52,7 @@ constexpr Piano kPiani[] = {
     {"desktop/lunghette", 11},
     {"desktop/personal", 11},
     {"desktop/bets", 11},
+    {"desktop/stores", 11},
     {"desktop/chance", 11},
     {"desktop/catalogue", 12},
     {"desktop", 13},

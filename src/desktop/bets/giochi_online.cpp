@@ -1,17 +1,19 @@
 #include "bets/giochi_online.h"
 
+#include "draws/avanzamento.h"
+#include "files/file_sicuro.h"
 #include "screens/messaggi.h"
 #include "screens/posto_finestra.h"
+#include "stores/arrivi.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QProcess>
-#include <QSaveFile>
 #include <QSettings>
 #include <QTemporaryFile>
+#include <chrono>
 #include <filesystem>
 
 namespace sortimetra {
@@ -21,29 +23,23 @@ namespace {
 constexpr const char* kCliente = "client.exe";
 constexpr const char* kFileServer = "host";
 constexpr const char* kPercorsoServer = "/download/host";
-constexpr int kAttesaMassima = 20'000;            ///< milliseconds for the whole transfer
-constexpr qint64 kGrandezzaMassima = 16LL << 20;  ///< bytes; the file is a small one
+constexpr std::chrono::seconds kAttesaMassima{20};                ///< for the whole transfer
+constexpr std::size_t kGrandezzaMassima = std::size_t{16} << 20;  ///< bytes; the file is a small one
+
+/// Lets the windows be painted while the transfer goes on; nobody stops it.
+class FinestreVive final : public Avanzamento {
+  public:
+    bool procedi(std::size_t /*fatto*/, std::size_t /*totale*/) override {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        return true;
+    }
+};
 
 bool scarica(const QUrl& indirizzo, const QString& file) {
-    QNetworkAccessManager rete;
-    QNetworkRequest richiesta{indirizzo};
-    // A redirection away from HTTPS is a failure.
-    richiesta.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                           QNetworkRequest::NoLessSafeRedirectPolicy);
-    richiesta.setTransferTimeout(kAttesaMassima);
-    QNetworkReply* risposta = rete.get(richiesta);
-    QObject::connect(risposta, &QNetworkReply::downloadProgress, risposta,
-                     [risposta](qint64 arrivati, qint64) {
-                         if (arrivati > kGrandezzaMassima) risposta->abort();
-                     });
-    QEventLoop attesa;
-    QObject::connect(risposta, &QNetworkReply::finished, &attesa, &QEventLoop::quit);
-    attesa.exec(QEventLoop::ExcludeUserInputEvents);
-    const bool arrivato =
-        risposta->error() == QNetworkReply::NoError && risposta->url().scheme() == QLatin1String{"https"};
-    QSaveFile scritto{file};
-    return arrivato && scritto.open(QIODevice::WriteOnly) && scritto.write(risposta->readAll()) >= 0 &&
-           scritto.commit();
+    FinestreVive avanzamento;
+    const auto arrivo = scarica_arrivo(indirizzo.toString(QUrl::FullyEncoded).toStdString(), avanzamento,
+                                       {.massimo = kGrandezzaMassima, .tempo = kAttesaMassima});
+    return arrivo && scrivi_file(std::filesystem::path{file.toStdU16String()}, arrivo->byte);
 }
 
 }  // namespace

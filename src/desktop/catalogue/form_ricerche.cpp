@@ -6,15 +6,19 @@
 #include "catalogue/form_ricerche_segnalimite.h"
 #include "catalogue/form_ricerche_skin.h"
 #include "catalogue/nomi.h"
+#include "draws/calendario.h"
 #include "printing/form_anteprima.h"
 #include "qt_testi.h"
+#include "screens/finestra_ricerca.h"
 #include "screens/manuale.h"
 #include "screens/messaggi.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
 #include "statistics/cinquine_dei_90.h"
 #include "stores/apertura.h"
+#include "stores/form_aggiorna.h"
 #include "stores/importa.h"
+#include "stores/porta_trascinati.h"
 #include "text/testi.h"
 
 #include <QApplication>
@@ -103,6 +107,9 @@ form_ricerche::form_ricerche(Sessione& sessione, std::span<const RigaSchermo> sc
     componi();
     scorciatoie();
     qApp->installEventFilter(this);
+    auto* porta = new PortaTrascinati{this};
+    qApp->installEventFilter(porta);
+    connect(porta, &PortaTrascinati::portato, this, [this](const QMimeData& dati) { apri_aggiorna(&dati); });
     leggi_posto(*this, sessione_, kAllApertura);
     TabStrip1_Click(0);
     aggiorna_stato();
@@ -383,14 +390,7 @@ void form_ricerche::aggiorna_stato() {
         const bool lotto = !archivio_->drawit().file.empty();
         const Fonte& fonte = lotto ? archivio_->drawit() : archivio_->drawit2();
         const QString nome = percorso(fonte.file.filename());
-        const Concorso ultimo =
-            lotto ? archivio_->ultimo_concorso() : archivio_->ultimo_concorso_winforlife();
-        const auto& date = lotto ? archivio_->lotto().data : archivio_->winforlife().data;
-        lbl_stato_->setText(date.empty() ? tr("%1 · nessuna estrazione").arg(nome)
-                                         : tr("%1 · ultimo concorso %2 del %3")
-                                               .arg(nome)
-                                               .arg(ultimo)
-                                               .arg(testo_qt(testo_data(date.back()))));
+        lbl_stato_->setText(nome + QStringLiteral(" · ") + ultima_estrazione());
         QString dove = percorso(fonte.file);
         if (lotto && !archivio_->drawit2().file.empty())
             dove += QLatin1Char{'\n'} + percorso(archivio_->drawit2().file);
@@ -400,6 +400,23 @@ void form_ricerche::aggiorna_stato() {
     }
     aggiorna_frame2();
     aggiorna_dettaglio();
+}
+
+QString form_ricerche::ultima_estrazione() const {
+    const bool lotto = !archivio_->drawit().file.empty();
+    const auto& date = lotto ? archivio_->lotto().data : archivio_->winforlife().data;
+    if (date.empty()) return tr("nessuna estrazione");
+    const QString ultimo =
+        tr("ultimo concorso %1 del %2")
+            .arg(lotto ? archivio_->ultimo_concorso() : archivio_->ultimo_concorso_winforlife())
+            .arg(testo_qt(testo_data(date.back())));
+    // Simulated draws are not to be continued.
+    const bool simulato = lotto ? archivio_->drawit().simulato : archivio_->drawit2().simulato;
+    const int mancano =
+        simulato || !lotto ? 0 : estrazioni_mancanti(Gioco::lotto, {.data = date.back()}, oggi());
+    if (mancano == 0) return ultimo;
+    return mancano == 1 ? tr("%1: manca circa 1 estrazione").arg(ultimo)
+                        : tr("%1: mancano circa %2 estrazioni").arg(ultimo, testo_qt(migliaia(mancano)));
 }
 
 void form_ricerche::carica_skin(int indice) {
@@ -432,10 +449,14 @@ void form_ricerche::archivio_letto(EsitoArchivio esito) {
         cartella_letta(*cartella, std::move(esito));
     } else {
         archivio_cercato_ = true;
-        if (esito)
+        if (esito) {
             usa_archivio(std::move(*esito));
-        else
+        } else {
+            chiudi_schermi();
+            archivio_.reset();
             frame_archivio_->spiega(esito.error());
+        }
+        archivio_riletto();
     }
     const Ricerca* attesa = std::exchange(attesa_, nullptr);
     aggiorna_stato();
@@ -490,6 +511,43 @@ void form_ricerche::cartella_letta(const std::filesystem::path& cartella, EsitoA
     aggiorna_stato();
     prima_attivazione();
     emit cartella_scelta(percorso(cartella));
+}
+
+void form_ricerche::apri_aggiorna(const QMimeData* portato) {
+    if (aggiorna_ == nullptr) {
+        aggiorna_ = std::make_unique<Form_Aggiorna>(sessione_);
+        connect(aggiorna_.get(), &Form_Aggiorna::archivio_cambiato, this, &form_ricerche::rileggi_archivio);
+    }
+    if (!aggiorna_->isVisible()) aggiorna_->prepara(archivio_ ? &*archivio_ : nullptr, oggi());
+    aggiorna_->show();
+    aggiorna_->raise();
+    aggiorna_->activateWindow();
+    if (portato != nullptr) aggiorna_->accogli(*portato);
+}
+
+void form_ricerche::rileggi_archivio() {
+    // The one in use stays until the other is there: screens are open on it.
+    lettore_.leggi(sessione_.percorso_archivio());
+    aggiorna_stato();
+}
+
+void form_ricerche::archivio_riletto() {
+    const ArchivioEstrazioni* archivio = archivio_ ? &*archivio_ : nullptr;
+    if (aggiorna_ != nullptr) aggiorna_->usa_archivio(archivio, oggi());
+    // Screens that are open have bounds and results of the archive that was.
+    for (FinestraRicerca* schermo : schermi_aperti()) schermo->apri(*schermo->ricerca(), *archivio);
+}
+
+QList<FinestraRicerca*> form_ricerche::schermi_aperti() const {
+    QList<FinestraRicerca*> aperti;
+    for (const auto& [schermo, finestra] : finestre_)
+        if (auto* f = qobject_cast<FinestraRicerca*>(finestra.get()); f != nullptr && f->isVisible())
+            aperti.push_back(f);
+    return aperti;
+}
+
+void form_ricerche::chiudi_schermi() {
+    for (FinestraRicerca* schermo : schermi_aperti()) schermo->close();
 }
 
 // ---- opening a search ----

@@ -4,6 +4,7 @@
 #include "catalogue/form_ricerche_memoria.h"
 #include "catalogue/form_ricerche_schermi.h"
 
+#include <QList>
 #include <QWidget>
 #include <array>
 #include <functional>
@@ -14,6 +15,7 @@
 
 class QLabel;
 class QLineEdit;
+class QMimeData;
 class QPushButton;
 class QStackedWidget;
 class QTabBar;
@@ -21,12 +23,15 @@ class QTabBar;
 namespace sortimetra {
 
 class CorniceGruppo;
+class FinestraRicerca;
+class Form_Aggiorna;
 class DelegatoElenco;
 class FrameDettaglio;
 class FrameSegnalimite;
 class GrigliaElenco;
 class ModelloElenco;
 class PulsanteGruppo;
+class PortaTrascinati;
 class PulsanteSkin;
 
 /// The main window: the catalogue of all searches. The user picks a game, a group and a search, and confirms;
@@ -61,6 +66,9 @@ class form_ricerche final : public QWidget {
     /// An archive is being read, in a thread of its own.
     [[nodiscard]] bool legge_archivio() const { return lettore_.legge(); }
     [[nodiscard]] LettoreArchivio& lettore() { return lettore_; }
+
+    /// Opens "Aggiorna archivio", with what was dropped on a window if something was.
+    void apri_aggiorna(const QMimeData* portato = nullptr);
 
     /// Asks the user for a folder; empty when none was chosen. A test puts its own answer here.
     std::function<QString()> chiedi_cartella;
@@ -110,6 +118,11 @@ class form_ricerche final : public QWidget {
     void usa_archivio(ArchivioEstrazioni archivio);
     void crea_archivio_dimostrativo();
     void scegli_cartella();
+    void rileggi_archivio();
+    void archivio_riletto();
+    void chiudi_schermi();
+    [[nodiscard]] QList<FinestraRicerca*> schermi_aperti() const;
+    [[nodiscard]] QString ultima_estrazione() const;
     void torna();
 
     /// The buttons of the groups that have a list; one more opens a screen.
@@ -162,6 +175,7 @@ class form_ricerche final : public QWidget {
     QLabel* lbl_stato_ = nullptr;
     QLabel* lbl_simulato_ = nullptr;
     QPushButton* command1_ = nullptr;
+    std::unique_ptr<Form_Aggiorna> aggiorna_;
 };
 
 }  // namespace sortimetra

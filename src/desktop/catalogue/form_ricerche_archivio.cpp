@@ -79,6 +79,10 @@ FrameArchivio::FrameArchivio(QWidget* genitore)
     scegli->setObjectName(QStringLiteral("cmdCartella"));
     scegli->setToolTip(tr("Una cartella con drawit.mdb oppure drawit.db nella sua sottocartella archivio"));
     cmd_riprova_->setObjectName(QStringLiteral("cmdRiprova"));
+    auto* importa = new QPushButton{tr("&Porta le estrazioni…")};
+    importa->setObjectName(QStringLiteral("cmdPorta"));
+    importa->setToolTip(tr("Costruisce l'archivio dai file pubblicati con la storia intera"));
+    connect(importa, &QPushButton::clicked, this, &FrameArchivio::aggiorna);
     connect(cmd_dimostrazione_, &QPushButton::clicked, this, &FrameArchivio::dimostrazione);
     connect(scegli, &QPushButton::clicked, this, &FrameArchivio::cartella);
     connect(cmd_riprova_, &QPushButton::clicked, this, &FrameArchivio::riprova);
@@ -86,6 +90,7 @@ FrameArchivio::FrameArchivio(QWidget* genitore)
     auto* pulsanti = new QHBoxLayout;
     pulsanti->setSpacing(2 * kPasso);
     pulsanti->addWidget(cmd_dimostrazione_);
+    pulsanti->addWidget(importa);
     pulsanti->addWidget(scegli);
     pulsanti->addWidget(cmd_riprova_);
     pulsanti->addStretch(1);

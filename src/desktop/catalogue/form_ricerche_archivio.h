@@ -73,6 +73,7 @@ class FrameArchivio final : public QFrame {
 
   signals:
     void dimostrazione();
+    void aggiorna();
     void cartella();
     void riprova();
 

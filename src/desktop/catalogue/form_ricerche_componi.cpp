@@ -11,6 +11,8 @@
 #include "screens/giro_di_tab.h"
 #include "screens/tema.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -244,6 +246,7 @@ QWidget* form_ricerche::componi_elenco() {
     frame_archivio_->hide();
     connect(frame_archivio_, &FrameArchivio::dimostrazione, this, &form_ricerche::crea_archivio_dimostrativo);
     connect(frame_archivio_, &FrameArchivio::cartella, this, &form_ricerche::scegli_cartella);
+    connect(frame_archivio_, &FrameArchivio::aggiorna, this, [this] { apri_aggiorna(); });
     connect(frame_archivio_, &FrameArchivio::riprova, this, [this] {
         archivio_cercato_ = false;
         carica_archivio();
@@ -261,6 +264,12 @@ QWidget* form_ricerche::componi_piede() {
     lbl_simulato_->setToolTip(
         tr("Le estrazioni di questo archivio non sono mai avvenute: servono a provare il programma."));
     lbl_simulato_->hide();
+    auto* aggiorna = new QPushButton{tr("A&ggiorna archivio…")};
+    aggiorna->setObjectName(QStringLiteral("cmdAggiorna"));
+    aggiorna->setToolTip(
+        tr("Aggiungi le nuove estrazioni: da un file, dagli appunti, a mano (Ctrl+U). "
+           "Un file si può anche trascinare su qualsiasi finestra."));
+    connect(aggiorna, &QPushButton::clicked, this, [this] { apri_aggiorna(); });
     auto* cambia = new QPushButton{tr("Cambia &archivio…")};
     cambia->setObjectName(QStringLiteral("cmdCambia"));
     assegna_ruolo(cambia, "piatto");
@@ -278,6 +287,7 @@ QWidget* form_ricerche::componi_piede() {
     piano->addWidget(lbl_simulato_);
     piano->addWidget(lbl_stato_);
     piano->addStretch(1);
+    piano->addWidget(aggiorna);
     piano->addWidget(cambia);
     piano->addWidget(command1_);
     return piede;
@@ -297,6 +307,11 @@ void form_ricerche::scorciatoie() {
         txt_cerca_->setFocus(Qt::ShortcutFocusReason);
         txt_cerca_->selectAll();
     });
+    auto* aggiorna = new QShortcut{QKeySequence{Qt::CTRL | Qt::Key_U}, catalogo_};
+    connect(aggiorna, &QShortcut::activated, this, [this] { apri_aggiorna(); });
+    auto* incolla = new QShortcut{QKeySequence::Paste, griglia_};
+    connect(incolla, &QShortcut::activated, this,
+            [this] { apri_aggiorna(QApplication::clipboard()->mimeData()); });
     const auto scheda = [this](const QKeySequence& tasti, int passo) {
         auto* s = new QShortcut{tasti, catalogo_};
         connect(s, &QShortcut::activated, this, [this, passo] {

@@ -6,6 +6,7 @@
 #include "printing/form_anteprima.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"
+#include "stores/form_aggiorna.h"
 #include "stores/importa.h"
 #include "support/archivi.h"
 
@@ -15,10 +16,13 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QDropEvent>
 #include <QFontInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -549,6 +553,63 @@ class TestFormRicerche final : public QObject {
         QVERIFY(simulato->isVisible());
         QCOMPARE(simulato->text(), QStringLiteral("Archivio simulato"));
         QVERIFY(!f.form.findChild<QWidget*>(QStringLiteral("FrameArchivio"))->isVisible());
+    }
+
+    void dice_quante_estrazioni_mancano() {
+        // Draws of years ago, not simulated: by the calendar many have come since.
+        Cartella c;
+        std::string storia;
+        for (const char* r : {"BA", "CA", "FI", "GE", "MI", "NA", "PA", "RM", "TO", "VE"})
+            storia += std::string{"1997/12/03\t"} + r + "\t1\t2\t3\t4\t5\n";
+        c.scrivi("storia.txt", storia);
+        SenzaAvanzamento subito;
+        QVERIFY(importa_archivio(c.sessione.percorso_archivio(),
+                                 {.lotto = c.sessione.percorso_programma / "storia.txt"}, subito));
+        Finestra f{c.sessione};
+        const QRegularExpression atteso{QStringLiteral(
+            "^drawit\\.db · ultimo concorso 402 del 03/12/1997: mancano circa [0-9]\\.[0-9]{3} estrazioni$")};
+        QVERIFY2(atteso.match(f.testo("lblStato")).hasMatch(), qPrintable(f.testo("lblStato")));
+        // Simulated draws are not to be continued.
+        Cartella simulata{archivio_};
+        Finestra g{simulata.sessione};
+        QVERIFY(!g.testo("lblStato").contains(QStringLiteral("manca")));
+    }
+
+    void aggiorna_archivio_e_lo_rilegge() {
+        Cartella c;
+        std::string storia;
+        std::string nuova;
+        for (const char* r : {"BA", "CA", "FI", "GE", "MI", "NA", "PA", "RM", "TO", "VE"}) {
+            storia += std::string{"1997/12/03\t"} + r + "\t1\t2\t3\t4\t5\n";
+            nuova += std::string{"1997/12/06\t"} + r + "\t6\t7\t8\t9\t10\n";
+        }
+        c.scrivi("storia.txt", storia);
+        c.scrivi("nuova.txt", nuova);
+        SenzaAvanzamento subito;
+        QVERIFY(importa_archivio(c.sessione.percorso_archivio(),
+                                 {.lotto = c.sessione.percorso_programma / "storia.txt"}, subito));
+        Finestra f{c.sessione};
+        QTest::keyClick(&f.form, Qt::Key_U, Qt::ControlModifier);
+        Form_Aggiorna* aggiorna = nullptr;
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* a = qobject_cast<Form_Aggiorna*>(w); a != nullptr && a->isVisible()) aggiorna = a;
+        QVERIFY(aggiorna != nullptr);
+        // The catalogue stays beside it; a file may be dropped on either.
+        QVERIFY(f.form.isVisible());
+        QMimeData dati;
+        dati.setUrls({QUrl::fromLocalFile(
+            QString::fromStdString((c.sessione.percorso_programma / "nuova.txt").string()))});
+        QDropEvent cade{QPointF{5, 5}, Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier};
+        QApplication::sendEvent(&f.form, &cade);
+        QCOMPARE(aggiorna->findChild<QLabel*>("lblTrovato")->text(), QStringLiteral("1 estrazione nuova"));
+        QTest::mouseClick(aggiorna->findChild<QPushButton*>("cmdApplica"), Qt::LeftButton);
+        QVERIFY(f.letto());
+        QVERIFY(f.testo("lblStato").contains(QStringLiteral("ultimo concorso 403 del 06/12/1997")));
+        QCOMPARE(aggiorna->findChild<QLabel*>("lblUltime")->text(),
+                 QStringLiteral("Lotto: concorso 403 del 06/12/1997"));
+        aggiorna->close();
+        f.conferma->click();
+        QCOMPARE(ultimo_visto, 403);
     }
 
     void si_mostra_prima_di_aprire_l_archivio() {
