@@ -5,6 +5,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QCursor>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -338,7 +339,16 @@ class AscoltoF1 final : public QObject {
     }
 
   private:
+    /// The title under the pointer is asked first, wherever the keyboard is.
+    static bool sotto_il_puntatore() {
+        QWidget* sotto = QApplication::widgetAt(QCursor::pos());
+        for (QWidget* w = sotto; w != nullptr; w = w->parentWidget())
+            if (auto* spiegabile = dynamic_cast<Spiegabile*>(w); spiegabile != nullptr)
+                return spiegabile->spiega_parte(sotto, false);
+        return false;
+    }
     static bool rispondi_a(QWidget* parte, bool maiuscole) {
+        if (!maiuscole && sotto_il_puntatore()) return true;
         QString capitolo;
         for (QWidget* w = parte; w != nullptr; w = w->parentWidget()) {
             auto* spiegabile = dynamic_cast<Spiegabile*>(w);
