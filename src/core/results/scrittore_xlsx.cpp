@@ -31,11 +31,12 @@ struct Tipizzato {
 };
 
 /// What `leggi_numero` reads, but for texts that a number would not show again: "01", "+5", "12 %". "12.345"
-/// without decimals may be a name.
+/// without decimals may be a name. "+1,23" is a number whose format shows its sign.
 std::optional<Tipizzato> tipizza(std::string_view testo) {
     const auto letto = leggi_numero(testo);
-    if (!letto || letto->zero_davanti || testo.starts_with('+') || testo.find(' ') != std::string_view::npos)
-        return std::nullopt;
+    if (!letto || letto->zero_davanti || testo.find(' ') != std::string_view::npos) return std::nullopt;
+    const bool con_segno = testo.starts_with('+');
+    if (con_segno && letto->decimali == 0) return std::nullopt;
     if (letto->punti && letto->decimali == 0) return std::nullopt;
     Tipizzato n{.valore = letto->valore};
     if (letto->percento || letto->decimali > 0) {
@@ -47,6 +48,7 @@ std::optional<Tipizzato> tipizza(std::string_view testo) {
         n.formato += '%';
         n.valore /= 100;
     }
+    if (con_segno) n.formato = "+" + n.formato + ";-" + n.formato;
     return n;
 }
 

@@ -367,6 +367,25 @@ TEST(Caso, IlRecordAttesoEVicinoAllaMediaDelleRuoteSimulate) {
                 5 * 0.75 + 1);
 }
 
+/// On the real wheels the mean record of the 90 numbers lies near what chance gives: within five standard
+/// deviations of a mean of 90 (22 / sqrt(90)) and one draw for the approximation.
+TEST(Caso, SulleEstrazioniVereIlRecordMedioEQuelloAtteso) {
+    const ArchivioEstrazioni* archivio = prove::archivio_vero();
+    if (archivio == nullptr) GTEST_SKIP() << "no real draws here";
+    for (int ruota = 0; ruota < kRuote; ++ruota) {
+        SCOPED_TRACE(ruota);
+        AmbitoRicerca ambito;
+        ambito.ruote = SelezioneRuote::nessuna();
+        ambito.ruote.clic(ruota, true);
+        const auto risposta = prove::rispondi(domanda(kNovanta, ambito), *archivio);
+        const Tabella& prima = risposta.risultato->tabelle.front();
+        double somma = 0;
+        for (const std::int32_t s : std::get<ColonnaInteri>(prima.colonne[3]).valori) somma += s;
+        EXPECT_NEAR(somma / 90, Legge{*prima.evento(0)}.record_atteso(*risposta.percorso),
+                    5 * 22 / std::sqrt(90.0) + 1);
+    }
+}
+
 // ---- chi-squared ----
 
 Tabella novanta(const std::array<std::int32_t, 90>& frequenze, Posti posti = kOgniPosto) {

@@ -71,7 +71,7 @@ TEST(ScriviXlsx, NumeriComeNumeriTestiComeTesti) {
     const prove::CartellaProva cartella;
     Risultato r;
     r.tabelle = {piccola(), una_colonna(ColonnaTesti{{"12,50%", "1.443,33", "21/08/2026", "01", "12.21",
-                                                      "x<y", "-3,5", "+7", "12 %"}})};
+                                                      "x<y", "-3,5", "+7", "12 %", "+1,23"}})};
     r.tabelle[0].sfondi = {kNessunColore, 0x0000FF,      kNessunColore,
                            kNessunColore, kNessunColore, kNessunColore};
     r.tabelle[1].nome = "risultati";
@@ -84,10 +84,11 @@ TEST(ScriviXlsx, NumeriComeNumeriTestiComeTesti) {
                              HasSubstr("<v>12</v>"), HasSubstr("<t>uno</t>"), HasSubstr("state=\"frozen\"")));
     EXPECT_THAT(parti.at("xl/styles.xml"), HasSubstr("rgb=\"FFFF0000\"")) << "0x0000FF is red";
     const std::string& secondo = parti.at("xl/worksheets/sheet2.xml");
-    EXPECT_THAT(secondo,
-                AllOf(HasSubstr("<v>0.125</v>"), HasSubstr("<v>1443.33</v>"), HasSubstr("<v>-3.5</v>"),
-                      HasSubstr("<v>46255</v>"), HasSubstr("<t>01</t>"), HasSubstr("<t>12.21</t>"),
-                      HasSubstr("<t>+7</t>"), HasSubstr("<t>12 %</t>"), HasSubstr("<t>x&lt;y</t>")));
+    EXPECT_THAT(secondo, AllOf(HasSubstr("<v>0.125</v>"), HasSubstr("<v>1443.33</v>"),
+                               HasSubstr("<v>-3.5</v>"), HasSubstr("<v>46255</v>"), HasSubstr("<t>01</t>"),
+                               HasSubstr("<t>12.21</t>"), HasSubstr("<t>+7</t>"), HasSubstr("<t>12 %</t>"),
+                               HasSubstr("<t>x&lt;y</t>"), HasSubstr("<v>1.23</v>")));
+    EXPECT_THAT(parti.at("xl/styles.xml"), HasSubstr("+0.00;-0.00"));
     EXPECT_THAT(parti.at("xl/workbook.xml"),
                 AllOf(HasSubstr("name=\"risultati\""), HasSubstr("name=\"risultati 2\"")));
 }
