@@ -214,8 +214,7 @@ void FinestraManuale::vai_a(const QString& capitolo) {
     const auto c = std::find_if(capitoli_.begin(), capitoli_.end(),
                                 [&](const Capitolo& x) { return x.nome == capitolo; });
     const int blocco = c == capitoli_.end() ? 0 : c->blocco;
-    QTextCursor cursore{testo_->document()->findBlockByNumber(blocco)};
-    testo_->setTextCursor(cursore);
+    testo_->setTextCursor(QTextCursor{testo_->document()->findBlockByNumber(blocco)});
     testo_->verticalScrollBar()->setValue(blocco == 0 ? 0 : altezza_di(blocco) - kPasso);
     arrivo_ = c == capitoli_.end() ? QString{} : c->nome;
     alto_all_arrivo_ = testo_->verticalScrollBar()->value();

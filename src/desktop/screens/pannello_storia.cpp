@@ -269,7 +269,7 @@ void PannelloStoria::salva(FormatoGrafico formato) {
     QString filtro = tr("Immagine %1 (*%2)").arg(QString::fromLatin1(f->nome), fine);
     const auto file =
         chiedi_file(this, tr("Salva la storia"), testo_qt(grafico_.titolo) + fine, filtro, &filtro,
-                    [&fine](QString scelto) {
+                    [&fine](const QString& scelto) {
                         return scelto.endsWith(fine, Qt::CaseInsensitive) ? scelto : scelto + fine;
                     });
     if (!file) return;
@@ -284,7 +284,7 @@ void PannelloStoria::stampa() {
         messaggi().avvisa(this, kTitoloMessaggi, testo_qt(porta.error().testo()));
         return;
     }
-    QImage foglio{kFoglioStampa, QImage::Format_RGB32};
+    QImage foglio{kFoglioStampa, QImage::Format_RGB32};  // NOLINT(misc-const-correctness): painted there
     reinterpret_cast<DipingiGrafico>(*porta)(grafico_, foglio);
     stampa_(window(), foglio);
 }
