@@ -45,7 +45,7 @@ class Quadro final : public QCustomPlot {
     void metti_legenda();
     void vesti(QCPAxisRect* riquadro, const QString& titolo);
     void disegna_linea();
-    void livello(double valore, Qt::PenStyle tratto, QRgb colore, const QString& testo, double dove);
+    void livello(double valore, Qt::PenStyle tratto, QRgb tinta, const QString& testo, double dove);
     /// Marks each draw where they are few enough to be told apart; more would only be slow.
     void adatta_segni();
     void disegna_barre();

@@ -304,9 +304,10 @@ bool LatoRisposta::ha_storie() const {
         const auto& t = g->modello()->tabella();
         return t && t->righe() > 0 && t->eventi.presenti > 0 && t->numeri_per_riga() > 0;
     };
-    for (const GrigliaRisultati* g : finestra_.findChildren<GrigliaRisultati*>())
-        if (!della_storia(g) && g->isVisibleTo(&finestra_) && ha_eventi(g)) return true;
-    return false;
+    const auto griglie = finestra_.findChildren<GrigliaRisultati*>();
+    return std::any_of(griglie.begin(), griglie.end(), [&](const GrigliaRisultati* g) {
+        return !della_storia(g) && g->isVisibleTo(&finestra_) && ha_eventi(g);
+    });
 }
 
 void LatoRisposta::programma_storia(GrigliaRisultati* griglia) {

@@ -5,6 +5,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QCursor>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -213,8 +214,7 @@ void FinestraManuale::vai_a(const QString& capitolo) {
     const auto c = std::find_if(capitoli_.begin(), capitoli_.end(),
                                 [&](const Capitolo& x) { return x.nome == capitolo; });
     const int blocco = c == capitoli_.end() ? 0 : c->blocco;
-    QTextCursor cursore{testo_->document()->findBlockByNumber(blocco)};
-    testo_->setTextCursor(cursore);
+    testo_->setTextCursor(QTextCursor{testo_->document()->findBlockByNumber(blocco)});
     testo_->verticalScrollBar()->setValue(blocco == 0 ? 0 : altezza_di(blocco) - kPasso);
     arrivo_ = c == capitoli_.end() ? QString{} : c->nome;
     alto_all_arrivo_ = testo_->verticalScrollBar()->value();
@@ -338,7 +338,16 @@ class AscoltoF1 final : public QObject {
     }
 
   private:
+    /// The title under the pointer is asked first, wherever the keyboard is.
+    static bool sotto_il_puntatore() {
+        QWidget* sotto = QApplication::widgetAt(QCursor::pos());
+        for (QWidget* w = sotto; w != nullptr; w = w->parentWidget())
+            if (auto* spiegabile = dynamic_cast<Spiegabile*>(w); spiegabile != nullptr)
+                return spiegabile->spiega_parte(sotto, false);
+        return false;
+    }
     static bool rispondi_a(QWidget* parte, bool maiuscole) {
+        if (!maiuscole && sotto_il_puntatore()) return true;
         QString capitolo;
         for (QWidget* w = parte; w != nullptr; w = w->parentWidget()) {
             auto* spiegabile = dynamic_cast<Spiegabile*>(w);

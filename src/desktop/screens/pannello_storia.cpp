@@ -170,8 +170,8 @@ void PannelloStoria::svuota(const QString& frase) {
     campo_->hide();
     frase_->setText(frase);
     frase_->show();
-    titolo_->setText(tr("Storia"));
-    titolo_->setToolTip({});
+    titolo_->setToolTip(tr("Storia"));
+    adatta_titolo();
     di_che_->clear();
     cmd_salva_->setEnabled(false);
     cmd_stampa_->setEnabled(false);
@@ -184,8 +184,8 @@ void PannelloStoria::mostra(std::vector<Storia> storie, const QString& di_che, b
     grafico_ = sortimetra::grafico(storie_, di_che.toStdString(), simulato);
     frase_->hide();
     campo_->show();
-    titolo_->setText(testo_qt(grafico_.titolo));
     titolo_->setToolTip(testo_qt(grafico_.titolo));
+    adatta_titolo();
     di_che_->setText(di_che);
     di_che_->setToolTip(di_che);
     cmd_salva_->setEnabled(true);
@@ -267,10 +267,11 @@ void PannelloStoria::salva(FormatoGrafico formato) {
                                  [formato](const FormatoSalvato& x) { return x.formato == formato; });
     const QString fine = QString::fromLatin1(f->fine);
     QString filtro = tr("Immagine %1 (*%2)").arg(QString::fromLatin1(f->nome), fine);
-    const auto file = chiedi_file(
-        this, tr("Salva la storia"), titolo_->text() + fine, filtro, &filtro, [&fine](QString scelto) {
-            return scelto.endsWith(fine, Qt::CaseInsensitive) ? scelto : scelto + fine;
-        });
+    const auto file =
+        chiedi_file(this, tr("Salva la storia"), testo_qt(grafico_.titolo) + fine, filtro, &filtro,
+                    [&fine](const QString& scelto) {
+                        return scelto.endsWith(fine, Qt::CaseInsensitive) ? scelto : scelto + fine;
+                    });
     if (!file) return;
     if (const auto fatto = scrivi_grafico(grafico_, file->toStdString(), formato); !fatto)
         messaggi().avvisa(this, kTitoloMessaggi, testo_qt(fatto.error().testo()));
@@ -283,7 +284,7 @@ void PannelloStoria::stampa() {
         messaggi().avvisa(this, kTitoloMessaggi, testo_qt(porta.error().testo()));
         return;
     }
-    QImage foglio{kFoglioStampa, QImage::Format_RGB32};
+    QImage foglio{kFoglioStampa, QImage::Format_RGB32};  // NOLINT(misc-const-correctness): painted there
     reinterpret_cast<DipingiGrafico>(*porta)(grafico_, foglio);
     stampa_(window(), foglio);
 }
@@ -295,6 +296,18 @@ void PannelloStoria::keyPressEvent(QKeyEvent* evento) {
         emit chiudi();
     else
         QFrame::keyPressEvent(evento);
+}
+
+/// A long title is cut with its dots; its tooltip has the whole.
+void PannelloStoria::adatta_titolo() {
+    titolo_->setText(titolo_->fontMetrics().elidedText(titolo_->toolTip(), Qt::ElideRight,
+                                                       std::max(titolo_->width(), 30 * kPasso)));
+}
+
+void PannelloStoria::resizeEvent(QResizeEvent* evento) {
+    QFrame::resizeEvent(evento);
+    // The title's own width is known only once the layout has run.
+    QMetaObject::invokeMethod(this, &PannelloStoria::adatta_titolo, Qt::QueuedConnection);
 }
 
 void PannelloStoria::changeEvent(QEvent* evento) {

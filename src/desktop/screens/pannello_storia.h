@@ -54,8 +54,10 @@ class PannelloStoria final : public QFrame {
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void changeEvent(QEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
 
   private:
+    void adatta_titolo();
     void componi_testata(QVBoxLayout* colonna);
     void disegna();
     [[nodiscard]] bool carica_tela();
