@@ -5,8 +5,9 @@ install(TARGETS sortimetra sortimetra-cli)
 # No program for people: out of the command path.
 install(TARGETS sortimetra-lettore-jet DESTINATION libexec/sortimetra)
 
-# The modules that are loaded when they are used: pages as PDF, workbooks, packed files, transfers.
-install(TARGETS sortimetra-pdf sortimetra-xlsx sortimetra-spacchetta sortimetra-scarica LIBRARY DESTINATION lib/sortimetra)
+# The modules that are loaded when they are used: pages as PDF, workbooks, pictures of stories, packed files, transfers.
+install(TARGETS sortimetra-pdf sortimetra-xlsx sortimetra-grafico sortimetra-spacchetta sortimetra-scarica
+        LIBRARY DESTINATION lib/sortimetra)
 
 install(FILES README.md data/pacchetto/copyright ${SORTIMETRA_MANUALI}/doc/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -34,6 +34,8 @@ struct FileUtente {
     bool conta_le_righe = true;
     /// Told to be read as far as it goes.
     bool indulgente = false;
+    /// Of a list that may have any number of entries: lines of one. 0 for none.
+    int righe_di_una_voce = 0;
 };
 
 Risposta gruppi(const Percorso& cartella, std::string_view) {
@@ -105,7 +107,8 @@ Risposta winforlife(const Percorso&, std::string_view byte) {
 
 const std::array<FileUtente, 8>& file_utente() {
     static const std::array<FileUtente, 8> tutti{{
-        {"grup.dat", gruppi, "\"uno\"\r\n2,3\r\n1,2,3,88,89,90\r\n\"Più di due\"\r\n1,4\r\n11,22,33,44\r\n"},
+        {"grup.dat", gruppi, "\"uno\"\r\n2,3\r\n1,2,3,88,89,90\r\n\"Più di due\"\r\n1,4\r\n11,22,33,44\r\n",
+         true, false, 3},
         {"impir.dat", poste,
          "5,0,0,0,0,1\r\n0,1,0,0,0,1\r\n0,1,1,0,0,0\r\n0,2,1,3,0,1\r\n0,2,1,3,4,1\r\n"
          "0,2,1,3,4,1\r\n0,3,1,4,2,1\r\n0,3,1,4,2,0\r\n0,3,1,4,2,1\r\n0,4,1,3,2,1\r\n"},
@@ -146,6 +149,13 @@ std::pair<std::size_t, std::size_t> linea(std::string_view testo, std::size_t po
     return {da, (a == std::string_view::npos ? testo.size() : a + 1) - da};
 }
 
+/// Whether the text ends behind an entry, of so many lines each; of the last one the end may be missing.
+bool righe_intere(std::string_view testo, int di_una_voce) {
+    const auto fini =
+        std::count(testo.begin(), testo.end(), '\n') + (testo.empty() || testo.ends_with('\n') ? 0 : 1);
+    return di_una_voce != 0 && fini % di_una_voce == 0;
+}
+
 /// One thing wrong with the text; whether nothing in it could tell.
 bool guasta(std::string& testo, const FileUtente& file, fuzz::Morsi& morsi) {
     const unsigned che = morsi.byte() % 6U;
@@ -155,7 +165,7 @@ bool guasta(std::string& testo, const FileUtente& file, fuzz::Morsi& morsi) {
     switch (che) {
         case 0:
             testo.resize(posto);
-            return !file.conta_le_righe;
+            return !file.conta_le_righe || righe_intere(testo, file.righe_di_una_voce);
         case 1: {
             const auto [da, quanti] = linea(testo, posto);
             testo.erase(da, quanti);

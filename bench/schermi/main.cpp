@@ -62,6 +62,7 @@ int main(int argc, char** argv) {
     misure::registra_avvio(cartelle);
     misure::registra_catalogo(cartelle);
     misure::registra_griglia(cartelle);
+    misure::registra_storia(cartelle);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

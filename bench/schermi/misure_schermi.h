@@ -15,5 +15,6 @@ struct Cartelle {
 void registra_avvio(const Cartelle& cartelle);
 void registra_catalogo(const Cartelle& cartelle);
 void registra_griglia(const Cartelle& cartelle);
+void registra_storia(const Cartelle& cartelle);
 
 }  // namespace sortimetra::misure

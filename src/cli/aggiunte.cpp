@@ -62,7 +62,7 @@ std::optional<int> aggiungi(const Richiesta& richiesta, Risposta& risposta,
         return uso_errato(canali,
                           fmt::format("{}: qui le righe non misurano un evento ciascuna.",
                                       richiesta.caso ? "--caso" : "--per-ruota"),
-                          fmt::format("ricerca '{}'", risposta.ricerca().chiave()));
+                          richiesta.aiuto_di);
     auto completo = std::make_shared<Risultato>(*risposta.risultato);
     if (richiesta.caso) aggiungi_caso(*completo, risposta);
     if (richiesta.per_ruota) {

@@ -233,11 +233,12 @@ int esegui_comando(const std::vector<std::string>& argomenti, const Canali& cana
         if (data(*parole, "--aiuto")) return consegna(canali, aiuto_comando(*comando, richiesta.ricerca));
         richiesta.domanda = domanda_intatta(*richiesta.ricerca);
     }
-    const std::string aiuto_di = cerca ? fmt::format("{} '{}'", nome, richiesta.ricerca->chiave()) : nome;
+    richiesta.aiuto_di = cerca ? fmt::format("{} '{}'", nome, richiesta.ricerca->chiave()) : nome;
     if (const auto lette = leggi_opzioni(*parole, comando->bit, nome, richiesta); !lette)
-        return uso_errato(canali, lette.error(), aiuto_di);
+        return uso_errato(canali, lette.error(), richiesta.aiuto_di);
     if (!richiesta.argomenti.empty() && !comando->parole)
-        return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()), aiuto_di);
+        return uso_errato(canali, fmt::format("\"{}\" è di troppo.", richiesta.argomenti.front()),
+                          richiesta.aiuto_di);
     if (const auto perche = senza_cartella_programma(richiesta.cartella);
         perche && (comando->bit & kComElenco) == 0) {
         lamenta(canali, *perche);

@@ -38,8 +38,7 @@ std::expected<void, ErroreArchivio> scrivi_uscita(const std::filesystem::path& f
 /// what went wrong.
 std::optional<int> consegna_schedina(const Richiesta& richiesta, Risposta& risposta, const Canali& canali) {
     const auto errato = [&](const std::string& perche) {
-        return uso_errato(canali, fmt::format("--schedina: {}", perche),
-                          fmt::format("ricerca '{}'", risposta.ricerca().chiave()));
+        return uso_errato(canali, fmt::format("--schedina: {}", perche), richiesta.aiuto_di);
     };
     const std::size_t righe = risposta.risultato->tabelle.front().righe();
     if (!ammette_schedina(risposta)) return errato("questa griglia non ha schedine.");
@@ -109,8 +108,7 @@ std::expected<std::string, ErroreArchivio> scritta(Formato formato, const Richie
 
 int comando_ricerca(Richiesta& richiesta, const Canali& canali) {
     const auto formato = formato_voluto(richiesta);
-    if (!formato)
-        return uso_errato(canali, formato.error(), fmt::format("ricerca '{}'", richiesta.ricerca->chiave()));
+    if (!formato) return uso_errato(canali, formato.error(), richiesta.aiuto_di);
     auto risposta = fai_ricerca(richiesta, canali, *formato == Formato::Json);
     if (!risposta) return risposta.error();
     if (richiesta.schedina && risposta->prodotta())

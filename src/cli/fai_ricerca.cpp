@@ -93,11 +93,11 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
                         .risultato = std::make_shared<const Risultato>(non_avviata({}))};
     }
     if (const auto perche = aggiunte_sbagliate(richiesta))
-        return std::unexpected(uso_errato(canali, *perche, fmt::format("ricerca '{}'", ricerca.chiave())));
+        return std::unexpected(uso_errato(canali, *perche, richiesta.aiuto_di));
     const Sessione sessione{.percorso_programma = cartella_programma(richiesta.cartella),
                             .copia = !richiesta.senza_copia};
     if (const auto perche = uso_sbagliato(richiesta.domanda, sessione.percorso_programma))
-        return std::unexpected(uso_errato(canali, *perche, fmt::format("ricerca '{}'", ricerca.chiave())));
+        return std::unexpected(uso_errato(canali, *perche, richiesta.aiuto_di));
     ArchivioEstrazioni archivio;
     if (ricerca.tabelle != 0) {
         auto aperto = apri_per_leggere(sessione, ricerca.tabelle, canali);
@@ -176,8 +176,7 @@ std::optional<int> disponi_risposta(const Richiesta& richiesta, Risposta& rispos
     const auto intero = risposta.risultato;
     const Tabella& prima = intero->tabelle.front();
     const auto errato = [&](std::string_view opzione, const std::string& perche) {
-        return uso_errato(canali, fmt::format("{}: {}.", opzione, perche),
-                          fmt::format("ricerca '{}'", risposta.ricerca().chiave()));
+        return uso_errato(canali, fmt::format("{}: {}.", opzione, perche), richiesta.aiuto_di);
     };
     if (prima.n_colonne() == 0) return std::nullopt;
     if (richiesta.ordina)

@@ -29,6 +29,7 @@ struct EstremoTratto {
 /// A command line that has been read: every option as a value.
 struct Richiesta {
     std::vector<std::string> argomenti;  ///< what stands after the command and is no option
+    std::string aiuto_di{};              ///< what a pointer to the help names: "ricerca 'cadenze'"
     const Ricerca* ricerca = nullptr;  ///< the search of `ricerca` and `stampa`, set before options are read
     Domanda domanda;
     std::optional<std::filesystem::path> cartella;

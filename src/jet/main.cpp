@@ -17,6 +17,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <string_view>
+#include <tuple>
 
 namespace {
 
@@ -46,8 +47,8 @@ bool c_e_memoria() {
 /// files: what is found now is in memory then.
 void carica_alfabeti() {
     for (const char* alfabeto : {"CP1252", "UCS-2LE"}) {
-        (void)iconv_open("UTF-8", alfabeto);
-        (void)iconv_open(alfabeto, "UTF-8");
+        std::ignore = iconv_open("UTF-8", alfabeto);
+        std::ignore = iconv_open(alfabeto, "UTF-8");
     }
 }
 

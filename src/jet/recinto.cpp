@@ -18,6 +18,15 @@ namespace sortimetra::jet {
 
 namespace {
 
+/// Built with the address sanitizer, which GCC and clang tell each in its own way.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kSorvegliato = true;
+#elif defined(__has_feature)
+constexpr bool kSorvegliato = __has_feature(address_sanitizer);
+#else
+constexpr bool kSorvegliato = false;
+#endif
+
 // ---- the filter ----
 
 struct Libera {
@@ -36,6 +45,10 @@ bool consenti(const Filtro& filtro, int chiamata, std::initializer_list<scmp_arg
                                   se.begin()) == 0;
 }
 
+bool consenti_tutte(const Filtro& filtro, std::initializer_list<int> chiamate) {
+    return std::ranges::all_of(chiamate, [&](int chiamata) { return consenti(filtro, chiamata); });
+}
+
 /// Memory of its own, never a file's, never to be run as a program.
 bool consenti_memoria(const Filtro& filtro) {
     const auto mai_eseguita = argomento(2, PROT_EXEC, 0);
@@ -44,10 +57,8 @@ bool consenti_memoria(const Filtro& filtro) {
     for (const int mappa : {SCMP_SYS(mmap), SCMP_SYS(mmap2)})
         if (!consenti(filtro, mappa, {mai_eseguita, di_nessun_file})) return false;
     if (!consenti(filtro, SCMP_SYS(mprotect), {mai_eseguita})) return false;
-    for (const int chiamata :
-         {SCMP_SYS(brk), SCMP_SYS(munmap), SCMP_SYS(mremap), SCMP_SYS(madvise), SCMP_SYS(futex)})
-        if (!consenti(filtro, chiamata)) return false;
-    return true;
+    return consenti_tutte(
+        filtro, {SCMP_SYS(brk), SCMP_SYS(munmap), SCMP_SYS(mremap), SCMP_SYS(madvise), SCMP_SYS(futex)});
 }
 
 /// To its output and to its errors, which lead nowhere.
@@ -58,17 +69,13 @@ bool consenti_scrittura(const Filtro& filtro) {
 }
 
 bool consenti_fine(const Filtro& filtro) {
-    for (const int chiamata : {SCMP_SYS(exit), SCMP_SYS(exit_group), SCMP_SYS(rt_sigreturn),
-                               SCMP_SYS(rt_sigprocmask), SCMP_SYS(restart_syscall)})
-        if (!consenti(filtro, chiamata)) return false;
-#if defined(__SANITIZE_ADDRESS__)
+    const bool fine = consenti_tutte(filtro, {SCMP_SYS(exit), SCMP_SYS(exit_group), SCMP_SYS(rt_sigreturn),
+                                              SCMP_SYS(rt_sigprocmask), SCMP_SYS(restart_syscall)});
+    if constexpr (!kSorvegliato) return fine;
     // What the sanitizer's own allocator and its reports ask of the kernel about this process.
-    for (const int chiamata :
-         {SCMP_SYS(getpid), SCMP_SYS(gettid), SCMP_SYS(sched_yield), SCMP_SYS(sigaltstack),
-          SCMP_SYS(rt_sigaction), SCMP_SYS(getrusage), SCMP_SYS(clock_gettime)})
-        if (!consenti(filtro, chiamata)) return false;
-#endif
-    return true;
+    return fine && consenti_tutte(filtro, {SCMP_SYS(getpid), SCMP_SYS(gettid), SCMP_SYS(sched_yield),
+                                           SCMP_SYS(sigaltstack), SCMP_SYS(rt_sigaction), SCMP_SYS(getrusage),
+                                           SCMP_SYS(clock_gettime)});
 }
 
 // ---- Landlock ----
@@ -105,11 +112,7 @@ void limita(std::size_t memoria, unsigned secondi) {
         (void)setrlimit(risorsa, &l);
     };
     // The address sanitizer reserves terabytes of addresses that it never uses.
-#if !defined(__SANITIZE_ADDRESS__)
-    limite(RLIMIT_AS, memoria);
-#else
-    (void)memoria;
-#endif
+    if constexpr (!kSorvegliato) limite(RLIMIT_AS, memoria);
     limite(RLIMIT_CPU, secondi);
     limite(RLIMIT_CORE, 0);
     limite(RLIMIT_FSIZE, 0);

@@ -40,6 +40,7 @@ constexpr Piano kPiani[] = {
     {"core/catalogue", 6},
     {"stampa", 7},
     {"arrivi", 7},
+    {"grafico", 7},
     {"cli", 7},
     {"jet", 7},
     {"desktop/screens", 8},

@@ -29,6 +29,7 @@ const Coperture kCoperture{
     {"src/core/positional/stampa_migliori.cpp", "tests/core/positional/test_stampa_posizionale.cpp"},
     {"src/core/positional/stampa_posizione.cpp", "tests/core/positional/test_stampa_posizionale.cpp"},
     {"src/core/positional/stampa_tabellone.cpp", "tests/core/positional/test_stampa_posizionale.cpp"},
+    {"src/core/results/righe_xlsx.cpp", "tests/core/results/test_scrittore_xlsx.cpp"},
     {"src/core/statistics/misura_serie.cpp", "tests/core/statistics/test_serie_speciali.cpp"},
 };
 

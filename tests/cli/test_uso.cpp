@@ -267,6 +267,9 @@ TEST_F(Uso, AiutoDiOgniComandoElencaLeSueOpzioni) {
         std::set<std::string> attese;
         for (const VoceOpzione& o : opzioni())
             if (o.ammessa == nullptr && (o.comandi & c.bit) != 0) attese.emplace(o.nome);
+        // A command that runs one search has that one's options too.
+        if (const Ricerca* sua = ricerca_propria(c))
+            for (const Opzione* o : sua->opzioni) attese.emplace(o->nome);
         EXPECT_THAT(attese, ::testing::Each(::testing::ResultOf(
                                 [&](const std::string& n) { return nomi.contains(n); }, true)))
             << c.nome;

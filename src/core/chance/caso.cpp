@@ -59,9 +59,12 @@ class ColonnaDaValori {
         ColonnaVoci c;
         c.in_ordine = true;
         c.voci.reserve(voci_.size());
+        double ultimo = std::numeric_limits<double>::quiet_NaN();
         for (const std::uint32_t v : ordine) {
-            posto[v] = static_cast<std::uint32_t>(c.voci.size());
-            c.voci.push_back(std::move(voci_[v].testo));
+            // Equal values share a text, so that rows which do not differ keep their order.
+            if (voci_[v].valore != ultimo) c.voci.push_back(std::move(voci_[v].testo));
+            ultimo = voci_[v].valore;
+            posto[v] = static_cast<std::uint32_t>(c.voci.size() - 1);
         }
         for (std::uint32_t& s : scelte_) s = posto[s];
         c.scelte = std::move(scelte_);
@@ -84,11 +87,10 @@ class RigheMisurate {
         : tabella_{&tabella},
           colonne_{colonne_misure(tabella).value_or(ColonneMisure{})},
           frequenze_{std::get<ColonnaInteri>(tabella.colonne[colonne_.frequenza]).valori},
-          ritardi_{std::get<ColonnaInteri>(tabella.colonne[colonne_.ritardo]).valori} {
+          ritardi_{std::get<ColonnaInteri>(tabella.colonne[colonne_.ritardo]).valori},
+          doppi_possibili_{tabella.numeri_per_riga() > 1} {
         const auto& senza = tabella.eventi.senza;
         eventi_ = static_cast<std::int64_t>(righe()) - std::count(senza.begin(), senza.end(), true);
-        // One number a row cannot stand twice in it.
-        doppi_possibili_ = tabella.numeri_per_riga() > 1;
     }
     [[nodiscard]] std::size_t righe() const { return frequenze_.size(); }
     [[nodiscard]] std::int64_t con_evento() const { return eventi_; }
@@ -127,7 +129,7 @@ class RigheMisurate {
     std::span<const std::int32_t> frequenze_;
     std::span<const std::int32_t> ritardi_;
     std::int64_t eventi_ = 0;
-    bool doppi_possibili_ = false;
+    bool doppi_possibili_;  ///< one number a row cannot stand twice in it
 };
 
 /// Calls `riga(r, legge, classe)` for each row with an event; the law is worked out once for rows that do not
@@ -227,6 +229,15 @@ std::string uno_di(const Tabella& tabella, std::int64_t m) {
     const std::size_t quanti = tabella.numeri_per_riga();
     if (quanti >= 1 && quanti < kNomi.size()) return fmt::format("uno dei {} {}", migliaia(m), kNomi[quanti]);
     return fmt::format("una delle {} serie", migliaia(m));
+}
+
+/// "p = 0,43"; what the decimals cannot tell apart from 0 and 1 is said to lie beyond the last that they can.
+std::string testo_p(double p, int decimali) {
+    const std::int64_t uno = decimali == 2 ? 100 : 10'000;
+    const std::int64_t cifre = arrotonda(static_cast<long double>(p) * static_cast<long double>(uno));
+    if (cifre == 0) return "p < " + con_decimali(1, decimali);
+    if (cifre == uno) return "p > " + con_decimali(uno - 1, decimali);
+    return "p = " + con_decimali(cifre, decimali);
 }
 
 }  // namespace
@@ -340,15 +351,14 @@ std::string frase_chi_quadro(const Tabella& tabella) {
     if (!p) return {};
     // Beyond one in a hundred on either side it is said plainly that chance seldom gives as much.
     constexpr double kRaro = 0.01;
-    const auto una_su = [](double quanto) { return migliaia(std::llround(1 / std::max(quanto, 1e-15))); };
-    if (*p < kRaro)
-        return fmt::format("frequenze così diverse capitano per caso circa una volta su {} (p = {})",
-                           una_su(*p), *p < 1e-4 ? "0,0000" : con_decimali(std::llround(*p * 1e4), 4));
-    if (*p > 1 - kRaro)
-        return fmt::format("frequenze così uguali capitano per caso circa una volta su {} (p = {})",
-                           una_su(1 - *p), con_decimali(std::llround(*p * 1e4), 4));
-    return fmt::format("le frequenze sono quelle del caso (p = {})",
-                       con_decimali(arrotonda(static_cast<long double>(*p) * 100), 2));
+    const auto raro = [&](std::string_view come, double quanto) {
+        return fmt::format("frequenze così {} capitano per caso circa una volta su {} ({})", come,
+                           quanto < 1e-12 ? "mille miliardi" : migliaia(std::llround(1 / quanto)),
+                           testo_p(*p, 4));
+    };
+    if (*p < kRaro) return raro("diverse", *p);
+    if (*p > 1 - kRaro) return raro("uguali", 1 - *p);
+    return fmt::format("le frequenze sono quelle del caso ({})", testo_p(*p, 2));
 }
 
 std::string testo_percentuale(double probabilita) {

@@ -21,7 +21,7 @@ namespace sortimetra {
 struct UscitaStoria {
     int ruota = -1;  ///< 0 to 9 or `kNazionale`; -1 for the games without wheels
     std::uint8_t quanti = 0;
-    std::array<Numero, kNumeriEvento> numeri{};  ///< the numbers of the event that came, in the draw's order
+    std::array<Numero, kNumeriEvento> numeri{};  ///< those of the event that came, ascending
 };
 
 /// A draw with at least one hit.

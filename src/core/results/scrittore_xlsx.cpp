@@ -1,5 +1,6 @@
 #include "files/file_sicuro.h"
 #include "results/modulo_xlsx.h"
+#include "results/righe_xlsx.h"
 #include "results/scrittori.h"
 #include "text/data.h"
 #include "text/numero.h"
@@ -15,6 +16,8 @@
 #include <optional>
 #include <set>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 namespace sortimetra {
 
@@ -32,11 +35,12 @@ struct Tipizzato {
 };
 
 /// What `leggi_numero` reads, but for texts that a number would not show again: "01", "+5", "12 %". "12.345"
-/// without decimals may be a name.
+/// without decimals may be a name. "+1,23" is a number whose format shows its sign.
 std::optional<Tipizzato> tipizza(std::string_view testo) {
     const auto letto = leggi_numero(testo);
-    if (!letto || letto->zero_davanti || testo.starts_with('+') || testo.find(' ') != std::string_view::npos)
-        return std::nullopt;
+    if (!letto || letto->zero_davanti || testo.find(' ') != std::string_view::npos) return std::nullopt;
+    const bool con_segno = testo.starts_with('+');
+    if (con_segno && letto->decimali == 0) return std::nullopt;
     if (letto->punti && letto->decimali == 0) return std::nullopt;
     Tipizzato n{.valore = letto->valore};
     if (letto->percento || letto->decimali > 0) {
@@ -48,6 +52,7 @@ std::optional<Tipizzato> tipizza(std::string_view testo) {
         n.formato += '%';
         n.valore /= 100;
     }
+    if (con_segno) n.formato = "+" + n.formato + ";-" + n.formato;
     return n;
 }
 
@@ -120,10 +125,14 @@ lxw_error scrivi_testo(lxw_worksheet* foglio, lxw_row_t r, lxw_col_t c, std::str
     return worksheet_write_string(foglio, r, c, std::string{testo}.c_str(), formato);
 }
 
+std::size_t quante_righe(const Tabella& tabella, const RigheScelte& scelte) {
+    return std::min(scelte.ordine.empty() ? tabella.righe() : scelte.ordine.size(), scelte.massimo);
+}
+
+/// Writes the titles and the rows from the `prima`-th on.
 lxw_error scrivi_foglio(lxw_worksheet* foglio, const Tabella& tabella, const RigheScelte& scelte,
-                        Formati& formati) {
-    const std::size_t quante =
-        std::min(scelte.ordine.empty() ? tabella.righe() : scelte.ordine.size(), scelte.massimo);
+                        Formati& formati, std::size_t prima = 0) {
+    const std::size_t quante = quante_righe(tabella, scelte);
     const std::size_t colonne = tabella.n_colonne();
     if (quante + tabella.titoli.size() > kRigheFoglio || colonne > kColonneFoglio)
         return LXW_ERROR_WORKSHEET_INDEX_OUT_OF_RANGE;
@@ -145,7 +154,8 @@ lxw_error scrivi_foglio(lxw_worksheet* foglio, const Tabella& tabella, const Rig
         ++r;
     }
     if (r > 0) worksheet_freeze_panes(foglio, r, 0);
-    for (std::size_t i = 0; i < quante; ++i, ++r) {
+    r += static_cast<lxw_row_t>(prima);
+    for (std::size_t i = prima; i < quante; ++i, ++r) {
         const std::size_t riga = scelte.ordine.empty() ? i : scelte.ordine[i];
         for (std::size_t c = 0; c < colonne; ++c) {
             const auto colonna = static_cast<lxw_col_t>(c);
@@ -212,6 +222,7 @@ std::expected<void, ErroreArchivio> scrivi_libro(const std::filesystem::path& fi
     if (libro == nullptr) return std::unexpected(ErroreArchivio{file, "il file non si può scrivere"});
     Formati formati{libro};
     std::set<std::string> nomi;
+    std::vector<RigheMancanti> mancanti;
     lxw_error errore = LXW_NO_ERROR;
     for (std::size_t i = 0; i < risultato.tabelle.size() && errore == LXW_NO_ERROR; ++i) {
         lxw_worksheet* foglio =
@@ -220,13 +231,24 @@ std::expected<void, ErroreArchivio> scrivi_libro(const std::filesystem::path& fi
             errore = LXW_ERROR_MEMORY_MALLOC_FAILED;
             break;
         }
-        errore = scrivi_foglio(foglio, risultato.tabelle[i], i == 0 ? prima : RigheScelte{}, formati);
+        const Tabella& tabella = risultato.tabelle[i];
+        const RigheScelte scelte = i == 0 ? prima : RigheScelte{};
+        std::size_t da = 0;
+        if (const std::size_t quante = quante_righe(tabella, scelte);
+            quante >= kRigheLunghe && righe_semplici(tabella)) {
+            da = quante - 1;
+            mancanti.push_back({i, &tabella, scelte, da, tabella.titoli.size() + 1});
+        }
+        errore = scrivi_foglio(foglio, tabella, scelte, formati, da);
     }
     if (errore == LXW_NO_ERROR) errore = scrivi_ambito(libro, risposta, nomi, formati);
     // Closing writes the file and frees the workbook, whatever came before.
     const lxw_error chiusura = workbook_close(libro);
     if (errore == LXW_NO_ERROR) errore = chiusura;
     if (errore != LXW_NO_ERROR) return std::unexpected(ErroreArchivio{file, motivo(errore)});
+    if (!mancanti.empty())
+        if (auto esito = aggiungi_righe(sicuro->temporaneo(), mancanti); !esito)
+            return std::unexpected(ErroreArchivio{file, std::move(esito.error().motivo)});
     return sicuro->conferma();
 }
 

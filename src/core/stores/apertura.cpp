@@ -98,6 +98,7 @@ std::expected<RigheConFonte, ErroreArchivio> leggi_righe(const Scelto& scelto, u
 struct FileAperto {
     TabelleArchivio tabelle{};
     Fonte fonte{};
+    bool esaminato = false;  ///< nothing in them is damage, nor would be in some of them alone
 };
 
 /// Takes the tables of `bit` from `da`.
@@ -116,9 +117,10 @@ std::expected<FileAperto, ErroreArchivio> apri_con_copia(const Scelto& scelto, u
     const bool con_copia = modo.copia && scelto.da_leggere == file;
     // Judged before the reading: what is written meanwhile is younger than this.
     const auto identita = con_copia ? identita_negozio(file) : std::nullopt;
-    const bool si_copia = identita && !appena_cambiato(*identita);
+    const bool si_copia = identita && modo.esamina && !appena_cambiato(*identita);
     auto copia = identita ? leggi_copia(file, *identita, tabelle, modo.tenuta) : std::nullopt;
     ContenutoCopia contenuto = std::move(copia).value_or(ContenutoCopia{});
+    FileAperto aperto{.fonte = {file, false}, .esaminato = true};
     if (const unsigned mancano = tabelle & ~contenuto.tabelle; mancano != 0) {
         auto letti = leggi_righe(scelto, mancano);
         if (!letti) return std::unexpected(std::move(letti.error()));
@@ -132,9 +134,11 @@ std::expected<FileAperto, ErroreArchivio> apri_con_copia(const Scelto& scelto, u
         prendi_tabelle(contenuto.contenuto, composto->tabelle(), mancano);
         contenuto.tabelle |= mancano;
         contenuto.simulato = simulato;
-        if (immutato) (void)scrivi_copia(file, *identita, contenuto);
+        // Only what was found sound is copied, so that what comes from a copy need not be looked at again.
+        aperto.esaminato = immutato && !primo_danno({contenuto.contenuto, aperto.fonte, aperto.fonte});
+        if (aperto.esaminato) (void)scrivi_copia(file, *identita, contenuto);
     }
-    FileAperto aperto{.fonte = {file, contenuto.simulato}};
+    aperto.fonte.simulato = contenuto.simulato;
     prendi_tabelle(aperto.tabelle, contenuto.contenuto, tabelle);
     return aperto;
 }
@@ -226,11 +230,12 @@ std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
     if (!drawit2) return std::unexpected(std::move(drawit2.error()));
     if (!*drawit && !*drawit2)
         return std::unexpected(manca(percorso_archivio, in_drawit != 0 ? kNomiDrawit : kNomiDrawit2));
-    FileAperto primo = std::move(*drawit).value_or(FileAperto{});
-    FileAperto secondo = std::move(*drawit2).value_or(FileAperto{});
+    FileAperto primo = std::move(*drawit).value_or(FileAperto{.esaminato = true});
+    FileAperto secondo = std::move(*drawit2).value_or(FileAperto{.esaminato = true});
+    const bool esaminato = primo.esaminato && secondo.esaminato;
     primo.tabelle.winforlife = std::move(secondo.tabelle.winforlife);
     ArchivioEstrazioni archivio{std::move(primo.tabelle), std::move(primo.fonte), std::move(secondo.fonte)};
-    if (modo.esamina)
+    if (modo.esamina && !esaminato)
         if (auto danno = primo_danno(archivio)) return std::unexpected(std::move(*danno));
     return archivio;
 }

@@ -277,11 +277,10 @@ bool componi_copia(const IdentitaNegozio& identita, const ContenutoCopia& conten
     };
     if (!scrivi(testo(std::as_bytes(std::span{&i, 1})))) return false;
     constexpr std::array<char, kAllineamento> kZeri{};
-    for (const auto& colonna : tutte)
-        if (!scrivi(testo(colonna)) ||
-            !scrivi(std::string_view{kZeri.data(), allineato(colonna.size()) - colonna.size()}))
-            return false;
-    return true;
+    return std::all_of(tutte.begin(), tutte.end(), [&](const auto& colonna) {
+        return scrivi(testo(colonna)) &&
+               scrivi(std::string_view{kZeri.data(), allineato(colonna.size()) - colonna.size()});
+    });
 }
 
 // ---- files ----

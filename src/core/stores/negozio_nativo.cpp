@@ -30,9 +30,9 @@ constexpr std::size_t kIntestazione = 100;
 /// How long a reader waits for a writer that holds the file.
 constexpr int kAttesaMs = 250;
 /// Work that reading may take, in steps of `kPassiPerControllo` instructions of the engine. The real archive
-/// takes a thousandth of it; a hostile file could otherwise keep the program busy for ever.
+/// takes a hundredth of it; a hostile file could otherwise keep the program busy for ever.
 constexpr int kPassiPerControllo = 1 << 20;
-constexpr int kControlliMassimi = 2000;
+constexpr int kControlliMassimi = 200;
 /// Longest cell that a table of draws can hold.
 constexpr int kCellaMassima = 1 << 16;
 

@@ -372,7 +372,7 @@ void form_ricerche::aggiorna_frame2() {
 
 void form_ricerche::aggiorna_stato() {
     lbl_simulato_->setVisible(archivio_ && (archivio_->drawit().simulato || archivio_->drawit2().simulato));
-    frame_archivio_->setVisible(archivio_cercato_ && !archivio_);
+    frame_archivio_->setVisible(!archivio_ && (archivio_cercato_ || lettura_lunga_));
     lbl_stato_->setToolTip({});
     if (legge_archivio()) {
         lbl_stato_->setText(
@@ -419,13 +419,15 @@ void form_ricerche::carica_archivio() {
     // Most are there before anybody has seen that there was something to wait for.
     QTimer::singleShot(kLungaMs, this, [this] {
         if (!legge_archivio() || archivio_) return;
+        lettura_lunga_ = true;
         frame_archivio_->mentre_legge();
-        frame_archivio_->show();
+        aggiorna_stato();
     });
 }
 
 void form_ricerche::archivio_letto(EsitoArchivio esito) {
     if (terminata_) return;
+    lettura_lunga_ = false;
     if (const auto cartella = std::exchange(cartella_in_prova_, std::nullopt)) {
         cartella_letta(*cartella, std::move(esito));
     } else {

@@ -129,6 +129,7 @@ class form_ricerche final : public QWidget {
     bool archivio_cercato_ = false;  ///< found or not: the reading is over
     /// The folder whose archive is being read, if it is another one than that in use.
     std::optional<std::filesystem::path> cartella_in_prova_;
+    bool lettura_lunga_ = false;       ///< and the window says so
     const Ricerca* attesa_ = nullptr;  ///< opens when the archive has been read
     LettoreArchivio lettore_;
 

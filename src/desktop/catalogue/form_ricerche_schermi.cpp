@@ -52,6 +52,7 @@ constexpr RigaSchermo riga(Schermo schermo) {
                 };
                 if constexpr (requires { form->imposta_stampa_immagine(immagine); })
                     form->imposta_stampa_immagine(immagine);
+                form->imposta_stampa_storia(immagine);
                 if constexpr (requires { form->imposta_stampa_rapporto(stampa_rapporto); })
                     form->imposta_stampa_rapporto(stampa_rapporto);
                 return form;

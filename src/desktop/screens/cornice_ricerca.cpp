@@ -74,6 +74,8 @@ CorniceRicerca::CorniceRicerca(Domande domande, QWidget* padre)
       frase_{new QLabel{this}},
       campo_{new QWidget{this}},
       risposta_{new QVBoxLayout{campo_}},
+      riga_risposta_{new QHBoxLayout},
+      caso_{new QLabel{this}},
       riga_comandi_{new QHBoxLayout},
       simulato_{new QLabel{tr("Archivio simulato"), this}},
       stato_{new QLabel{this}},
@@ -146,7 +148,15 @@ QBoxLayout* CorniceRicerca::componi_risposta() {
     testata->addLayout(riga_titolo_);
     testata->addWidget(frase_);
     destra->addLayout(testata);
-    destra->addWidget(campo_, 1);
+    riga_risposta_->setSpacing(kMargine);
+    riga_risposta_->addWidget(campo_, 1);
+    destra->addLayout(riga_risposta_, 1);
+    caso_->setObjectName(QStringLiteral("lblcaso"));
+    caso_->setWordWrap(true);
+    caso_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    assegna_ruolo(caso_, "quieto");
+    caso_->hide();
+    destra->addWidget(caso_);
     auto* comandi = new QHBoxLayout;
     comandi->addLayout(riga_comandi_);
     comandi->addStretch(1);
@@ -186,6 +196,15 @@ void CorniceRicerca::intitola(const QString& titolo, const QString& frase) {
 
 void CorniceRicerca::segna_simulato(bool si) {
     simulato_->setVisible(si);
+}
+
+int CorniceRicerca::larghezza_risposta() const {
+    return riga_risposta_->geometry().width();
+}
+
+void CorniceRicerca::di_del_caso(const QString& frase) {
+    caso_->setText(frase);
+    caso_->setVisible(!frase.isEmpty());
 }
 
 void CorniceRicerca::scrivi_stato(const QString& testo) {

@@ -35,6 +35,9 @@ class CorniceRicerca final : public QWidget {
     [[nodiscard]] QHBoxLayout* riga_titolo() const { return riga_titolo_; }
     [[nodiscard]] QVBoxLayout* risposta() const { return risposta_; }
     [[nodiscard]] QHBoxLayout* riga_comandi() const { return riga_comandi_; }
+    /// The row that holds the answer's room, and what may stand beside it; its width.
+    [[nodiscard]] QHBoxLayout* riga_risposta() const { return riga_risposta_; }
+    [[nodiscard]] int larghezza_risposta() const;
 
     /// Puts a command of the question over the start button.
     void aggiungi_sopra_avvio(QWidget* comando);
@@ -48,6 +51,8 @@ class CorniceRicerca final : public QWidget {
 
     void intitola(const QString& titolo, const QString& frase);
     void segna_simulato(bool si);
+    /// The sentence under the answer that says what chance makes of it; "" for none.
+    void di_del_caso(const QString& frase);
     /// The bottom line's text, cut where it is too long; the tooltip has the whole.
     void scrivi_stato(const QString& testo);
     /// Printing is not there at all, or waits for a result, as exporting does.
@@ -81,6 +86,8 @@ class CorniceRicerca final : public QWidget {
     QLabel* frase_;
     QWidget* campo_;
     QVBoxLayout* risposta_;
+    QHBoxLayout* riga_risposta_;
+    QLabel* caso_;
     QHBoxLayout* riga_comandi_;
     QLabel* simulato_;
     QLabel* stato_;

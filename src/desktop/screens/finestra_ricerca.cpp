@@ -7,6 +7,7 @@
 #include "screens/esporta.h"
 #include "screens/freccia.h"
 #include "screens/griglia_risultati.h"
+#include "screens/lato_risposta.h"
 #include "screens/manuale.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
@@ -51,7 +52,8 @@ FinestraRicerca::FinestraRicerca(Sessione& sessione, const QString& nome, QWidge
       sessione_{sessione},
       corpo_{new QWidget{this}},
       comando_ultima_{new ComandoUltima{this}},
-      pannello_{new PannelloAvanzamento{this}} {
+      pannello_{new PannelloAvanzamento{this}},
+      lato_{new LatoRisposta{*this}} {
     setObjectName(nome);
     auto* tutto = new QVBoxLayout{this};
     tutto->setContentsMargins(kMargine, kMargine, kMargine, kMargine);
@@ -75,6 +77,7 @@ CorniceRicerca* FinestraRicerca::incornicia(CorniceRicerca::Domande domande) {
     tutto->addWidget(cornice_);
     cornice_->aggiungi_sopra_avvio(comando_ultima_);
     comando_ultima_->show();
+    lato_->incornicia();
     connect(cornice_->primario(), &QPushButton::clicked, this, &FinestraRicerca::avvia);
     connect(cornice_->cmd_filtra(), &QPushButton::clicked, this, &FinestraRicerca::filtra);
     connect(cornice_->cmd_stampa(), &QPushButton::clicked, this, &FinestraRicerca::stampa);
@@ -99,6 +102,9 @@ void FinestraRicerca::scorciatoie() {
     tasto(QKeySequence::Find, [this] { trova(); });
     tasto(kTastoFiltro, [this] { filtra(); });
     tasto(Qt::CTRL | Qt::Key_L, [this] { come_l_ultima_volta(); });
+    tasto(Qt::CTRL | Qt::Key_G, [this] { lato_->storia(); });
+    tasto(Qt::CTRL | Qt::Key_I, [this] { lato_->caso(); });
+    tasto(Qt::CTRL | Qt::Key_R, [this] { lato_->ruote(); });
 }
 
 AreaParametri* FinestraRicerca::area() const {
@@ -127,6 +133,7 @@ void FinestraRicerca::apri(const Ricerca& ricerca, const ArchivioEstrazioni& arc
     else
         attiva();
     segui_controlli();
+    lato_->apri();
     aggiorna_ultima();
     if (riapre_come_l_ultima_volta(sessione_)) come_l_ultima_volta();
     aggiorna_comandi();
@@ -161,10 +168,12 @@ bool FinestraRicerca::archivio_simulato() const {
 /// window its keys.
 void FinestraRicerca::segui_controlli() {
     for (QLineEdit* casella : findChildren<QLineEdit*>()) casella->installEventFilter(this);
-    for (const GrigliaRisultati* g : findChildren<GrigliaRisultati*>()) {
+    for (GrigliaRisultati* g : findChildren<GrigliaRisultati*>()) {
+        if (lato_->della_storia(g)) continue;
+        lato_->segui(g);
         disconnect(g, &GrigliaRisultati::ordinata, this, nullptr);
         connect(g, &GrigliaRisultati::ordinata, this, [this, g](int colonna, Verso verso) {
-            if (g != griglia_in_uso() || ricerca_ == nullptr) return;
+            if (g != griglia_in_uso() || ricerca_ == nullptr || !lato_->colonne_proprie()) return;
             if (ordine_richiesto_) ordine_richiesto_ = {colonna, verso};
             ricorda_ordine(sessione_, *ricerca_, OrdineGriglia{colonna, verso});
         });
@@ -199,7 +208,7 @@ void FinestraRicerca::imposta(const Domanda& domanda) {
 GrigliaRisultati* FinestraRicerca::griglia_in_uso() const {
     GrigliaRisultati* prima = nullptr;
     for (GrigliaRisultati* g : findChildren<GrigliaRisultati*>()) {
-        if (g->window() != this || !g->isVisibleTo(this)) continue;
+        if (g->window() != this || !g->isVisibleTo(this) || lato_->della_storia(g)) continue;
         if (g->isAncestorOf(focusWidget())) return g;
         if (prima == nullptr) prima = g;
     }
@@ -209,7 +218,9 @@ GrigliaRisultati* FinestraRicerca::griglia_in_uso() const {
 /// Puts a new answer in the order of the last time, where that was asked for.
 void FinestraRicerca::riordina() {
     GrigliaRisultati* g = griglia_in_uso();
-    if (!ordine_richiesto_ || g == nullptr || ordine_richiesto_->first >= g->modello()->columnCount()) return;
+    if (!ordine_richiesto_ || g == nullptr || !lato_->colonne_proprie() ||
+        ordine_richiesto_->first >= g->modello()->columnCount())
+        return;
     g->ordina_colonna(ordine_richiesto_->first, ordine_richiesto_->second);
 }
 
@@ -259,9 +270,10 @@ void FinestraRicerca::avvia() {
 void FinestraRicerca::presenta(const EsitoRicerca& esito) {
     svuota();
     if (esito.prodotto()) {
-        esito_ = esito;
+        esito_ = lato_->vesti(esito);
         mostra(esito_);
         riordina();
+        lato_->mostrata();
     }
     aggiorna_comandi();
     aggiorna_stato();
@@ -273,12 +285,14 @@ void FinestraRicerca::ferma_corsa() {
 
 void FinestraRicerca::svuota() {
     esito_ = {};
+    lato_->svuotata();
     aggiorna_comandi();
     aggiorna_stato();
 }
 
 void FinestraRicerca::riprendi(const EsitoRicerca& esito) {
     esito_ = esito;
+    lato_->ripresa(esito);
     aggiorna_comandi();
     aggiorna_stato();
 }
@@ -334,6 +348,10 @@ void FinestraRicerca::imposta_annullabile(bool si) {
 void FinestraRicerca::imposta_stampa(std::function<void(const LavoroStampa&)> stampa) {
     stampa_ = std::move(stampa);
     aggiorna_comandi();
+}
+
+void FinestraRicerca::imposta_stampa_storia(std::function<void(QWidget*, const QImage&)> stampa) {
+    lato_->imposta_stampa(std::move(stampa));
 }
 
 void FinestraRicerca::aggiorna_comandi() {
@@ -392,7 +410,7 @@ void FinestraRicerca::keyPressEvent(QKeyEvent* evento) {
     if (in_corsa()) return;
     switch (evento->key()) {
         case Qt::Key_Escape:
-            close();
+            if (!lato_->chiudi_cassetto()) close();
             return;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -405,6 +423,12 @@ void FinestraRicerca::keyPressEvent(QKeyEvent* evento) {
         default:
             QWidget::keyPressEvent(evento);
     }
+}
+
+void FinestraRicerca::resizeEvent(QResizeEvent* evento) {
+    QWidget::resizeEvent(evento);
+    // Once the layout has run.
+    QMetaObject::invokeMethod(lato_, &LatoRisposta::disponi, Qt::QueuedConnection);
 }
 
 void FinestraRicerca::showEvent(QShowEvent* evento) {

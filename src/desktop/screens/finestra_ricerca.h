@@ -7,6 +7,7 @@
 #include "screens/cornice_ricerca.h"
 #include "screens/ultima_volta.h"
 
+#include <QImage>
 #include <QPointer>
 #include <QWidget>
 #include <cstddef>
@@ -21,6 +22,7 @@ namespace sortimetra {
 
 class ComandoUltima;
 class CorsaRicerca;
+class LatoRisposta;
 class GrigliaRisultati;
 class PannelloAvanzamento;
 
@@ -48,7 +50,8 @@ struct LavoroStampa {
 /// its place in `schermi.ini` of the program's folder and brings its opener back.
 ///
 /// F5 and Enter start (`avvia`), but on a button Enter presses that button; Esc closes, Ctrl+P prints, Ctrl+E
-/// exports, Ctrl+F finds, Ctrl+Shift+F filters, Ctrl+L brings the last question back.
+/// exports, Ctrl+F finds, Ctrl+Shift+F filters, Ctrl+L brings the last question back. What stands beside the
+/// answer of any screen (the story of a row, what chance makes of it, wheels side by side) is `LatoRisposta`.
 ///
 /// Every question that gave an answer is remembered in `schermi.ini`, search by search: wheels, calendar,
 /// range, order, and the text of each option of the row. A screen that has controls for options of its own
@@ -88,6 +91,9 @@ class FinestraRicerca : public QWidget {
     /// What "Stampa" does; the button is disabled without it.
     void imposta_stampa(std::function<void(const LavoroStampa&)> stampa);
 
+    /// What "Stampa" of a story does with its picture.
+    void imposta_stampa_storia(std::function<void(QWidget*, const QImage&)> stampa);
+
     [[nodiscard]] bool in_corsa() const { return corsa_ != nullptr; }
     [[nodiscard]] const Ricerca* ricerca() const { return ricerca_; }
     /// The answer of `avvia` on show; null without one.
@@ -118,6 +124,9 @@ class FinestraRicerca : public QWidget {
     /// The grid that the user works on: the one with the keyboard, else the first on show; null where there
     /// is none.
     [[nodiscard]] GrigliaRisultati* griglia_in_uso() const;
+    /// The grid that fills the answer's room alone: a wide window has the story beside it. Null where there
+    /// is none such.
+    [[nodiscard]] virtual GrigliaRisultati* griglia_accanto() const { return nullptr; }
     /// What Ctrl+F does.
     virtual void trova() {}
     /// What Ctrl+Shift+F and `cmdFiltra` do: open the filter line of the grid in use.
@@ -170,9 +179,12 @@ class FinestraRicerca : public QWidget {
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
+    friend class LatoRisposta;
+
     void scorciatoie();
     void segui_controlli();
     void aggiorna_ultima();
@@ -200,6 +212,7 @@ class FinestraRicerca : public QWidget {
     ComandoUltima* comando_ultima_;
     CorniceRicerca* cornice_ = nullptr;
     PannelloAvanzamento* pannello_;
+    LatoRisposta* lato_;
 };
 
 }  // namespace sortimetra

@@ -105,6 +105,7 @@ class PittoreCelle final : public QStyledItemDelegate {
         QFont carattere = opzione.font;
         carattere.setBold(i.column() == 0);
         pittore->setFont(carattere);
+        if (i.data(ModelloRisultato::kRuoloSegno).toBool()) segna(*pittore, opzione.rect, testo);
         const int margine = tabellone_ ? 0 : margine_;
         const QRect dove = opzione.rect.adjusted(margine, 0, -margine, 0);
         const QString scritto = i.data(Qt::DisplayRole).toString();
@@ -120,6 +121,19 @@ class PittoreCelle final : public QStyledItemDelegate {
     }
 
   private:
+    /// A small triangle at the cell's left: the delay is above the longest one ever closed.
+    static void segna(QPainter& pittore, const QRect& cella, QRgb inchiostro) {
+        const QRgb fondo = testo_su(inchiostro) == qRgb(0, 0, 0) ? qRgb(0, 0, 0) : qRgb(255, 255, 255);
+        pittore.save();
+        pittore.setRenderHint(QPainter::Antialiasing);
+        pittore.setPen(Qt::NoPen);
+        pittore.setBrush(QColor::fromRgb(leggibile(skin_in_uso().avviso, fondo)));
+        const double x = cella.left() + kPasso;
+        const double y = cella.center().y() + kPasso;
+        pittore.drawPolygon(QPolygonF{{{x, y}, {x + 2 * kPasso, y}, {x + kPasso, y - 2 * kPasso}}});
+        pittore.restore();
+    }
+
     QTableView* vista_;
     bool tabellone_ = false;
     int margine_ = kMargineCella;
@@ -224,7 +238,7 @@ class GrigliaRisultati::Testata final : public QWidget {
     /// column's button.
     [[nodiscard]] std::pair<int, int> margini(int colonna, bool ultima) const {
         const int margine = griglia_->tabellone_ ? 1 : griglia_->margine_;
-        if (!ultima || griglia_->titoli_sotto()) return {margine, margine};
+        if (!ultima || griglia_->titoli_sotto() || griglia_->senza_pulsanti_) return {margine, margine};
         return griglia_->modello_->numerica(colonna) ? std::pair{kPulsanteOrdina, margine}
                                                      : std::pair{margine, kPulsanteOrdina};
     }
@@ -386,6 +400,8 @@ void GrigliaRisultati::componi_viste() {
         bloccata_->viewport()->update();
         emit riga_cambiata();
     });
+    connect(vista_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &GrigliaRisultati::scelta_cambiata);
     connect(vista_, &VistaGriglia::copia_richiesta, this, &GrigliaRisultati::copia);
 }
 
@@ -447,7 +463,7 @@ void GrigliaRisultati::imposta_tabellone(bool si) {
 }
 
 void GrigliaRisultati::crea_pulsanti() {
-    const auto n = tabellone_ ? 0 : static_cast<std::size_t>(modello_->columnCount());
+    const auto n = tabellone_ || senza_pulsanti_ ? 0 : static_cast<std::size_t>(modello_->columnCount());
     while (pulsanti_.size() > n) {
         delete pulsanti_.back();
         pulsanti_.pop_back();
@@ -535,7 +551,8 @@ void GrigliaRisultati::adatta_colonne() {
         const QString titolo = titolo_piu_largo(c);
         const int testo = (c == 0 ? prima : celle).horizontalAdvance(modello_->testo_piu_largo(c));
         // Under a strip of buttons titles have none beside them.
-        const int testata = titoli.horizontalAdvance(titolo) + (dipinti ? 0 : kPulsanteOrdina - kPasso);
+        const int testata =
+            titoli.horizontalAdvance(titolo) + (dipinti || senza_pulsanti_ ? 0 : kPulsanteOrdina - kPasso);
         const int margine = tabellone_ ? kMargineTabellone : margine_;
         const int minima = tabellone_             ? kColonnaMinimaTabellone
                            : dipinti || compatta_ ? kColonnaMinimaDipinta
@@ -547,7 +564,8 @@ void GrigliaRisultati::adatta_colonne() {
     }
     const bool scorre =
         modello_->rowCount() * vista_->verticalHeader()->defaultSectionSize() > vista_->viewport()->height();
-    const int barra = scorre ? vista_->verticalScrollBar()->sizeHint().width() : 0;
+    // Beside a neighbour the bar keeps its place also where there is nothing to scroll.
+    const int barra = scorre || spazio_ >= 0 ? vista_->verticalScrollBar()->sizeHint().width() : 0;
     const auto libero = [&](const std::vector<int>& l) {
         return spazio_colonne() - barra - std::accumulate(l.begin(), l.end(), 0);
     };
@@ -558,7 +576,9 @@ void GrigliaRisultati::adatta_colonne() {
         margine_ = blanco;
     }
     // A narrow table takes some of the room that is left, up to a width at which a line is still one line.
-    const int avanza = std::max(libero(larghezze), 0);
+    int avanza = std::max(libero(larghezze), 0);
+    const int fuori = spazio_colonne() - (spazio_ - 2 * vista_->frameWidth());
+    if (spazio_ >= 0 && fuori <= avanza) avanza -= std::max(fuori, 0);
     for (int c = 0; c < n; ++c) {
         int& l = larghezze[static_cast<std::size_t>(c)];
         const int agiata = tabellone_ ? kColonnaAgiataTabellone : kColonnaAgiata;
@@ -571,16 +591,24 @@ void GrigliaRisultati::adatta_colonne() {
     disponi();
 }
 
+int GrigliaRisultati::larghezza_tabella() const {
+    const int larga = vista_->horizontalHeader()->length() + 2 * vista_->frameWidth() +
+                      vista_->verticalScrollBar()->sizeHint().width();
+    return std::max(larga, compatta_ ? 0 : kLarghezzaMinima);
+}
+
+void GrigliaRisultati::imposta_aspetto(int prima_aggiunta, bool calore) {
+    modello_->imposta_aspetto(prima_aggiunta, calore);
+    for (VistaGriglia* v : {vista_, bloccata_}) v->viewport()->update();
+}
+
 void GrigliaRisultati::disponi() {
     const int striscia = tabellone_ || !titoli_sotto() ? 0 : 6 * kPasso;
     testata_->setFixedHeight(modello_->columnCount() == 0 ? 0
                                                           : striscia + static_cast<int>(testata_->righe()) *
                                                                            testata_->altezza_titolo());
     // Columns stay together: what is left of a wide window is no part of the table.
-    const int larga = vista_->horizontalHeader()->length() + 2 * vista_->frameWidth() +
-                      vista_->verticalScrollBar()->sizeHint().width();
-    const int avanza = width() - std::max(larga, compatta_ ? 0 : kLarghezzaMinima);
-    campo_->layout()->setContentsMargins(0, 0, modello_->columnCount() == 0 ? 0 : std::max(avanza, 0), 0);
+    campo_->setMaximumWidth(modello_->columnCount() == 0 ? QWIDGETSIZE_MAX : larghezza_tabella());
 
     const bool blocca = blocca_ && modello_->columnCount() > 1 &&
                         vista_->horizontalHeader()->length() > vista_->viewport()->width();
@@ -674,6 +702,31 @@ std::optional<std::size_t> GrigliaRisultati::riga_scelta() const {
     return modello_->riga_originale(i.row());
 }
 
+std::vector<std::size_t> GrigliaRisultati::righe_scelte(std::size_t massimo) const {
+    std::vector<std::size_t> righe;
+    const auto aggiungi = [&](int riga) {
+        const std::size_t r = modello_->riga_originale(riga);
+        if (righe.size() < massimo && std::find(righe.begin(), righe.end(), r) == righe.end())
+            righe.push_back(r);
+    };
+    const QItemSelection scelte = vista_->selectionModel()->selection();
+    const QModelIndex corrente = vista_->currentIndex();
+    if (corrente.isValid() && vista_->selectionModel()->isSelected(corrente)) aggiungi(corrente.row());
+    for (const QItemSelectionRange& r : scelte)
+        for (int riga = r.top(); riga <= r.bottom() && righe.size() < massimo; ++riga) aggiungi(riga);
+    return righe;
+}
+
+void GrigliaRisultati::scegli_riga(std::size_t riga) {
+    for (int r = 0; r < modello_->rowCount(); ++r) {
+        if (modello_->riga_originale(r) != riga) continue;
+        const QModelIndex i = modello_->index(r, 0);
+        vista_->selectionModel()->setCurrentIndex(i, QItemSelectionModel::ClearAndSelect);
+        vista_->scrollTo(i);
+        return;
+    }
+}
+
 QString GrigliaRisultati::testo_selezione() const {
     QItemSelection scelta = vista_->selectionModel()->selection();
     const QModelIndex corrente = vista_->currentIndex();
@@ -748,6 +801,7 @@ void GrigliaRisultati::mostra_menu(const QPoint& dove) {
     a = menu.addAction(icona(QStringLiteral("stampa")), tr("&Stampa…"), this,
                        &GrigliaRisultati::stampa_richiesta);
     a->setEnabled(qualcosa && stampabile_);
+    emit menu_aperto(&menu);
     menu.exec(dove);
 }
 

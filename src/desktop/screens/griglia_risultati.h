@@ -82,6 +82,16 @@ class GrigliaRisultati final : public QWidget, public Spiegabile {
     void imposta_tabellone(bool si);
     /// One of many small lists on a board: columns with less air.
     void imposta_compatta(bool si) { compatta_ = si; }
+    /// No sort buttons beside the titles: a click on a title sorts all the same.
+    void imposta_senza_pulsanti(bool si) { senza_pulsanti_ = si; }
+    /// At most so many pixels are given to columns beyond what they need, -1 for no limit: a wide window
+    /// keeps the rest for what stands beside the grid.
+    void imposta_spazio(int pixel) { spazio_ = pixel; }
+    /// What the table takes, its columns kept together.
+    [[nodiscard]] int larghezza_tabella() const;
+    /// Columns from `prima_aggiunta` on are no measures of the search and stand in quiet ink (-1 for none);
+    /// with `calore` those behind the first have a ground the stronger the greater their value.
+    void imposta_aspetto(int prima_aggiunta, bool calore);
     /// Shows "Stampa" in the context menu as working.
     void imposta_stampabile(bool si) { stampabile_ = si; }
 
@@ -99,6 +109,11 @@ class GrigliaRisultati final : public QWidget, public Spiegabile {
     /// Row of the table (not of the sorted grid) that is current.
     [[nodiscard]] std::optional<std::size_t> riga_scelta() const;
 
+    /// The rows of the table that are selected, the current one first, so many at most.
+    [[nodiscard]] std::vector<std::size_t> righe_scelte(std::size_t massimo) const;
+    /// Makes a row of the table the current one, where it is on show.
+    void scegli_riga(std::size_t riga);
+
     /// The selection as tab-separated lines, what Ctrl+C puts on the clipboard.
     [[nodiscard]] QString testo_selezione() const;
     void copia() const;
@@ -115,6 +130,10 @@ class GrigliaRisultati final : public QWidget, public Spiegabile {
 
   signals:
     void riga_cambiata();
+    /// Rows are chosen, or no longer.
+    void scelta_cambiata();
+    /// The context menu is about to open: others may add to it.
+    void menu_aperto(QMenu* menu);
     /// The rows were put in the order of a column.
     void ordinata(int colonna, Verso verso);
     void esporta_richiesta();
@@ -180,9 +199,11 @@ class GrigliaRisultati final : public QWidget, public Spiegabile {
     std::optional<std::pair<int, Verso>> ultimo_titolo_;  ///< last click on a title, kept between searches
     int margine_ = 0;                                     ///< blank on each side of a cell's text
     int riga_sotto_ = -1;
+    int spazio_ = -1;
     bool blocca_ = false;
     bool tabellone_ = false;
     bool compatta_ = false;
+    bool senza_pulsanti_ = false;
     bool stampabile_ = false;
 };
 

@@ -1,6 +1,8 @@
 #include "screens/modello_risultato.h"
 
 #include "qt_testi.h"
+#include "results/parole.h"
+#include "screens/risposta_estesa.h"
 #include "screens/tema.h"
 #include "text/numero.h"
 #include "text/testi.h"
@@ -68,6 +70,9 @@ void ModelloRisultato::mostra(std::shared_ptr<const Tabella> tabella) {
     numerica_.clear();
     if (tabella_)
         for (const Colonna& c : tabella_->colonne) numerica_.push_back(e_numerica(c));
+    prima_aggiunta_ = -1;
+    calore_ = false;
+    trova_misure();
     endResetModel();
 }
 
@@ -174,6 +179,10 @@ int ModelloRisultato::columnCount(const QModelIndex& padre) const {
 QRgb ModelloRisultato::fondo(int riga, int colonna) const {
     const Colore colore = tabella_->sfondo(riga_originale(riga), static_cast<std::size_t>(colonna));
     if (colore != kNessunColore) return smorzato(colore_schermo(colore));
+    if (calore_ && colonna > 0) {
+        const auto v = intero_della_cella(*tabella_, riga_originale(riga), static_cast<std::size_t>(colonna));
+        if (v && *v > 0 && massimo_ > 0) return calore(static_cast<double>(*v) / massimo_);
+    }
     return riga % 2 == 0 ? skin_in_uso().tinta_a : skin_in_uso().tinta_b;
 }
 
@@ -196,17 +205,60 @@ QVariant ModelloRisultato::data(const QModelIndex& indice, int ruolo) const {
             if (dato != kNessunColore) return QBrush{QColor::fromRgb(leggibile(colore_schermo(dato), sotto))};
             // On a ground that the search chose, the skin's own colour or, where it would be weak, the
             // strongest.
-            const QRgb proprio = skin_in_uso().testo;
+            const bool aggiunta = prima_aggiunta_ >= 0 && indice.column() >= prima_aggiunta_;
+            const QRgb proprio = aggiunta ? skin_in_uso().testo_quieto : skin_in_uso().testo;
             return QBrush{QColor::fromRgb(contrasto(proprio, sotto) >= 4.5 ? proprio : testo_su(sotto))};
         }
-        case Qt::ToolTipRole: {
-            // A text too long for any column.
-            const QString t = testo(indice.row(), indice.column());
-            return t.size() > kTestoLungo ? QVariant{t} : QVariant{};
-        }
+        case Qt::ToolTipRole:
+        case Qt::AccessibleDescriptionRole:
+            return suggerimento(indice.row(), indice.column());
+        case kRuoloSegno:
+            return ritardo_ == static_cast<std::size_t>(indice.column()) &&
+                   oltre_lo_storico(riga_originale(indice.row()));
         default:
             return {};
     }
+}
+
+QVariant ModelloRisultato::suggerimento(int riga, int colonna) const {
+    const std::size_t r = riga_originale(riga);
+    if (ritardo_ == static_cast<std::size_t>(colonna) && oltre_lo_storico(r))
+        return tr("Manca da %1 concorsi: più del suo ritardo storico, %2. Se uscisse ora il record sarebbe "
+                  "questo.")
+            .arg(testo(riga, colonna), testo(riga, static_cast<int>(*storico_)));
+    // A text too long for any column.
+    const QString t = testo(riga, colonna);
+    return t.size() > kTestoLungo ? QVariant{t} : QVariant{};
+}
+
+/// Where there is no closed delay yet there is none to be above of.
+bool ModelloRisultato::oltre_lo_storico(std::size_t riga) const {
+    if (!ritardo_ || !storico_) return false;
+    const auto ritardo = intero_della_cella(*tabella_, riga, *ritardo_);
+    const auto storico = intero_della_cella(*tabella_, riga, *storico_);
+    if (!ritardo || !storico || *ritardo <= *storico) return false;
+    const auto frequenza = frequenza_ ? intero_della_cella(*tabella_, riga, *frequenza_) : std::nullopt;
+    return frequenza ? *frequenza > 1 : *storico > 0;
+}
+
+void ModelloRisultato::trova_misure() {
+    frequenza_.reset();
+    ritardo_.reset();
+    storico_.reset();
+    if (!tabella_) return;
+    frequenza_ = colonna_della_misura(*tabella_, "Frequenza");
+    ritardo_ = colonna_della_misura(*tabella_, "Ritardo");
+    storico_ = colonna_della_misura(*tabella_, "Ritardo Storico");
+}
+
+void ModelloRisultato::imposta_aspetto(int prima_aggiunta, bool calore) {
+    prima_aggiunta_ = prima_aggiunta;
+    calore_ = calore;
+    massimo_ = 0;
+    if (!calore || !tabella_) return;
+    for (std::size_t c = 1; c < tabella_->n_colonne(); ++c)
+        if (const auto* interi = std::get_if<ColonnaInteri>(&tabella_->colonne[c]))
+            for (const std::int32_t v : interi->valori) massimo_ = std::max(massimo_, v);
 }
 
 QVariant ModelloRisultato::headerData(int sezione, Qt::Orientation verso, int ruolo) const {

@@ -40,6 +40,12 @@ class ModelloRisultato final : public QAbstractTableModel {
     /// Width in characters-worth of text: the longest text of a column, for measuring.
     [[nodiscard]] QString testo_piu_largo(int colonna) const;
 
+    /// True for a delay above the longest one ever closed: it is marked, and its tooltip says why.
+    static constexpr int kRuoloSegno = Qt::UserRole + 1;
+    /// Columns from `prima_aggiunta` on in quiet ink (-1 for none); with `calore` those behind the first on a
+    /// ground by their value.
+    void imposta_aspetto(int prima_aggiunta, bool calore);
+
     [[nodiscard]] int rowCount(const QModelIndex& padre = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& padre = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& indice, int ruolo = Qt::DisplayRole) const override;
@@ -48,11 +54,19 @@ class ModelloRisultato final : public QAbstractTableModel {
 
   private:
     [[nodiscard]] QRgb fondo(int riga, int colonna) const;
+    [[nodiscard]] bool oltre_lo_storico(std::size_t riga) const;
+    [[nodiscard]] QVariant suggerimento(int riga, int colonna) const;
+    void trova_misure();
 
     std::shared_ptr<const Tabella> tabella_;
     std::vector<std::uint32_t> ordine_;
     bool filtrato_ = false;
     std::vector<bool> numerica_;
+    int prima_aggiunta_ = -1;
+    bool calore_ = false;
+    std::int32_t massimo_ = 0;  ///< the greatest value, of those with a ground by their value
+    /// The three measures' columns, where the table has each once.
+    std::optional<std::size_t> frequenza_, ritardo_, storico_;
 };
 
 /// A packed colour 0xBBGGRR of a result on the screen. The plain yellow of a hit becomes the skin's own.

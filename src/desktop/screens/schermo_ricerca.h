@@ -28,6 +28,7 @@ class SchermoRicerca : public FinestraRicerca {
     [[nodiscard]] const EsitoRicerca* in_mostra() const override;
     [[nodiscard]] std::vector<std::uint32_t> ordine_in_mostra() const override;
     void trova() override;
+    [[nodiscard]] GrigliaRisultati* griglia_accanto() const override { return griglia_; }
     void aggiorna_comandi() override;
 
   private:

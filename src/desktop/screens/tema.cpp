@@ -351,6 +351,13 @@ QPushButton[ruolo="piatto"]:hover { background: @rilievo@; }
 QPushButton[ruolo="piatto"]:focus { border: 2px solid @accento@; padding: 4px 11px; }
 QPushButton[ruolo="piatto"]:disabled { background: transparent; border-color: transparent; }
 
+QPushButton[ruolo="interruttore"] { background: transparent; border: 1px solid transparent; }
+QPushButton[ruolo="interruttore"]:hover { background: @rilievo@; }
+QPushButton[ruolo="interruttore"]:checked { background: @selezione@; color: @testo_selezione@;
+              border-color: @accento@; }
+QPushButton[ruolo="interruttore"]:focus { border: 2px solid @accento@; padding: 4px 11px; }
+QPushButton[ruolo="interruttore"]:disabled { background: transparent; border-color: transparent; }
+
 QPushButton[ruolo="ordina"] { background: transparent; border: none; border-radius: 0; padding: 0; }
 QPushButton[ruolo="ordina"]:hover { background: @linea@; }
 QPushButton[ruolo="ordina"]:focus { border: 2px solid @accento@; }

@@ -57,7 +57,8 @@ bool applica_tema(QApplication& applicazione, int indice);
 /// Roles that the style sheet knows:
 /// - QPushButton: "primario" (one per screen), "gruppo" (large, tinted, checkable), "ordina" (sort buttons
 /// over
-///   a grid), "piatto" (no ground until the pointer is over it);
+///   a grid), "piatto" (no ground until the pointer is over it),
+///   "interruttore" (the same, checkable);
 /// - QCheckBox: "chip";
 /// - QLabel: "titolo", "quieto", "avviso", "sezione" (small heading of a group of controls);
 /// - QFrame: "scheda" (surface with an edge), "linea" (a one-pixel rule).

@@ -1,3 +1,4 @@
+#include "results/righe_xlsx.h"
 #include "results/scrittori.h"
 #include "support/archivi.h"
 
@@ -5,8 +6,13 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <fstream>
 #include <map>
+#include <numeric>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -71,7 +77,7 @@ TEST(ScriviXlsx, NumeriComeNumeriTestiComeTesti) {
     const prove::CartellaProva cartella;
     Risultato r;
     r.tabelle = {piccola(), una_colonna(ColonnaTesti{{"12,50%", "1.443,33", "21/08/2026", "01", "12.21",
-                                                      "x<y", "-3,5", "+7", "12 %"}})};
+                                                      "x<y", "-3,5", "+7", "12 %", "+1,23"}})};
     r.tabelle[0].sfondi = {kNessunColore, 0x0000FF,      kNessunColore,
                            kNessunColore, kNessunColore, kNessunColore};
     r.tabelle[1].nome = "risultati";
@@ -84,10 +90,11 @@ TEST(ScriviXlsx, NumeriComeNumeriTestiComeTesti) {
                              HasSubstr("<v>12</v>"), HasSubstr("<t>uno</t>"), HasSubstr("state=\"frozen\"")));
     EXPECT_THAT(parti.at("xl/styles.xml"), HasSubstr("rgb=\"FFFF0000\"")) << "0x0000FF is red";
     const std::string& secondo = parti.at("xl/worksheets/sheet2.xml");
-    EXPECT_THAT(secondo,
-                AllOf(HasSubstr("<v>0.125</v>"), HasSubstr("<v>1443.33</v>"), HasSubstr("<v>-3.5</v>"),
-                      HasSubstr("<v>46255</v>"), HasSubstr("<t>01</t>"), HasSubstr("<t>12.21</t>"),
-                      HasSubstr("<t>+7</t>"), HasSubstr("<t>12 %</t>"), HasSubstr("<t>x&lt;y</t>")));
+    EXPECT_THAT(secondo, AllOf(HasSubstr("<v>0.125</v>"), HasSubstr("<v>1443.33</v>"),
+                               HasSubstr("<v>-3.5</v>"), HasSubstr("<v>46255</v>"), HasSubstr("<t>01</t>"),
+                               HasSubstr("<t>12.21</t>"), HasSubstr("<t>+7</t>"), HasSubstr("<t>12 %</t>"),
+                               HasSubstr("<t>x&lt;y</t>"), HasSubstr("<v>1.23</v>")));
+    EXPECT_THAT(parti.at("xl/styles.xml"), HasSubstr("+0.00;-0.00"));
     EXPECT_THAT(parti.at("xl/workbook.xml"),
                 AllOf(HasSubstr("name=\"risultati\""), HasSubstr("name=\"risultati 2\"")));
 }
@@ -106,6 +113,97 @@ TEST(ScriviXlsx, RigheScelteENomiStrani) {
         parti.at("xl/worksheets/sheet1.xml"),
         AllOf(HasSubstr("<c r=\"A1\"><v>30</v>"), HasSubstr("<c r=\"A2\"><v>10</v>"), Not(HasSubstr("A3"))));
     EXPECT_THAT(parti.at("xl/workbook.xml"), HasSubstr("name=\"MSH_1__a_b___ con un nome mo\""));
+}
+
+/// The rows of a sheet from `prima` on, each without its own number: `<c r="B7">` becomes `<c r="B">`.
+std::vector<std::string> righe_del_foglio(const std::string& xml, std::size_t prima) {
+    std::vector<std::string> righe;
+    std::size_t attesa = prima;
+    const std::string inizio = "<row r=\"";
+    for (std::size_t p = xml.find(inizio); p != std::string::npos; p = xml.find(inizio, p + 1)) {
+        const std::string numero =
+            xml.substr(p + inizio.size(), xml.find('"', p + inizio.size()) - (p + inizio.size()));
+        if (std::stoul(numero) < prima) continue;
+        EXPECT_EQ(std::stoul(numero), attesa++);
+        std::string riga = xml.substr(p, xml.find("</row>", p) - p);
+        const std::string coda = numero + "\"";
+        for (std::size_t q = riga.find(coda); q != std::string::npos; q = riga.find(coda, q))
+            riga.erase(q, numero.size());
+        righe.push_back(riga);
+    }
+    return righe;
+}
+
+/// Groups and numbers of every length, some of them missing.
+Tabella lunga(std::size_t righe) {
+    std::mt19937 caso{1};
+    ColonnaGruppi gruppi{.quanti = 3, .separatore = '-', .numeri = {}};
+    ColonnaGruppi coppie{.quanti = 2, .separatore = '.', .numeri = {}};
+    ColonnaInteri interi;
+    ColonnaInteri radi;
+    for (std::size_t r = 0; r < righe; ++r) {
+        for (int i = 0; i < 3; ++i) gruppi.numeri.push_back(static_cast<std::uint8_t>(1 + caso() % 90));
+        for (int i = 0; i < 2; ++i) coppie.numeri.push_back(static_cast<std::uint8_t>(1 + caso() % 90));
+        interi.valori.push_back(static_cast<std::int32_t>(caso() >> caso() % 32) / (r % 7 == 0 ? -1 : 1));
+        radi.valori.push_back(caso() % 3 == 0 ? kCellaVuota + static_cast<int>(caso() % 2)
+                                              : static_cast<std::int32_t>(caso() % 100));
+    }
+    Tabella t;
+    t.titoli = {{"Numeri", "Ambo", "Ritardo", "Nota"}, {"", "", "", "x"}};
+    t.colonne = {gruppi, coppie, interi, radi};
+    return t;
+}
+
+TEST(ScriviXlsx, LeTabelleLungheComeLeScriveLaLibreria) {
+    const prove::CartellaProva cartella;
+    const auto foglio = [&](const Risposta& risposta) {
+        const auto file = cartella.percorso() / "prova.xlsx";
+        EXPECT_TRUE(scrivi_xlsx(file, risposta));
+        return apri_zip(file);
+    };
+    Risultato r;
+    r.tabelle = {lunga(2 * kRigheLunghe + 100), una_colonna(ColonnaInteri{{40}})};
+    Risposta tutte = prove::risposta_da(r);
+    std::vector<std::uint32_t> ordine(r.tabelle[0].righe());
+    std::iota(ordine.begin(), ordine.end(), 0U);
+    std::shuffle(ordine.begin(), ordine.end(), std::mt19937{2});
+    tutte.ordine = ordine;
+    const auto parti = foglio(tutte);
+    const std::string& xml = parti.at("xl/worksheets/sheet1.xml");
+    const auto lunghe = righe_del_foglio(xml, 3);
+    ASSERT_EQ(lunghe.size(), ordine.size());
+    EXPECT_THAT(xml, AllOf(HasSubstr("<dimension ref=\"A1:D10102\"/>"), HasSubstr("ySplit=\"2\"")));
+    EXPECT_THAT(parti.at("xl/worksheets/sheet2.xml"), HasSubstr("<v>40</v>"));
+
+    // The same rows in pieces that are left to the library.
+    std::size_t riga = 0;
+    while (riga < ordine.size()) {
+        const std::size_t quante = std::min(kRigheLunghe - 1, ordine.size() - riga);
+        Risposta pezzo = prove::risposta_da(r);
+        pezzo.ordine = {ordine.begin() + static_cast<std::ptrdiff_t>(riga),
+                        ordine.begin() + static_cast<std::ptrdiff_t>(riga + quante)};
+        auto altre = foglio(pezzo);
+        for (const std::string& sua : righe_del_foglio(altre.at("xl/worksheets/sheet1.xml"), 3))
+            ASSERT_EQ(lunghe.at(riga++), sua);
+        // What is no row is the same in both, but for the size.
+        altre.erase("xl/worksheets/sheet1.xml");
+        altre.erase("docProps/core.xml");  // when it was made
+        for (const auto& [nome, testo] : altre) EXPECT_EQ(parti.at(nome), testo) << nome;
+    }
+}
+
+TEST(ScriviXlsx, UnaTabellaLungaColorataRestaAllaLibreria) {
+    Tabella t = lunga(kRigheLunghe);
+    t.sfondi.assign(t.righe() * t.n_colonne(), kNessunColore);
+    t.sfondi[4] = 0x0000FF;
+    const prove::CartellaProva cartella;
+    Risultato r;
+    r.tabelle = {t};
+    const auto file = cartella.percorso() / "prova.xlsx";
+    ASSERT_TRUE(scrivi_xlsx(file, prove::risposta_da(r)));
+    const auto parti = apri_zip(file);
+    EXPECT_THAT(parti.at("xl/worksheets/sheet1.xml"), HasSubstr("<c r=\"A4\" s="));
+    EXPECT_EQ(righe_del_foglio(parti.at("xl/worksheets/sheet1.xml"), 3).size(), kRigheLunghe);
 }
 
 TEST(ScriviXlsx, DoveNonSiPuoScrivereRestaQuelCheCEra) {

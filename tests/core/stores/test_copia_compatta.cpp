@@ -1,3 +1,4 @@
+#include "draws/esame.h"
 #include "files/file_sicuro.h"
 #include "stores/apertura.h"
 #include "stores/copia_compatta.h"
@@ -79,6 +80,16 @@ void uguali(const TabelleArchivio& a, const TabelleArchivio& b, unsigned tabelle
         comuni(a.winforlife, b.winforlife);
         EXPECT_TRUE(a.winforlife.ora == b.winforlife.ora);
     }
+}
+
+/// One of a hundred archives of a seed: the first whose draws can be true, as a store's must.
+ArchivioEstrazioni archivio_sano(std::uint32_t seme) {
+    for (std::uint32_t k = 0; k < 100; ++k)
+        if (auto archivio = archivio_casuale(seme * 100 + k);
+            !primo_danno(archivio) && !archivio.lotto().concorso.empty())
+            return archivio;
+    ADD_FAILURE() << "no sound archive";
+    return {};
 }
 
 const IdentitaNegozio kIdentita{
@@ -295,7 +306,7 @@ class CopieSuFile : public testing::Test {
         ASSERT_TRUE(scrivi_drawit2(cartella_.percorso() / "drawit2.db", righe, simulato));
         invecchia();
     }
-    void scrivi(std::uint32_t seme) { scrivi(righe_di(archivio_casuale(seme).tabelle())); }
+    void scrivi(std::uint32_t seme) { scrivi(righe_di(archivio_sano(seme).tabelle())); }
     void invecchia() const {
         for (const char* nome : {"drawit.db", "drawit2.db"})
             while (true) {
@@ -351,7 +362,7 @@ TEST_F(CopieSuFile, LaSecondaVoltaNonSiLeggeIlNegozio) {
     come_il_negozio();
     segna_copia();
     EXPECT_TRUE(legge_la_copia());
-    uguali(apri({}).tabelle(), archivio_casuale(5).tabelle());
+    uguali(apri({}).tabelle(), archivio_sano(5).tabelle());
 }
 
 TEST_F(CopieSuFile, SenzaChiederlaNonSiFa) {
@@ -371,7 +382,7 @@ TEST_F(CopieSuFile, InMemoriaPropriaOMappataUguale) {
     {
         std::ofstream{copia(), std::ios::trunc};
     }
-    uguali(propria.tabelle(), archivio_casuale(8).tabelle());
+    uguali(propria.tabelle(), archivio_sano(8).tabelle());
 }
 
 TEST_F(CopieSuFile, CresceConLeTabelleCheServono) {
@@ -392,16 +403,16 @@ TEST_F(CopieSuFile, IlNegozioRiscrittoLaRifa) {
         SCOPED_TRACE(seme);
         scrivi(seme);
         come_il_negozio();
-        uguali(apri(kConCopia).tabelle(), archivio_casuale(seme).tabelle());
+        uguali(apri(kConCopia).tabelle(), archivio_sano(seme).tabelle());
         EXPECT_EQ(nella_copia(), kDrawit);
     }
-    scrivi(righe_di(archivio_casuale(5).tabelle()), true);
+    scrivi(righe_di(archivio_sano(5).tabelle()), true);
     EXPECT_TRUE(apri(kConCopia).drawit().simulato);
     come_il_negozio();
 }
 
 TEST_F(CopieSuFile, CambiatoSulPostoEConLaDataRimessa) {
-    RigheArchivio righe = righe_di(archivio_casuale(5).tabelle());
+    RigheArchivio righe = righe_di(archivio_sano(5).tabelle());
     scrivi(righe);
     segna_copia();
     struct stat prima{};
@@ -505,10 +516,44 @@ TEST_F(CopieSuFile, UnNegozioCheNonSiLeggeRestaUnErrore) {
     EXPECT_FALSE(apri_archivio(cartella_.percorso(), kTabellaLotto, kConCopia));
 }
 
+TEST_F(CopieSuFile, CioCheEDannoNonSiCopiaEResta) {
+    // NAZIONALE a day away from the Lotto: damage of the two together, not of either alone.
+    RigheArchivio righe;
+    righe.lotto = {{.concorso = 1, .data = kPrimaData, .ruota = 0, .numeri = {1, 2, 3, 4, 5}}};
+    righe.nazionale = {{.concorso = 1,
+                        .data = kPrimaData + std::chrono::days{1},
+                        .ruota = kNazionale,
+                        .numeri = {1, 2, 3, 4, 5}}};
+    scrivi(righe);
+    for (int volta = 0; volta < 2; ++volta) {
+        SCOPED_TRACE(volta);
+        EXPECT_FALSE(apri_archivio(cartella_.percorso(), kTabellaLotto | kTabellaNazionale, kConCopia));
+        EXPECT_TRUE(apri_archivio(cartella_.percorso(), kTabellaLotto, kConCopia));
+        EXPECT_TRUE(apri_archivio(cartella_.percorso(), kTabellaNazionale, kConCopia));
+        const auto lette = apri_archivio(cartella_.percorso(), kDrawit, {.copia = true, .esamina = false});
+        EXPECT_TRUE(lette);
+        EXPECT_EQ(nella_copia() & (kTabellaLotto | kTabellaNazionale), unsigned{kTabellaLotto});
+    }
+}
+
+TEST(CopiaCompatta, QuelCheESanoInsiemeLoEAncheAParti) {
+    // What lets the examination be left out for the tables of a copy.
+    int sani = 0;
+    for (std::uint32_t seme = 0; seme < 200; ++seme) {
+        SCOPED_TRACE(seme);
+        const auto archivio = archivio_casuale(seme);
+        if (primo_danno(archivio)) continue;
+        ++sani;
+        for (unsigned tabelle = 0; tabelle <= kTutteLeTabelle; ++tabelle)
+            EXPECT_FALSE(primo_danno({contenuto(archivio.tabelle(), tabelle).contenuto, {}, {}})) << tabelle;
+    }
+    EXPECT_GT(sani, 10);
+}
+
 TEST_F(CopieSuFile, PiuProgrammiInsieme) {
     // One writes the store anew again and again, others read it by the copy: always one of the two whole
     // archives, and the last one at the end.
-    const std::array archivi{archivio_casuale(5), archivio_casuale(6)};
+    const std::array archivi{archivio_sano(5), archivio_sano(6)};
     const std::array righe{righe_di(archivi[0].tabelle()), righe_di(archivi[1].tabelle())};
     ASSERT_FALSE(archivi[0].lotto().numeri == archivi[1].lotto().numeri);
     ASSERT_TRUE(scrivi_drawit(drawit(), righe[0], false));

@@ -579,6 +579,7 @@ class TestFormRicerche final : public QObject {
         QVERIFY(chiavi_aperte.isEmpty());
         QVERIFY(stato->text().contains(QStringLiteral("«Ritardo e frequenza dei 90 numeri»"),
                                        Qt::CaseInsensitive));
+        QVERIFY(frame->isVisible());
         // Another choice takes its place; it opens when there is something to open it on.
         form.apri(*trova_ricerca("decine"));
         lenta.leggi();
