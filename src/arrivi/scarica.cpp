@@ -107,10 +107,10 @@ void prepara(CURL* c, const Scarico& s, Corsa& corsa) {
     curl_easy_setopt(c, CURLOPT_SSL_VERIFYHOST, 2L);
     curl_easy_setopt(c, CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2);
     if (!s.autorita.empty()) {
-        curl_blob autorita{
-            .data = const_cast<char*>(s.autorita.data()), .len = s.autorita.size(), .flags = CURL_BLOB_COPY};
+        std::string certificati = s.autorita;
+        curl_blob blocco{.data = certificati.data(), .len = certificati.size(), .flags = CURL_BLOB_COPY};
         curl_easy_setopt(c, CURLOPT_CAPATH, nullptr);
-        curl_easy_setopt(c, CURLOPT_CAINFO_BLOB, &autorita);
+        curl_easy_setopt(c, CURLOPT_CAINFO_BLOB, &blocco);
     }
     curl_easy_setopt(c, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(s.massimo));
     curl_easy_setopt(c, CURLOPT_TIMEOUT_MS, s.millisecondi);

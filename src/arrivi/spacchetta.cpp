@@ -1,5 +1,7 @@
 #include "stores/moduli_arrivi.h"
 
+// (With this zlib does not ask for bytes that it could change.)
+#define ZLIB_CONST
 #include <archive.h>
 #include <archive_entry.h>
 #include <fmt/core.h>
@@ -41,7 +43,7 @@ using Flusso = std::unique_ptr<z_stream, ChiudiInflate>;
 
 Flusso apri_gzip(std::string_view byte) {
     auto nuovo = std::make_unique<z_stream>();
-    nuovo->next_in = reinterpret_cast<Bytef*>(const_cast<char*>(byte.data()));
+    nuovo->next_in = reinterpret_cast<const Bytef*>(byte.data());
     nuovo->avail_in = static_cast<uInt>(byte.size());
     if (inflateInit2(nuovo.get(), MAX_WBITS + 16) != Z_OK) return nullptr;
     return Flusso{nuovo.release()};

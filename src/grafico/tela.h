@@ -43,10 +43,10 @@ class TelaStoria : public QWidget {
 /// Makes one; the module's second door, beside that of chance/grafico.h:
 /// `extern "C" sortimetra::TelaStoria* sortimetra_tela_storia(QWidget*)`.
 using CreaTelaStoria = TelaStoria* (*)(QWidget*);
-inline constexpr const char* kPortaTelaStoria = "sortimetra_tela_storia";
+inline constexpr Modulo kModuloTela{kModuloGrafico.file, "sortimetra_tela_storia", kModuloGrafico.cosa};
 /// The same picture as pixels of a sheet of that size, black on white, for paper; the third door,
 /// `extern "C" void sortimetra_dipingi_grafico(const Grafico&, QImage&)`.
 using DipingiGrafico = void (*)(const Grafico&, QImage&);
-inline constexpr const char* kPortaDipingi = "sortimetra_dipingi_grafico";
+inline constexpr Modulo kModuloDipingi{kModuloGrafico.file, "sortimetra_dipingi_grafico", kModuloGrafico.cosa};
 
 }  // namespace sortimetra

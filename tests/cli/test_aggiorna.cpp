@@ -1,5 +1,8 @@
 #include "cli/cartella_cli.h"
+#include "text/data.h"
 
+#include <algorithm>
+#include <chrono>
 #include <nlohmann/json.hpp>
 
 namespace sortimetra::prove {
@@ -126,8 +129,14 @@ TEST_F(AggiornaCli, LArchivioDimostrativo) {
     EXPECT_EQ(p.codice, 1);
     EXPECT_THAT(p.errori, HasSubstr("l'archivio che c'è è quello dimostrativo"));
     EXPECT_THAT(p.errori, HasSubstr("Serve la storia intera del Lotto"));
-    scrivi(casa() / "storia.txt", "1997/12/03\tBA\t1\t2\t3\t4\t5\n");
-    // (That draw has concorso 402, whatever the file begins with.)
+    // The draw of 3 December 1997 has concorso 402: so many must stand up to it.
+    std::string storia;
+    for (int i = 401; i >= 0; --i) {
+        std::string data = testo_data_iso(leggi_data_iso("1997-12-03").value() - std::chrono::days{i});
+        std::replace(data.begin(), data.end(), '-', '/');
+        storia += data + "\tBA\t1\t2\t3\t4\t5\n";
+    }
+    scrivi(casa() / "storia.txt", storia);
     const Esito intera = aggiorna({"storia.txt"});
     EXPECT_EQ(intera.codice, 0) << intera.errori;
     EXPECT_THAT(intera.uscita, HasSubstr("L'archivio dimostrativo lascia il posto alle estrazioni vere.\n"));

@@ -443,7 +443,7 @@ class Proponente {
 
     /// Checks those that are new, compares the others; gives the new ones, by date.
     std::expected<Estratte, ErroreArchivio> confronta_tutte(PropostaGioco& g, Vecchie& vecchie,
-                                                            const Estratte& arrivate) {
+                                                            const Estratte& arrivate) const {
         Estratte nuove;
         for (const Estratta& e : arrivate) {
             if (const auto i = vecchie.cerca(e.quando)) {
@@ -459,7 +459,7 @@ class Proponente {
         return nuove;
     }
 
-    PropostaGioco inizia(Gioco gioco, const Estratte& vecchie) {
+    static PropostaGioco inizia(Gioco gioco, const Estratte& vecchie) {
         PropostaGioco g{.gioco = gioco};
         if (!vecchie.empty()) g.ultima = detta(gioco, vecchie.back());
         return g;
@@ -570,9 +570,9 @@ class Proponente {
 
     /// The new draws for which a concorso can be looked for. One without a Lotto draw on its day borrows one
     /// nearby, and waits until those nearby are known not to be wanted by draws of their own days.
-    std::vector<RigaSuperEnalotto> collocabili(PropostaGioco& g, const Estratte& vecchie,
-                                               const Estratte& nuove,
-                                               const std::vector<GiornoConcorso>& giorni) {
+    static std::vector<RigaSuperEnalotto> collocabili(PropostaGioco& g, const Estratte& vecchie,
+                                                      const Estratte& nuove,
+                                                      const std::vector<GiornoConcorso>& giorni) {
         std::set<Data> lotto;
         for (const GiornoConcorso& x : giorni) lotto.insert(x.data);
         Data nota = nuove.empty() ? Data{} : nuove.back().quando.data;
@@ -762,6 +762,7 @@ std::expected<void, ErroreArchivio> applica(const std::filesystem::path& percors
 
 std::vector<std::string> racconta(const Proposta& proposta) {
     std::vector<std::string> righe;
+    righe.reserve(proposta.testi.size());
     for (const TestoArrivato& t : proposta.testi)
         righe.push_back(fmt::format(
             "{}: {}, {} {}", t.nome, nome_gioco(t.gioco), quante(t.estrazioni, "estrazione", "estrazioni"),

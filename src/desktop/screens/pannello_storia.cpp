@@ -197,7 +197,7 @@ void PannelloStoria::mostra(std::vector<Storia> storie, const QString& di_che, b
 /// The picture's module, when it is needed for the first time.
 bool PannelloStoria::carica_tela() {
     if (tela_ != nullptr) return true;
-    const auto porta = porta_modulo(kModuloGrafico, kPortaTelaStoria);
+    const auto porta = apri_modulo(kModuloTela);
     if (!porta) {
         errore_->setText(tr("Il grafico non si può mostrare: %1").arg(testo_qt(porta.error().testo())));
         errore_->show();
@@ -279,7 +279,7 @@ void PannelloStoria::salva(FormatoGrafico formato) {
 
 void PannelloStoria::stampa() {
     if (!stampa_ || grafico_.serie.empty()) return;
-    const auto porta = porta_modulo(kModuloGrafico, kPortaDipingi);
+    const auto porta = apri_modulo(kModuloDipingi);
     if (!porta) {
         messaggi().avvisa(this, kTitoloMessaggi, testo_qt(porta.error().testo()));
         return;

@@ -27,6 +27,7 @@
 #include <QShortcut>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <span>
 #include <utility>
 
 namespace sortimetra {
@@ -270,7 +271,7 @@ void Form_Aggiorna::usa_archivio(const ArchivioEstrazioni* archivio, Data oggi) 
     archivio_ = archivio;
     oggi_ = oggi;
     QStringList righe;
-    const auto detta = [&](const QString& gioco, const std::vector<Data>& date, Concorso concorso) {
+    const auto detta = [&](const QString& gioco, std::span<const Data> date, Concorso concorso) {
         if (!date.empty())
             righe.push_back(
                 tr("%1: concorso %2 del %3").arg(gioco).arg(concorso).arg(testo_qt(testo_data(date.back()))));
