@@ -54,7 +54,7 @@ std::string esempio_storico(const Riga& r) {
     const auto storico = r.intero();
     if (!storico || *storico < 0) return {};
     const auto ritardo = r.di("Ritardo");
-    std::string t =
+    const std::string t =
         fmt::format("Per esempio {}: la sua attesa più lunga è stata di {}", r.nome(), concorsi(*storico));
     if (!ritardo || *ritardo < 0) return t + '.';
     if (*ritardo > *storico)
@@ -102,7 +102,7 @@ std::string esempio_record_atteso(const Riga& r) {
     const auto n = r.intero();
     const auto storico = r.di("Ritardo Storico");
     if (!n) return {};
-    std::string t = fmt::format("Per esempio {}: il caso ne aspetta uno di {}", r.nome(), concorsi(*n));
+    const std::string t = fmt::format("Per esempio {}: il caso ne aspetta uno di {}", r.nome(), concorsi(*n));
     return storico && *storico >= 0 ? t + fmt::format("; il suo è di {}.", migliaia(*storico)) : t + '.';
 }
 
