@@ -47,6 +47,7 @@ inline constexpr Modulo kModuloTela{kModuloGrafico.file, "sortimetra_tela_storia
 /// The same picture as pixels of a sheet of that size, black on white, for paper; the third door,
 /// `extern "C" void sortimetra_dipingi_grafico(const Grafico&, QImage&)`.
 using DipingiGrafico = void (*)(const Grafico&, QImage&);
-inline constexpr Modulo kModuloDipingi{kModuloGrafico.file, "sortimetra_dipingi_grafico", kModuloGrafico.cosa};
+inline constexpr Modulo kModuloDipingi{kModuloGrafico.file, "sortimetra_dipingi_grafico",
+                                       kModuloGrafico.cosa};
 
 }  // namespace sortimetra

@@ -51,13 +51,17 @@ std::expected<void, std::string> numera_lotto(std::vector<RigaLotto>& righe, boo
     if (ancora == 0)
         return std::unexpected(
             "manca l'estrazione del 03/12/1997, dalla quale si contano i concorsi; con --tutto si conta "
-            "dalla "
-            "prima");
+            "dalla prima");
     const Concorso spostamento = ancora - kConcorsoPrimoSuperEnalotto;
     const auto primo = std::find_if(righe.begin(), righe.end(),
                                     [&](const RigaLotto& r) { return r.concorso > spostamento; });
     righe.erase(righe.begin(), primo);
     for (RigaLotto& r : righe) r.concorso -= spostamento;
+    if (righe.front().concorso > 1)
+        return std::unexpected(
+            fmt::format("la storia comincia dal {}: mancano i concorsi da 1 a {}; con --tutto si conta dalla "
+                        "prima estrazione che c'è",
+                        testo_data(righe.front().data), righe.front().concorso - 1));
     return {};
 }
 

@@ -4,7 +4,7 @@
 #include "stores/apertura.h"
 #include "text/testi.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMetaObject>
 #include <QPushButton>
@@ -87,13 +87,14 @@ FrameArchivio::FrameArchivio(QWidget* genitore)
     connect(scegli, &QPushButton::clicked, this, &FrameArchivio::cartella);
     connect(cmd_riprova_, &QPushButton::clicked, this, &FrameArchivio::riprova);
 
-    auto* pulsanti = new QHBoxLayout;
+    // Two by two: in one row they would want a wider window than a small screen has.
+    auto* pulsanti = new QGridLayout;
     pulsanti->setSpacing(2 * kPasso);
-    pulsanti->addWidget(cmd_dimostrazione_);
-    pulsanti->addWidget(importa);
-    pulsanti->addWidget(scegli);
-    pulsanti->addWidget(cmd_riprova_);
-    pulsanti->addStretch(1);
+    pulsanti->addWidget(importa, 0, 0);
+    pulsanti->addWidget(scegli, 0, 1);
+    pulsanti->addWidget(cmd_dimostrazione_, 1, 0);
+    pulsanti->addWidget(cmd_riprova_, 1, 1);
+    pulsanti->setColumnStretch(2, 1);
     auto* piano = new QVBoxLayout{this};
     piano->setContentsMargins(4 * kPasso, 3 * kPasso, 4 * kPasso, 3 * kPasso);
     piano->setSpacing(2 * kPasso);

@@ -259,6 +259,8 @@ QWidget* form_ricerche::componi_elenco() {
 QWidget* form_ricerche::componi_piede() {
     lbl_stato_ = etichetta("lblStato", "quieto");
     lbl_stato_->setAccessibleDescription(tr("Archivio in uso"));
+    // It gives way to the buttons beside it; its tooltip tells all.
+    lbl_stato_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lbl_simulato_ = new Targhetta{tr("Archivio simulato")};
     lbl_simulato_->setObjectName(QStringLiteral("lblSimulato"));
     lbl_simulato_->setToolTip(
@@ -285,8 +287,7 @@ QWidget* form_ricerche::componi_piede() {
     piano->setContentsMargins(kMargine, 2 * kPasso, kMargine, 2 * kPasso);
     piano->setSpacing(2 * kPasso);
     piano->addWidget(lbl_simulato_);
-    piano->addWidget(lbl_stato_);
-    piano->addStretch(1);
+    piano->addWidget(lbl_stato_, 1);
     piano->addWidget(aggiorna);
     piano->addWidget(cambia);
     piano->addWidget(command1_);

@@ -5,6 +5,7 @@
 #include "qt_testi.h"
 #include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"
+#include "screens/manuale.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
@@ -115,6 +116,7 @@ Tabella tabella_proposta(const Proposta& proposta) {
 Form_Aggiorna::Form_Aggiorna(Sessione& sessione, QWidget* padre)
     : QWidget{padre, Qt::Window}, sessione_{sessione} {
     setObjectName(QStringLiteral("Form_Aggiorna"));
+    assegna_capitolo(this, "aggiornare-larchivio");
     setWindowTitle(tr("Aggiorna archivio"));
     chiedi_file = [this] {
         return QFileDialog::getOpenFileNames(this, tr("Scegli i file delle estrazioni"), {},

@@ -4,6 +4,7 @@
 #include "draws/ruote.h"
 #include "qt_testi.h"
 #include "screens/giro_di_tab.h"
+#include "screens/manuale.h"
 #include "screens/posto_finestra.h"
 #include "screens/tema.h"
 #include "stores/quadro_estrazione.h"
@@ -64,6 +65,7 @@ Appuntamento ultima_di(Gioco gioco, const ArchivioEstrazioni* archivio, Data ogg
 Form_Estrazione::Form_Estrazione(Sessione& sessione, QWidget* padre)
     : QWidget{padre, Qt::Window}, sessione_{sessione} {
     setObjectName(QStringLiteral("Form_Estrazione"));
+    assegna_capitolo(this, "aggiornare-larchivio");
     setWindowTitle(tr("Scrivi un'estrazione"));
     componi();
     leggi_posto(*this, sessione_, {140 * kPasso, 132 * kPasso});

@@ -564,10 +564,11 @@ class TestFormRicerche final : public QObject {
         c.scrivi("storia.txt", storia);
         SenzaAvanzamento subito;
         QVERIFY(importa_archivio(c.sessione.percorso_archivio(),
-                                 {.lotto = c.sessione.percorso_programma / "storia.txt"}, subito));
+                                 {.lotto = c.sessione.percorso_programma / "storia.txt", .tutto = true},
+                                 subito));
         Finestra f{c.sessione};
         const QRegularExpression atteso{QStringLiteral(
-            "^drawit\\.db · ultimo concorso 402 del 03/12/1997: mancano circa [0-9]\\.[0-9]{3} estrazioni$")};
+            "^drawit\\.db · ultimo concorso 1 del 03/12/1997: mancano circa [0-9]\\.[0-9]{3} estrazioni$")};
         QVERIFY2(atteso.match(f.testo("lblStato")).hasMatch(), qPrintable(f.testo("lblStato")));
         // Simulated draws are not to be continued.
         Cartella simulata{archivio_};
@@ -587,7 +588,8 @@ class TestFormRicerche final : public QObject {
         c.scrivi("nuova.txt", nuova);
         SenzaAvanzamento subito;
         QVERIFY(importa_archivio(c.sessione.percorso_archivio(),
-                                 {.lotto = c.sessione.percorso_programma / "storia.txt"}, subito));
+                                 {.lotto = c.sessione.percorso_programma / "storia.txt", .tutto = true},
+                                 subito));
         Finestra f{c.sessione};
         QTest::keyClick(&f.form, Qt::Key_U, Qt::ControlModifier);
         Form_Aggiorna* aggiorna = nullptr;
@@ -599,17 +601,20 @@ class TestFormRicerche final : public QObject {
         QMimeData dati;
         dati.setUrls({QUrl::fromLocalFile(
             QString::fromStdString((c.sessione.percorso_programma / "nuova.txt").string()))});
+        QDragEnterEvent entra{QPoint{5, 5}, Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier};
+        QApplication::sendEvent(&f.form, &entra);
+        QVERIFY(entra.isAccepted());
         QDropEvent cade{QPointF{5, 5}, Qt::CopyAction, &dati, Qt::LeftButton, Qt::NoModifier};
         QApplication::sendEvent(&f.form, &cade);
         QCOMPARE(aggiorna->findChild<QLabel*>("lblTrovato")->text(), QStringLiteral("1 estrazione nuova"));
         QTest::mouseClick(aggiorna->findChild<QPushButton*>("cmdApplica"), Qt::LeftButton);
         QVERIFY(f.letto());
-        QVERIFY(f.testo("lblStato").contains(QStringLiteral("ultimo concorso 403 del 06/12/1997")));
+        QVERIFY(f.testo("lblStato").contains(QStringLiteral("ultimo concorso 2 del 06/12/1997")));
         QCOMPARE(aggiorna->findChild<QLabel*>("lblUltime")->text(),
-                 QStringLiteral("Lotto: concorso 403 del 06/12/1997"));
+                 QStringLiteral("Lotto: concorso 2 del 06/12/1997"));
         aggiorna->close();
         f.conferma->click();
-        QCOMPARE(ultimo_visto, 403);
+        QCOMPARE(ultimo_visto, 2);
     }
 
     void si_mostra_prima_di_aprire_l_archivio() {

@@ -87,7 +87,8 @@ class TestFormAggiorna final : public QObject {
         sessione_ = Sessione{.percorso_programma = cartella_->percorso() / "programma"};
         SenzaAvanzamento subito;
         const auto storia = file("storia.txt", kStoria);
-        QVERIFY(importa_archivio(sessione_.percorso_archivio(), {.lotto = storia.toStdString()}, subito));
+        QVERIFY(importa_archivio(sessione_.percorso_archivio(),
+                                 {.lotto = storia.toStdString(), .tutto = true}, subito));
         form_ = std::make_unique<Form_Aggiorna>(sessione_);
         connect(form_.get(), &Form_Aggiorna::archivio_cambiato, this, &TestFormAggiorna::apri);
         apri();
@@ -98,28 +99,28 @@ class TestFormAggiorna final : public QObject {
     void cleanup() { form_.reset(); }
 
     void mostra_poi_aggiunge_poi_annulla() {
-        QCOMPARE(testo("lblUltime"), QStringLiteral("Lotto: concorso 403 del 06/12/1997"));
+        QCOMPARE(testo("lblUltime"), QStringLiteral("Lotto: concorso 2 del 06/12/1997"));
         QVERIFY(!controllo<QPushButton>("cmdApplica")->isEnabled());
         form_->chiedi_file = [this] { return QStringList{file("nuove.txt", kNuove)}; };
         clic("cmdFile");
         QCOMPARE(testo("lblTrovato"), QStringLiteral("2 estrazioni nuove"));
-        QCOMPARE(righe(), (QStringList{QStringLiteral("Lotto|405|13/12/1997|nuova"),
-                                       QStringLiteral("Lotto|404|10/12/1997|nuova")}));
+        QCOMPARE(righe(), (QStringList{QStringLiteral("Lotto|4|13/12/1997|nuova"),
+                                       QStringLiteral("Lotto|3|10/12/1997|nuova")}));
         // Nothing is written before it is asked for.
-        QCOMPARE(archivio_->ultimo_concorso(), 403);
-        QCOMPARE(apri_archivio(sessione_.percorso_archivio())->ultimo_concorso(), 403);
+        QCOMPARE(archivio_->ultimo_concorso(), 2);
+        QCOMPARE(apri_archivio(sessione_.percorso_archivio())->ultimo_concorso(), 2);
         QCOMPARE(controllo<QPushButton>("cmdApplica")->text(), QStringLiteral("&Aggiungi 2 estrazioni"));
         QSignalSpy cambiato{form_.get(), &Form_Aggiorna::archivio_cambiato};
         clic("cmdApplica");
         QCOMPARE(cambiato.count(), 1);
-        QCOMPARE(archivio_->ultimo_concorso(), 405);
-        QCOMPARE(testo("lblUltime"), QStringLiteral("Lotto: concorso 405 del 13/12/1997"));
+        QCOMPARE(archivio_->ultimo_concorso(), 4);
+        QCOMPARE(testo("lblUltime"), QStringLiteral("Lotto: concorso 4 del 13/12/1997"));
         QVERIFY(!controllo<QPushButton>("cmdApplica")->isEnabled());
 
         MessaggiDiProva messaggi;
         messaggi.risposta = true;
         clic("cmdAnnullaUltimo");
-        QCOMPARE(archivio_->ultimo_concorso(), 403);
+        QCOMPARE(archivio_->ultimo_concorso(), 2);
     }
 
     void niente_di_nuovo() {
@@ -143,10 +144,9 @@ class TestFormAggiorna final : public QObject {
     void le_diverse_si_elencano_e_si_sostituiscono_soltanto_se_chiesto() {
         form_->accogli_file({file("diverse.txt", giornata("1997/12/06", 41))});
         QCOMPARE(righe().size(), 11);
-        QCOMPARE(
-            righe().front(),
-            QStringLiteral("Lotto|403|06/12/1997|BA: in archivio 11.12.13.14.15, arrivata 41.42.43.44.45; "
-                           "resta com'è"));
+        QCOMPARE(righe().front(),
+                 QStringLiteral("Lotto|2|06/12/1997|BA: in archivio 11.12.13.14.15, arrivata 41.42.43.44.45; "
+                                "resta com'è"));
         QVERIFY(!controllo<QPushButton>("cmdApplica")->isEnabled());
         auto* sostituisci = controllo<QCheckBox>("CheckSostituisci");
         QVERIFY(sostituisci->isVisible());
@@ -168,7 +168,7 @@ class TestFormAggiorna final : public QObject {
                 c->setText(QString::number(c->objectName().section('_', 1).toInt() % 5 + 51));
         QTest::mouseClick(mano->findChild<QPushButton*>("cmdAggiungi"), Qt::LeftButton);
         QCOMPARE(testo("lblTrovato"), QStringLiteral("1 estrazione nuova"));
-        QCOMPARE(righe(), QStringList{QStringLiteral("Lotto|404|10/12/1997|nuova")});
+        QCOMPARE(righe(), QStringList{QStringLiteral("Lotto|3|10/12/1997|nuova")});
         clic("cmdApplica");
         QCOMPARE(int{archivio_->lotto().numeri.back()[4]}, 55);
     }
