@@ -84,6 +84,8 @@ class TestFormAggiorna final : public QObject {
     void initTestCase() { applica_tema(*qApp, 1); }
     void init() {
         cartella_ = std::make_unique<prove::CartellaProva>();
+        // The addresses are the user's settings: not those of who runs the tests.
+        qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString((cartella_->percorso() / "config").string()));
         sessione_ = Sessione{.percorso_programma = cartella_->percorso() / "programma"};
         SenzaAvanzamento subito;
         const auto storia = file("storia.txt", kStoria);
