@@ -66,8 +66,8 @@ HPDF_Date adesso() {
 
 }  // namespace
 
-SuperficieHaru::SuperficieHaru(const std::string& titolo, QPageLayout formato)
-    : documento_{HPDF_New(nullptr, nullptr), HPDF_Free}, formato_{std::move(formato)} {
+SuperficieHaru::SuperficieHaru(const std::string& titolo, const QPageLayout& formato)
+    : documento_{HPDF_New(nullptr, nullptr), HPDF_Free}, formato_{formato} {
     leggi_foglio();
     const QSizeF misure = formato_.pageSize().size(QPageSize::Millimeter);
     lavoro_.foglio = codice_foglio({misure.width(), misure.height()});

@@ -27,7 +27,7 @@ namespace sortimetra {
 class SuperficieHaru final : public Superficie {
   public:
     /// `formato` is the paper until `imposta` changes it.
-    SuperficieHaru(const std::string& titolo, QPageLayout formato);
+    SuperficieHaru(const std::string& titolo, const QPageLayout& formato);
 
     [[nodiscard]] Foglio foglio() const override { return foglio_; }
     void imposta(const Lavoro& lavoro) override;

@@ -111,7 +111,7 @@ class FoglioTracciati final : public QPaintDevice {
 void aggiungi_numero(std::string& contenuto, double numero) {
     // Whatever a library may read: no exponent, and nothing that is no number.
     const double entro = std::isfinite(numero) ? std::clamp(numero, -1e7, 1e7) : 0;
-    const auto decimillesimi = static_cast<long long>(std::llround(entro * 10000));
+    const long long decimillesimi = std::llround(entro * 10000);
     std::array<char, 24> cifre{};
     char* fine = cifre.data();
     if (decimillesimi < 0) *fine++ = '-';

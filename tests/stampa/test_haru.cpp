@@ -66,8 +66,9 @@ std::vector<Parola> parole(const std::filesystem::path& file) {
     const std::string html = di_pdf("pdftotext -bbox", file, "-");
     for (auto i = html.find("<word"); i != std::string::npos; i = html.find("<word", i + 1)) {
         Parola p;
-        if (std::sscanf(html.c_str() + i, R"(<word xMin="%lf" yMin="%lf" xMax="%lf" yMax="%lf")",
-                        &p.riquadro[0], &p.riquadro[1], &p.riquadro[2], &p.riquadro[3]) != 4)
+        auto& [x1, y1, x2, y2] = p.riquadro;
+        if (std::sscanf(html.c_str() + i, R"(<word xMin="%lf" yMin="%lf" xMax="%lf" yMax="%lf")", &x1, &y1,
+                        &x2, &y2) != 4)
             continue;
         const auto inizio = html.find('>', i) + 1;
         p.testo = html.substr(inizio, html.find('<', inizio) - inizio);
@@ -127,7 +128,7 @@ class Haru : public testing::Test {
         ASSERT_EQ(nuove.size(), vecchie.size());
         for (std::size_t i = 0; i < nuove.size(); ++i) {
             EXPECT_EQ(nuove[i].testo, vecchie[i].testo);
-            for (std::size_t lato : {0U, 2U})  // the box's height is of each reader's making
+            for (const std::size_t lato : {0U, 2U})  // the box's height is of each reader's making
                 EXPECT_NEAR(nuove[i].riquadro[lato], vecchie[i].riquadro[lato], 0.2) << nuove[i].testo;
         }
         for (int pagina = 1; pagina <= std::min(rapporto.pagine, 2); ++pagina)
@@ -158,7 +159,7 @@ TEST_F(Haru, TrattiColoriEAngoli) {
         p.PrintShape(100, 80, 60, 30, 8);
         for (std::int16_t stile = 0; stile <= 5; ++stile) {
             p.DrawStyle(stile);
-            p.PrintShape(20, 130 + 12.0F * stile, 150, 8);
+            p.PrintShape(20, 130 + 12.0F * static_cast<float>(stile), 150, 8);
         }
         p.ForeColor(kNero);
         p.PrintLeft(30, 240, "Sopra e sotto: (tonde) \\ barre");
