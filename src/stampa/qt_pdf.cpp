@@ -1,6 +1,7 @@
 #include "qt_pdf.h"
 
 #include "files/file_sicuro.h"
+#include "haru_superficie.h"
 #include "qt_superficie.h"
 
 #include <QFile>
@@ -82,6 +83,55 @@ class FinoAlPrimoErrore final : public Avanzamento {
     std::function<bool()> guasto_;
 };
 
+/// How a drawing ended: the first thing that a surface said against it, and whether it came to its end.
+struct Disegnato {
+    std::string avviso;
+    bool finito = false;
+};
+
+Disegnato disegna(Superficie& superficie, const Rapporto& rapporto, PagineScelte pagine,
+                  Avanzamento& avanzamento, const std::function<bool()>& guasto) {
+    Disegnato esito;
+    EasyPrint stampante{superficie, [&esito](const std::string&, const std::string& testo) {
+                            if (esito.avviso.empty()) esito.avviso = testo;
+                        }};
+    FinoAlPrimoErrore freno{avanzamento, [&] { return !esito.avviso.empty() || guasto(); }};
+    esito.finito = stampa(stampante, rapporto, pagine, freno);
+    return esito;
+}
+
+std::expected<void, ErroreArchivio> verdetto(const Disegnato& disegnato,
+                                             const std::filesystem::path& percorso) {
+    if (!disegnato.avviso.empty()) return std::unexpected(ErroreArchivio{percorso, disegnato.avviso});
+    if (!disegnato.finito) return std::unexpected(ErroreArchivio{percorso, "stampa annullata"});
+    return {};
+}
+
+QPageLayout a4() {
+    return {QPageSize{QPageSize::A4}, QPageLayout::Portrait, QMarginsF{}};
+}
+
+std::expected<void, ErroreArchivio> con_qt(const Rapporto& rapporto, FileSicuro file,
+                                           const std::filesystem::path& percorso, Avanzamento& avanzamento,
+                                           PagineScelte pagine) {
+    DispositivoSicuro dispositivo{file};
+    dispositivo.open(QIODevice::WriteOnly);
+    QPdfWriter pdf{&dispositivo};
+    pdf.setResolution(1440);
+    pdf.setCreator(QStringLiteral("Sortimetra"));
+    pdf.setTitle(QString::fromStdString(rapporto.titolo));
+    pdf.setPageLayout(a4());
+    Disegnato disegnato;
+    {
+        SuperficieQt superficie{pdf};
+        disegnato = disegna(superficie, rapporto, pagine, avanzamento,
+                            [&] { return dispositivo.errore().has_value(); });
+    }
+    if (dispositivo.errore()) return std::unexpected(*dispositivo.errore());
+    if (const auto esito = verdetto(disegnato, percorso); !esito) return esito;
+    return file.conferma();
+}
+
 }  // namespace
 
 std::expected<void, ErroreArchivio> scrivi_pdf(const Rapporto& rapporto,
@@ -90,28 +140,19 @@ std::expected<void, ErroreArchivio> scrivi_pdf(const Rapporto& rapporto,
     if (const auto pronto = prepara_qt(); !pronto) return pronto;
     auto file = FileSicuro::apri(percorso);
     if (!file) return std::unexpected(std::move(file.error()));
-    DispositivoSicuro dispositivo{*file};
-    dispositivo.open(QIODevice::WriteOnly);
-    QPdfWriter pdf{&dispositivo};
-    pdf.setResolution(1440);
-    pdf.setCreator(QStringLiteral("Sortimetra"));
-    pdf.setTitle(QString::fromStdString(rapporto.titolo));
-    pdf.setPageLayout(QPageLayout{QPageSize{QPageSize::A4}, QPageLayout::Portrait, QMarginsF{}});
-
-    std::string avviso;
-    bool finito = false;
     {
-        SuperficieQt superficie{pdf};
-        EasyPrint stampante{superficie, [&avviso](const std::string&, const std::string& testo) {
-                                if (avviso.empty()) avviso = testo;
-                            }};
-        FinoAlPrimoErrore freno{avanzamento, [&] { return !avviso.empty() || dispositivo.errore(); }};
-        finito = stampa(stampante, rapporto, pagine, freno);
+        SuperficieHaru superficie{rapporto.titolo, a4()};
+        const Disegnato disegnato = disegna(superficie, rapporto, pagine, avanzamento, [] { return false; });
+        // Here, and only here, it is decided who draws: what the quick surface cannot do is begun anew.
+        if (!superficie.oltre_le_forze()) {
+            if (const auto esito = verdetto(disegnato, percorso); !esito) return esito;
+            const auto byte = superficie.byte();
+            if (!byte) return std::unexpected(ErroreArchivio{percorso, byte.error().descrizione});
+            if (const auto scritto = file->scrivi(*byte); !scritto) return scritto;
+            return file->conferma();
+        }
     }
-    if (dispositivo.errore()) return std::unexpected(*dispositivo.errore());
-    if (!avviso.empty()) return std::unexpected(ErroreArchivio{percorso, avviso});
-    if (!finito) return std::unexpected(ErroreArchivio{percorso, "stampa annullata"});
-    return file->conferma();
+    return con_qt(rapporto, std::move(*file), percorso, avanzamento, pagine);
 }
 
 }  // namespace sortimetra

@@ -3,7 +3,6 @@
 #include "printing/fogli.h"
 #include "printing/metriche.h"
 #include "qt_testi.h"
-#include "text/testi.h"
 #include "text/utf8.h"
 
 #include <QFontDatabase>
@@ -12,6 +11,7 @@
 #include <QPageSize>
 #include <QPen>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 #include <utility>
@@ -20,36 +20,12 @@ namespace sortimetra {
 
 namespace {
 
-/// Units of the painter in a millimetre and in a point.
-constexpr double kUnita = 1440 / 25.4;
-constexpr int kUnitaPunto = 20;
-
 Esito errore(int numero, std::string descrizione) {
     return std::unexpected(ErroreDisegno{numero, std::move(descrizione)});
 }
 
 QColor colore_qt(Colore c) {
     return QColor{c & 0xFF, c >> 8 & 0xFF, c >> 16 & 0xFF};
-}
-
-/// The asked family, then those that have the same widths, then any.
-QStringList famiglie(const std::string& nome) {
-    const std::string minuscole = minuscolo(nome);
-    QStringList lista{QString::fromStdString(nome)};
-    if (minuscole.find("courier") != std::string::npos)
-        lista << QStringLiteral("Liberation Mono") << QStringLiteral("Cousine");
-    else if (minuscole.find("times") != std::string::npos)
-        lista << QStringLiteral("Liberation Serif") << QStringLiteral("Tinos");
-    else
-        lista << QStringLiteral("Liberation Sans") << QStringLiteral("Arimo") << QStringLiteral("Helvetica")
-              << QStringLiteral("DejaVu Sans");
-    return lista;
-}
-
-/// Letters that stand one after the other, each by itself; combining marks and scripts that join their
-/// letters are left to Qt's own layout.
-bool semplice(char32_t c) {
-    return (c >= 0x20 && c < 0x300) || (c >= 0x2000 && c < 0x2200 && c != 0x200D);
 }
 
 }  // namespace
@@ -117,63 +93,8 @@ std::string SuperficieQt::nome_carattere(int i) const {
     return i >= 0 && i < nomi.size() ? nomi[i].toStdString() : std::string{};
 }
 
-// ---- fonts ----
-
-SuperficieQt::Stile& SuperficieQt::stile() {
-    const Carattere& carattere = stato.carattere;
-    if (ultimo_stile_ < stili_.size() && stili_[ultimo_stile_].first == carattere)
-        return *stili_[ultimo_stile_].second;
-    for (std::size_t i = 0; i < stili_.size(); ++i) {
-        if (stili_[i].first == carattere) {
-            ultimo_stile_ = i;
-            return *stili_[i].second;
-        }
-    }
-    auto nuovo = std::make_unique<Stile>();
-    QFont& font = nuovo->font;
-    font.setFamilies(famiglie(carattere.famiglia));
-    font.setPixelSize(std::clamp(carattere.corpo, 1, 1000) * kUnitaPunto);
-    font.setBold(carattere.grassetto);
-    font.setItalic(carattere.corsivo);
-    font.setUnderline(carattere.sottolineato);
-    font.setKerning(false);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    nuovo->grezzo = QRawFont::fromFont(font);
-    nuovo->ascendente = nuovo->grezzo.ascent();
-    nuovo->altezza = nuovo->ascendente + nuovo->grezzo.descent();
-    stili_.emplace_back(carattere, std::move(nuovo));
-    ultimo_stile_ = stili_.size() - 1;
-    return *stili_.back().second;
-}
-
-const SuperficieQt::Glifo& SuperficieQt::glifo(Stile& stile, char32_t carattere) {
-    Glifo& g = carattere < stile.latini.size() ? stile.latini[carattere] : stile.altri[carattere];
-    if (g.noto) return g;
-    g.noto = true;
-    const auto indici = stile.grezzo.glyphIndexesForString(QString::fromUcs4(&carattere, 1));
-    if (indici.isEmpty()) return g;
-    g.indice = indici.front();
-    g.avanzamento = stile.grezzo.advancesForGlyphIndexes({g.indice}).front().x();
-    return g;
-}
-
-bool SuperficieQt::a_glifi(Stile& stile, std::string_view testo, double& larghezza) {
-    larghezza = 0;
-    while (!testo.empty()) {
-        const char32_t c = prendi_lettera(testo);
-        if (!semplice(c)) return false;
-        const Glifo& g = glifo(stile, c);
-        if (g.indice == 0) return false;
-        larghezza += g.avanzamento;
-    }
-    return true;
-}
-
 double SuperficieQt::larghezza(std::string_view testo) {
-    Stile& s = stile();
-    double unita = 0;
-    if (!a_glifi(s, testo, unita)) unita = QFontMetricsF{s.font}.horizontalAdvance(testo_qt(testo));
-    return unita / kUnita;
+    return CaratteriQt::larghezza(stile(), testo) / kUnita;
 }
 
 double SuperficieQt::altezza(std::string_view) {
@@ -206,20 +127,20 @@ void SuperficieQt::versa() {
 
 Esito SuperficieQt::scrivi(std::string_view testo) {
     if (const auto inizio = comincia(); !inizio) return inizio;
-    Stile& s = stile();
+    CaratteriQt::Stile& s = stile();
     // Whole units keep a PDF's coordinates short; a unit is less than a fiftieth of a millimetre.
     double x = std::round(stato.x * kUnita);
     const double y = std::round(stato.y * kUnita + s.ascendente);
     double larga = 0;
     // The line under a run of glyphs would start at the sheet's corner: such texts are few and go their own
     // way.
-    const bool glifi = !s.font.underline() && a_glifi(s, testo, larga);
+    const bool glifi = !s.font.underline() && CaratteriQt::a_glifi(s, testo, larga);
     if (!glifi || stile_raccolto_ != &s || colore_raccolto_ != stato.colore) versa();
     if (glifi) {
         stile_raccolto_ = &s;
         colore_raccolto_ = stato.colore;
         for (std::string_view resto = testo; !resto.empty();) {
-            const Glifo& g = glifo(s, prendi_lettera(resto));
+            const CaratteriQt::Glifo& g = CaratteriQt::glifo(s, prendi_lettera(resto));
             glifi_.append(g.indice);
             posti_.append(QPointF{std::round(x), y});
             x += g.avanzamento;

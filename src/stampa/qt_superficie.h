@@ -1,30 +1,26 @@
 #pragma once
 
 #include "printing/superficie.h"
+#include "qt_caratteri.h"
 
-#include <QFont>
 #include <QGlyphRun>
 #include <QImage>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPointF>
-#include <QRawFont>
 #include <QString>
 #include <QSvgRenderer>
-#include <array>
 #include <map>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace sortimetra {
 
 /// A surface on Qt's painter: a PDF, a printer, or a sheet of a preview. Texts stay texts.
 ///
-/// Lengths inside are 1/1440 inch, so that a point is 20 units and fonts have whole sizes; widths come from
-/// the font's design, without kerning and hinting, and are therefore the same on paper and on the screen.
-/// Texts of one font and colour are gathered and handed to the painter together: a page has hundreds.
+/// Lengths inside are those of `kUnita`. Texts of one font and colour are gathered and handed to the painter
+/// together: a page has hundreds.
 class SuperficieQt : public Superficie {
   public:
     /// Pages of a device, which must outlive the surface. Drawing begins with the first call that draws;
@@ -59,30 +55,13 @@ class SuperficieQt : public Superficie {
     virtual void annulla_dispositivo() {}
 
   private:
-    struct Glifo {
-        quint32 indice = 0;  ///< 0: the font has none
-        double avanzamento = 0;
-        bool noto = false;
-    };
-    /// A font with the glyphs that were asked for so far.
-    struct Stile {
-        QFont font;
-        QRawFont grezzo;
-        double ascendente = 0;
-        double altezza = 0;
-        std::array<Glifo, 256> latini;
-        std::unordered_map<char32_t, Glifo> altri;
-    };
     struct Disegno {
         std::unique_ptr<QSvgRenderer> svg;
         QImage punti;
         [[nodiscard]] bool valido() const { return svg ? svg->isValid() : !punti.isNull(); }
     };
 
-    Stile& stile();
-    static const Glifo& glifo(Stile& stile, char32_t carattere);
-    /// Whether `testo` can be set glyph by glyph; fills its width.
-    static bool a_glifi(Stile& stile, std::string_view testo, double& larghezza);
+    CaratteriQt::Stile& stile() { return caratteri_.stile(stato.carattere); }
     const Disegno& carica(const Immagine& immagine);
     Esito comincia();
     /// Hands the gathered texts to the painter.
@@ -96,13 +75,12 @@ class SuperficieQt : public Superficie {
     Foglio foglio_;
     int pagina_ = 1;
 
-    std::vector<std::pair<Carattere, std::unique_ptr<Stile>>> stili_;
-    std::size_t ultimo_stile_ = 0;
+    CaratteriQt caratteri_;
     std::map<const char*, Disegno> immagini_;
 
     QList<quint32> glifi_;
     QList<QPointF> posti_;
-    Stile* stile_raccolto_ = nullptr;
+    CaratteriQt::Stile* stile_raccolto_ = nullptr;
     Colore colore_raccolto_ = 0;
 };
 
