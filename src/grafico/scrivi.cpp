@@ -1,15 +1,14 @@
 #include "files/file_sicuro.h"
 #include "grafico/quadro.h"
+#include "senza_schermo.h"
 
 #include <QApplication>
 #include <QBuffer>
-#include <QFile>
 #include <QFontDatabase>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QSvgGenerator>
-#include <QtGlobal>
 #include <string_view>
 #include <utility>
 
@@ -21,29 +20,12 @@ namespace {
 constexpr QSize kMisura{1123, 794};
 constexpr double kPunti = 9;
 
-void taci(QtMsgType, const QMessageLogContext&, const QString&) {}
-
-/// A picture is drawn by a widget, which needs an application: one without a display, made once, where the
-/// program is none with windows.
+/// A picture is drawn by a widget, which needs an application that could have windows.
 std::expected<void, ErroreArchivio> prepara_qt() {
-    if (qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr) return {};
-    if (QCoreApplication::instance() != nullptr)
+    if (QCoreApplication::instance() != nullptr &&
+        qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
         return std::unexpected(ErroreArchivio{"", "il grafico vuole un programma che possa avere finestre"});
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(taci);
-    bool trovato = false;
-    for (const QString& cartella : QCoreApplication::libraryPaths())
-        trovato = trovato || QFile::exists(cartella + QStringLiteral("/platforms/libqoffscreen.so"));
-    if (!trovato)
-        return std::unexpected(
-            ErroreArchivio{"libqoffscreen.so", "la parte di Qt che disegna senza schermo non è installata"});
-    static int argc = 1;
-    static char nome[] = "sortimetra";
-    static char* argv[] = {nome, nullptr};
-    // Never destroyed: fonts and plug-ins would be torn down after the libraries that they live in.
-    static auto* applicazione = new QApplication(argc, argv);
-    (void)applicazione;
-    return {};
+    return avvia_senza_schermo<QApplication>();
 }
 
 /// The picture as it stands in every file: black on white, its titles over it, in the reports' own font.

@@ -3,14 +3,13 @@
 #include "files/file_sicuro.h"
 #include "haru_superficie.h"
 #include "qt_superficie.h"
+#include "senza_schermo.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QIODevice>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QtGlobal>
 #include <functional>
 #include <optional>
 #include <string>
@@ -19,31 +18,6 @@
 namespace sortimetra {
 
 namespace {
-
-/// Qt's remarks (a locale that is not UTF-8, a folder of its own that it misses) are nothing to a user of the
-/// command line.
-void taci(QtMsgType, const QMessageLogContext&, const QString&) {}
-
-/// Texts need an application with fonts. Without a display one is started once; Qt would end the process
-/// where its plug-in is missing, so that is asked first.
-std::expected<void, ErroreArchivio> prepara_qt() {
-    if (QCoreApplication::instance() != nullptr) return {};
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(taci);
-    bool trovato = false;
-    for (const QString& cartella : QCoreApplication::libraryPaths())
-        trovato = trovato || QFile::exists(cartella + QStringLiteral("/platforms/libqoffscreen.so"));
-    if (!trovato)
-        return std::unexpected(
-            ErroreArchivio{"libqoffscreen.so", "la parte di Qt che disegna senza schermo non è installata"});
-    static int argc = 1;
-    static char nome[] = "sortimetra";
-    static char* argv[] = {nome, nullptr};
-    // Never destroyed: fonts and plug-ins would be torn down after the libraries that they live in.
-    static auto* applicazione = new QGuiApplication(argc, argv);
-    (void)applicazione;
-    return {};
-}
 
 /// What Qt writes, into a file that is replaced whole or not at all.
 class DispositivoSicuro final : public QIODevice {
@@ -137,7 +111,7 @@ std::expected<void, ErroreArchivio> con_qt(const Rapporto& rapporto, FileSicuro 
 std::expected<void, ErroreArchivio> scrivi_pdf(const Rapporto& rapporto,
                                                const std::filesystem::path& percorso,
                                                Avanzamento& avanzamento, PagineScelte pagine) {
-    if (const auto pronto = prepara_qt(); !pronto) return pronto;
+    if (const auto pronto = avvia_senza_schermo<QGuiApplication>(); !pronto) return pronto;
     auto file = FileSicuro::apri(percorso);
     if (!file) return std::unexpected(std::move(file.error()));
     {

@@ -406,7 +406,7 @@ QString form_ricerche::ultima_estrazione() const {
     const bool lotto = !archivio_->drawit().file.empty();
     const auto& date = lotto ? archivio_->lotto().data : archivio_->winforlife().data;
     if (date.empty()) return tr("nessuna estrazione");
-    const QString ultimo =
+    QString ultimo =
         tr("ultimo concorso %1 del %2")
             .arg(lotto ? archivio_->ultimo_concorso() : archivio_->ultimo_concorso_winforlife())
             .arg(testo_qt(testo_data(date.back())));
