@@ -406,10 +406,9 @@ QString form_ricerche::ultima_estrazione() const {
     const bool lotto = !archivio_->drawit().file.empty();
     const auto& date = lotto ? archivio_->lotto().data : archivio_->winforlife().data;
     if (date.empty()) return tr("nessuna estrazione");
-    QString ultimo =
-        tr("ultimo concorso %1 del %2")
-            .arg(lotto ? archivio_->ultimo_concorso() : archivio_->ultimo_concorso_winforlife())
-            .arg(testo_qt(testo_data(date.back())));
+    QString ultimo = tr("ultimo concorso %1 del %2")
+                         .arg(lotto ? archivio_->ultimo_concorso() : archivio_->ultimo_concorso_winforlife())
+                         .arg(testo_qt(testo_data(date.back())));
     // Simulated draws are not to be continued.
     const bool simulato = lotto ? archivio_->drawit().simulato : archivio_->drawit2().simulato;
     const int mancano =

@@ -53,6 +53,14 @@ QString quante(std::size_t n, const QString& una, const QString& molte) {
                                        n == 1 ? una : molte);
 }
 
+/// A button of a road that draws come by.
+QPushButton* via(const char* nome, const QString& scritta, const QString& aiuto) {
+    auto* b = new QPushButton{scritta};
+    b->setObjectName(QString::fromLatin1(nome));
+    b->setToolTip(aiuto);
+    return b;
+}
+
 /// The archive before the last change is kept, or that there was none.
 bool c_e_un_prima(const std::filesystem::path& archivio) {
     std::error_code errore;
@@ -114,7 +122,7 @@ Tabella tabella_proposta(const Proposta& proposta) {
 }
 
 Form_Aggiorna::Form_Aggiorna(Sessione& sessione, QWidget* padre)
-    : QWidget{padre, Qt::Window}, sessione_{sessione} {
+    : QWidget{padre, Qt::Window}, sessione_{sessione}, pannello_{new PannelloAvanzamento{this}} {
     setObjectName(QStringLiteral("Form_Aggiorna"));
     assegna_capitolo(this, "aggiornare-larchivio");
     setWindowTitle(tr("Aggiorna archivio"));
@@ -135,7 +143,6 @@ Form_Aggiorna::Form_Aggiorna(Sessione& sessione, QWidget* padre)
     colonna->setSpacing(3 * kPasso);
     colonna->addLayout(corpo, 1);
     colonna->addWidget(componi_piede());
-    pannello_ = new PannelloAvanzamento{this};
     pannello_->imposta_annullabile(true);
     pannello_->imposta_annulla(tr("Annulla"));
     pannello_->hide();
@@ -146,13 +153,6 @@ Form_Aggiorna::Form_Aggiorna(Sessione& sessione, QWidget* padre)
 }
 
 Form_Aggiorna::~Form_Aggiorna() = default;
-
-QPushButton* Form_Aggiorna::via(const char* nome, const QString& scritta, const QString& aiuto) {
-    auto* b = new QPushButton{scritta};
-    b->setObjectName(QString::fromLatin1(nome));
-    b->setToolTip(aiuto);
-    return b;
-}
 
 QWidget* Form_Aggiorna::componi_domanda() {
     auto* colonna = new QWidget;

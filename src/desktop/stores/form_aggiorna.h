@@ -66,7 +66,6 @@ class Form_Aggiorna final : public QWidget {
     QWidget* componi_domanda();
     QWidget* componi_risposta();
     QWidget* componi_piede();
-    QPushButton* via(const char* nome, const QString& scritta, const QString& aiuto);
 
     void scegli_file();
     void incolla();

@@ -34,14 +34,12 @@ constexpr int kUltimaOra = 23;
 constexpr int kMinutiOra = 60;
 
 QDate in_qt(Data d) {
-    const std::chrono::year_month_day g{d};
-    return {static_cast<int>(g.year()), static_cast<int>(static_cast<unsigned>(g.month())),
-            static_cast<int>(static_cast<unsigned>(g.day()))};
+    const QDate inizio{1970, 1, 1};
+    return inizio.addDays(d.time_since_epoch().count());
 }
 
 Data da_qt(QDate d) {
-    return Data{std::chrono::year{d.year()} / static_cast<unsigned>(d.month()) /
-                static_cast<unsigned>(d.day())};
+    return Data{std::chrono::days{QDate{1970, 1, 1}.daysTo(d)}};
 }
 
 /// The last draw of a game in an archive; the day before `oggi` where there is none.

@@ -6,11 +6,12 @@
 #include <QLabel>
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace sortimetra {
 
-QuadroEstrazione::QuadroEstrazione(const QString& nome, int massimo, QWidget* padre)
-    : QWidget{padre}, nome_{nome}, massimo_{massimo}, piano_{new QGridLayout{this}} {
+QuadroEstrazione::QuadroEstrazione(QString nome, int massimo, QWidget* padre)
+    : QWidget{padre}, nome_{std::move(nome)}, massimo_{massimo}, piano_{new QGridLayout{this}} {
     piano_->setContentsMargins(0, 0, 0, 0);
     piano_->setHorizontalSpacing(kPasso);
     piano_->setVerticalSpacing(kPasso);

@@ -19,7 +19,7 @@ class QuadroEstrazione final : public QWidget {
     Q_OBJECT
   public:
     /// `nome` names the boxes: `nome`_0, `nome`_1 … through all rows. Numbers from 1 to `massimo`.
-    QuadroEstrazione(const QString& nome, int massimo, QWidget* padre = nullptr);
+    QuadroEstrazione(QString nome, int massimo, QWidget* padre = nullptr);
 
     /// Adds a row of boxes behind its caption.
     void aggiungi_riga(const QString& scritta, int caselle);
