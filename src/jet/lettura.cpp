@@ -230,6 +230,7 @@ MdbCatalogEntry* trova_tabella(MdbHandle* mdb, std::string_view nome) {
 /// The columns of a table that was read, in its order.
 std::vector<const MdbColumn*> colonne_di(const MdbTableDef* tabella) {
     std::vector<const MdbColumn*> colonne;
+    colonne.reserve(tabella->num_cols);
     for (unsigned i = 0; i < tabella->num_cols; ++i)
         colonne.push_back(static_cast<const MdbColumn*>(g_ptr_array_index(tabella->columns, i)));
     return colonne;
@@ -238,6 +239,7 @@ std::vector<const MdbColumn*> colonne_di(const MdbTableDef* tabella) {
 /// The column whose definition contradicts itself, or the number of columns; nothing where all fit.
 std::optional<std::size_t> contraddizione(const MdbTableDef* tabella, int massime) {
     Definizione d{.colonne = {}, .massime = massime, .variabili = static_cast<int>(tabella->num_var_cols)};
+    d.colonne.reserve(tabella->num_cols);
     for (const MdbColumn* c : colonne_di(tabella))
         d.colonne.push_back({.tipo = c->col_type,
                              .grandezza = c->col_size,
