@@ -509,6 +509,7 @@ void form_ricerche::cartella_letta(const std::filesystem::path& cartella, EsitoA
     usa_archivio(std::move(*esito));
     aggiorna_stato();
     prima_attivazione();
+    archivio_riletto();
     emit cartella_scelta(percorso(cartella));
 }
 
