@@ -8,22 +8,16 @@
 // Without the real archive at hand it damages the little that can be made by hand: a header and empty pages.
 
 #include "files/file_sicuro.h"
-#include "jet/lettura.h"
-#include "jet/recinto.h"
+#include "jet/lettura_a_parte.h"
 #include "stores/apertura.h"
 #include "stores/negozio_jet.h"
 #include "support/archivi.h"
 
-#include <fcntl.h>
 #include <fmt/core.h>
-#include <poll.h>
 #include <sys/time.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -42,7 +36,6 @@ constexpr std::size_t kPagina = 4096;
 constexpr itimerval kTempo{{0, 0}, {0, 400'000}};
 /// A sound file is read to its end, however slow the machine.
 constexpr itimerval kTempoSano{{0, 0}, {60, 0}};
-constexpr std::size_t kMemoria = std::size_t{1} << 30;
 
 /// A good file, what to read of it, and how many rows that gives (0: it is not good, and must not pass).
 struct Campione {
@@ -106,48 +99,8 @@ class Rovina {
     std::mt19937 caso_;
 };
 
-[[noreturn]] void leggi_nel_figlio(std::string& byte, unsigned tabelle, int uscita, const itimerval& tempo) {
-    const int nulla = open("/dev/null", O_WRONLY);
-    dup2(nulla, STDERR_FILENO);
-    jet::limita(kMemoria, static_cast<unsigned>(tempo.it_value.tv_sec) + 1);
-    setitimer(ITIMER_REAL, &tempo, nullptr);
-    // Within the fence, as in the program: what the library needs of the system shows here.
-    dup2(uscita, STDOUT_FILENO);
-    if (!jet::chiudi_recinto()) _exit(1);
-    jet::leggi(byte.data(), byte.size(), tabelle, [](std::string_view pezzo) {
-        while (!pezzo.empty()) {
-            const ssize_t n = write(STDOUT_FILENO, pezzo.data(), pezzo.size());
-            if (n <= 0) _exit(1);
-            pezzo.remove_prefix(static_cast<std::size_t>(n));
-        }
-    });
-    _exit(0);
-}
-
-struct Letto {
-    std::string byte;
-    int stato = 0;
-};
-
-Letto leggi(std::string& byte, unsigned tabelle, const itimerval& tempo) {
-    std::array<int, 2> tubo{};
-    if (pipe2(tubo.data(), O_CLOEXEC) != 0) std::abort();
-    const pid_t pid = fork();
-    if (pid < 0) std::abort();
-    if (pid == 0) leggi_nel_figlio(byte, tabelle, tubo[1], tempo);
-    close(tubo[1]);
-    Letto letto;
-    std::array<char, 1 << 16> pezzo;
-    for (;;) {
-        const ssize_t n = read(tubo[0], pezzo.data(), pezzo.size());
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) break;
-        letto.byte.append(pezzo.data(), static_cast<std::size_t>(n));
-    }
-    close(tubo[0]);
-    waitpid(pid, &letto.stato, 0);
-    return letto;
-}
+using prove::leggi_a_parte;
+using prove::LettoAParte;
 
 std::vector<Campione> campioni() {
     std::vector<Campione> tutti;
@@ -157,7 +110,7 @@ std::vector<Campione> campioni() {
               std::pair{"drawit.mdb", unsigned{kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto}}}) {
             auto byte = leggi_file(*condivisa / "archivio" / nome);
             if (!byte) continue;
-            const Letto letto = leggi(*byte, tabelle, kTempoSano);
+            const LettoAParte letto = leggi_a_parte(*byte, tabelle, kTempoSano);
             const auto righe = interpreta_lettura_jet(letto.byte, tabelle);
             if (!righe) {
                 fmt::print("{}: {}\n", nome, righe.error());
@@ -190,7 +143,7 @@ int main(int argc, char** argv) {
         Rovina rovina{seme * 1'000'003U + static_cast<std::uint32_t>(giro)};
         std::string byte = buono.byte;
         rovina.rovina(byte);
-        const Letto letto = leggi(byte, buono.tabelle, kTempo);
+        const LettoAParte letto = leggi_a_parte(byte, buono.tabelle, kTempo);
         auto righe = interpreta_lettura_jet(letto.byte, buono.tabelle);
         if (WIFSIGNALED(letto.stato))
             ++esiti[WTERMSIG(letto.stato) == SIGALRM || WTERMSIG(letto.stato) == SIGXCPU ? "lettori fermati"

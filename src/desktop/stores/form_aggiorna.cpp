@@ -29,6 +29,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <span>
+#include <tuple>
 #include <utility>
 
 namespace sortimetra {
@@ -355,10 +356,15 @@ void Form_Aggiorna::accogli_arrivi(const std::vector<Arrivo>& arrivi) {
     esamina(*lette);
 }
 
-void Form_Aggiorna::scarica_indirizzi() {
+std::vector<std::string> Form_Aggiorna::indirizzi_scritti() const {
     std::vector<std::string> indirizzi;
     for (const QString& riga : indirizzi_->toPlainText().split(QLatin1Char{'\n'}))
         if (!riga.trimmed().isEmpty()) indirizzi.push_back(riga.trimmed().toStdString());
+    return indirizzi;
+}
+
+void Form_Aggiorna::scarica_indirizzi() {
+    const std::vector<std::string> indirizzi = indirizzi_scritti();
     if (const auto scritti = scrivi_indirizzi(indirizzi); !scritti) {
         di_errore(testo_qt(scritti.error().testo()));
         return;
@@ -496,6 +502,9 @@ void Form_Aggiorna::keyPressEvent(QKeyEvent* evento) {
 
 void Form_Aggiorna::closeEvent(QCloseEvent* evento) {
     scrivi_posto(*this, sessione_);
+    // What was written or taken away without a download is kept as well; what is no address is not.
+    if (const auto scritti = indirizzi_scritti(); scritti != leggi_indirizzi())
+        std::ignore = scrivi_indirizzi(scritti);
     if (a_mano_ != nullptr) a_mano_->close();
     QWidget::closeEvent(evento);
 }

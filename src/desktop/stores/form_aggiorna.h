@@ -70,6 +70,7 @@ class Form_Aggiorna final : public QWidget {
     void scegli_file();
     void incolla();
     void scarica_indirizzi();
+    [[nodiscard]] std::vector<std::string> indirizzi_scritti() const;
     void scrivi_a_mano();
     void applica_proposta();
     void annulla_ultimo();

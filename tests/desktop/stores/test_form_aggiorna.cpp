@@ -200,6 +200,12 @@ class TestFormAggiorna final : public QObject {
         altra.prepara(nullptr, Data{});
         QCOMPARE(altra.findChild<QPlainTextEdit*>("txtIndirizzi")->toPlainText(),
                  QStringLiteral("https://esempio.invalid/lotto.txt"));
+        // They are taken away as they came, without a download.
+        altra.findChild<QPlainTextEdit*>("txtIndirizzi")->clear();
+        altra.show();
+        altra.close();
+        altra.prepara(nullptr, Data{});
+        QCOMPARE(altra.findChild<QPlainTextEdit*>("txtIndirizzi")->toPlainText(), QString{});
     }
 
     void si_lascia_cadere_un_file_su_qualsiasi_finestra() {
