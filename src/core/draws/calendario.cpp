@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
+#include <iterator>
 
 namespace sortimetra {
 
@@ -58,9 +59,9 @@ constexpr Data kFineSospensione{year{2020} / 5 / 3};
 constexpr Data kStraordinaria{year{2001} / 12 / 31};
 
 bool regolare(Data data) {
-    const auto regime =
-        std::find_if(kRegimi.rbegin(), kRegimi.rend(), [data](const Regime& r) { return r.da <= data; });
-    return (regime->giorni & bit(weekday{data})) != 0;
+    const auto dopo = std::upper_bound(kRegimi.begin(), kRegimi.end(), data,
+                                       [](Data d, const Regime& r) { return d < r.da; });
+    return (std::prev(dopo)->giorni & bit(weekday{data})) != 0;
 }
 
 bool festivo(Data data) {
