@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
 #include <iterator>
 #include <map>
 #include <set>
@@ -300,20 +301,29 @@ void cerca_lacune(PropostaGioco& p, const Estratte& tutte) {
 
 // ---- what cannot be true ----
 
-std::optional<std::string> controlla_nuova(Gioco gioco, const Estratta& e, Data oggi) {
+/// A number twice in what is drawn from one urn.
+std::optional<std::string> controlla_numeri(Gioco gioco, const Estratta& e) {
     const Gruppi g = gruppi(gioco);
+    for (int i = 0; i < g.quanti; ++i) {
+        std::bitset<kNumeri + 1> visti;
+        for (const Numero n : numeri_gruppo(e, g, i).first(static_cast<std::size_t>(g.distinti))) {
+            if (n != 0 && visti[n])
+                return fmt::format("{} del {}{}{}: il numero {} vi sta due volte", nome_gioco(gioco),
+                                   testo_data(e.quando.data), gioco == Gioco::lotto ? ", ruota " : "",
+                                   codice_gruppo(gioco, i), n);
+            visti.set(n);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> controlla_nuova(Gioco gioco, const Estratta& e, Data oggi) {
     const std::string quale = fmt::format("{} del {}", nome_gioco(gioco), testo_data(e.quando.data));
     if (e.quando.data > oggi)
         return fmt::format("{}: è una data futura, oggi è il {}", quale, testo_data(oggi));
-    for (int i = 0; i < g.quanti; ++i) {
-        auto numeri = numeri_gruppo(e, g, i).first(static_cast<std::size_t>(g.distinti));
-        std::set<Numero> visti;
-        for (const Numero n : numeri)
-            if (n != 0 && !visti.insert(n).second)
-                return fmt::format("{}{}{}: il numero {} vi sta due volte", quale,
-                                   gioco == Gioco::lotto ? ", ruota " : "", codice_gruppo(gioco, i), n);
-    }
-    return std::nullopt;
+    if (gioco == Gioco::lotto && e.presenti == 1U << static_cast<unsigned>(kGruppoNazionale))
+        return fmt::format("{}: vi è soltanto la Nazionale, attesa almeno una delle dieci ruote", quale);
+    return controlla_numeri(gioco, e);
 }
 
 /// What a new Lotto draw lacks, for a remark: a draw that was cut short looks so.
@@ -447,7 +457,10 @@ class Proponente {
         Estratte nuove;
         for (const Estratta& e : arrivate) {
             if (const auto i = vecchie.cerca(e.quando)) {
-                if (confronta(g, vecchie.tutte()[*i], e, p_.modo.differenze)) ++g.uguali;
+                if (confronta(g, vecchie.tutte()[*i], e, p_.modo.differenze))
+                    ++g.uguali;
+                else if (p_.modo.differenze == Differenze::sostituisci)
+                    if (auto errore = controlla_numeri(g.gioco, e)) return rifiuta({}, std::move(*errore));
                 continue;
             }
             const bool precede = !vecchie.tutte().empty() && e.quando < vecchie.tutte().front().quando;
@@ -491,9 +504,11 @@ class Proponente {
         if (auto esito = numera_lotto(righe, false); !esito) return rifiuta({}, std::move(esito.error()));
         Estratte tutte = raccogli_lotto(
             righe, [](const Estratta& e, const RigaLotto& r) { return e.concorso == r.concorso; });
-        if (auto errore = controlla_nuova(Gioco::lotto, tutte.back(), p_.modo.oggi))
-            return rifiuta({}, std::move(*errore));
-        for (const Estratta& e : tutte) g.nuove.push_back(detta(Gioco::lotto, e));
+        for (const Estratta& e : tutte) {
+            if (auto errore = controlla_nuova(Gioco::lotto, e, p_.modo.oggi))
+                return rifiuta({}, std::move(*errore));
+            g.nuove.push_back(detta(Gioco::lotto, e));
+        }
         if (drawit_.simulato) {
             lotto_vero_ = true;
             righe_.superenalotto.clear();
@@ -555,6 +570,9 @@ class Proponente {
         Estratte tutte = std::move(vecchie.tutte());
         for (const RigaSuperEnalotto& r : righe) {
             tutte.push_back(estratta(r));
+            // Also one before the archive's first draw may have found a place.
+            if (auto errore = controlla_numeri(Gioco::superenalotto, tutte.back()))
+                return rifiuta({}, std::move(*errore));
             g.nuove.push_back(detta(Gioco::superenalotto, tutte.back()));
         }
         std::stable_sort(tutte.begin(), tutte.end(),

@@ -282,6 +282,36 @@ TEST(Aggiorna, QuelloCheNonPuoEssereVero) {
         << "the SuperStar has an urn of its own";
 }
 
+TEST(Aggiorna, LaNazionaleDaSolaNonEUnEstrazione) {
+    Banco b;
+    b.importa(kGiugno);
+    EXPECT_EQ(b.errore({"2001/06/16\tRN\t1\t2\t3\t4\t5\n"}),
+              "Lotto del 16/06/2001: vi è soltanto la Nazionale, attesa almeno una delle dieci ruote");
+    // To a draw that is there it may come later than the others.
+    b.modo.differenze = Differenze::sostituisci;
+    EXPECT_FALSE(b.aggiorna({"2001/06/13\tRN\t1\t2\t3\t4\t5\n"}).niente_di_nuovo());
+    EXPECT_THAT(b.aperto().nazionale().concorso, ElementsAre(4));
+}
+
+TEST(Aggiorna, AncheQuelleCheSostituisconoSiGuardano) {
+    Banco b;
+    b.importa(kGiugno, kSuper);
+    const std::vector<std::string> doppio{"2001/06/09\tBA\t1\t2\t3\t4\t1\n"};
+    EXPECT_EQ(b.errore(doppio), "nessun errore") << "it is listed, and the archive keeps its own";
+    b.modo.differenze = Differenze::sostituisci;
+    EXPECT_EQ(b.errore(doppio), "Lotto del 09/06/2001, ruota BA: il numero 1 vi sta due volte");
+}
+
+TEST(Aggiorna, UnSuperEnalottoDiPrimaCheTrovaPostoSiGuarda) {
+    Banco b;
+    b.importa(kGiugno, "2001-06-06;1;2;3;4;5;6;7;0\n2001-06-09;1;2;3;4;5;6;7;0\n");
+    // The day before the first Lotto draw, whose concorso is free.
+    EXPECT_EQ(b.errore({"2001-06-01;61;12;12;14;15;16;17;0\n"}),
+              "SuperEnalotto del 01/06/2001: il numero 12 vi sta due volte");
+    b.aggiorna({"2001-06-01;61;12;13;14;15;16;17;0\n"});
+    EXPECT_THAT(super_di(b), ElementsAre("1 01/06/2001", "2 06/06/2001", "3 09/06/2001"));
+}
+
 // ---- SuperEnalotto's numbers ----
 
 TEST(Aggiorna, IlSuperEnalottoAspettaIlLotto) {
@@ -336,6 +366,8 @@ TEST(Aggiorna, SenzaArchivioServeLaStoria) {
     EXPECT_THAT(b.errore({"2001-06-16;1;2;3;4;5;6;7;0\n"}), HasSubstr("serve anche la storia del Lotto"));
     EXPECT_THAT(b.errore({kWin}), HasSubstr("serve la storia intera di Win for Life"));
     EXPECT_FALSE(std::filesystem::exists(b.archivio()));
+    EXPECT_EQ(b.errore({storia() + "1997/12/20\tTO\t1\t2\t3\t3\t5\n1997/12/21\tTO\t1\t2\t3\t4\t5\n"}),
+              "Lotto del 20/12/1997, ruota TO: il numero 3 vi sta due volte");
     b.aggiorna({storia(), std::string{kTitoliW} + kWin, "1997-12-03;1;2;3;4;5;6;7;0\n"});
     const auto a = b.aperto();
     EXPECT_EQ(a.ultimo_concorso(), 410);
