@@ -2,8 +2,8 @@
 
 #include "draws/avanzamento.h"
 #include "files/file_sicuro.h"
+#include "screens/memoria_schermi.h"
 #include "screens/messaggi.h"
-#include "screens/posto_finestra.h"
 #include "stores/arrivi.h"
 
 #include <QCoreApplication>
@@ -11,7 +11,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QSettings>
 #include <QTemporaryFile>
 #include <chrono>
 #include <filesystem>
@@ -52,7 +51,7 @@ GiochiOnline::GiochiOnline(const Sessione& sessione)
       sessione_{sessione} {}
 
 QUrl GiochiOnline::indirizzo() const {
-    const QSettings impostazioni{file_posti(sessione_), QSettings::IniFormat};
+    const MemoriaSchermi impostazioni{sessione_};
     const QUrl scritto{impostazioni.value(QStringLiteral("giochi_online/indirizzo")).toString().trimmed(),
                        QUrl::StrictMode};
     if (!scritto.isValid() || scritto.scheme() != QLatin1String{"https"} || scritto.host().isEmpty())

@@ -9,6 +9,7 @@
 #include "screens/griglia_risultati.h"
 #include "screens/lato_risposta.h"
 #include "screens/manuale.h"
+#include "screens/memoria_schermi.h"
 #include "screens/messaggi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/posto_finestra.h"
@@ -21,7 +22,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSettings>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <numeric>
@@ -435,7 +435,7 @@ void FinestraRicerca::showEvent(QShowEvent* evento) {
     if (!evento->spontaneous()) {
         if (cornice_ != nullptr) cornice_->adatta_colonna();
         if (!std::exchange(posto_letto_, true)) {
-            const QSettings posti{file_posti(sessione_), QSettings::IniFormat};
+            const MemoriaSchermi posti{sessione_};
             if (cornice_ != nullptr)
                 cornice_->freccia()->imposta_animata(posti.value(QStringLiteral("frecce"), true).toBool());
             leggi_posto(*this, sessione_, kAllApertura);

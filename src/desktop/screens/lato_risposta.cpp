@@ -4,9 +4,9 @@
 #include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/griglia_risultati.h"
+#include "screens/memoria_schermi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/pannello_storia.h"
-#include "screens/posto_finestra.h"
 #include "screens/risposta_estesa.h"
 #include "screens/tema.h"
 
@@ -15,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
-#include <QSettings>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -98,7 +97,7 @@ void LatoRisposta::componi_interruttori() {
 }
 
 void LatoRisposta::apri() {
-    const QSettings posti{file_posti(finestra_.sessione()), QSettings::IniFormat};
+    const MemoriaSchermi posti{finestra_.sessione()};
     caso_attivo_ = posti.value(QStringLiteral("caso"), false).toBool();
     storia_voluta_ = posti.value(QStringLiteral("storia"), true).toBool();
     ruote_attive_ = false;
@@ -159,8 +158,7 @@ void LatoRisposta::caso() {
     // Beside the wheels there is no room for it: it takes their place.
     caso_attivo_ = ruote_attive_ || !caso_attivo_;
     ruote_attive_ = false;
-    QSettings{file_posti(finestra_.sessione()), QSettings::IniFormat}.setValue(QStringLiteral("caso"),
-                                                                               caso_attivo_);
+    MemoriaSchermi{finestra_.sessione()}.setValue(QStringLiteral("caso"), caso_attivo_);
     ripresenta();
     aggiorna_interruttori();
 }
@@ -176,8 +174,7 @@ void LatoRisposta::ruote() {
 void LatoRisposta::storia() {
     if (spazio_accanto() >= kMinima && ha_storie()) {
         storia_voluta_ = !storia_voluta_;
-        QSettings{file_posti(finestra_.sessione()), QSettings::IniFormat}.setValue(QStringLiteral("storia"),
-                                                                                   storia_voluta_);
+        MemoriaSchermi{finestra_.sessione()}.setValue(QStringLiteral("storia"), storia_voluta_);
     } else {
         cassetto_ = !cassetto_ && ha_storie();
     }

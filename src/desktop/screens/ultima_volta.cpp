@@ -5,9 +5,8 @@
 #include "draws/ruote.h"
 #include "qt_testi.h"
 #include "results/ricerca.h"
-#include "screens/posto_finestra.h"
+#include "screens/memoria_schermi.h"
 
-#include <QSettings>
 #include <QStringList>
 
 namespace sortimetra {
@@ -55,7 +54,7 @@ SelezioneRuote leggi_ruote(const QString& testo) {
 
 /// The file may have been written by hand: what is none of the entries is the first one.
 template <class Trova>
-std::size_t voce(const QSettings& memoria, const QString& nome, Trova trova) {
+std::size_t voce(const MemoriaSchermi& memoria, const QString& nome, Trova trova) {
     return trova(memoria.value(nome).toString().toStdString()).value_or(0);
 }
 
@@ -70,7 +69,7 @@ std::optional<OrdineGriglia> leggi_ordine(const QString& testo) {
 }  // namespace
 
 void ricorda(const Sessione& sessione, const Domanda& domanda, Concorso ultimo) {
-    QSettings memoria{file_posti(sessione), QSettings::IniFormat};
+    MemoriaSchermi memoria{sessione};
     if (!memoria.isWritable()) return;
     const AmbitoRicerca& a = domanda.ambito;
     memoria.beginGroup(sezione(*domanda.ricerca));
@@ -86,7 +85,7 @@ void ricorda(const Sessione& sessione, const Domanda& domanda, Concorso ultimo) 
 }
 
 void ricorda_ordine(const Sessione& sessione, const Ricerca& ricerca, std::optional<OrdineGriglia> ordine) {
-    QSettings memoria{file_posti(sessione), QSettings::IniFormat};
+    MemoriaSchermi memoria{sessione};
     if (!memoria.isWritable()) return;
     memoria.beginGroup(sezione(ricerca));
     if (ordine)
@@ -98,7 +97,7 @@ void ricorda_ordine(const Sessione& sessione, const Ricerca& ricerca, std::optio
 }
 
 std::optional<UltimaVolta> ultima_volta(const Sessione& sessione, const Ricerca& ricerca, Concorso ultimo) {
-    QSettings memoria{file_posti(sessione), QSettings::IniFormat};
+    MemoriaSchermi memoria{sessione};
     memoria.beginGroup(sezione(ricerca));
     if (!memoria.contains(kDa)) return std::nullopt;
     UltimaVolta u{.domanda = domanda_intatta(ricerca), .ordine = {}};
@@ -119,11 +118,11 @@ std::optional<UltimaVolta> ultima_volta(const Sessione& sessione, const Ricerca&
 }
 
 bool riapre_come_l_ultima_volta(const Sessione& sessione) {
-    return QSettings{file_posti(sessione), QSettings::IniFormat}.value(kRiapri, false).toBool();
+    return MemoriaSchermi{sessione}.value(kRiapri, false).toBool();
 }
 
 void imposta_riapre_come_l_ultima_volta(const Sessione& sessione, bool si) {
-    QSettings memoria{file_posti(sessione), QSettings::IniFormat};
+    MemoriaSchermi memoria{sessione};
     if (memoria.isWritable()) memoria.setValue(kRiapri, si);
 }
 
