@@ -17,6 +17,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sortimetra::jet {
@@ -219,14 +220,6 @@ void scrivi_cella(MdbHandle* mdb, const MdbColumn* colonna, Uscita& uscita, std:
     }
 }
 
-MdbCatalogEntry* trova_tabella(MdbHandle* mdb, std::string_view nome) {
-    for (unsigned i = 0; i < mdb->num_catalog; ++i) {
-        auto* voce = static_cast<MdbCatalogEntry*>(g_ptr_array_index(mdb->catalog, i));
-        if (voce->object_type == MDB_TABLE && minuscolo(voce->object_name) == nome) return voce;
-    }
-    return nullptr;
-}
-
 /// The columns of a table that was read, in its order.
 std::vector<const MdbColumn*> colonne_di(const MdbTableDef* tabella) {
     std::vector<const MdbColumn*> colonne;
@@ -234,6 +227,77 @@ std::vector<const MdbColumn*> colonne_di(const MdbTableDef* tabella) {
     for (unsigned i = 0; i < tabella->num_cols; ++i)
         colonne.push_back(static_cast<const MdbColumn*>(g_ptr_array_index(tabella->columns, i)));
     return colonne;
+}
+
+/// How long the parts of a row are that has so many columns, in the newer format.
+struct Misura {
+    std::uint16_t colonne = 0;
+    std::size_t fisse = 0;  ///< the number of columns, and what stands at places of its own
+    std::size_t testi = 0;  ///< columns of varying length
+    std::size_t maschera = 0;
+};
+
+Misura misura(const MdbTableDef* tabella, std::uint16_t colonne) {
+    Misura m{.colonne = colonne, .fisse = sizeof colonne, .maschera = (colonne + std::size_t{7}) / 8};
+    for (const MdbColumn* c : colonne_di(tabella)) {
+        if (c->col_num >= colonne) continue;
+        if (c->is_fixed == 0)
+            ++m.testi;
+        else
+            m.fisse =
+                std::max(m.fisse, sizeof colonne + static_cast<std::size_t>(c->fixed_offset + c->col_size));
+    }
+    return m;
+}
+
+/// Holds rows to what they say of themselves: how many columns they have (one from before a column was added
+/// has fewer), and how many of these are texts. One that says otherwise would lose its last cells without a
+/// fault. Behind what stands at fixed places follow the texts, where each of them begins, how many there are,
+/// and the mask of the empty cells.
+class MisuraRighe {
+  public:
+    MisuraRighe(MdbHandle* mdb, const MdbTableDef* tabella, int massime)
+        : mdb_{mdb}, tabella_{tabella}, intera_{misura(tabella, static_cast<std::uint16_t>(massime))} {
+        const auto colonne = colonne_di(tabella);
+        // Columns that are gone have left their room, and yes or no needs none.
+        attiva_ = mdb->f->jet_version != MDB_VER_JET3 && std::cmp_equal(massime, colonne.size()) &&
+                  std::none_of(colonne.begin(), colonne.end(),
+                               [](const MdbColumn* c) { return c->col_type == MDB_BOOL; });
+    }
+
+    /// The row that was just read.
+    [[nodiscard]] bool torna() const {
+        constexpr unsigned kDove = 0x1FFF;  // above it the row's flags
+        constexpr std::size_t kNumero = 2;
+        if (!attiva_) return true;
+        int inizio = 0;
+        std::size_t lunga = 0;
+        if (mdb_find_row(mdb_, static_cast<int>(tabella_->cur_row) - 1, &inizio, &lunga) != 0) return false;
+        const std::size_t da = static_cast<unsigned>(inizio) & kDove;
+        const auto pagina = static_cast<std::size_t>(mdb_->fmt->pg_size);
+        if (da >= pagina || lunga > pagina - da || lunga < kNumero) return false;
+        const std::span<const unsigned char> riga{mdb_->pg_buf + da, lunga};
+        const auto colonne = intero<std::uint16_t>(riga);
+        const Misura m = colonne == intera_.colonne ? intera_ : misura(tabella_, colonne);
+        if (tabella_->num_var_cols == 0) return lunga == m.fisse + m.maschera;
+        const std::size_t coda = m.maschera + 2 * kNumero;
+        return lunga >= m.fisse + coda && intero<std::uint16_t>(riga.subspan(lunga - coda)) == m.fisse &&
+               intero<std::uint16_t>(riga.subspan(lunga - m.maschera - kNumero)) == m.testi;
+    }
+
+  private:
+    MdbHandle* mdb_;
+    const MdbTableDef* tabella_;
+    Misura intera_;
+    bool attiva_ = false;
+};
+
+MdbCatalogEntry* trova_tabella(MdbHandle* mdb, std::string_view nome) {
+    for (unsigned i = 0; i < mdb->num_catalog; ++i) {
+        auto* voce = static_cast<MdbCatalogEntry*>(g_ptr_array_index(mdb->catalog, i));
+        if (voce->object_type == MDB_TABLE && minuscolo(voce->object_name) == nome) return voce;
+    }
+    return nullptr;
 }
 
 /// The column whose definition contradicts itself, or the number of columns; nothing where all fit.
@@ -298,13 +362,16 @@ bool leggi_tabella(MdbHandle* mdb, const FormaTabella& forma, Uscita& uscita) {
     uscita.marca(kTabella);
     uscita.marca(static_cast<std::uint8_t>(forma.bit));
     mdb_rewind_table(tabella);
+    const MisuraRighe misura_righe{mdb, tabella, massime};
     std::uint32_t lette = 0;
     std::string testo;
     while (mdb_fetch_row(tabella) != 0) {
         // One row too many is enough to know; a damaged chain of pages could go round for ever.
         if (++lette > tabella->num_rows) break;
         uscita.marca(kRiga);
-        for (const MdbColumn* c : *colonne) scrivi_cella(mdb, c, uscita, testo);
+        const bool sana = misura_righe.torna();
+        for (const MdbColumn* c : *colonne)
+            sana ? scrivi_cella(mdb, c, uscita, testo) : uscita.marca(kGuasta);
         uscita.fine_riga();
     }
     if (lette != tabella->num_rows) {

@@ -1,9 +1,12 @@
-// prova-rovina-definizioni [STEP]
+// prova-rovina-definizioni [STEP [BITS2 [BITS]]]
 //
 // Turns, one at a time, the bits of the definitions of the tables in good Jet files: every STEP-th one (1:
-// all, which takes minutes). What is then read must be refused or be the very rows of the good file. A
-// definition that is read otherwise gives other values without a fault: an empty first place, one date for
+// all, which takes minutes; 0: none). What is then read must be refused or be the very rows of the good file.
+// A definition that is read otherwise gives other values without a fault: an empty first place, one date for
 // all draws.
+//
+// Then so many bits anywhere in drawit2.mdb and in drawit.mdb. One that makes of one cell another that could
+// be is past remedy, for the file carries no digest of its rows; whatever more is another is a fault.
 //
 // Without the real archive at hand there is nothing to turn.
 
@@ -18,13 +21,16 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <map>
 #include <optional>
 #include <random>
 #include <string>
-#include <tuple>
+#include <string_view>
+#include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -39,14 +45,23 @@ std::uint32_t u32(const std::string& byte, std::size_t dove) {
     return n;
 }
 
-/// The rows, if the archive opens with them.
-std::optional<RigheArchivio> apri(std::string& byte, unsigned tabella) {
-    const auto letto = prove::leggi_a_parte(byte, tabella, kTempo);
-    auto righe = interpreta_lettura_jet(letto.byte, tabella);
+/// The rows that a reader wrote, if the archive opens with them.
+std::optional<RigheArchivio> interpretate(std::string_view scritte, unsigned tabelle) {
+    auto righe = interpreta_lettura_jet(scritte, tabelle);
     if (!righe) return std::nullopt;
     const auto archivio = ArchivioEstrazioni::componi(*righe);
     if (!archivio || primo_danno(*archivio)) return std::nullopt;
     return std::move(*righe);
+}
+std::optional<RigheArchivio> apri(std::string& byte, unsigned tabelle) {
+    return interpretate(prove::leggi_a_parte(byte, tabelle, kTempo).byte, tabelle);
+}
+
+std::vector<ImprontaTabella> impronte(const RigheArchivio& righe, unsigned tabelle) {
+    std::vector<ImprontaTabella> tutte;
+    for (unsigned bit = 1; bit <= kTabellaWinForLife; bit *= 2)
+        if ((tabelle & bit) != 0) tutte.push_back(impronta(righe, bit, false));
+    return tutte;
 }
 
 /// Where the definition of the table stands that has so many rows: of the page's 4,096 bytes, those in use.
@@ -92,63 +107,143 @@ Conto rovina(std::string& byte, unsigned tabella, std::size_t passo, std::string
     return conto;
 }
 
-/// Rows of Win for Life that are not the same in both.
-std::size_t righe_diverse(const RigheArchivio& a, const RigheArchivio& b) {
-    const auto campi = [](const RigaWinForLife& r) { return std::tie(r.concorso, r.data, r.ora, r.numeri); };
-    if (a.winforlife.size() != b.winforlife.size()) return a.winforlife.size();
-    std::size_t diverse = 0;
-    for (std::size_t i = 0; i < a.winforlife.size(); ++i)
-        if (campi(a.winforlife[i]) != campi(b.winforlife[i])) ++diverse;
-    return diverse;
+// ---- one bit anywhere ----
+
+/// The cells of a row, each with what it is.
+using Celle = std::vector<std::pair<std::string_view, std::string>>;
+
+template <std::size_t N>
+void metti_numeri(Celle& celle, const std::array<Numero, N>& numeri) {
+    for (const Numero n : numeri) celle.emplace_back("numero", n == 0 ? "" : std::to_string(n));
+}
+template <class Riga>
+Celle celle(const Riga& r) {
+    Celle c{{"concorso", std::to_string(r.concorso)}, {"data", testo_data(r.data)}};
+    if constexpr (std::is_same_v<Riga, RigaLotto>) c.emplace_back("ruota", std::to_string(r.ruota));
+    if constexpr (std::is_same_v<Riga, RigaWinForLife>) c.emplace_back("ora", r.ora);
+    metti_numeri(c, r.numeri);
+    if constexpr (std::is_same_v<Riga, RigaSuperEnalotto>) metti_numeri(c, std::array{r.jolly, r.superstar});
+    return c;
 }
 
-/// Returns how many files were accepted in which more rows are other ones than a bit can touch.
-int rovina_ovunque(std::string& byte, int bit) {
-    // The end of a row is the beginning of the next.
-    constexpr std::size_t kRigheDiUnBit = 2;
-    const auto sano = apri(byte, kTabellaWinForLife);
+/// A cell that is different.
+struct CellaDiversa {
+    std::size_t riga;
+    std::size_t colonna;
+    std::string_view cosa;
+    std::string prima;
+    std::string dopo;
+
+    [[nodiscard]] std::string classe() const {
+        const bool vuota = dopo.find_first_not_of(' ') == std::string::npos;
+        return fmt::format("{} {}", cosa, vuota ? "che sparisce" : "in altro");
+    }
+};
+struct Differenze {
+    std::vector<CellaDiversa> celle;
+    bool righe = false;  ///< not as many rows
+};
+
+template <class Riga>
+void confronta(const std::vector<Riga>& sane, const std::vector<Riga>& lette, Differenze& d) {
+    if (sane.size() != lette.size()) {
+        d.righe = true;
+        return;
+    }
+    for (std::size_t i = 0; i < sane.size(); ++i) {
+        if (sane[i] == lette[i]) continue;
+        const Celle prima = celle(sane[i]);
+        const Celle dopo = celle(lette[i]);
+        for (std::size_t k = 0; k < prima.size(); ++k) {
+            if (prima[k] != dopo[k])
+                d.celle.push_back({i, k, prima[k].first, prima[k].second, dopo[k].second});
+        }
+    }
+}
+
+/// Whether two numbers that stand as texts beside each other were parted at another place: "7", "45" for
+/// "74", "5".
+bool confine(const std::vector<CellaDiversa>& celle) {
+    return celle.size() == 2 && celle[0].riga == celle[1].riga && celle[0].colonna + 1 == celle[1].colonna &&
+           celle[0].prima + celle[1].prima == celle[0].dopo + celle[1].dopo;
+}
+constexpr std::string_view kConfine = "due celle: altro confine fra due testi";
+
+/// In which class a file with a wrong bit belongs that was accepted with other rows.
+std::string classe(const RigheArchivio& sane, const RigheArchivio& lette) {
+    Differenze d;
+    confronta(sane.lotto, lette.lotto, d);
+    confronta(sane.nazionale, lette.nazionale, d);
+    confronta(sane.superenalotto, lette.superenalotto, d);
+    confronta(sane.winforlife, lette.winforlife, d);
+    if (d.righe) return "altro numero di righe";
+    if (d.celle.size() == 1) return "una cella: " + d.celle.front().classe();
+    if (confine(d.celle)) return std::string{kConfine};
+    std::string tutte;
+    for (std::size_t i = 0; i < std::min<std::size_t>(d.celle.size(), 4); ++i)
+        tutte += (i == 0 ? "" : ", ") + d.celle[i].classe();
+    return fmt::format("{} celle: {}", d.celle.size(), tutte);
+}
+
+/// One cell that is another that could be, or where one ends and the next begins: the file carries nothing by
+/// which to know it. (An empty one is told by the examination.)
+bool senza_rimedio(std::string_view classe) {
+    return classe.starts_with("una cella: ") || classe == kConfine;
+}
+
+/// Returns how many files were accepted in which more is another than one cell.
+int rovina_ovunque(std::string& byte, unsigned tabelle, int bit, std::string_view nome) {
+    const auto sano = apri(byte, tabelle);
+    if (!sano) std::exit(2);
+    const std::string scritte = prove::leggi_a_parte(byte, tabelle, kTempo).byte;
     std::mt19937 caso{1};
     std::uniform_int_distribution<std::size_t> dove{0, byte.size() * 8 - 1};
     Conto conto;
-    std::map<std::size_t, int> per_righe;
+    std::map<std::string, int> classi;
+    int di_troppo = 0;
     for (int i = 0; i < bit; ++i) {
         const std::size_t b = dove(caso);
         const char quale = static_cast<char>(1U << b % 8);
         byte[b / 8] = static_cast<char>(byte[b / 8] ^ quale);
         ++conto.provati;
-        if (const auto righe = apri(byte, kTabellaWinForLife)) {
-            ++conto.accettati;
-            if (const std::size_t diverse = righe_diverse(*sano, *righe); diverse > 0) {
-                ++conto.diversi;
-                ++per_righe[diverse];
-            }
-        }
+        const auto letto = prove::leggi_a_parte(byte, tabelle, kTempo);
         byte[b / 8] = static_cast<char>(byte[b / 8] ^ quale);
+        const auto righe = letto.byte == scritte ? sano : interpretate(letto.byte, tabelle);
+        if (!righe) continue;
+        ++conto.accettati;
+        if (letto.byte == scritte || impronte(*righe, tabelle) == impronte(*sano, tabelle)) continue;
+        ++conto.diversi;
+        const std::string quale_classe = classe(*sano, *righe);
+        ++classi[quale_classe];
+        if (senza_rimedio(quale_classe)) continue;
+        fmt::print("  byte {}, bit {}: {}\n", b / 8, b % 8, quale_classe);
+        ++di_troppo;
     }
-    fmt::print("drawit2, un bit ovunque: {} provati, {} accettati, {} diversi\n", conto.provati,
-               conto.accettati, conto.diversi);
-    int troppe = 0;
-    for (const auto& [quante, volte] : per_righe) {
-        fmt::print("  {} righe diverse: {} volte\n", quante, volte);
-        if (quante > kRigheDiUnBit) troppe += volte;
-    }
-    return troppe;
+    fmt::print("{}, un bit ovunque: {} provati, {} accettati, {} diversi, {} che si potevano sapere\n", nome,
+               conto.provati, conto.accettati, conto.diversi, di_troppo);
+    for (const auto& [quale_classe, volte] : classi) fmt::print("  {}: {} volte\n", quale_classe, volte);
+    return di_troppo;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    const auto passo = static_cast<std::size_t>(argc > 1 ? std::max(1, std::atoi(argv[1])) : 1);
+    const auto passo = static_cast<std::size_t>(argc > 1 ? std::max(0, std::atoi(argv[1])) : 1);
     const auto condivisa = prove::cartella_condivisa();
     if (!condivisa) return 0;
     auto drawit = leggi_file(*condivisa / "archivio" / "drawit.mdb");
     auto drawit2 = leggi_file(*condivisa / "archivio" / "drawit2.mdb");
     if (!drawit || !drawit2) return 0;
-    int diversi = rovina(*drawit2, kTabellaWinForLife, passo, "archivio di drawit2").diversi;
-    diversi += rovina(*drawit, kTabellaNazionale, passo * 3, "archivion").diversi;
-    diversi += rovina(*drawit, kTabellaSuperEnalotto, passo * 3, "archivios").diversi;
-    // Ten times as long as the others.
-    diversi += rovina(*drawit, kTabellaLotto, passo * 10, "archivio").diversi;
-    diversi += rovina_ovunque(*drawit2, argc > 2 ? std::atoi(argv[2]) : 0);
+    int diversi = 0;
+    if (passo > 0) {
+        diversi += rovina(*drawit2, kTabellaWinForLife, passo, "archivio di drawit2").diversi;
+        diversi += rovina(*drawit, kTabellaNazionale, passo * 3, "archivion").diversi;
+        diversi += rovina(*drawit, kTabellaSuperEnalotto, passo * 3, "archivios").diversi;
+        // Ten times as long as the others.
+        diversi += rovina(*drawit, kTabellaLotto, passo * 10, "archivio").diversi;
+    }
+    constexpr unsigned kDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
+    if (argc > 2) diversi += rovina_ovunque(*drawit2, kTabellaWinForLife, std::atoi(argv[2]), "drawit2");
+    if (argc > 3) diversi += rovina_ovunque(*drawit, kDrawit, std::atoi(argv[3]), "drawit");
     return diversi == 0 ? 0 : 1;
 }

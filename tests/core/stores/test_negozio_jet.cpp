@@ -343,6 +343,31 @@ TEST(NegozioJet, IlVeroConUnAltraTabella) {
               "nella tabella archivio manca la colonna \"ora\"");
 }
 
+TEST(NegozioJet, UnaRigaCheDiceDiAvereAltreColonne) {
+    if (vero("").empty()) GTEST_SKIP() << "no real draws here";
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit2.mdb";
+    const std::string buono = leggi_file(vero("drawit2.mdb")).value();
+    // Thirteen columns, of the first draw; at its end one text, which begins at 0x22, and the mask.
+    const std::size_t inizio = buono.find(std::string{"\x0d\0\x01\0\0\0\0\0\0\0\0\xe0\x12\xe6", 14});
+    const std::size_t fine = buono.find(std::string{"\x22\0\x01\0\xff\x1f", 6});
+    ASSERT_NE(inizio, std::string::npos);
+    ASSERT_NE(fine, std::string::npos);
+    // Nine columns, five; three texts, nine; a first one elsewhere: the last numbers would vanish.
+    for (const auto& [dove, bit] :
+         {std::pair{inizio, 4}, {inizio, 8}, {fine + 2, 2}, {fine + 2, 8}, {fine, 2}}) {
+        SCOPED_TRACE(bit);
+        std::string byte = buono;
+        byte[dove] = static_cast<char>(byte[dove] ^ bit);
+        scrivi(file, byte);
+        const auto letti = leggi_jet(file, kTabellaWinForLife);
+        ASSERT_FALSE(letti);
+        EXPECT_THAT(letti.error().motivo, testing::HasSubstr("non si legge, il file è danneggiato"));
+    }
+    scrivi(file, buono);
+    EXPECT_TRUE(leggi_jet(file, kTabellaWinForLife));
+}
+
 TEST(NegozioJet, IlVeroRovinatoACaso) {
     if (vero("").empty()) GTEST_SKIP() << "no real draws here";
     // The whole road with the real program; prova_rovina_jet has the tens of thousands of rounds.
