@@ -29,6 +29,18 @@ std::string nome_cella(TabellaArchivio tabella, std::size_t k) {
     return std::string{kCelleSuperEnalotto[k]};
 }
 
+/// A row of a table; `ruota` where a concorso has several.
+struct Riga {
+    TabellaArchivio tabella{};
+    Concorso concorso = 0;
+    int ruota = -1;
+
+    [[nodiscard]] std::string davanti() const {
+        if (ruota < 0) return {};
+        return fmt::format("{}{}: ", kRuotaDavanti, kNomiRuote[static_cast<std::size_t>(ruota)].codice);
+    }
+};
+
 /// What keeps the findings. Texts are made only for those that are kept: a hostile archive may have millions.
 class Taccuino {
   public:
@@ -39,7 +51,13 @@ class Taccuino {
 
     template <class Testo>
     void danno(TabellaArchivio tabella, Concorso da, Concorso a, Testo&& testo) {
-        segna(esame_.danni, esame_.quanti_danni, tabella, da, a, testo);
+        segna(esame_.danni, esame_.quanti_danni, {tabella, da, a}, testo);
+    }
+    /// Of one row: the wheel, where it has one, stands before the text.
+    template <class Testo>
+    void danno(const Riga& riga, Testo&& testo) {
+        segna(esame_.danni, esame_.quanti_danni, {riga.tabella, riga.concorso, riga.concorso, {}, riga.ruota},
+              [&] { return riga.davanti() + testo(); });
     }
     template <class Testo>
     void danno(TabellaArchivio tabella, Concorso concorso, Testo&& testo) {
@@ -47,7 +65,7 @@ class Taccuino {
     }
     template <class Testo>
     void avviso(TabellaArchivio tabella, Concorso da, Concorso a, Testo&& testo) {
-        if (!solo_danni_) segna(esame_.avvisi, esame_.quanti_avvisi, tabella, da, a, testo);
+        if (!solo_danni_) segna(esame_.avvisi, esame_.quanti_avvisi, {tabella, da, a}, testo);
     }
     template <class Testo>
     void avviso(TabellaArchivio tabella, Concorso concorso, Testo&& testo) {
@@ -58,9 +76,10 @@ class Taccuino {
 
   private:
     template <class Testo>
-    static void segna(std::vector<Rilievo>& dove, std::size_t& quanti, TabellaArchivio tabella, Concorso da,
-                      Concorso a, Testo& testo) {
-        if (quanti++ < kRilieviElencati) dove.push_back({tabella, da, a, testo()});
+    static void segna(std::vector<Rilievo>& dove, std::size_t& quanti, Rilievo rilievo, Testo&& testo) {
+        if (quanti++ >= kRilieviElencati) return;
+        rilievo.testo = testo();
+        dove.push_back(std::move(rilievo));
     }
 
     Esame esame_;
@@ -109,23 +128,10 @@ bool completa(const Numero* numeri) {
     return doppi == 0;
 }
 
-/// A row of a table; `ruota` where a concorso has several.
-struct Riga {
-    TabellaArchivio tabella{};
-    Concorso concorso = 0;
-    int ruota = -1;
-
-    [[nodiscard]] std::string davanti() const {
-        if (ruota < 0) return {};
-        return fmt::format("{}{}: ", kRuotaDavanti, kNomiRuote[static_cast<std::size_t>(ruota)].codice);
-    }
-};
-
 /// A number twice, or empty cells, in a row.
 void esamina_numeri(Taccuino& taccuino, const Riga& riga, std::span<const Numero> numeri) {
     if (const auto posti = doppio(numeri))
-        taccuino.danno(riga.tabella, riga.concorso,
-                       [&] { return riga.davanti() + frase_doppio(riga.tabella, numeri, *posti); });
+        taccuino.danno(riga, [&] { return frase_doppio(riga.tabella, numeri, *posti); });
     if (std::find(numeri.begin(), numeri.end(), Numero{0}) != numeri.end())
         taccuino.avviso(riga.tabella, riga.concorso, [&] {
             return riga.davanti() + "senza numero: " + celle_vuote(riga.tabella, numeri);

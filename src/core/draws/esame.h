@@ -23,8 +23,9 @@ struct Rilievo {
     TabellaArchivio tabella{};
     Concorso concorso = 0;
     Concorso fino = 0;
-    std::string
-        testo;  ///< what is the matter with it, without table and concorso: "ruota FI: il numero 45 …"
+    /// What is the matter with it, without table and concorso: "ruota FI: il numero 45 …".
+    std::string testo{};
+    int ruota = -1;  ///< of the wheels' table, where it is about one
 
     /// "tabella archivio, concorso 812, ruota FI: il numero 45 …"
     [[nodiscard]] std::string frase() const;

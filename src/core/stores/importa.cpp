@@ -19,7 +19,10 @@
 #include <chrono>
 #include <iterator>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 namespace sortimetra {
@@ -219,6 +222,71 @@ std::expected<std::vector<std::string>, ErroreArchivio> metti(CambioArchivio& ca
     return avvisi;
 }
 
+// ---- what cannot be true, and where it stands ----
+
+/// Date and wheel, or hour, of the draw that something was found in.
+struct Segno {
+    Data data{};
+    std::string testo{};
+};
+
+template <class Riga>
+std::optional<Segno> segno_di(const std::vector<Riga>& righe, const Rilievo& r) {
+    const auto it = std::find_if(righe.begin(), righe.end(), [&](const Riga& x) {
+        if constexpr (std::is_same_v<Riga, RigaLotto>)
+            if (r.ruota >= 0 && x.ruota != r.ruota) return false;
+        return x.concorso == r.concorso;
+    });
+    if (it == righe.end()) return std::nullopt;
+    Segno segno{.data = it->data};
+    if constexpr (std::is_same_v<Riga, RigaWinForLife>) segno.testo = it->ora;
+    if constexpr (std::is_same_v<Riga, RigaLotto>)
+        if (r.ruota >= 0) segno.testo = kNomiRuote[static_cast<std::size_t>(r.ruota)].codice;
+    return segno;
+}
+
+std::optional<std::size_t> riga_nel_testo(std::string_view testo, const RigheArchivio& righe,
+                                          const Rilievo& r) {
+    const auto cerca = [&](const std::optional<Segno>& s) -> std::optional<std::size_t> {
+        return s ? riga_di(testo, s->data, s->testo) : std::nullopt;
+    };
+    switch (r.tabella) {
+        case TabellaArchivio::SuperEnalotto:
+            return cerca(segno_di(righe.superenalotto, r));
+        case TabellaArchivio::WinForLife:
+            return cerca(segno_di(righe.winforlife, r));
+        case TabellaArchivio::Lotto:
+            return cerca(segno_di(righe.lotto, r));
+        case TabellaArchivio::Nazionale: {
+            auto s = segno_di(righe.nazionale, r);
+            if (!s) return std::nullopt;
+            // It is published under two codes.
+            s->testo = "RN";
+            const auto riga = cerca(s);
+            s->testo = "NZ";
+            return riga ? riga : cerca(s);
+        }
+    }
+    return std::nullopt;
+}
+
+/// Says in which line of which file an import found what no archive may hold. The line is looked for only
+/// now: to keep that of every row would cost each import what one in a thousand needs.
+ErroreArchivio con_la_riga(ErroreArchivio errore, const FilePubblicati& file, const RigheArchivio& righe) {
+    const auto archivio = ArchivioEstrazioni::componi(righe);
+    if (!archivio) return errore;
+    const Esame esame = esamina(*archivio);
+    if (esame.danni.empty() || esame.danni.front().frase() != errore.motivo) return errore;
+    const Rilievo& r = esame.danni.front();
+    const auto& testo = r.tabella == TabellaArchivio::SuperEnalotto ? file.superenalotto
+                        : r.tabella == TabellaArchivio::WinForLife  ? file.winforlife
+                                                                    : file.lotto;
+    const auto byte = testo ? leggi_file(*testo, kTestoMassimo) : std::unexpected(errore);
+    const auto riga = byte ? riga_nel_testo(*byte, righe, r) : std::nullopt;
+    if (!riga) return errore;
+    return {*testo, fmt::format("riga {}: {}", *riga, errore.motivo)};
+}
+
 Importati conta(const RigheArchivio& righe, std::vector<std::string> avvisi) {
     return {righe.lotto.size(), righe.nazionale.size(), righe.superenalotto.size(), righe.winforlife.size(),
             std::move(avvisi)};
@@ -273,7 +341,7 @@ std::expected<Importati, ErroreArchivio> importa_archivio(const std::filesystem:
         nuovo.drawit2 = Destino::Nuovo;
     }
     auto altri = metti(*cambio, prima, nuovo, file.sostituisci, scrittura);
-    if (!altri) return std::unexpected(std::move(altri.error()));
+    if (!altri) return std::unexpected(con_la_riga(std::move(altri.error()), file, nuovo.righe));
     avvisi.insert(avvisi.end(), altri->begin(), altri->end());
     for (std::string& frase : nascosti_da_jet(percorso_archivio, nuovo)) avvisi.push_back(std::move(frase));
     return conta(nuovo.righe, std::move(avvisi));

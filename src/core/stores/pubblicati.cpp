@@ -405,4 +405,26 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_righe_winforlife(s
     return leggi_winforlife(testo, Titoli::facoltativi, avanzamento);
 }
 
+std::optional<std::size_t> riga_di(std::string_view testo, Data data, std::string_view segno) {
+    // Date and wheel, or hour, are among the first fields of each form.
+    constexpr int kCampi = 3;
+    testo = senza_bom(testo);
+    for (std::size_t riga = 1; !testo.empty(); ++riga) {
+        const auto fine = testo.find('\n');
+        const std::string_view linea = testo.substr(0, fine);
+        testo.remove_prefix(fine == std::string_view::npos ? testo.size() : fine + 1);
+        const bool lotto = linea.find('\t') != std::string_view::npos;
+        Linea l{linea, lotto ? '\t' : ';', riga};
+        bool suo_giorno = false;
+        bool suo_segno = segno.empty();
+        for (int i = 0; i < kCampi; ++i) {
+            const std::string_view campo = l.campo().value_or("");
+            suo_giorno = suo_giorno || leggi_data_iso(campo, lotto ? '/' : '-') == data;
+            suo_segno = suo_segno || campo == segno;
+        }
+        if (suo_giorno && suo_segno) return riga;
+    }
+    return std::nullopt;
+}
+
 }  // namespace sortimetra

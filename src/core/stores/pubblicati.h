@@ -3,6 +3,7 @@
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
 
+#include <cstddef>
 #include <expected>
 #include <optional>
 #include <string>
@@ -37,6 +38,10 @@ namespace sortimetra {
     std::string_view testo, Avanzamento& avanzamento);
 [[nodiscard]] std::expected<std::vector<RigaWinForLife>, std::string> leggi_righe_winforlife(
     std::string_view testo, Avanzamento& avanzamento);
+
+/// In which line (from 1) a text of any of the three forms has a draw: that of its date and, where `segno` is
+/// not empty, of this wheel code or hour as the text has it. Nothing where there is none.
+[[nodiscard]] std::optional<std::size_t> riga_di(std::string_view testo, Data data, std::string_view segno);
 
 /// The title lines of these two forms, in lower case.
 inline constexpr std::string_view kTitoliSuperEnalotto = "data;n1;n2;n3;n4;n5;n6;jolly;superstar";

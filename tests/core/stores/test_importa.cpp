@@ -527,20 +527,50 @@ TEST(Importa, CioCheNonPuoEssereNonEntra) {
         FilePubblicati pubblicati{.tutto = true};
         (opzione[0] == 'l' ? pubblicati.lotto : pubblicati.winforlife) = file;
         const auto esito = importa_archivio(archivio, pubblicati, nessuno);
-        return esito ? "importato" : esito.error().motivo;
+        if (esito) return std::string{"importato"};
+        EXPECT_EQ(esito.error().file, file);
+        return esito.error().motivo;
     };
-    EXPECT_EQ(
-        importa("lotto", "2000/01/01\tBA\t1\t2\t45\t4\t45\n"),
-        "tabella archivio, concorso 1, ruota BA: il numero 45 sta due volte nella riga, in 3°estratto e in "
-        "5°estratto");
+    EXPECT_EQ(importa("lotto",
+                      "2000/01/04\tBA\t1\t2\t3\t4\t5\r\n\r\n2000/01/01\tCA\t1\t2\t3\t4\t5\n"
+                      " 2000/01/01 \tBA\t1\t2\t45\t4\t45\n"),
+              "riga 4: tabella archivio, concorso 1, ruota BA: il numero 45 sta due volte nella riga, in "
+              "3°estratto e in "
+              "5°estratto");
     // The newest draw first: counted in the order of the file, every delay would be wrong.
     EXPECT_EQ(
         importa("winforlife", std::string{kTitoliW} + "2;2023-10-09;08:00;1;3;4;5;6;9;12;16;18;20;14\n"
                                                       "1;2023-10-08;08:00;1;3;4;5;6;9;12;16;18;20;14\n"),
-        "tabella archivio, concorso 2: la data 08/10/2023 non viene dopo quella dell'estrazione prima, "
+        "riga 3: tabella archivio, concorso 2: la data 08/10/2023 non viene dopo quella dell'estrazione "
+        "prima, "
         "09/10/2023");
+    EXPECT_EQ(importa("winforlife", std::string{kTitoliW} + "1;2023-10-09;08:00;1;3;4;5;6;9;12;16;18;20;14\n"
+                                                            "2;2023-10-09;09:00;1;3;4;5;6;9;12;16;18;3;14\n"),
+              "riga 3: tabella archivio, concorso 2: il numero 3 sta due volte nella riga, in 2° e in 10°");
+    EXPECT_EQ(
+        importa("lotto", "2000/01/01\tBA\t1\t2\t3\t4\t5\n2000/01/01\tNZ\t9\t2\t9\t4\t5\n"),
+        "riga 2: tabella archivion, concorso 1: il numero 9 sta due volte nella riga, in 1°estratto e in "
+        "3°estratto");
+    EXPECT_EQ(importa("lotto", "2000/01/01\tBA\t1\t2\t3\t4\t5\n2000/01/04\tRN\t1\t2\t3\t4\t5\n"),
+              "riga 2: tabella archivion, concorso 2: il concorso non c'è nelle estrazioni del Lotto");
     EXPECT_FALSE(contiene_archivio(archivio));
     EXPECT_EQ(importa("lotto", "2000/01/01\tBA\t1\t2\t45\t4\t\n"), "importato") << "an empty cell is allowed";
+}
+
+TEST(Importa, UnSuperEnalottoSbagliatoDiceLaSuaRiga) {
+    const CartellaProva cartella;
+    SenzaAvanzamento nessuno;
+    FilePubblicati file{.tutto = true};
+    file.lotto = metti(cartella, "l.txt", "2000/01/01\tBA\t1\t2\t3\t4\t5\n");
+    file.superenalotto = metti(cartella, "s.csv",
+                               std::string{"\xEF\xBB\xBF"}.append(kTitoliS) + "2000-01-01;1;2;3;4;5;6;6;0\n");
+    const auto esito = importa_archivio(cartella.percorso() / "archivio", file, nessuno);
+    ASSERT_FALSE(esito);
+    EXPECT_EQ(esito.error().file, *file.superenalotto);
+    EXPECT_EQ(
+        esito.error().motivo,
+        "riga 2: tabella archivios, concorso 1: il numero 6 sta due volte nella riga, in 6°estratto e in "
+        "Jolly");
 }
 
 }  // namespace

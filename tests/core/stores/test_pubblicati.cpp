@@ -245,5 +245,19 @@ TEST(TestoWinForLife, ContaDaUnoNellOrdineDelFile) {
     EXPECT_EQ((*righe)[1].concorso, 2);
 }
 
+TEST(RigaDi, SiTrovaPerDataESegno) {
+    const Data giorno = leggi_data_iso("2000-01-04").value();
+    constexpr std::string_view kLotto =
+        "\xEF\xBB\xBF"
+        "2000/01/01\tBA\t1\t2\t3\t4\t5\r\n\r\n2000/01/04\tCA\t1\t2\t3\t4\t5\r\n 2000/01/04\tBA "
+        "\t1\t2\t3\t4\t5";
+    EXPECT_EQ(riga_di(kLotto, giorno, "BA"), 4U);
+    EXPECT_EQ(riga_di(kLotto, giorno, ""), 3U);
+    EXPECT_EQ(riga_di(kLotto, giorno, "TO"), std::nullopt);
+    EXPECT_EQ(riga_di("data;n1\n2000-01-01;1\n2000-01-04;2\n", giorno, ""), 3U);
+    EXPECT_EQ(riga_di("9;2000-01-04;07:00;1\n10;2000-01-04;08:00;1\n", giorno, "08:00"), 2U);
+    EXPECT_EQ(riga_di("", giorno, ""), std::nullopt);
+}
+
 }  // namespace
 }  // namespace sortimetra
