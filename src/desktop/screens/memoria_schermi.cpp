@@ -40,7 +40,7 @@ bool lucchetto_libero(const fs::path& file) {
 
 /// The file to be given to QSettings, checked.
 QString file_sano(const Sessione& sessione) {
-    const QString nome = file_posti(sessione);
+    QString nome = file_posti(sessione);
     const fs::path file{nome.toStdU16String()};
     if (!lucchetto_libero(file.string() + ".lock")) return nessun_file();
     std::error_code errore;

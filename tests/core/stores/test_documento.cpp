@@ -4,12 +4,14 @@
 #include "stores/dimostrazione.h"
 #include "stores/negozio_nativo.h"
 #include "support/archivi.h"
+#include "support/programma.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -57,6 +59,7 @@ class Documento : public testing::Test {
         return testo;
     }
 
+    static const std::filesystem::path& cartella() { return cartella_->percorso(); }
     static std::string pagina() {
         return leggi_file(std::filesystem::path{SORTIMETRA_RADICE} / "docs" / "archivio.md").value();
     }
@@ -87,6 +90,37 @@ TEST_F(Documento, LeDomandeHannoLeRisposteCheVediamo) {
     ASSERT_EQ(tutte.size(), 3U);
     for (const auto& [domanda, risposta] : tutte)
         EXPECT_EQ(chiedi("drawit.db", domanda), risposta) << domanda;
+}
+
+TEST_F(Documento, LEsempioInPythonContaComeSQL) {
+    constexpr const char* kPython = "/usr/bin/python3";
+    if (prove::esegui_programma(kPython, {"-c", "import pandas"}, {.cartella = cartella()}).codice != 0)
+        GTEST_SKIP() << "pandas (python3-pandas) is not here: the example of the page was not run";
+    const std::string testo = pagina();
+    const auto inizio = testo.find("```python\n");
+    ASSERT_NE(inizio, std::string::npos);
+    const auto da = testo.find('\n', inizio) + 1;
+    const auto fatto = prove::esegui_programma(kPython, {"-c", testo.substr(da, testo.find("```", da) - da)},
+                                               {.cartella = cartella()});
+    ASSERT_EQ(fatto.codice, 0) << fatto.errori;
+    // "numero", then a number and its frequency a line; of equal ones any may come first.
+    std::istringstream righe{fatto.uscita};
+    std::string parola;
+    ASSERT_TRUE(righe >> parola);
+    EXPECT_EQ(parola, "numero");
+    std::string numeri;
+    for (int i = 1; i <= 5; ++i)
+        numeri += (i == 1 ? "SELECT \"" : " UNION ALL SELECT \"") + std::to_string(i) +
+                  "°estratto\" AS numero FROM archivio";
+    const std::string conta = "SELECT count(*) AS n FROM (" + numeri + ") WHERE numero > 0 GROUP BY numero";
+    for (int i = 0; i < 5; ++i) {
+        std::string numero;
+        std::string volte;
+        ASSERT_TRUE(righe >> numero >> volte) << fatto.uscita;
+        EXPECT_EQ("n\n" + volte + "\n", chiedi("drawit.db", conta + " HAVING numero = " + numero));
+        EXPECT_EQ("n\n" + volte + "\n",
+                  chiedi("drawit.db", conta + " ORDER BY n DESC LIMIT 1 OFFSET " + std::to_string(i)));
+    }
 }
 
 TEST_F(Documento, OgniColonnaSta) {

@@ -349,7 +349,7 @@ TEST(NegozioJet, UnaRigaCheDiceDiAvereAltreColonne) {
     const auto file = cartella.percorso() / "drawit2.mdb";
     const std::string buono = leggi_file(vero("drawit2.mdb")).value();
     // Thirteen columns, of the first draw; at its end one text, which begins at 0x22, and the mask.
-    const std::size_t inizio = buono.find(std::string{"\x0d\0\x01\0\0\0\0\0\0\0\0\xe0\x12\xe6", 14});
+    const std::size_t inizio = buono.find(std::string{"\x0d\0\x01\0\0\0\0\0\0\0\xe0\x12\xe6", 13});
     const std::size_t fine = buono.find(std::string{"\x22\0\x01\0\xff\x1f", 6});
     ASSERT_NE(inizio, std::string::npos);
     ASSERT_NE(fine, std::string::npos);
