@@ -162,10 +162,11 @@ void confronta(const std::vector<Riga>& sane, const std::vector<Riga>& lette, Di
 }
 
 /// Whether two numbers that stand as texts beside each other were parted at another place: "7", "45" for
-/// "74", "5".
+/// "74", "5". Of "8", "70" may become "87" and "0", which is none.
 bool confine(const std::vector<CellaDiversa>& celle) {
+    const auto scritto = [](const std::string& numero) { return numero.empty() ? "0" : numero; };
     return celle.size() == 2 && celle[0].riga == celle[1].riga && celle[0].colonna + 1 == celle[1].colonna &&
-           celle[0].prima + celle[1].prima == celle[0].dopo + celle[1].dopo;
+           celle[0].prima + celle[1].prima == scritto(celle[0].dopo) + scritto(celle[1].dopo);
 }
 constexpr std::string_view kConfine = "due celle: altro confine fra due testi";
 
