@@ -94,10 +94,6 @@ void opzioni_della_ricerca(std::string& testo, const Comando& comando, const Ric
            [&](const VoceOpzione& o) { return o.ammessa != nullptr && conosce(o, comando.bit, &ricerca); });
 }
 
-bool di_ogni_comando(const VoceOpzione& o) {
-    return o.comandi == kOgniComando;
-}
-
 }  // namespace
 
 std::string aiuto_generale() {

@@ -94,6 +94,11 @@ struct VoceOpzione {
     std::string (*spiega)(std::string_view valore, const Richiesta& richiesta) = nullptr;
 };
 
+/// For the predicates of lists: an option that every command has.
+[[nodiscard]] inline bool di_ogni_comando(const VoceOpzione& voce) {
+    return voce.comandi == kOgniComando;
+}
+
 /// The options of the commands, in the order of the help.
 [[nodiscard]] std::span<const VoceOpzione> opzioni();
 

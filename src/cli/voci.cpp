@@ -23,10 +23,6 @@ std::vector<VoceManuale> quelle(Quali&& quali) {
     return voci;
 }
 
-bool di_ogni_comando(const VoceOpzione& o) {
-    return o.comandi == kOgniComando;
-}
-
 }  // namespace
 
 ValoreOpzione valore_di(const VoceManuale& voce) {

@@ -44,10 +44,6 @@ long long intere(double unita) {
     return std::isfinite(unita) ? std::llround(std::clamp(unita, -1e8, 1e8)) : 0;
 }
 
-QColor colore_qt(Colore c) {
-    return QColor{c & 0xFF, c >> 8 & 0xFF, c >> 16 & 0xFF};
-}
-
 HPDF_Date adesso() {
     const std::time_t ora = std::time(nullptr);
     std::tm t{};
@@ -333,7 +329,7 @@ std::expected<Dimensioni, ErroreDisegno> SuperficieHaru::dimensioni(const Immagi
     const QSvgRenderer* svg = carica(immagine);
     if (svg == nullptr) return oltre("immagine");
     const QSize punti = svg->defaultSize();
-    return Dimensioni{punti.width() * 25.4 / 96, punti.height() * 25.4 / 96};
+    return Dimensioni{punti.width() * kPollice / 96, punti.height() * kPollice / 96};
 }
 
 /// The picture as a part of the document that pages refer to; null where it cannot be one.

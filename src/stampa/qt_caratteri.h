@@ -2,6 +2,7 @@
 
 #include "printing/superficie.h"
 
+#include <QColor>
 #include <QFont>
 #include <QRawFont>
 #include <array>
@@ -14,8 +15,13 @@
 namespace sortimetra {
 
 /// Units of a drawing in a millimetre and in a point: 1/1440 inch, so that fonts have whole sizes.
-inline constexpr double kUnita = 1440 / 25.4;
+inline constexpr double kUnita = 1440 / kPollice;
 inline constexpr int kUnitaPunto = 20;
+
+/// A packed colour as Qt's.
+[[nodiscard]] inline QColor colore_qt(Colore c) {
+    return QColor{c & 0xFF, c >> 8 & 0xFF, c >> 16 & 0xFF};
+}
 
 /// The fonts that a surface was asked for, with the widths that its texts have. Widths come from the font's
 /// design, without kerning and hinting, and are therefore the same on every surface.

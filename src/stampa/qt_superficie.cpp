@@ -24,10 +24,6 @@ Esito errore(int numero, std::string descrizione) {
     return std::unexpected(ErroreDisegno{numero, std::move(descrizione)});
 }
 
-QColor colore_qt(Colore c) {
-    return QColor{c & 0xFF, c >> 8 & 0xFF, c >> 16 & 0xFF};
-}
-
 }  // namespace
 
 SuperficieQt::SuperficieQt(QPagedPaintDevice& dispositivo) : dispositivo_{&dispositivo}, pittore_{&proprio_} {
@@ -214,11 +210,11 @@ std::expected<Dimensioni, ErroreDisegno> SuperficieQt::dimensioni(const Immagine
     if (!disegno.valido()) return std::unexpected(ErroreDisegno{kErroreImmagine, "Immagine non valida"});
     if (disegno.svg) {
         const QSize punti = disegno.svg->defaultSize();  // at 90 or 96 dots per inch, as the file tells
-        return Dimensioni{punti.width() * 25.4 / 96, punti.height() * 25.4 / 96};
+        return Dimensioni{punti.width() * kPollice / 96, punti.height() * kPollice / 96};
     }
     const QImage& punti = disegno.punti;
     const auto misura = [](int quanti, int per_metro) {
-        return per_metro > 0 ? quanti * 1000.0 / per_metro : quanti * 25.4 / 96;
+        return per_metro > 0 ? quanti * 1000.0 / per_metro : quanti * kPollice / 96;
     };
     return Dimensioni{misura(punti.width(), punti.dotsPerMeterX()),
                       misura(punti.height(), punti.dotsPerMeterY())};

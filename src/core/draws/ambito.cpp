@@ -8,8 +8,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr unsigned kDieci = (1U << kRuote) - 1;
-
 /// Indexes of the rows of an ascending concorso column that lie in the range and pass `passa(i)`.
 template <class Passa>
 std::vector<std::uint32_t> righe_nel_tratto(std::span<const Concorso> concorso, TrattoConcorsi tratto,
@@ -32,7 +30,7 @@ void SelezioneRuote::clic(int casella, bool spuntata) {
     const unsigned bit = 1U << casella;
     unsigned nuove = spuntata ? caselle_ | bit : caselle_ & ~bit;
     if (casella < kRuote) {
-        nuove &= kDieci;
+        nuove &= kDieciRuote;
     } else if (spuntata) {
         nuove = bit;
     }
@@ -41,15 +39,15 @@ void SelezioneRuote::clic(int casella, bool spuntata) {
 
 std::uint16_t SelezioneRuote::ruote_lette() const {
     if (spuntata(kNazionale)) return 0;
-    if (spuntata(kTutte)) return kDieci;
-    const unsigned scelte = caselle_ & kDieci;
+    if (spuntata(kTutte)) return kDieciRuote;
+    const unsigned scelte = caselle_ & kDieciRuote;
     return static_cast<std::uint16_t>(scelte == 0 ? 1U : scelte);
 }
 
 int SelezioneRuote::n_ruote() const {
     if (spuntata(kNazionale)) return 1;
     if (spuntata(kTutte)) return kRuote;
-    return std::popcount(caselle_ & kDieci);
+    return std::popcount(caselle_ & kDieciRuote);
 }
 
 std::string SelezioneRuote::nomi(std::string_view separatore) const {

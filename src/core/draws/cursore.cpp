@@ -72,8 +72,6 @@ Cursore ruote_fra(const ArchivioEstrazioni& a, unsigned ruote, std::size_t da, s
     return {a, TabellaArchivio::Lotto, std::move(righe)};
 }
 
-constexpr unsigned kDieci = (1U << kRuote) - 1;
-
 /// A number cell as a field.
 Campo cella(Numero n) {
     return int{n};
@@ -217,7 +215,7 @@ Cursore estrazioni_winforlife(const ArchivioEstrazioni& archivio, const AmbitoRi
 
 Cursore estrazione_concorso(const ArchivioEstrazioni& archivio, Concorso concorso) {
     const auto [da, oltre] = fra_concorsi(archivio.lotto().concorso, concorso, concorso);
-    return ruote_fra(archivio, kDieci, da, oltre);
+    return ruote_fra(archivio, kDieciRuote, da, oltre);
 }
 
 Cursore estrazione_bari(const ArchivioEstrazioni& archivio, Concorso concorso) {
@@ -233,7 +231,7 @@ Cursore estrazioni_ruota(const ArchivioEstrazioni& archivio, int ruota, Concorso
 
 Cursore tutte_le_estrazioni(const ArchivioEstrazioni& archivio, TabellaArchivio tabella) {
     const std::size_t n = colonna_concorso(archivio, tabella).size();
-    if (tabella == TabellaArchivio::Lotto) return ruote_fra(archivio, kDieci, 0, n);
+    if (tabella == TabellaArchivio::Lotto) return ruote_fra(archivio, kDieciRuote, 0, n);
     return record_fra(archivio, tabella, 0, n);
 }
 

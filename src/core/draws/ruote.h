@@ -9,6 +9,8 @@ namespace sortimetra {
 
 /// The ten regional wheels of the Lotto, in the order that rows of one concorso have.
 inline constexpr int kRuote = 10;
+/// One bit for each of the ten.
+inline constexpr unsigned kDieciRuote = (1U << kRuote) - 1;
 /// Index of the entry "all ten wheels" wherever wheels are indexed by their check box.
 inline constexpr int kTutte = 10;
 /// Index of the wheel NAZIONALE.

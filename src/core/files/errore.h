@@ -1,7 +1,9 @@
 #pragma once
 
+#include <expected>
 #include <filesystem>
 #include <string>
+#include <utility>
 
 namespace sortimetra {
 
@@ -13,5 +15,10 @@ struct ErroreArchivio {
     /// "drawit.mdb: il file è troncato …", with the file's name as the user knows it.
     [[nodiscard]] std::string testo() const { return file.empty() ? motivo : file.string() + ": " + motivo; }
 };
+
+/// For the functions that refuse a file: the error as they give it back.
+[[nodiscard]] inline std::unexpected<ErroreArchivio> rifiuta(std::filesystem::path file, std::string motivo) {
+    return std::unexpected{ErroreArchivio{std::move(file), std::move(motivo)}};
+}
 
 }  // namespace sortimetra

@@ -77,6 +77,11 @@ bool lavora(pid_t pid) {
 
 }  // namespace
 
+bool esiste_voce(const std::filesystem::path& file) {
+    std::error_code errore;
+    return std::filesystem::exists(std::filesystem::symlink_status(file, errore));
+}
+
 std::filesystem::path nome_temporaneo(const std::filesystem::path& destinazione) {
     static std::atomic<unsigned> contatore{0};
     const auto istante = std::chrono::steady_clock::now().time_since_epoch().count();

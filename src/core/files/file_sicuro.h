@@ -13,6 +13,9 @@
 
 namespace sortimetra {
 
+/// Whether the folder has an entry of this name, be it a link that leads nowhere.
+[[nodiscard]] bool esiste_voce(const std::filesystem::path& file);
+
 /// A file that is replaced whole or not at all: it is written to a temporary of a unique name in the same
 /// folder, and takes its own name only with `conferma`. Until then, and after any error, the file that was
 /// there stands as it was. An object that goes without `conferma` removes its temporary.

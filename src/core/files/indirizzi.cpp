@@ -12,7 +12,7 @@ namespace sortimetra {
 
 namespace {
 
-constexpr std::string_view kSezione = "Indirizzi";
+constexpr std::string_view kSezioneIndirizzi = "Indirizzi";
 
 }  // namespace
 
@@ -21,7 +21,7 @@ std::vector<std::string> leggi_indirizzi() {
     if (!testo) return {};
     std::vector<std::string> tutti;
     for (std::size_t i = 1; i <= kIndirizziMassimi; ++i) {
-        const auto valore = valore_ini(*testo, kSezione, std::to_string(i));
+        const auto valore = valore_ini(*testo, kSezioneIndirizzi, std::to_string(i));
         if (valore && rifiuto_indirizzo(*valore).empty()) tutti.emplace_back(*valore);
     }
     return tutti;
@@ -49,8 +49,8 @@ std::expected<void, ErroreArchivio> scrivi_indirizzi(std::span<const std::string
         for (std::size_t i = 1; i <= kIndirizziMassimi; ++i) {
             const std::string chiave = std::to_string(i);
             const std::string_view valore = i <= indirizzi.size() ? std::string_view{indirizzi[i - 1]} : "";
-            if (!valore.empty() || valore_ini(testo, kSezione, chiave))
-                testo = con_valore_ini(testo, kSezione, chiave, valore);
+            if (!valore.empty() || valore_ini(testo, kSezioneIndirizzi, chiave))
+                testo = con_valore_ini(testo, kSezioneIndirizzi, chiave, valore);
         }
         return testo;
     });

@@ -17,7 +17,7 @@ namespace sortimetra {
 
 namespace {
 
-constexpr std::string_view kSezione = "Cartelle";
+constexpr std::string_view kSezioneCartelle = "Cartelle";
 constexpr std::string_view kChiave = "cartella";
 
 /// A few lines. What is larger is no such file: it is neither read nor changed.
@@ -86,7 +86,7 @@ std::filesystem::path cartella_cache() {
 std::optional<std::filesystem::path> cartella_ricordata() {
     const auto testo = leggi_impostazioni();
     if (!testo) return std::nullopt;
-    const auto valore = valore_ini(*testo, kSezione, kChiave);
+    const auto valore = valore_ini(*testo, kSezioneCartelle, kChiave);
     if (!valore || !valore->starts_with('/') || !contiene_archivio_accanto(*valore)) return std::nullopt;
     return std::filesystem::path{*valore};
 }
@@ -97,7 +97,7 @@ std::expected<void, ErroreArchivio> ricorda_cartella(const std::filesystem::path
     if (errore || intera.find_first_of("\r\n") != std::string::npos)
         return std::unexpected(ErroreArchivio{cartella, "il nome di questa cartella non si può ricordare"});
     return cambia_impostazioni(
-        [&](const std::string& testo) { return con_valore_ini(testo, kSezione, kChiave, intera); });
+        [&](const std::string& testo) { return con_valore_ini(testo, kSezioneCartelle, kChiave, intera); });
 }
 
 std::filesystem::path cartella_programma(const std::optional<std::filesystem::path>& scelta) {

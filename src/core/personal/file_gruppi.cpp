@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kFileMassimo = std::size_t{64} << 20U;
+constexpr std::size_t kGruppiMassimo = std::size_t{64} << 20U;
 
 Messaggio rovinato(const fs::path& cartella, int riga, std::string_view atteso) {
     return {Avviso::file_danneggiato, fmt::format("{}: riga {}: {}. Il file resta com'è.",
@@ -33,7 +33,7 @@ std::expected<std::optional<std::string>, Messaggio> leggi(const fs::path& carte
     const fs::path file = cartella / kFileGruppi;
     std::error_code errore;
     if (!fs::exists(file, errore) && !errore) return std::nullopt;
-    auto testo = leggi_file(file, kFileMassimo);
+    auto testo = leggi_file(file, kGruppiMassimo);
     if (!testo) return std::unexpected(messaggio(testo.error()));
     return std::move(*testo);
 }

@@ -18,7 +18,7 @@ namespace {
 
 /// More than any lottery takes; keeps sums far from the type's end.
 constexpr Centesimi kPostaMassima = 1'000'000'000'000;
-constexpr std::size_t kFileMassimo = std::size_t{1} << 20U;
+constexpr std::size_t kPosteMassimo = std::size_t{1} << 20U;
 
 /// Digits, then at most one `segno` and its decimals; rounded to cents. Nothing for any other text.
 std::optional<Centesimi> leggi_importo(std::string_view testo, char segno) {
@@ -47,7 +47,7 @@ std::string campo_posta(Centesimi posta) {
     return posta == 0 ? "0" : fmt::format("{}.{:02}", posta / 100, posta % 100);
 }
 
-ErroreArchivio rovinato(const std::filesystem::path& file, int riga, std::string_view trovato) {
+ErroreArchivio poste_rovinate(const std::filesystem::path& file, int riga, std::string_view trovato) {
     return {file,
             fmt::format("riga {}: trovato \"{}\", attese cinque poste in euro e 1 o 0 (stampa o no), divise "
                         "da virgole. Il file resta com'è",
@@ -141,18 +141,18 @@ std::expected<Poste, ErroreArchivio> leggi_poste(const std::filesystem::path& ca
     const auto file = cartella / kFilePoste;
     std::error_code errore;
     if (!std::filesystem::exists(file, errore) && !errore) return poste_predefinite();
-    const auto testo = leggi_file(file, kFileMassimo);
+    const auto testo = leggi_file(file, kPosteMassimo);
     if (!testo) return std::unexpected(testo.error());
     LettoreCampi lettore{*testo};
     Poste poste;
     for (std::size_t i = 0; i < poste.size(); ++i) {
         const std::string_view linea = lettore.resto();
         const auto riga = leggi_riga(linea);
-        if (!riga) return std::unexpected(rovinato(file, static_cast<int>(i) + 1, linea));
+        if (!riga) return std::unexpected(poste_rovinate(file, static_cast<int>(i) + 1, linea));
         poste[i] = *riga;
     }
     if (!lettore.finito())
-        return std::unexpected(rovinato(file, static_cast<int>(poste.size()) + 1, lettore.resto()));
+        return std::unexpected(poste_rovinate(file, static_cast<int>(poste.size()) + 1, lettore.resto()));
     return poste;
 }
 

@@ -13,14 +13,14 @@ namespace sortimetra {
 
 namespace {
 
-constexpr std::size_t kFileMassimo = std::size_t{1} << 20U;
+constexpr std::size_t kTaraturaMassimo = std::size_t{1} << 20U;
 /// The second closing number, which is always the same.
 constexpr int kChiusura = 3;
 
 // Default places in hundredths of a millimetre, so that sums stay exact.
 constexpr int kPrimaColonna = 2331;
 constexpr int kTraColonne = 420;
-constexpr int kPrimaRiga = 14571;
+constexpr int kPrimaFila = 14571;
 constexpr int kTraRighe = 425;
 /// Six tens stand under each other; the last three begin again below the slip's fold.
 constexpr int kRigaDopoPiega = 17971;
@@ -53,16 +53,16 @@ TaraturaLotto default_taratura_lotto() {
     for (std::size_t i = 0; i < t.numeri.size(); ++i) {
         const int colonna = static_cast<int>(i % 10);
         const int decina = static_cast<int>(i / 10);
-        const int y = decina < kDecineSopra ? kPrimaRiga + kTraRighe * decina
+        const int y = decina < kDecineSopra ? kPrimaFila + kTraRighe * decina
                                             : kRigaDopoPiega + kTraRighe * (decina - kDecineSopra);
         t.numeri[i] = punto(kPrimaColonna + kTraColonne * colonna, y);
     }
     // Right of the numbers: wheels over the stakes, one line of marks per bet.
     constexpr int kDestra = 9000;
-    in_fila(t.ruote, kDestra, kPrimaRiga);
-    t.nazionale = punto(kDestra + kTraColonne * kRuote, kPrimaRiga);
+    in_fila(t.ruote, kDestra, kPrimaFila);
+    t.nazionale = punto(kDestra + kTraColonne * kRuote, kPrimaFila);
     for (std::size_t s = 0; s < t.poste.size(); ++s)
-        in_fila(t.poste[s], kDestra, kPrimaRiga + kTraRighe * (2 + static_cast<int>(s)));
+        in_fila(t.poste[s], kDestra, kPrimaFila + kTraRighe * (2 + static_cast<int>(s)));
     in_fila(t.primo_gruppo, kDestra, kRigaDopoPiega);
     in_fila(t.secondo_gruppo, kDestra, kRigaDopoPiega + kTraRighe);
     return t;
@@ -70,7 +70,7 @@ TaraturaLotto default_taratura_lotto() {
 
 std::expected<TaraturaLotto, ErroreArchivio> apri_taratura_lotto(const std::filesystem::path& cartella) {
     const auto file = cartella / kFileTaratura;
-    const auto testo = leggi_file(file, kFileMassimo);
+    const auto testo = leggi_file(file, kTaraturaMassimo);
     if (!testo) return std::unexpected(testo.error());
     LettoreCampi lettore{*testo};
     TaraturaLotto taratura;

@@ -82,10 +82,10 @@ std::vector<Foglietto> dividi(const Tabella& tabella) {
 }
 
 /// One sheet: the table as wide as the sheet between its margins, rows as high as it leaves room for.
-class Disegno {
+class DisegnoPosizione {
   public:
-    Disegno(EasyPrint& stampante, const Tabella& tabella, const Foglietto& foglio,
-            std::span<const std::uint32_t> ordine)
+    DisegnoPosizione(EasyPrint& stampante, const Tabella& tabella, const Foglietto& foglio,
+                     std::span<const std::uint32_t> ordine)
         : p_{stampante},
           tabella_{tabella},
           foglio_{foglio},
@@ -181,21 +181,22 @@ Rapporto rapporto_posizione(const MaterialeRapporto& materiale) {
     testa.concorsi = materiale.testa.intervallo;
     testa.periodo = materiale.testa.date;
     testa.nota.clear();  // the dates have it; the titles stand where it would
-    return {
-        .titolo = testa.ricerca,
-        .orientamento = Orientamento::orizzontale,
-        .pagine = pagine,
-        .disegna = [&tabella, pagine, testa, fogli = std::move(fogli),
-                    ordine = std::vector(materiale.ordine.begin(), materiale.ordine.end())](
-                       EasyPrint& stampante, int pagina) {
-            stampa_intestazione(stampante, testa);
-            if (!fogli.empty())
-                Disegno{stampante, tabella, fogli[static_cast<std::size_t>(pagina - 1)], ordine}.disegna();
-            stampante.FontSize(kCorpoOrizzontaleFitto);
-            if (pagina == pagine) stampa_legenda(stampante, stampante.PageHeight() - kAltezzaPiede, kLegenda);
-            stampante.FontSize(10);
-            stampa_piede(stampante, pagina, pagine);
-        }};
+    return {.titolo = testa.ricerca,
+            .orientamento = Orientamento::orizzontale,
+            .pagine = pagine,
+            .disegna = [&tabella, pagine, testa, fogli = std::move(fogli),
+                        ordine = std::vector(materiale.ordine.begin(), materiale.ordine.end())](
+                           EasyPrint& stampante, int pagina) {
+                stampa_intestazione(stampante, testa);
+                if (!fogli.empty())
+                    DisegnoPosizione{stampante, tabella, fogli[static_cast<std::size_t>(pagina - 1)], ordine}
+                        .disegna();
+                stampante.FontSize(kCorpoOrizzontaleFitto);
+                if (pagina == pagine)
+                    stampa_legenda(stampante, stampante.PageHeight() - kAltezzaPiede, kLegenda);
+                stampante.FontSize(10);
+                stampa_piede(stampante, pagina, pagine);
+            }};
 }
 
 }  // namespace sortimetra

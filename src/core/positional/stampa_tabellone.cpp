@@ -70,9 +70,9 @@ void piede(EasyPrint& stampante, int pagina, int pagine) {
 }
 
 /// A board's titles, cells and frames.
-class Disegno {
+class DisegnoTabellone {
   public:
-    Disegno(EasyPrint& stampante, const Posa& posa, std::span<const TitoloColonne> titoli)
+    DisegnoTabellone(EasyPrint& stampante, const Posa& posa, std::span<const TitoloColonne> titoli)
         : p_{stampante}, posa_{posa}, titoli_{titoli} {}
 
     void disegna(const Righe& righe) {
@@ -194,7 +194,7 @@ Rapporto a_blocchi(const MaterialeRapporto& materiale, std::vector<TitoloColonne
                     if (b > 0 && prima >= tabella.righe()) break;
                     Posa blocco = posa;
                     blocco.x = inizio_banda(stampante) + rientro + kTraBlocchi * static_cast<float>(b);
-                    Disegno{stampante, blocco, titoli}.disegna(
+                    DisegnoTabellone{stampante, blocco, titoli}.disegna(
                         {tabella, prima, std::min(kRigheBloccoTabellone, tabella.righe() - prima)});
                 }
                 piede(stampante, pagina, pagine);
@@ -224,7 +224,7 @@ Rapporto stampa_tab_pos(const MaterialeRapporto& materiale) {
                 posa.larga = (stampante.PageWidth() - 2 * kMargineFoglio - posa.ritardo -
                               posa.spazio * static_cast<float>(titoli.size())) /
                              static_cast<float>(tabella.n_colonne() - 1);
-                Disegno{stampante, posa, titoli}.disegna(
+                DisegnoTabellone{stampante, posa, titoli}.disegna(
                     {tabella, prima, std::min(kRighePaginaTabellone, tabella.righe() - prima)});
                 piede(stampante, pagina, pagine);
             }};

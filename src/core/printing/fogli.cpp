@@ -13,8 +13,6 @@ struct FoglioNoto {
     double altezza;
 };
 
-constexpr double kPollice = 25.4;
-
 /// By paper code, from 1. 48 and 49 were never given.
 constexpr std::array<FoglioNoto, 68> kFogli{{
     {"Letter", 8.5 * kPollice, 11 * kPollice},

@@ -64,9 +64,12 @@ struct Lavoro {
     Orientamento orientamento = Orientamento::verticale;
 };
 
+/// Millimetres of an inch.
+inline constexpr double kPollice = 25.4;
+
 /// The width of a line is told in dots; on every surface a dot is this wide, so that a page looks the same
 /// whatever the resolution: one three-hundredth of an inch, in millimetres.
-inline constexpr double kPunto = 25.4 / 300;
+inline constexpr double kPunto = kPollice / 300;
 
 /// A place to draw a page: paper, a PDF, a preview, or a test's notebook.
 ///

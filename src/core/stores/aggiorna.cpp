@@ -26,12 +26,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr unsigned kTabelleDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
-
-std::unexpected<ErroreArchivio> rifiuta(std::filesystem::path file, std::string motivo) {
-    return std::unexpected(ErroreArchivio{std::move(file), std::move(motivo)});
-}
-
 std::string_view nome_gioco(Gioco gioco) {
     switch (gioco) {
         case Gioco::superenalotto:

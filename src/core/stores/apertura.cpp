@@ -22,8 +22,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr unsigned kTabelleDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
-
 /// The native and the Jet name of each of the two database files; where both are equally new, the first.
 using NomiFile = std::array<std::string_view, 2>;
 constexpr NomiFile kNomiDrawit{"drawit.db", "drawit.mdb"};

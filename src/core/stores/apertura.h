@@ -18,6 +18,8 @@ enum Tabelle : unsigned {
     kTabellaWinForLife = 8U,     ///< `archivio` of drawit2
     kTutteLeTabelle = 15U,
 };
+/// The tables of drawit.
+inline constexpr unsigned kTabelleDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
 
 /// How an archive is opened.
 struct ModoApertura {

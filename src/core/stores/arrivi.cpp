@@ -23,10 +23,6 @@ namespace sortimetra {
 
 namespace {
 
-std::unexpected<ErroreArchivio> rifiuta(std::string_view nome, std::string motivo) {
-    return std::unexpected(ErroreArchivio{nome, std::move(motivo)});
-}
-
 /// The first line that is not blank, without the blanks round it.
 std::string_view prima_linea(std::string_view testo) {
     if (testo.starts_with("\xEF\xBB\xBF")) testo.remove_prefix(3);

@@ -26,18 +26,12 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kDrawit = "drawit.db";
 constexpr std::string_view kDrawit2 = "drawit2.db";
-constexpr unsigned kTabelleDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
 
 /// Between two looks whether another program has let go of the folder.
-constexpr auto kPausa = std::chrono::milliseconds{10};
+constexpr auto kTraDueProve = std::chrono::milliseconds{10};
 
 std::string precedente(std::string_view nome) {
     return fmt::format("{}{}", nome, kFinalePrecedente);
-}
-
-bool presente(const fs::path& file) {
-    std::error_code errore;
-    return fs::exists(fs::symlink_status(file, errore));
 }
 
 ErroreArchivio non_scritto(const fs::path& file, int codice) {
@@ -76,7 +70,7 @@ using Passo = std::expected<PassoCambio, ErroreArchivio>;
 Passo conserva(const fs::path& cartella, std::string_view da, std::string_view a, Preparati& preparati) {
     const fs::path vecchio = posto(cartella, da);
     const fs::path dove = posto(cartella, a);
-    if (presente(vecchio)) {
+    if (esiste_voce(vecchio)) {
         fs::path temporaneo = nome_temporaneo(dove);
         if (const int codice = collega_file(vecchio, temporaneo); codice != 0)
             return std::unexpected(non_scritto(cartella / a, codice));
@@ -215,7 +209,7 @@ std::expected<CambioArchivio, ErroreArchivio> CambioArchivio::apri(const fs::pat
                                "un altro programma sta cambiando l'archivio: riprovare quando ha finito"});
         if (!avanzamento.procedi(0, 1))
             return std::unexpected(ErroreArchivio{percorso_archivio, std::string{kAnnullata}});
-        std::this_thread::sleep_for(kPausa);
+        std::this_thread::sleep_for(kTraDueProve);
     }
 }
 
@@ -267,10 +261,11 @@ std::expected<void, ErroreArchivio> CambioArchivio::scrivi(const NuovoArchivio& 
     for (std::size_t i = 0; i < kGeneri.size(); ++i) {
         const Genere& genere = kGeneri[i];
         const fs::path file = cartella_ / genere.nome;
-        const bool cambia = destini[i] == Destino::Nuovo || (destini[i] == Destino::Tolto && presente(file));
+        const bool cambia =
+            destini[i] == Destino::Nuovo || (destini[i] == Destino::Tolto && esiste_voce(file));
         if (!cambia) {
             // What is kept is the archive before this change, and of that this file is no part.
-            if (presente(cartella_ / precedente(genere.nome)))
+            if (esiste_voce(cartella_ / precedente(genere.nome)))
                 tenuti.push_back({.che = PassoCambio::Che::Togli, .nome = precedente(genere.nome)});
             continue;
         }
@@ -302,7 +297,7 @@ std::expected<void, ErroreArchivio> CambioArchivio::annulla() {
     for (const Genere& genere : kGeneri) {
         const std::string tenuto = precedente(genere.nome);
         const fs::path vecchio = posto(cartella_, tenuto);
-        if (!presente(vecchio)) continue;
+        if (!esiste_voce(vecchio)) continue;
         std::error_code errore;
         if (const bool nessuno = fs::file_size(vecchio, errore) == 0 && !errore; nessuno) {
             intento.push_back({.che = PassoCambio::Che::Togli, .nome = std::string{genere.nome}});

@@ -28,10 +28,11 @@ constexpr std::array<std::string_view, 10> kColonneSuperEnalotto{
 constexpr std::array<std::string_view, 13> kColonneWinForLife{
     "concorso", "data estrazione", "ora", "1°", "2°", "3°", "4°", "5°", "6°", "7°", "8°", "9°", "10°"};
 
-constexpr std::array<FormaTabella, 3> kDrawit{{{kTabellaLotto, "archivio", kColonneLotto},
-                                               {kTabellaNazionale, "archivion", kColonneLotto},
-                                               {kTabellaSuperEnalotto, "archivios", kColonneSuperEnalotto}}};
-constexpr std::array<FormaTabella, 1> kDrawit2{{{kTabellaWinForLife, "archivio", kColonneWinForLife}}};
+constexpr std::array<FormaTabella, 3> kFormeDrawit{
+    {{kTabellaLotto, "archivio", kColonneLotto},
+     {kTabellaNazionale, "archivion", kColonneLotto},
+     {kTabellaSuperEnalotto, "archivios", kColonneSuperEnalotto}}};
+constexpr std::array<FormaTabella, 1> kFormeDrawit2{{{kTabellaWinForLife, "archivio", kColonneWinForLife}}};
 
 /// Day 0 of the calendar in which Jet counts.
 constexpr sys_days kGiornoZero{year{1899} / 12 / 30};
@@ -150,10 +151,10 @@ std::string ora(const Cella& c) {
 }  // namespace
 
 std::span<const FormaTabella> tabelle_drawit() {
-    return kDrawit;
+    return kFormeDrawit;
 }
 std::span<const FormaTabella> tabelle_drawit2() {
-    return kDrawit2;
+    return kFormeDrawit2;
 }
 
 std::optional<Data> LettoreRighe::data(const Cella& c) {

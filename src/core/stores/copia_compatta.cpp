@@ -31,7 +31,7 @@ namespace {
 
 /// Sums words of eight bytes in four chains, each step of which can be undone: no single word can change
 /// without changing the sum. Fast rather than hard to forge: whoever can write the copy can write the store.
-class Somma {
+class SommaByte {
   public:
     static constexpr std::size_t kBlocco = 32;
 
@@ -68,18 +68,18 @@ class Somma {
 
 // ---- the form of the file ----
 
-constexpr std::array<char, 8> kFirma{'S', 'o', 'r', 't', 'i', 'm', 'C', '\n'};
+constexpr std::array<char, 8> kFirmaCopia{'S', 'o', 'r', 't', 'i', 'm', 'C', '\n'};
 /// To be raised with every change of what stands in a copy, or of what a store's reader makes of a store.
-constexpr std::uint32_t kVersione = 1;
+constexpr std::uint32_t kVersioneCopia = 1;
 /// Read as another number on a machine that writes numbers the other way round.
 constexpr std::uint32_t kOrdineByte = 0x01020304;
 /// Columns begin at multiples of this.
 constexpr std::size_t kAllineamento = 64;
-constexpr std::size_t kGrandezzaMassima = std::size_t{1} << 30;
+constexpr std::size_t kCopiaMassima = std::size_t{1} << 30;
 
 struct TestataCopia {
-    std::array<char, 8> firma = kFirma;
-    std::uint32_t versione = kVersione;
+    std::array<char, 8> firma = kFirmaCopia;
+    std::uint32_t versione = kVersioneCopia;
     std::uint32_t ordine_byte = kOrdineByte;
     std::uint64_t grandezza = 0;  ///< of the whole file
     std::uint64_t somma = 0;      ///< of all that follows
@@ -96,7 +96,7 @@ struct TestataCopia {
     std::array<std::uint32_t, 15> libere{};
 };
 constexpr std::size_t kSommato = offsetof(TestataCopia, identita);
-static_assert(offsetof(TestataCopia, somma) == kPostoSomma && kSommato == Somma::kBlocco);
+static_assert(offsetof(TestataCopia, somma) == kPostoSomma && kSommato == SommaByte::kBlocco);
 static_assert(sizeof(TestataCopia) % kAllineamento == 0);
 static_assert(std::has_unique_object_representations_v<TestataCopia>);
 // Columns stand in the file as in memory.
@@ -215,7 +215,7 @@ bool conti_possibili(const TestataCopia& i) {
            conto(kTabellaLotto, i.lotto) && conto(kTabellaLotto, i.righe_lotto) &&
            conto(kTabellaNazionale, i.nazionale) && conto(kTabellaSuperEnalotto, i.superenalotto) &&
            conto(kTabellaWinForLife, i.winforlife) && conto(kTabellaWinForLife, i.ore) &&
-           i.byte_ore <= kGrandezzaMassima;
+           i.byte_ore <= kCopiaMassima;
 }
 
 TabelleArchivio tabelle_viste(const TestataCopia& i, LettoreColonne& lettore) {
@@ -254,12 +254,13 @@ TestataCopia intestazione(const IdentitaNegozio& identita, const ContenutoCopia&
                    .byte_ore = quante(t.winforlife.ora.testi())};
     i.grandezza = sizeof i;
     for (const auto& colonna : colonne) i.grandezza += allineato(colonna.size());
-    Somma somma;
+    SommaByte somma;
     somma.aggiungi(std::as_bytes(std::span{&i, 1}).subspan(kSommato));
     for (const auto& colonna : colonne) {
         somma.aggiungi(colonna);
         // The zeros up to where the next one begins, beyond those of the block that the sum has filled up.
-        const std::size_t fatti = (colonna.size() + Somma::kBlocco - 1) / Somma::kBlocco * Somma::kBlocco;
+        const std::size_t fatti =
+            (colonna.size() + SommaByte::kBlocco - 1) / SommaByte::kBlocco * SommaByte::kBlocco;
         constexpr std::array<std::byte, kAllineamento> kZeri{};
         somma.aggiungi(std::span{kZeri}.first(allineato(colonna.size()) - fatti));
     }
@@ -342,7 +343,7 @@ class Mappa {
 
 /// What of a header needs no look at the rest.
 bool intestazione_giusta(const TestataCopia& i, const IdentitaNegozio& identita, std::size_t grandezza) {
-    return i.firma == kFirma && i.versione == kVersione && i.ordine_byte == kOrdineByte &&
+    return i.firma == kFirmaCopia && i.versione == kVersioneCopia && i.ordine_byte == kOrdineByte &&
            i.grandezza == grandezza && i.identita == identita;
 }
 
@@ -351,7 +352,7 @@ std::optional<ContenutoCopia> leggi_una(const std::filesystem::path& file, const
     const FileLetto aperto{file, O_NOFOLLOW};
     if (!aperto.aperto()) return std::nullopt;
     const auto grandezza = static_cast<std::size_t>(aperto.stato().st_size);
-    if (grandezza < sizeof(TestataCopia) || grandezza > kGrandezzaMassima) return std::nullopt;
+    if (grandezza < sizeof(TestataCopia) || grandezza > kCopiaMassima) return std::nullopt;
     // Most copies that do not fit are of another state of the store: no need to read all of it to know.
     TestataCopia prima;
     if (aperto.leggi(std::as_writable_bytes(std::span{&prima, 1})) != sizeof prima ||
@@ -402,7 +403,7 @@ std::optional<IdentitaNegozio> identita_negozio(const std::filesystem::path& neg
     constexpr std::size_t kInizio = 100;
     std::array<std::byte, kInizio> inizio{};
     const std::size_t letti = aperto.leggi(inizio);
-    Somma somma;
+    SommaByte somma;
     somma.aggiungi(std::span{inizio}.first(letti));
     const struct stat& s = aperto.stato();
     return IdentitaNegozio{.dispositivo = static_cast<std::uint64_t>(s.st_dev),
@@ -446,13 +447,13 @@ std::filesystem::path copia_accanto(const std::filesystem::path& negozio) {
 std::filesystem::path copia_in_disparte(const std::filesystem::path& negozio) {
     std::error_code errore;
     const std::string intero = std::filesystem::absolute(negozio, errore).string();
-    Somma somma;
+    SommaByte somma;
     somma.aggiungi(std::as_bytes(std::span{intero}));
     return cartella_cache() / fmt::format("{:016x}-{}", somma.valore(), negozio.filename().string());
 }
 
 std::uint64_t somma_copia(std::span<const std::byte> byte) {
-    Somma somma;
+    SommaByte somma;
     if (byte.size() > kSommato) somma.aggiungi(byte.subspan(kSommato));
     return somma.valore();
 }

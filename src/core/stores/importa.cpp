@@ -121,10 +121,6 @@ void dividi(std::vector<RigaLotto> tutte, RigheArchivio& righe) {
 
 // ---- building ----
 
-std::unexpected<ErroreArchivio> rifiuta(const std::filesystem::path& file, std::string_view motivo) {
-    return std::unexpected(ErroreArchivio{file, std::string{motivo}});
-}
-
 /// The rows of the new `drawit.db`, made of the given texts and of what the archive holds already.
 std::expected<LettiPubblicati, ErroreArchivio> componi_drawit(ArchivioAttuale attuale,
                                                               const FilePubblicati& file, Testi& testi) {

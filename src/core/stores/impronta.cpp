@@ -15,9 +15,9 @@ __extension__ using Doppio = unsigned __int128;
 
 /// Multiplies to 128 bits and folds the halves together: each bit of either word reaches all 64 of the
 /// result. Two words a step; a row of the Lotto is one step.
-class Somma {
+class SommaRighe {
   public:
-    explicit Somma(std::uint64_t seme) : stato_{mescola(seme ^ kTerza, kPrima)} {}
+    explicit SommaRighe(std::uint64_t seme) : stato_{mescola(seme ^ kTerza, kPrima)} {}
 
     void aggiungi(std::uint64_t a, std::uint64_t b) { stato_ = mescola(a ^ kPrima, b ^ kSeconda ^ stato_); }
     void aggiungi(std::string_view testo) {
@@ -53,25 +53,25 @@ class Somma {
     std::uint64_t stato_;
 };
 
-void somma_riga(Somma& s, const RigaLotto& r) {
-    s.aggiungi(Somma::parola(r.concorso, r.data),
-               Somma::parola(r.numeri) << 8U | static_cast<std::uint64_t>(r.ruota));
+void somma_riga(SommaRighe& s, const RigaLotto& r) {
+    s.aggiungi(SommaRighe::parola(r.concorso, r.data),
+               SommaRighe::parola(r.numeri) << 8U | static_cast<std::uint64_t>(r.ruota));
 }
-void somma_riga(Somma& s, const RigaSuperEnalotto& r) {
-    s.aggiungi(Somma::parola(r.concorso, r.data), Somma::parola(r.numeri) << 16U |
-                                                      static_cast<std::uint64_t>(r.jolly) << 8U |
-                                                      std::uint64_t{r.superstar});
+void somma_riga(SommaRighe& s, const RigaSuperEnalotto& r) {
+    s.aggiungi(SommaRighe::parola(r.concorso, r.data), SommaRighe::parola(r.numeri) << 16U |
+                                                           static_cast<std::uint64_t>(r.jolly) << 8U |
+                                                           std::uint64_t{r.superstar});
 }
-void somma_riga(Somma& s, const RigaWinForLife& r) {
+void somma_riga(SommaRighe& s, const RigaWinForLife& r) {
     const std::span numeri{r.numeri};
-    s.aggiungi(Somma::parola(r.concorso, r.data), Somma::parola(numeri.first(5)));
-    s.aggiungi(Somma::parola(numeri.subspan(5)), 2);
+    s.aggiungi(SommaRighe::parola(r.concorso, r.data), SommaRighe::parola(numeri.first(5)));
+    s.aggiungi(SommaRighe::parola(numeri.subspan(5)), 2);
     s.aggiungi(r.ora);
 }
 
 template <class Riga>
 ImprontaTabella di(const std::vector<Riga>& righe, unsigned tabella, bool simulato) {
-    Somma s{tabella * 2U + (simulato ? 1U : 0U)};
+    SommaRighe s{tabella * 2U + (simulato ? 1U : 0U)};
     for (const Riga& r : righe) somma_riga(s, r);
     return {righe.size(), s.valore()};
 }

@@ -39,10 +39,6 @@ bool temporaneo_ammesso(std::string_view nome) {
            nome.find_first_of(std::string_view{"/\0", 2}) == std::string_view::npos;
 }
 
-bool presente(const fs::path& file) {
-    return access(file.c_str(), F_OK) == 0;
-}
-
 std::optional<PassoCambio> leggi_passo(std::string_view riga) {
     const auto parola = [&riga] {
         const auto fine = std::min(riga.find(' '), riga.size());
@@ -90,7 +86,7 @@ int applica_passo(const fs::path& cartella, const PassoCambio& passo) {
         return togli_file(cartella / passo.nome);
     }
     const fs::path nuovo = dove.parent_path() / passo.temporaneo;
-    if (!presente(nuovo)) return 0;  // has its place already
+    if (!esiste_voce(nuovo)) return 0;  // has its place already
     if (const int codice = togli_laterali(dove); codice != 0) return codice;
     return rinomina_file(nuovo, dove);
 }
@@ -112,10 +108,10 @@ std::expected<void, ErroreArchivio> scrivi_intento(const fs::path& cartella, con
 
 std::expected<std::optional<Intento>, ErroreArchivio> leggi_intento(const fs::path& cartella) {
     const fs::path file = cartella / kFileCambio;
-    if (!presente(file)) return std::nullopt;
+    if (!esiste_voce(file)) return std::nullopt;
     const auto testo = leggi_file(file, kIntentoMassimo);
     if (!testo) {
-        if (!presente(file)) return std::nullopt;  // finished meanwhile
+        if (!esiste_voce(file)) return std::nullopt;  // finished meanwhile
         return std::unexpected(testo.error());
     }
     auto intento = leggi_passi(*testo);
@@ -152,13 +148,13 @@ Avanzata applica_intento(const fs::path& cartella, const Intento& intento) {
 }
 
 bool cambio_sospeso(const fs::path& cartella) {
-    return presente(cartella / kFileCambio);
+    return esiste_voce(cartella / kFileCambio);
 }
 
 std::expected<Intento, ErroreArchivio> concludi_sospeso(const fs::path& cartella) {
     const fs::path file = cartella / kFileCambio;
     const auto fine = std::chrono::steady_clock::now() + kAttesa;
-    while (presente(file)) {
+    while (esiste_voce(file)) {
         const auto blocco = BloccoCartella::prova(cartella);
         const bool basta = std::chrono::steady_clock::now() >= fine;
         if (blocco || basta) {
@@ -180,7 +176,7 @@ std::optional<fs::path> come_se(const fs::path& cartella, const Intento& intento
     if (passo == intento.end()) return cartella / nome;
     if (passo->che == PassoCambio::Che::Togli) return std::nullopt;
     const fs::path nuovo = posto(cartella, nome).parent_path() / passo->temporaneo;
-    return presente(nuovo) ? nuovo : cartella / nome;
+    return esiste_voce(nuovo) ? nuovo : cartella / nome;
 }
 
 }  // namespace sortimetra

@@ -21,17 +21,12 @@ namespace fs = std::filesystem;
 
 constexpr std::array<std::string_view, 3> kFinali{"-journal", "-wal", "-shm"};
 /// How long another program may take to let go of the store.
-constexpr int kAttesaMs = 2000;
+constexpr int kAttesaLateraliMs = 2000;
 
 fs::path laterale(const fs::path& file, std::string_view finale) {
     fs::path nome = file;
     nome += finale;
     return nome;
-}
-
-bool presente(const fs::path& file) {
-    std::error_code errore;
-    return fs::exists(fs::symlink_status(file, errore));
 }
 
 std::string motivo(int codice) {
@@ -60,7 +55,7 @@ int concludi(const fs::path& file) {
     sqlite3* base = nullptr;
     int codice = sqlite3_open_v2(file.c_str(), &base, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (codice == SQLITE_OK) {
-        sqlite3_busy_timeout(base, kAttesaMs);
+        sqlite3_busy_timeout(base, kAttesaLateraliMs);
         codice = sqlite3_exec(
             base, "BEGIN EXCLUSIVE; SELECT count(*) FROM sqlite_schema; COMMIT; PRAGMA journal_mode=DELETE",
             nullptr, nullptr, nullptr);
@@ -73,7 +68,7 @@ int concludi(const fs::path& file) {
 
 bool ha_laterali(const fs::path& file) {
     return std::any_of(kFinali.begin(), kFinali.end(),
-                       [&](std::string_view finale) { return presente(laterale(file, finale)); });
+                       [&](std::string_view finale) { return esiste_voce(laterale(file, finale)); });
 }
 
 std::expected<void, ErroreArchivio> concludi_laterali(const fs::path& file) {
@@ -81,11 +76,11 @@ std::expected<void, ErroreArchivio> concludi_laterali(const fs::path& file) {
     if (!ha_laterali(file) || !fs::exists(file, errore)) return {};
     for (const std::string_view finale : kFinali) {
         const fs::path f = laterale(file, finale);
-        if (presente(f) && !fs::is_regular_file(fs::symlink_status(f, errore)))
+        if (esiste_voce(f) && !fs::is_regular_file(fs::symlink_status(f, errore)))
             return std::unexpected(ErroreArchivio{f, "non è un file: va tolto perché si possa proseguire"});
     }
     // The log alone is what a store may not outlive; a journal that was undone or finished has no meaning.
-    if (const int codice = concludi(file); codice != SQLITE_OK || presente(laterale(file, "-wal")))
+    if (const int codice = concludi(file); codice != SQLITE_OK || esiste_voce(laterale(file, "-wal")))
         return std::unexpected(ErroreArchivio{
             file, fmt::format("un altro programma non ha finito di scriverlo e la scrittura non si può "
                               "concludere ({}): chiudere quel programma, oppure portare altrove il file e "
@@ -97,7 +92,7 @@ std::expected<void, ErroreArchivio> concludi_laterali(const fs::path& file) {
 int togli_laterali(const fs::path& file) {
     for (const std::string_view finale : kFinali) {
         const fs::path f = laterale(file, finale);
-        if (!presente(f)) continue;
+        if (!esiste_voce(f)) continue;
         if (const int codice = togli_file(f); codice != 0) return codice;
     }
     return 0;
@@ -114,7 +109,7 @@ std::expected<CopiaPrivata, ErroreArchivio> CopiaPrivata::fai(const fs::path& fi
     for (const std::string_view finale :
          {std::string_view{}, std::string_view{"-journal"}, std::string_view{"-wal"}}) {
         const fs::path da = laterale(file, finale);
-        if (!presente(da)) continue;
+        if (!esiste_voce(da)) continue;
         const auto byte = leggi_file(da);
         if (!byte) return std::unexpected(byte.error());
         if (auto esito = scrivi_file(laterale(copia.file(), finale), *byte); !esito)

@@ -25,8 +25,8 @@ namespace sortimetra {
 
 namespace {
 
-constexpr std::string_view kFirma{"SQLite format 3\0", 16};
-constexpr std::size_t kIntestazione = 100;
+constexpr std::string_view kFirmaSqlite{"SQLite format 3\0", 16};
+constexpr std::size_t kTestataSqlite = 100;
 /// How long a reader waits for a writer that holds the file.
 constexpr int kAttesaMs = 250;
 /// Work that reading may take, in steps of `kPassiPerControllo` instructions of the engine. The real archive
@@ -125,10 +125,10 @@ int conta_passi(void* controlli) {
 
 /// What the header alone tells: foreign, cut short.
 std::expected<void, ErroreArchivio> esamina(const std::filesystem::path& file) {
-    const auto inizio = leggi_inizio(file, kIntestazione);
+    const auto inizio = leggi_inizio(file, kTestataSqlite);
     if (!inizio) return std::unexpected(inizio.error());
     const std::string& b = inizio->byte;
-    if (!std::string_view{b}.starts_with(kFirma.substr(0, std::min(b.size(), kFirma.size()))))
+    if (!std::string_view{b}.starts_with(kFirmaSqlite.substr(0, std::min(b.size(), kFirmaSqlite.size()))))
         return std::unexpected(ErroreArchivio{file, "il file non è un archivio di Sortimetra"});
     const auto grande = [&](std::size_t dove, int quanti) {
         std::uint64_t n = 0;
@@ -136,7 +136,7 @@ std::expected<void, ErroreArchivio> esamina(const std::filesystem::path& file) {
             n = n << 8 | static_cast<unsigned char>(b[dove + static_cast<std::size_t>(i)]);
         return n;
     };
-    if (b.size() < kIntestazione)
+    if (b.size() < kTestataSqlite)
         return std::unexpected(
             ErroreArchivio{file, fmt::format("il file è troncato: ha solo {} byte", inizio->grandezza)});
     const std::uint64_t pagina = grande(16, 2) == 1 ? 65536 : grande(16, 2);

@@ -24,7 +24,7 @@ bool cambia(const std::array<Numero, N>& vecchi, const std::array<Numero, N>& nu
 
 // What a draw is known by, whether other numbers stand in it, and how a user knows it.
 
-auto chiave(const RigaLotto& r) {
+auto identita(const RigaLotto& r) {
     return std::pair{r.data, r.ruota};
 }
 bool cambia(const RigaLotto& v, const RigaLotto& n) {
@@ -35,7 +35,7 @@ std::string dove(const RigaLotto& r) {
                                  : fmt::format(", {}", kNomiRuote[static_cast<std::size_t>(r.ruota)].codice);
 }
 
-auto chiave(const RigaSuperEnalotto& r) {
+auto identita(const RigaSuperEnalotto& r) {
     return r.data;
 }
 bool cambia(const RigaSuperEnalotto& v, const RigaSuperEnalotto& n) {
@@ -46,7 +46,7 @@ std::string dove(const RigaSuperEnalotto&) {
 }
 
 /// "8:00" and "08:00 " are one hour.
-auto chiave(const RigaWinForLife& r) {
+auto identita(const RigaWinForLife& r) {
     std::string_view ora = rifila(r.ora);
     while (ora.starts_with('0')) ora.remove_prefix(1);
     return std::pair{r.data, ora};
@@ -69,7 +69,7 @@ std::vector<const Riga*> per_chiave(const std::vector<Riga>& righe) {
     ordinate.reserve(righe.size());
     for (const Riga& r : righe) ordinate.push_back(&r);
     std::stable_sort(ordinate.begin(), ordinate.end(),
-                     [](const Riga* a, const Riga* b) { return chiave(*a) < chiave(*b); });
+                     [](const Riga* a, const Riga* b) { return identita(*a) < identita(*b); });
     return ordinate;
 }
 
@@ -82,8 +82,8 @@ Perdita confronta(std::string_view gioco, const std::vector<Riga>& vecchie, cons
     const Riga* tolta = nullptr;
     const Riga* cambiata = nullptr;
     for (const Riga* v : per_chiave(vecchie)) {
-        while (n != nuovo.end() && chiave(**n) < chiave(*v)) ++n;
-        if (n == nuovo.end() || chiave(**n) != chiave(*v)) {
+        while (n != nuovo.end() && identita(**n) < identita(*v)) ++n;
+        if (n == nuovo.end() || identita(**n) != identita(*v)) {
             if (tolta == nullptr) tolta = v;
             ++p.tolte;
             continue;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr float kTitoli = 58;
 constexpr float kPrimaRiga = 63;
-constexpr float kRiga = 4.25F;
+constexpr float kRigaSpia = 4.25F;
 constexpr std::array<float, 6> kLarghezze{22, 26, 38, 30, 30, 44};  ///< the band in all
 
 // The legends, between the last row and the page's number.
@@ -71,10 +71,10 @@ void stampa_colonna(EasyPrint& stampante, const MaterialeRapporto& materiale, st
     stampante.ForeColor(colonna == 0 ? kBlu : kNero);
     for (std::size_t r = 0; r < righe; ++r) {
         const std::size_t riga = riga_in_griglia(tabella, prima_riga + r, materiale.ordine);
-        const float y = kPrimaRiga + kRiga * static_cast<float>(r);
+        const float y = kPrimaRiga + kRigaSpia * static_cast<float>(r);
         const Colore fondo = tabella.sfondo(riga, colonna);
         const bool segnata = fondo != kNessunColore && fondo != kSfondoLontana;
-        if (segnata) stampa_fondo(stampante, fondo, x, y, larga, kRiga);
+        if (segnata) stampa_fondo(stampante, fondo, x, y, larga, kRigaSpia);
         stampante.FontBold(segnata || colonna == 0);
         stampante.PrintCentre(x + larga / 2, y + 0.25F, tabella.testo(riga, colonna));
     }
@@ -85,12 +85,12 @@ void stampa_colonna(EasyPrint& stampante, const MaterialeRapporto& materiale, st
 void stampa_cornici(EasyPrint& stampante, std::size_t righe, float x) {
     stampante.DrawWidth(1);
     for (std::size_t r = 1; r < righe; r += 2)
-        stampante.PrintShape(x, kPrimaRiga + kRiga * static_cast<float>(r), kBanda, kRiga);
+        stampante.PrintShape(x, kPrimaRiga + kRigaSpia * static_cast<float>(r), kBanda, kRigaSpia);
     stampante.DrawWidth(4);
     float larga = 0;
     for (const float w : kLarghezze) {
         larga += w;
-        stampante.PrintShape(x, kPrimaRiga, larga, kRiga * static_cast<float>(righe));
+        stampante.PrintShape(x, kPrimaRiga, larga, kRigaSpia * static_cast<float>(righe));
     }
 }
 

@@ -27,7 +27,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr int kMargine = 4 * kPasso;
 constexpr int kSpazio = 3 * kPasso;
 constexpr int kLarghezzaGruppi = 54 * kPasso;
 

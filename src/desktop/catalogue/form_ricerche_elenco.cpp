@@ -16,7 +16,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr int kMargine = 4 * kPasso;
 /// What a row has above and below its text, together.
 constexpr int kAriaRiga = 14;
 

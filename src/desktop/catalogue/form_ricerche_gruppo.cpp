@@ -11,7 +11,7 @@ namespace sortimetra {
 
 namespace {
 
-constexpr int kMargine = 3 * kPasso;
+constexpr int kMargineCasella = 3 * kPasso;
 constexpr int kRaggio = 2 * kPasso;
 
 QFont carattere_didascalia(const QWidget& w) {
@@ -45,7 +45,7 @@ QSize PulsanteGruppo::sizeHint() const {
     const QFontMetrics piccolo{carattere_sotto(*this)};
     const int testo = std::max(grande.horizontalAdvance(text()), piccolo.horizontalAdvance(sotto_));
     const int quadro = grande.height() + 2 * kPasso;
-    return {3 * kMargine + quadro + testo,
+    return {3 * kMargineCasella + quadro + testo,
             std::max(15 * kPasso, grande.height() + piccolo.height() + 4 * kPasso)};
 }
 
@@ -70,7 +70,7 @@ void PulsanteGruppo::paintEvent(QPaintEvent*) {
     const QFontMetrics misure{grande};
     const QFontMetrics misure_piccole{piccolo};
     const int quadro = misure.height() + 2 * kPasso;
-    const QRect tasto{kMargine, (height() - quadro) / 2, quadro, quadro};
+    const QRect tasto{kMargineCasella, (height() - quadro) / 2, quadro, quadro};
     if (tasto_.isEmpty()) {
         icona(QStringLiteral("tabella"), premuto ? TintaIcona::testo : TintaIcona::quieto)
             .paint(&p, tasto.adjusted(kPasso, kPasso, -kPasso, -kPasso));
@@ -83,7 +83,7 @@ void PulsanteGruppo::paintEvent(QPaintEvent*) {
         p.setPen(premuto ? QColor::fromRgb(s.trovato) : quieto);
         p.drawText(tasto, Qt::AlignCenter, tasto_);
     }
-    const int sinistra = tasto.right() + 1 + kMargine;
+    const int sinistra = tasto.right() + 1 + kMargineCasella;
     const int alto = (height() - misure.height() - misure_piccole.height()) / 2;
     p.setFont(grande);
     p.setPen(testo);

@@ -28,15 +28,16 @@ namespace {
 /// A page of the screen as a picture, as large as the printer's own sheet lets it be between margins of 10
 /// mm. Where there is no printer the window itself says so.
 void stampa_immagine(QWidget* finestra, const QImage& immagine, const Sessione& sessione) {
-    constexpr double kMargine = 10;
+    constexpr double kMargineMm = 10;
     QSizeF foglio{210, 297};
     if (const auto stampante = stampanti().apri(stampanti().predefinita().section(QLatin1Char{','}, 0, 0)))
         foglio = stampante->pageLayout().fullRect(QPageLayout::Millimeter).size();
-    const QSizeF spazio = foglio - QSizeF{2 * kMargine, 2 * kMargine};
+    const QSizeF spazio = foglio - QSizeF{2 * kMargineMm, 2 * kMargineMm};
     const QSizeF misura = QSizeF{immagine.size()}.scaled(spazio, Qt::KeepAspectRatio);
     frmStampaFCPB stampa{finestra};
     stampa.ricorda(sessione);
-    stampa.StampaFCPB(immagine, kMargine, kMargine, misura.width(), misura.height(), finestra->windowTitle());
+    stampa.StampaFCPB(immagine, kMargineMm, kMargineMm, misura.width(), misura.height(),
+                      finestra->windowTitle());
 }
 
 /// The row of a screen that is made from the session and has `apri(ricerca, archivio)`, as all that stand on

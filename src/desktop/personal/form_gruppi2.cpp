@@ -35,16 +35,6 @@ constexpr int kColonnaTavola = 10 * kPasso;
 constexpr int kLarghezzaScelta = 72 * kPasso;
 const QString kTitoloNomeInUso = QStringLiteral("Sortimetra 2004");
 
-QLabel* sezione(const QString& testo, QWidget* compagno = nullptr) {
-    auto* l = new QLabel{testo};
-    assegna_ruolo(l, "sezione");
-    if (compagno != nullptr) {
-        l->setBuddy(compagno);
-        compagno->setAccessibleName(testo);
-    }
-    return l;
-}
-
 void riempi(QComboBox* combo, int fino_a, int proposto) {
     for (int n = 1; n <= fino_a; ++n) combo->addItem(QString::number(n));
     combo->setCurrentIndex(proposto - 1);
@@ -119,14 +109,14 @@ void Form_Gruppi2::componi_domande() {
          {std::pair{tr("Lunghette"), lunghette_}, std::pair{tr("Numeri per lunghetta"), numeri_}}) {
         auto* colonna = new QVBoxLayout;
         colonna->setSpacing(kPasso);
-        colonna->addWidget(sezione(testo, combo));
+        colonna->addWidget(nuova_sezione(testo, combo));
         colonna->addWidget(combo);
         riga->addLayout(colonna);
     }
     extra->addLayout(riga);
     auto* esito = new QVBoxLayout;
     esito->setSpacing(kPasso);
-    esito->addWidget(sezione(tr("Esito positivo"), sorte_));
+    esito->addWidget(nuova_sezione(tr("Esito positivo"), sorte_));
     esito->addWidget(sorte_);
     extra->addLayout(esito);
     connect(lunghette_, &QComboBox::currentIndexChanged, this, &Form_Gruppi2::dimensioni_cambiate);
@@ -191,7 +181,7 @@ QWidget* Form_Gruppi2::componi_nome() {
     auto* riga = new QHBoxLayout{riquadro_nome_};
     riga->setContentsMargins(0, 0, 0, 0);
     riga->setSpacing(2 * kPasso);
-    riga->addWidget(sezione(tr("Nome del gruppo"), txtnome_));
+    riga->addWidget(nuova_sezione(tr("Nome del gruppo"), txtnome_));
     riga->addWidget(txtnome_, 1);
     riga->addWidget(ok_nome_);
     riga->addWidget(annulla_nome_);
@@ -210,7 +200,7 @@ QWidget* Form_Gruppi2::componi_salvati() {
     auto* colonna = new QVBoxLayout{pagina};
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(2 * kPasso);
-    colonna->addWidget(sezione(tr("Gruppi salvati")));
+    colonna->addWidget(nuova_sezione(tr("Gruppi salvati")));
     colonna->addWidget(salvati_, 1);
     auto* riga = new QHBoxLayout;
     riga->setSpacing(2 * kPasso);

@@ -45,14 +45,6 @@ std::size_t combinazioni(std::size_t n, std::size_t k) {
     return quante;
 }
 
-QLabel* sezione(const QString& testo, QWidget* compagno) {
-    auto* l = new QLabel{testo};
-    l->setBuddy(compagno);
-    assegna_ruolo(l, "sezione");
-    compagno->setAccessibleName(testo);
-    return l;
-}
-
 std::shared_ptr<const Tabella> tabella(const std::shared_ptr<const Risultato>& risultato,
                                        std::string_view nome) {
     for (const Tabella& t : risultato->tabelle)
@@ -141,7 +133,7 @@ void Form_Personali::componi_domande() {
     auto* lotto = new QVBoxLayout{solo_lotto_};
     lotto->setContentsMargins(0, 0, 0, 0);
     lotto->setSpacing(kPasso);
-    lotto->addWidget(sezione(tr("ESTRATTO"), estratto_));
+    lotto->addWidget(nuova_sezione(tr("ESTRATTO"), estratto_));
     lotto->addWidget(estratto_);
     lotto->addWidget(chiusura_);
 

@@ -36,12 +36,6 @@ constexpr int kAltezzaMinima = 5 * kPasso;
 constexpr int kLarghezzaTitolo = 34 * kPasso;
 constexpr int kTraCelle = kPasso;
 
-QLabel* sezione(const QString& testo) {
-    auto* l = new QLabel{testo};
-    assegna_ruolo(l, "sezione");
-    return l;
-}
-
 }  // namespace
 
 Form_Piramide::Form_Piramide(Sessione& sessione, QWidget* padre)
@@ -109,12 +103,12 @@ void Form_Piramide::componi_domande() {
     }
     auto* ritardo = new QVBoxLayout;
     ritardo->setSpacing(kPasso);
-    ritardo->addWidget(sezione(tr("Piramide Generata per Ritardo")));
+    ritardo->addWidget(nuova_sezione(tr("Piramide Generata per Ritardo")));
     ritardo->addLayout(scelta(0, tr("Numero Personale"), numeri_[0]));
     ritardo->addLayout(scelta(1, tr("Ambata più in Ritardo")));
     auto* frequenza = new QVBoxLayout;
     frequenza->setSpacing(kPasso);
-    frequenza->addWidget(sezione(tr("Piramide Generata per Frequenza")));
+    frequenza->addWidget(nuova_sezione(tr("Piramide Generata per Frequenza")));
     frequenza->addLayout(scelta(2, tr("Ambata più frequente")));
     frequenza->addLayout(scelta(3, tr("Numero Personale"), numeri_[1]));
     extra->addLayout(ritardo);
@@ -185,7 +179,7 @@ QWidget* Form_Piramide::componi_schedine() {
     auto* colonna = new QVBoxLayout{pannello};
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(2 * kPasso);
-    colonna->addWidget(sezione(tr("Poste delle schedine, in euro")));
+    colonna->addWidget(nuova_sezione(tr("Poste delle schedine, in euro")));
     colonna->addWidget(poste_, 1);
     auto* riga = new QHBoxLayout;
     riga->setSpacing(2 * kPasso);

@@ -6,6 +6,7 @@
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/migliori_ritardi.h"
 #include "positional/parametri.h"
+#include "printing/superficie.h"
 #include "qt_testi.h"
 #include "screens/area_parametri.h"
 #include "screens/giro_di_tab.h"
@@ -37,7 +38,6 @@ constexpr int kLarghezzaColonna = 70 * kPasso;
 constexpr int kMargineScheda = 2 * kPasso;
 /// Of the page as a picture: points of the screen across it, and what they become on paper.
 constexpr int kLarghezzaImmagine = 240 * kPasso;
-constexpr double kMmPerPollice = 25.4;
 constexpr double kPuntiPerPollice = 300;
 /// Caption once the screen runs.
 constexpr const char* kTitoloInCorsa = "Migliori Ritardi Statistici - Lotto";
@@ -318,7 +318,7 @@ QImage PaginaMigliori::immagine() {
         stendi(minima);
     // A white edge all round: nothing ends where the picture does.
     const QSizeF intera = contenuto_->size() + QSize{2 * kPasso, 2 * kPasso};
-    const double punti = kLarghezzaCarta / kMmPerPollice * kPuntiPerPollice / intera.width();
+    const double punti = kLarghezzaCarta / kPollice * kPuntiPerPollice / intera.width();
     QImage disegno{(intera * punti).toSize(), QImage::Format_RGB32};
     disegno.setDevicePixelRatio(punti);
     disegno.fill(Qt::white);

@@ -37,7 +37,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr double kMmPerPollice = 25.4;
 constexpr int kZoom = 240;
 /// Lengths closer than this are the same on paper.
 constexpr double kTolleranza = 0.01;
@@ -587,8 +586,7 @@ QImage frmStampaFCPB::Copia_Oggetto(const OggettoStampa& oggetto) {
     pic_copia_->setPixmap(QPixmap::fromImage(copia));
     // Pixels of the screen at its own resolution are the natural size.
     const QSizeF punti = copia.deviceIndependentSize();
-    naturale_ =
-        QSizeF{punti.width() * kMmPerPollice / logicalDpiX(), punti.height() * kMmPerPollice / logicalDpiY()};
+    naturale_ = QSizeF{punti.width() * kPollice / logicalDpiX(), punti.height() * kPollice / logicalDpiY()};
     return copia;
 }
 

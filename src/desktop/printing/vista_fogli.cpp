@@ -15,7 +15,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr double kMmPerPollice = 25.4;
 /// A4, upright: what every report is laid out for.
 constexpr Dimensioni kA4{210, 297};
 /// Between two sheets side by side, in pixels.
@@ -133,7 +132,7 @@ void VistaFogli::mostra_pagine() {
 }
 
 double VistaFogli::scala_vera() const {
-    return logicalDpiX() / kMmPerPollice;
+    return logicalDpiX() / kPollice;
 }
 
 void VistaFogli::adatta() {

@@ -23,7 +23,6 @@ namespace sortimetra {
 namespace {
 
 constexpr int kLarghezzaColonna = 70 * kPasso;
-constexpr int kMargine = 4 * kPasso;
 
 /// Tab stops at the chosen button of a group, from the first time on: by itself the toolkit would stop at
 /// whichever comes first, and only then leave the others to the arrows.

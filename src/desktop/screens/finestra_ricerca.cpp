@@ -31,7 +31,6 @@ namespace sortimetra {
 
 namespace {
 
-constexpr int kMargine = 4 * kPasso;
 constexpr QSize kAllApertura{1180, 720};
 
 QString durata(double ms) {

@@ -28,12 +28,11 @@ namespace sortimetra {
 
 namespace {
 
-constexpr QSize kAllApertura{920, 660};
+constexpr QSize kManualeAllApertura{920, 660};
 /// Below this width the list of chapters makes room for the text.
 constexpr int kSenzaIndice = 180 * kPasso;
 /// Lines longer than this are hard to follow.
 constexpr int kRigaMassima = 180 * kPasso;
-constexpr int kMargine = 4 * kPasso;
 constexpr const char* kProprieta = "capitolo";
 
 QString nome_capitolo(const QString& titolo) {
@@ -76,7 +75,7 @@ FinestraManuale::FinestraManuale(QWidget* padre)
     setWindowTitle(tr("Manuale"));
     componi();
     scrivi();
-    resize(kAllApertura);
+    resize(kManualeAllApertura);
     setMinimumSize(90 * kPasso, 60 * kPasso);
 }
 
@@ -299,7 +298,7 @@ void FinestraManuale::keyPressEvent(QKeyEvent* evento) {
 
 void FinestraManuale::showEvent(QShowEvent* evento) {
     if (!evento->spontaneous() && !std::exchange(posto_letto_, true))
-        leggi_posto(*this, sessione_, kAllApertura);
+        leggi_posto(*this, sessione_, kManualeAllApertura);
     QWidget::showEvent(evento);
 }
 

@@ -13,7 +13,7 @@ namespace sortimetra {
 namespace {
 
 Messaggi veri;
-Messaggi* in_uso = &veri;
+Messaggi* messaggi_in_uso = &veri;
 
 /// Side of a box's picture.
 constexpr int kFigura = 8 * kPasso;
@@ -90,15 +90,15 @@ void mostra_messaggio(QWidget* padre, const Messaggio& messaggio) {
 }
 
 Messaggi& messaggi() {
-    return *in_uso;
+    return *messaggi_in_uso;
 }
 
-MessaggiDiProva::MessaggiDiProva() : precedente_{in_uso} {
-    in_uso = this;
+MessaggiDiProva::MessaggiDiProva() : precedente_{messaggi_in_uso} {
+    messaggi_in_uso = this;
 }
 
 MessaggiDiProva::~MessaggiDiProva() {
-    in_uso = precedente_;
+    messaggi_in_uso = precedente_;
 }
 
 void MessaggiDiProva::informa(QWidget*, const QString& titolo, const QString& testo) {

@@ -11,7 +11,7 @@ namespace sortimetra {
 namespace {
 
 Stampanti vere;
-Stampanti* in_uso = &vere;
+Stampanti* stampanti_in_uso = &vere;
 
 /// Reports measure from the sheet's corner: what the printer cannot reach is its own affair.
 void foglio_intero(QPrinter& stampante) {
@@ -50,15 +50,16 @@ bool Stampanti::disegna_immagini(const QPrinter& stampante) {
 }
 
 Stampanti& stampanti() {
-    return *in_uso;
+    return *stampanti_in_uso;
 }
 
-StampantiDiProva::StampantiDiProva(QString cartella) : cartella_{std::move(cartella)}, precedenti_{in_uso} {
-    in_uso = this;
+StampantiDiProva::StampantiDiProva(QString cartella)
+    : cartella_{std::move(cartella)}, precedenti_{stampanti_in_uso} {
+    stampanti_in_uso = this;
 }
 
 StampantiDiProva::~StampantiDiProva() {
-    in_uso = precedenti_;
+    stampanti_in_uso = precedenti_;
 }
 
 std::unique_ptr<QPrinter> StampantiDiProva::apri(const QString& chiesta) {

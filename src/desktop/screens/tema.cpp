@@ -8,6 +8,7 @@
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QIconEngine>
+#include <QLabel>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
@@ -524,6 +525,16 @@ bool applica_tema(QApplication& applicazione, int indice) {
     QToolTip::setPalette(colori);
     applicazione.setStyleSheet(foglio_di_stile(skin_in_uso(), QFontInfo{QApplication::font()}.pointSizeF()));
     return valido;
+}
+
+QLabel* nuova_sezione(const QString& testo, QWidget* compagno) {
+    auto* titolo = new QLabel{testo};
+    assegna_ruolo(titolo, "sezione");
+    if (compagno != nullptr) {
+        titolo->setBuddy(compagno);
+        compagno->setAccessibleName(testo);
+    }
+    return titolo;
 }
 
 void assegna_ruolo(QWidget* widget, const char* ruolo) {

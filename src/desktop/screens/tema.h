@@ -7,6 +7,7 @@
 #include <array>
 
 class QApplication;
+class QLabel;
 class QWidget;
 
 namespace sortimetra {
@@ -39,6 +40,8 @@ struct Skin {
 inline constexpr int kNumeroSkin = 9;
 /// Everything that is measured in a layout is a multiple of this (in pixels at 100 %).
 inline constexpr int kPasso = 4;
+/// Between the edge of a window and what it shows.
+inline constexpr int kMargine = 4 * kPasso;
 
 /// The skins in order: index n of the settings is element n - 1.
 [[nodiscard]] const std::array<Skin, kNumeroSkin>& skin();
@@ -63,6 +66,9 @@ bool applica_tema(QApplication& applicazione, int indice);
 /// - QLabel: "titolo", "quieto", "avviso", "sezione" (small heading of a group of controls);
 /// - QFrame: "scheda" (surface with an edge), "linea" (a one-pixel rule).
 void assegna_ruolo(QWidget* widget, const char* ruolo);
+
+/// The small heading of a group of controls; `compagno`, where there is one, goes by the same name.
+[[nodiscard]] QLabel* nuova_sezione(const QString& testo, QWidget* compagno = nullptr);
 
 /// The style sheet of a skin; `punti` is the size of the desktop's font.
 [[nodiscard]] QString foglio_di_stile(const Skin& skin, double punti);

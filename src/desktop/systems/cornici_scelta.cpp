@@ -21,7 +21,7 @@ namespace sortimetra {
 
 namespace {
 
-constexpr int kMargine = 6 * kPasso;
+constexpr int kMargineCornice = 6 * kPasso;
 /// Boxes side by side; the others stand under them.
 constexpr int kPerRiga = 5;
 /// Where the option of the places stands, under that of the numbers and its two rows of boxes.
@@ -34,7 +34,7 @@ CorniceScelta::CorniceScelta(const QString& nome, const QString& titolo, QWidget
     setObjectName(nome);
     assegna_ruolo(this, "scheda");
     auto* tutto = new QVBoxLayout{this};
-    tutto->setContentsMargins(kMargine, kMargine, kMargine, kMargine);
+    tutto->setContentsMargins(kMargineCornice, kMargineCornice, kMargineCornice, kMargineCornice);
     tutto->setSpacing(4 * kPasso);
     auto* scritta = new QLabel{titolo, this};
     assegna_ruolo(scritta, "titolo");

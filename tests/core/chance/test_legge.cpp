@@ -19,7 +19,7 @@ Evento evento(std::initializer_list<int> numeri, int presenti = 1, Gioco gioco =
 
 /// One wheel of the Lotto over the whole archive of 4,655 concorsi, and all ten.
 constexpr Percorso kUnaRuota{.righe = 4655, .concorsi = 4655};
-constexpr Percorso kDieciRuote{.righe = 46550, .concorsi = 4655};
+constexpr Percorso kSulleDieci{.righe = 46550, .concorsi = 4655};
 
 }  // namespace
 
@@ -71,8 +71,8 @@ TEST(Legge, ValoriContatiAMano) {
     EXPECT_EQ(std::lround(uno.record_atteso(kUnaRuota)), 107);
     EXPECT_DOUBLE_EQ(uno.probabilita(kUnaRuota, 0), 1);
     // On ten wheels a delay of 15 is one of 150 rows.
-    EXPECT_NEAR(uno.probabilita(kDieciRuote, 15), std::pow(17.0 / 18, 150), 1e-12);
-    EXPECT_NEAR(uno.per_concorso(kDieciRuote), 1 - std::pow(17.0 / 18, 10), 1e-12);
+    EXPECT_NEAR(uno.probabilita(kSulleDieci, 15), std::pow(17.0 / 18, 150), 1e-12);
+    EXPECT_NEAR(uno.per_concorso(kSulleDieci), 1 - std::pow(17.0 / 18, 10), 1e-12);
 }
 
 }  // namespace sortimetra
