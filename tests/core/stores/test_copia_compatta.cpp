@@ -236,6 +236,7 @@ bool tutto_possibile(const TabelleArchivio& t) {
     bene = bene && righe == t.lotto.righe && t.lotto.presenti.size() == t.lotto.concorso.size() &&
            t.lotto.numeri.size() == t.lotto.concorso.size() &&
            t.winforlife.ora.size() == t.winforlife.concorso.size();
+    bene = bene && (!t.confini || possibili(*t.confini));
     std::size_t lettere = 0;
     for (std::size_t i = 0; i < t.winforlife.ora.size(); ++i)
         for (const char c : t.winforlife.ora[i]) lettere += c == ':' ? 1U : 0U;
