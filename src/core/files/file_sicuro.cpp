@@ -358,7 +358,7 @@ class FileAperto {
         }
         return letti;
     }
-    std::expected<std::string, ErroreArchivio> leggi(std::size_t quanti) {
+    std::expected<std::string, ErroreArchivio> leggi(std::size_t quanti) const {
         std::string testo;
         int codice = 0;
         testo.resize_and_overwrite(
@@ -431,7 +431,7 @@ std::size_t FileAPezzi::grandezza() const {
     return stato_->grandezza;
 }
 
-Pezzo FileAPezzi::avanti(std::size_t usati) {
+PezzoFile FileAPezzi::avanti(std::size_t usati) {
     Stato& s = *stato_;
     s.pieni -= std::min(usati, s.pieni);
     std::memmove(s.memoria.data(), s.memoria.data() + usati, s.pieni);

@@ -98,7 +98,7 @@ void spazza_temporanei(const std::filesystem::path& cartella);
 
 /// Size and first bytes of a file: enough to say whether it is what its name claims.
 /// Bytes of a file; `ultimo` where nothing follows them.
-struct Pezzo {
+struct PezzoFile {
     std::string_view byte{};
     bool ultimo = false;
 };
@@ -116,7 +116,7 @@ class FileAPezzi {
     [[nodiscard]] std::size_t grandezza() const;
     /// What follows the first `usati` bytes of the piece before, which is gone: longer than what was left of
     /// it, or the last one.
-    [[nodiscard]] Pezzo avanti(std::size_t usati);
+    [[nodiscard]] PezzoFile avanti(std::size_t usati);
     /// Why the last piece came too early; nothing if it did not.
     [[nodiscard]] const std::optional<ErroreArchivio>& errore() const;
 

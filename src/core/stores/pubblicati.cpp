@@ -425,7 +425,7 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_lotto_a_pezzi(const Fon
                                                                        std::size_t totale,
                                                                        Avanzamento& avanzamento) {
     TestoLotto testo{totale, avanzamento};
-    Pezzo pezzo = fonte(0);
+    PezzoFile pezzo = fonte(0);
     std::size_t usati = pezzo.byte.size() - senza_bom(pezzo.byte).size();
     while (true) {
         const auto letti = testo.leggi(pezzo.byte.substr(usati), pezzo.ultimo);
@@ -438,8 +438,8 @@ std::expected<std::vector<RigaLotto>, std::string> leggi_lotto_a_pezzi(const Fon
 
 std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string_view testo,
                                                                      Avanzamento& avanzamento) {
-    return leggi_lotto_a_pezzi([testo](std::size_t /*usati*/) { return Pezzo{testo, true}; }, testo.size(),
-                               avanzamento);
+    return leggi_lotto_a_pezzi([testo](std::size_t /*usati*/) { return PezzoFile{testo, true}; },
+                               testo.size(), avanzamento);
 }
 
 std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_testo_superenalotto(

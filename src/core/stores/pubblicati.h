@@ -27,7 +27,7 @@ namespace sortimetra {
 
 /// Gives a text of `totale` bytes piece by piece: what follows the first `usati` bytes of the piece before. A
 /// byte order mark stands whole in the first one.
-using FonteTesto = std::function<Pezzo(std::size_t usati)>;
+using FonteTesto = std::function<PezzoFile(std::size_t usati)>;
 /// The same of a text that need not stand in memory as a whole: that takes longer than to read it.
 [[nodiscard]] std::expected<std::vector<RigaLotto>, std::string> leggi_lotto_a_pezzi(
     const FonteTesto& fonte, std::size_t totale, Avanzamento& avanzamento);

@@ -318,10 +318,10 @@ TEST(FileSicuro, DueInsiemeNonSiMescolano) {
 }
 
 /// The file as it comes when of each piece so many bytes are used.
-std::string a_pezzi(const std::filesystem::path& file, const std::function<std::size_t(Pezzo)>& usati) {
+std::string a_pezzi(const std::filesystem::path& file, const std::function<std::size_t(PezzoFile)>& usati) {
     auto aperto = FileAPezzi::apri(file, std::size_t{1} << 24).value();
     std::string tutto;
-    Pezzo p = aperto.avanti(0);
+    PezzoFile p = aperto.avanti(0);
     while (!p.ultimo) {
         const std::size_t n = usati(p);
         const std::size_t restano = p.byte.size() - n;
@@ -342,10 +342,10 @@ TEST(FileAPezzi, RendeIlFileComunqueLoSiUsi) {
         std::string testo(grande, ' ');
         for (char& c : testo) c = static_cast<char>(caso());
         ASSERT_TRUE(scrivi_file(file, testo));
-        EXPECT_EQ(a_pezzi(file, [](Pezzo p) { return p.byte.size(); }), testo);
-        EXPECT_EQ(a_pezzi(file, [](Pezzo) { return 0; }), testo) << "a line as long as the file";
+        EXPECT_EQ(a_pezzi(file, [](PezzoFile p) { return p.byte.size(); }), testo);
+        EXPECT_EQ(a_pezzi(file, [](PezzoFile) { return 0; }), testo) << "a line as long as the file";
         for (int giro = 0; giro < 5; ++giro)
-            EXPECT_EQ(a_pezzi(file, [&](Pezzo p) { return caso() % (p.byte.size() + 1); }), testo);
+            EXPECT_EQ(a_pezzi(file, [&](PezzoFile p) { return caso() % (p.byte.size() + 1); }), testo);
     }
 }
 
@@ -358,7 +358,7 @@ TEST(FileAPezzi, QuelCheCEQuandoIlFileCambiaSottoGliOcchi) {
         ASSERT_TRUE(scrivi_file(file, testo));
         auto aperto = FileAPezzi::apri(file, testo.size()).value();
         EXPECT_EQ(aperto.grandezza(), testo.size());
-        Pezzo p = aperto.avanti(0);
+        PezzoFile p = aperto.avanti(0);
         std::size_t letti = p.byte.size();
         std::filesystem::resize_file(file, dopo);
         while (!p.ultimo) {

@@ -485,7 +485,7 @@ std::expected<std::vector<RigaLotto>, std::string> a_pezzi(const std::string& te
     const auto fonte = [&](std::size_t usati) {
         da += usati;
         a = std::min(testo.size(), a + 1 + caso() % 90);
-        return Pezzo{std::string_view{testo}.substr(da, a - da), a == testo.size()};
+        return PezzoFile{std::string_view{testo}.substr(da, a - da), a == testo.size()};
     };
     SenzaAvanzamento nessuno;
     return leggi_lotto_a_pezzi(fonte, testo.size(), nessuno);
