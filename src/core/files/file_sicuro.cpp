@@ -358,7 +358,7 @@ class FileAperto {
         }
         return letti;
     }
-    std::expected<std::string, ErroreArchivio> leggi(std::size_t quanti) const {
+    [[nodiscard]] std::expected<std::string, ErroreArchivio> leggi(std::size_t quanti) const {
         std::string testo;
         int codice = 0;
         testo.resize_and_overwrite(
