@@ -149,6 +149,7 @@ SORTIMETRA_PROCESSO(nativo, novanta_seconda_volta, kNovanta, Volta::seconda);
 SORTIMETRA_PROCESSO(nativo, novanta_senza_copia, kNovanta, Volta::senza_copia);
 SORTIMETRA_PROCESSO(nativo, superenalotto_prima_volta, kNovantaSuperEnalotto, Volta::prima);
 SORTIMETRA_PROCESSO(nativo, superenalotto_seconda_volta, kNovantaSuperEnalotto, Volta::seconda);
+SORTIMETRA_PROCESSO(nativo, superenalotto_senza_copia, kNovantaSuperEnalotto, Volta::senza_copia);
 SORTIMETRA_PROCESSO(jet, novanta_prima_volta, kNovanta, Volta::prima);
 SORTIMETRA_PROCESSO(jet, novanta_seconda_volta, kNovanta, Volta::seconda);
 SORTIMETRA_PROCESSO(jet, novanta_senza_copia, kNovanta, Volta::senza_copia);

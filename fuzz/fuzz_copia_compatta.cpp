@@ -86,6 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
     guarda(letta->contenuto.nazionale, kNumeri);
     guarda(letta->contenuto.superenalotto, kNumeri);
     guarda(letta->contenuto.winforlife, kNumeriWinForLife);
+    if (letta->contenuto.confini && !possibili(*letta->contenuto.confini)) std::abort();
     std::size_t lettere = 0;
     for (std::size_t i = 0; i < letta->contenuto.winforlife.ora.size(); ++i)
         lettere += letta->contenuto.winforlife.ora[i].size();

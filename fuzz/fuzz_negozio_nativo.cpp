@@ -75,8 +75,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
     --n;
     const std::string byte = modo == 2 ? std::string{dati, dati + n} : rovinato(interi.at(modo), dati, n);
     cartella.scrivi("prova.db", byte);
-    for (const unsigned tabelle :
-         {kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto, 0U + kTabellaWinForLife}) {
+    for (const unsigned tabelle : {kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto,
+                                   kTabellaSuperEnalotto | kConfiniLotto, 0U + kTabellaWinForLife}) {
         auto letti = leggi_nativo(file, tabelle);
         if (!letti && letti.error().motivo.empty()) std::abort();
         // A reader that refuses everything would learn nothing here.
@@ -89,6 +89,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t n) {
                 if ((tabelle & bit) != 0 &&
                     impronta(letti->righe, bit, letti->simulato) != impronta(righe, bit, simulato))
                     std::abort();
+            if (letti->confini && *letti->confini != confini_lotto(righe.lotto)) std::abort();
         }
         (void)ArchivioEstrazioni::componi(std::move(letti->righe));
     }

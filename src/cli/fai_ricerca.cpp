@@ -66,6 +66,16 @@ void applica_estremo(const EstremoTratto& estremo, bool primo, const ArchivioEst
                                      usato);
 }
 
+/// The tables to be opened for a question. A game without its file has no draws; where the user chooses the
+/// game, that is the answer and no failure.
+unsigned da_aprire(const Richiesta& richiesta, const std::filesystem::path& percorso_archivio) {
+    const auto dato = [](const EstremoTratto& e) { return e.concorso || e.data; };
+    const unsigned tutte = richiesta.ricerca->tabelle;
+    const unsigned tabelle = tabelle_lette(richiesta.domanda, dato(richiesta.da) || dato(richiesta.a));
+    const bool a_scelta = richiesta.ricerca->gioco_scelto != nullptr;
+    return a_scelta && (tabelle & tabelle_presenti(percorso_archivio)) == 0 ? tutte : tabelle;
+}
+
 /// Remarks on a question that is answered otherwise than one might think.
 void nota_domanda(const Richiesta& richiesta, const Canali& canali) {
     const Ricerca& r = *richiesta.ricerca;
@@ -100,7 +110,7 @@ std::expected<Risposta, int> fai_ricerca(const Richiesta& richiesta, const Canal
         return std::unexpected(uso_errato(canali, *perche, richiesta.aiuto_di));
     ArchivioEstrazioni archivio;
     if (ricerca.tabelle != 0) {
-        auto aperto = apri_per_leggere(sessione, ricerca.tabelle, canali);
+        auto aperto = apri_per_leggere(sessione, da_aprire(richiesta, sessione.percorso_archivio()), canali);
         if (!aperto) return std::unexpected(kArchivioChiuso);
         archivio = std::move(*aperto);
     }

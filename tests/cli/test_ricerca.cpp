@@ -276,6 +276,35 @@ TEST_F(RicercaTest, SiApronoSoltantoLeTabelleCheServono) {
     EXPECT_EQ(cerca({"ritardo e frequenza dei 20 numeri nella combinazione win for life"}).codice, 3);
 }
 
+TEST_F(SenzaArchivio, LeRigheDelLottoRovinateNonToccanoGliAltriGiochi) {
+    ASSERT_EQ(esegui({"dimostrazione", "--cartella", "."}).codice, 0);
+    constexpr const char* kSestina = "ritardo e frequenza dei 90 numeri nella sestina superenalotto";
+    constexpr const char* kNumeri = "ritardo e frequenza dei 90 numeri";
+    const auto cerca = [&](const char* chiave, std::vector<std::string> altre = {}) {
+        altre.insert(altre.begin(),
+                     {"ricerca", chiave, "--cartella", ".", "--senza-copia", "--formato", "json"});
+        return esegui(altre);
+    };
+    const Esito sana = cerca(kSestina);
+    ASSERT_EQ(sana.codice, 0) << sana.errori;
+    EXPECT_EQ(cerca(kNumeri).codice, 0);
+    // The rows of the Lotto are most of the file: its middle is theirs.
+    const auto file = casa() / "archivio" / "drawit.db";
+    std::string byte = leggi(file);
+    constexpr std::size_t kPagina = 4096;
+    const std::size_t mezzo = byte.size() / 2 / kPagina * kPagina;
+    byte.replace(mezzo, kPagina, kPagina, '\x5A');
+    scrivi(file, byte);
+    const Esito dopo = cerca(kSestina);
+    EXPECT_EQ(dopo.codice, 0) << dopo.errori;
+    EXPECT_EQ(dopo.uscita, sana.uscita) << "its last concorso and its dates, too";
+    for (const Esito& e :
+         {cerca(kNumeri), cerca(kSestina, {"--da", "2"}), cerca(kSestina, {"--a", "01/01/2005"})}) {
+        EXPECT_EQ(e.codice, 3);
+        EXPECT_THAT(e.errori, HasSubstr("danneggiato"));
+    }
+}
+
 // ---- what is printed of the first table ----
 
 TEST_F(RicercaTest, RigheEColonneAParole) {

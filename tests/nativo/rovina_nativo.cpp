@@ -54,6 +54,8 @@ bool uguali(const std::vector<Riga>& a, const std::vector<Riga>& b) {
 /// Whether what was read of the wanted tables is what was written.
 bool uguali(const LettiNativo& letti, const RigheArchivio& righe, bool simulato, unsigned tabelle) {
     const auto voluta = [&](unsigned bit) { return (tabelle & bit) != 0; };
+    if (letti.confini && *letti.confini != confini_lotto(righe.lotto)) return false;
+    if (voluta(kConfiniLotto) && !letti.confini && !uguali(letti.righe.lotto, righe.lotto)) return false;
     return letti.simulato == simulato && (!voluta(kTabellaLotto) || uguali(letti.righe.lotto, righe.lotto)) &&
            (!voluta(kTabellaNazionale) || uguali(letti.righe.nazionale, righe.nazionale)) &&
            (!voluta(kTabellaSuperEnalotto) || uguali(letti.righe.superenalotto, righe.superenalotto)) &&
@@ -195,7 +197,9 @@ int main(int argc, char** argv) {
     constexpr unsigned kTutte = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
     std::vector<unsigned> letture{kTutte};
     // A table may also be read alone; of a small file there is time for it.
-    if (argc > 1) letture.insert(letture.end(), {kTabellaLotto, kTabellaNazionale, kTabellaSuperEnalotto});
+    if (argc > 1)
+        letture.insert(letture.end(), {kTabellaLotto, kTabellaNazionale, kTabellaSuperEnalotto,
+                                       kTabellaSuperEnalotto | kConfiniLotto});
     const int diversi =
         prova_file(drawit, righe, std::move(letture)) + prova_file(drawit2, righe, {kTabellaWinForLife});
     return diversi == 0 ? 0 : 1;

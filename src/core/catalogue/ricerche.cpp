@@ -61,7 +61,7 @@ namespace {
 /// The ten wheels and NAZIONALE: what a scope of wheels may ask for.
 constexpr unsigned kRuote10 = kTabellaLotto | kTabellaNazionale;
 /// SuperEnalotto's own rows; its range ends where the Lotto's concorsi end.
-constexpr unsigned kSuperEnalottoInAmbito = kTabellaLotto | kTabellaSuperEnalotto;
+constexpr unsigned kSuperEnalottoInAmbito = kConfiniLotto | kTabellaSuperEnalotto;
 
 /// A slip's line has room for ten numbers.
 constexpr std::size_t kNumeriSchedina = 10;
@@ -215,7 +215,7 @@ constexpr auto kAltre = std::to_array<Ricerca>({
      .dove = Dove::fuori_elenco},
     {.nome = nomi::kTabelloneSestina,
      .gioco = Gioco::superenalotto,
-     .tabelle = kTabellaLotto | kTabellaSuperEnalotto,
+     .tabelle = kSuperEnalottoInAmbito,
      .opzioni = kOpzioniTabellone,
      .esegui = tabellone_sestina,
      .frase = "I 90 numeri nella riga del loro ritardo nella sestina.",
@@ -528,6 +528,20 @@ void di_estrazioni(AmbitoDetto& detto, const Domanda& domanda, const ArchivioEst
     detto.t = VistaEstrazioni{archivio, ambito}.t();
 }
 
+/// The tables of a row; where the user chooses the game, those of the one chosen.
+unsigned tabelle_del_gioco(const Domanda& domanda) {
+    const Ricerca& ricerca = *domanda.ricerca;
+    if (ricerca.tabelle == 0 || ricerca.gioco_scelto == nullptr) return ricerca.tabelle;
+    switch (ricerca.gioco_di(domanda)) {
+        case Gioco::superenalotto:
+            return kSuperEnalottoInAmbito;
+        case Gioco::win_for_life:
+            return kTabellaWinForLife;
+        default:
+            return kRuote10;
+    }
+}
+
 }  // namespace
 
 std::span<const Ricerca> ricerche() {
@@ -558,6 +572,16 @@ const std::vector<const Opzione*>& opzioni_ricerche() {
         return viste;
     }();
     return tutte;
+}
+
+unsigned tabelle_lette(const Domanda& domanda, bool con_estremi) {
+    unsigned tabelle = tabelle_del_gioco(domanda);
+    // T of a question about NAZIONALE is counted in its own table, whatever the search walks.
+    if ((tabelle & kTabellaLotto) != 0 && domanda.ambito.ruote.e_nazionale()) tabelle |= kTabellaNazionale;
+    // The date of any other concorso stands in its row alone, and a date is looked for in all of them.
+    const bool altrove = con_estremi || domanda.ambito.tratto != TrattoConcorsi{} ||
+                         domanda.di<ParametriTabellone>().concorso.has_value();
+    return altrove ? tabelle_intere(tabelle) : tabelle;
 }
 
 Domanda domanda_intatta(const Ricerca& ricerca) {

@@ -29,8 +29,12 @@ namespace sortimetra {
 /// The question that a screen or a command begins with: the row, its wheels, nothing else chosen.
 [[nodiscard]] Domanda domanda_intatta(const Ricerca& ricerca);
 
+/// The archive tables that the answer to a question is made from: of those of its row no more than it takes.
+/// `con_estremi`: an end of the range is still to be put into it.
+[[nodiscard]] unsigned tabelle_lette(const Domanda& domanda, bool con_estremi);
+
 /// Runs a search: reads what it needs from the program's folder, then the draws. The archive must hold the
-/// tables that the row asks for.
+/// tables that the question asks for.
 [[nodiscard]] Risposta rispondi(Domanda domanda, const ArchivioEstrazioni& archivio,
                                 const std::filesystem::path& cartella, Avanzamento& avanzamento);
 

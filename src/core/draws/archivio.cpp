@@ -190,6 +190,25 @@ std::expected<TabellaWinForLife, std::string> impacchetta_winforlife(std::vector
 
 }  // namespace
 
+ConfiniLotto confini_lotto(std::span<const RigaLotto> righe) {
+    ConfiniLotto confini;
+    for (const RigaLotto& r : righe) confini.ultimo = std::max(confini.ultimo, r.concorso);
+    for (const RigaLotto& r : righe) {
+        if (r.ruota != 0) continue;
+        if (r.concorso == 1) confini.primo_giorno = r.data;
+        if (r.concorso == confini.ultimo) confini.ultimo_giorno = r.data;
+    }
+    return confini;
+}
+
+bool possibili(const ConfiniLotto& confini) {
+    const auto giorno = [](const std::optional<Data>& d) {
+        return !d || (*d >= kPrimaData && *d <= kUltimaData);
+    };
+    return confini.ultimo >= 0 && confini.ultimo <= kConcorsoMassimo && giorno(confini.primo_giorno) &&
+           giorno(confini.ultimo_giorno);
+}
+
 std::expected<ArchivioEstrazioni, ErroreArchivio> ArchivioEstrazioni::componi(RigheArchivio righe,
                                                                               Fonte drawit, Fonte drawit2) {
     auto lotto = impacchetta_lotto(std::move(righe.lotto));
@@ -234,6 +253,10 @@ std::optional<std::size_t> cerca_concorso(std::span<const Concorso> colonna, Con
 }
 
 std::optional<Data> ArchivioEstrazioni::data_bari(Concorso concorso) const {
+    if (const auto& confini = tabelle_.confini; confini && lotto().concorso.empty()) {
+        if (concorso == confini->ultimo) return confini->ultimo_giorno;
+        return concorso == 1 ? confini->primo_giorno : std::nullopt;
+    }
     const auto i = cerca_concorso(lotto().concorso, concorso);
     if (!i || (lotto().presenti[*i] & 1U) == 0) return std::nullopt;
     return lotto().data[*i];

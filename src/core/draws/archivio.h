@@ -162,12 +162,26 @@ struct TabellaWinForLife {
     Custode custode{};
 };
 
+/// What the games that count by the Lotto's concorsi want of it, without its rows: where they end, and the
+/// dates of Bari at both ends of the archive (nothing where Bari has no row there).
+struct ConfiniLotto {
+    Concorso ultimo = 0;  ///< 0 without draws
+    std::optional<Data> primo_giorno{};
+    std::optional<Data> ultimo_giorno{};
+    friend bool operator==(const ConfiniLotto&, const ConfiniLotto&) = default;
+};
+[[nodiscard]] ConfiniLotto confini_lotto(std::span<const RigaLotto> righe);
+/// Whether an archive could end so.
+[[nodiscard]] bool possibili(const ConfiniLotto& confini);
+
 /// All that an archive holds, whoever packed and checked it.
 struct TabelleArchivio {
     TabellaLotto lotto{};
     TabellaNazionale nazionale{};
     TabellaSuperEnalotto superenalotto{};
     TabellaWinForLife winforlife{};
+    /// Known where the rows of the Lotto were not read.
+    std::optional<ConfiniLotto> confini{};
 };
 
 /// A draw outside of these years is damage, not a draw.
@@ -211,15 +225,20 @@ class ArchivioEstrazioni {
     /// Highest concorso of the ten wheels, 0 without draws: the upper end of every concorso box but those of
     /// Win for Life.
     [[nodiscard]] Concorso ultimo_concorso() const {
-        return lotto().concorso.empty() ? 0 : lotto().concorso.back();
+        if (!lotto().concorso.empty()) return lotto().concorso.back();
+        return tabelle_.confini ? tabelle_.confini->ultimo : 0;
     }
     [[nodiscard]] Concorso ultimo_concorso_winforlife() const {
         return winforlife().concorso.empty() ? 0 : winforlife().concorso.back();
     }
 
-    /// Date of a concorso as the Lotto screens show it: that of its Bari row, nothing without one.
+    /// Date of a concorso as the Lotto screens show it: that of its Bari row, nothing without one. Where the
+    /// rows of the Lotto were not read only its ends have one.
     [[nodiscard]] std::optional<Data> data_bari(Concorso concorso) const;
     [[nodiscard]] std::optional<Data> data_winforlife(Concorso concorso) const;
+    [[nodiscard]] ConfiniLotto confini_lotto() const {
+        return {ultimo_concorso(), data_bari(1), data_bari(ultimo_concorso())};
+    }
 
   private:
     TabelleArchivio tabelle_;

@@ -27,8 +27,18 @@ void aggiungi(Insieme& insieme, Numero n) {
     insieme[0] |= kBit[n][0];
     insieme[1] |= kBit[n][1];
 }
+/// How many numbers stand in a set: both words in one go, since no instruction that every machine has counts
+/// bits.
 int quanti(const Insieme& insieme) {
-    return std::popcount(insieme[0]) + std::popcount(insieme[1]);
+    constexpr std::uint64_t kUno = 0x5555555555555555U;
+    constexpr std::uint64_t kDue = 0x3333333333333333U;
+    constexpr std::uint64_t kQuattro = 0x0F0F0F0F0F0F0F0FU;
+    const auto a_quattro = [](std::uint64_t n) {
+        n -= n >> 1U & kUno;
+        return (n & kDue) + (n >> 2U & kDue);
+    };
+    const std::uint64_t n = a_quattro(insieme[0]) + a_quattro(insieme[1]);  // at most 8 in each four bits
+    return static_cast<int>(((n & kQuattro) + (n >> 4U & kQuattro)) * 0x0101010101010101U >> 56U);
 }
 
 /// The rows of one concorso, in wheel order.
@@ -41,26 +51,41 @@ struct RigheConcorso {
         for (unsigned m = tabella.presenti[record]; m != 0; m &= m - 1)
             righe[quante++] = numeri + std::countr_zero(m) * kEstratti;
     }
+    [[nodiscard]] const Numero* riga(std::size_t i) const { return righe[i]; }
+};
+
+/// The same of a concorso that has all ten, as nearly all have: nothing to look for, and loops that unroll.
+struct RigheIntere {
+    static constexpr std::size_t quante = kRuote;
+    const Numero* numeri;
+    [[nodiscard]] const Numero* riga(std::size_t i) const { return numeri + i * kEstratti; }
+};
+
+struct Venti {
+    Insieme insieme{};
+    int mancano = 0;  ///< numbers that lack to twenty
 };
 
 /// The twenty numbers of a draw as a set. Which place a number takes makes no difference to it: a number that
 /// comes to a place that is empty, or whose number stands elsewhere too, takes none away. Fewer than twenty
 /// are left where the wheels run out of numbers; then it does depend on the places what stands twice.
-Insieme insieme_10elotto(const RigheConcorso& r) {
+template <class Righe>
+Venti insieme_10elotto(const Righe& r) {
     Insieme insieme{};
+#pragma GCC unroll 10
     for (std::size_t i = 0; i < r.quante; ++i) {
-        aggiungi(insieme, r.righe[i][0]);
-        aggiungi(insieme, r.righe[i][1]);
+        aggiungi(insieme, r.riga(i)[0]);
+        aggiungi(insieme, r.riga(i)[1]);
     }
     int mancano = 20 - quanti(insieme);
     for (std::size_t posto = 2; posto < kEstratti && mancano > 0; ++posto)
         for (std::size_t i = 0; i < r.quante && mancano > 0; ++i) {
-            const Insieme& bit = kBit[r.righe[i][posto]];
+            const Insieme& bit = kBit[r.riga(i)[posto]];
             mancano -= static_cast<int>(((bit[0] & ~insieme[0]) | (bit[1] & ~insieme[1])) != 0);
             insieme[0] |= bit[0];
             insieme[1] |= bit[1];
         }
-    return insieme;
+    return {insieme, mancano};
 }
 
 /// Index of the place that the next number goes to: the first pair (i, j), i before j in order of trial, in
@@ -159,9 +184,10 @@ Combinazione calc_combinazione_superenalotto_s(const TabellaLotto& tabella, std:
 }
 
 Combinazione calc_combinazione_10elotto(const TabellaLotto& tabella, std::size_t record) {
-    const RigheConcorso righe{tabella, record};
-    const Insieme insieme = insieme_10elotto(righe);
-    if (quanti(insieme) != 20) return a_posti_10elotto(righe);
+    const bool intere = tabella.presenti[record] == (1U << kRuote) - 1;
+    const auto [insieme, mancano] = intere ? insieme_10elotto(RigheIntere{tabella.numeri[record].data()})
+                                           : insieme_10elotto(RigheConcorso{tabella, record});
+    if (mancano != 0) return a_posti_10elotto(RigheConcorso{tabella, record});
     Combinazione c{};
     std::size_t posto = 1;
     for (unsigned parola = 0; parola < 2; ++parola)

@@ -210,9 +210,13 @@ void esamina_lotto(Taccuino& taccuino, const TabellaLotto& t) {
 /// The concorsi of the Lotto, walked beside those of another table.
 class PassoLotto {
   public:
-    explicit PassoLotto(const TabellaLotto& t) : t_{t} {}
-    [[nodiscard]] bool c_e() const { return !t_.concorso.empty(); }
-    [[nodiscard]] Concorso ultimo() const { return c_e() ? t_.concorso.back() : 0; }
+    explicit PassoLotto(const ArchivioEstrazioni& a) : t_{a.lotto()}, ultimo_{a.ultimo_concorso()} {}
+    [[nodiscard]] Concorso ultimo() const { return ultimo_; }
+    /// Whether the Lotto is known not to have a concorso; `attesa` is its date there. Without its rows, but
+    /// with its last concorso, those up to that pass for sound.
+    [[nodiscard]] bool manca(Concorso concorso, const std::optional<Data>& attesa) const {
+        return t_.concorso.empty() ? ultimo_ > 0 && concorso > ultimo_ : !attesa;
+    }
     /// The Lotto's date of a concorso; asked in ascending order.
     std::optional<Data> data(Concorso concorso) {
         while (i_ < t_.concorso.size() && t_.concorso[i_] < concorso) ++i_;
@@ -222,6 +226,7 @@ class PassoLotto {
 
   private:
     const TabellaLotto& t_;
+    Concorso ultimo_;
     std::size_t i_ = 0;
 };
 
@@ -235,14 +240,14 @@ void esamina_mancanti(Taccuino& taccuino, TabellaArchivio tabella, Concorso prim
 
 /// What `archivion` and `archivios` have in common. `giorni`: how far their dates may be from the Lotto's.
 template <class Tabella, class Riga>
-void esamina_compagna(Taccuino& taccuino, TabellaArchivio quale, const Tabella& t, const TabellaLotto& lotto,
-                      days giorni, Riga&& riga) {
-    PassoLotto passo{lotto};
+void esamina_compagna(Taccuino& taccuino, TabellaArchivio quale, const Tabella& t,
+                      const ArchivioEstrazioni& archivio, days giorni, Riga&& riga) {
+    PassoLotto passo{archivio};
     for (std::size_t i = 0; i < t.concorso.size() && !taccuino.basta(); ++i) {
         const Concorso c = t.concorso[i];
         if (i > 0) esamina_mancanti(taccuino, quale, t.concorso[i - 1], c);
         const auto attesa = passo.data(c);
-        if (passo.c_e() && !attesa) {
+        if (passo.manca(c, attesa)) {
             taccuino.danno(quale, c,
                            [] { return std::string{"il concorso non c'è nelle estrazioni del Lotto"}; });
         } else if (attesa && std::chrono::abs(t.data[i] - *attesa) > giorni) {
@@ -259,17 +264,19 @@ void esamina_compagna(Taccuino& taccuino, TabellaArchivio quale, const Tabella& 
     if (!t.concorso.empty()) esamina_mancanti(taccuino, quale, t.concorso.back(), passo.ultimo() + 1);
 }
 
-void esamina_nazionale(Taccuino& taccuino, const TabellaNazionale& t, const TabellaLotto& lotto) {
-    esamina_compagna(taccuino, TabellaArchivio::Nazionale, t, lotto, days{0}, [&](std::size_t i) {
+void esamina_nazionale(Taccuino& taccuino, const ArchivioEstrazioni& archivio) {
+    const TabellaNazionale& t = archivio.nazionale();
+    esamina_compagna(taccuino, TabellaArchivio::Nazionale, t, archivio, days{0}, [&](std::size_t i) {
         if (!completa<kNumeri, kEstratti>(t.numeri[i].data()))
             esamina_numeri(taccuino, {TabellaArchivio::Nazionale, t.concorso[i]}, t.numeri[i]);
     });
 }
 
-void esamina_superenalotto(Taccuino& taccuino, const TabellaSuperEnalotto& t, const TabellaLotto& lotto) {
+void esamina_superenalotto(Taccuino& taccuino, const ArchivioEstrazioni& archivio) {
+    const TabellaSuperEnalotto& t = archivio.superenalotto();
     constexpr auto kQuale = TabellaArchivio::SuperEnalotto;
     bool superstar = false;
-    esamina_compagna(taccuino, kQuale, t, lotto, kGiorniVicini, [&](std::size_t i) {
+    esamina_compagna(taccuino, kQuale, t, archivio, kGiorniVicini, [&](std::size_t i) {
         // The Jolly comes out of the same urn as the six, the SuperStar out of another.
         const auto& numeri = t.numeri[i];
         constexpr std::size_t kUrna = 7;
@@ -377,8 +384,8 @@ void esamina_oggi(Taccuino& taccuino, const ArchivioEstrazioni& a, Data oggi) {
 
 void esamina_tabelle(Taccuino& taccuino, const ArchivioEstrazioni& a) {
     esamina_lotto(taccuino, a.lotto());
-    if (!taccuino.basta()) esamina_nazionale(taccuino, a.nazionale(), a.lotto());
-    if (!taccuino.basta()) esamina_superenalotto(taccuino, a.superenalotto(), a.lotto());
+    if (!taccuino.basta()) esamina_nazionale(taccuino, a);
+    if (!taccuino.basta()) esamina_superenalotto(taccuino, a);
     if (!taccuino.basta()) esamina_winforlife(taccuino, a.winforlife());
 }
 

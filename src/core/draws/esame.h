@@ -55,7 +55,7 @@ inline constexpr std::size_t kRilieviElencati = 1000;
 /// after `oggi`.
 ///
 /// A table that was not read is empty and says nothing; without the Lotto the others are only held to
-/// themselves.
+/// themselves, and to its last concorso where that is known.
 [[nodiscard]] Esame esamina(const ArchivioEstrazioni& archivio, std::optional<Data> oggi = std::nullopt);
 
 /// The first damage with the file that has it, nothing if there is none. For every opening: on the real

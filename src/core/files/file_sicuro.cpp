@@ -14,9 +14,13 @@
 #include <charconv>
 #include <chrono>
 #include <csignal>
+#include <cstring>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <ranges>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -347,46 +351,109 @@ class FileAperto {
         return static_cast<std::uint64_t>(stato.st_size);
     }
 
-    std::expected<std::string, ErroreArchivio> leggi(std::size_t quanti) {
+    /// Up to as many bytes as there is room for; fewer where the file ends, or with an error in `codice`.
+    std::size_t leggi(std::span<char> dove, int& codice) const {
+        std::size_t letti = 0;
+        while (letti < dove.size()) {
+            const ssize_t ora = read(descrittore_, dove.data() + letti, dove.size() - letti);
+            if (ora < 0 && errno == EINTR) continue;
+            if (ora < 0) codice = errno;
+            if (ora <= 0) break;  // 0: it shrank meanwhile, and what is there is what counts
+            letti += static_cast<std::size_t>(ora);
+        }
+        return letti;
+    }
+    [[nodiscard]] std::expected<std::string, ErroreArchivio> leggi(std::size_t quanti) const {
         std::string testo;
         int codice = 0;
-        testo.resize_and_overwrite(quanti, [&](char* dove, std::size_t n) {
-            std::size_t letti = 0;
-            while (letti < n) {
-                const ssize_t ora = read(descrittore_, dove + letti, n - letti);
-                if (ora < 0 && errno == EINTR) continue;
-                if (ora < 0) codice = errno;
-                if (ora <= 0) break;  // 0: it shrank meanwhile, and what is there is what counts
-                letti += static_cast<std::size_t>(ora);
-            }
-            return letti;
-        });
+        testo.resize_and_overwrite(
+            quanti, [&](char* dove, std::size_t n) { return leggi(std::span{dove, n}, codice); });
         if (codice != 0) return std::unexpected(fallito(codice));
         return testo;
     }
-
-  private:
     [[nodiscard]] ErroreArchivio fallito(int codice) const {
         if (codice == ENOENT) return {file_, "il file non c'è"};
         return {file_, fmt::format("il file non si può leggere: {}", motivo_sistema(codice))};
     }
 
+  private:
     const std::filesystem::path& file_;
     int descrittore_;
 };
 
-}  // namespace
-
-std::expected<std::string, ErroreArchivio> leggi_file(const std::filesystem::path& file,
-                                                      std::size_t massimo) {
-    FileAperto aperto{file};
+std::expected<std::size_t, ErroreArchivio> grandezza_fino_a(FileAperto& aperto,
+                                                            const std::filesystem::path& file,
+                                                            std::size_t massimo) {
     const auto grandezza = aperto.grandezza();
     if (!grandezza) return std::unexpected(grandezza.error());
     if (*grandezza > massimo)
         return std::unexpected(
             ErroreArchivio{file, fmt::format("il file è troppo grande: ha {} byte, se ne leggono al più {}",
                                              *grandezza, massimo)});
-    return aperto.leggi(static_cast<std::size_t>(*grandezza));
+    return static_cast<std::size_t>(*grandezza);
+}
+
+/// What a file is read through at first: no more than a processor keeps near.
+constexpr std::size_t kPezzo = std::size_t{1} << 16;
+
+}  // namespace
+
+std::expected<std::string, ErroreArchivio> leggi_file(const std::filesystem::path& file,
+                                                      std::size_t massimo) {
+    FileAperto aperto{file};
+    const auto grandezza = grandezza_fino_a(aperto, file, massimo);
+    if (!grandezza) return std::unexpected(grandezza.error());
+    return aperto.leggi(*grandezza);
+}
+
+struct FileAPezzi::Stato {
+    explicit Stato(std::filesystem::path percorso) : file{std::move(percorso)} {}
+
+    std::filesystem::path file;
+    FileAperto aperto{file};
+    std::size_t grandezza = 0;
+    std::size_t letti = 0;  ///< bytes of the file that have been in the buffer
+    std::size_t pieni = 0;  ///< bytes of the buffer that hold the piece
+    std::vector<char> memoria = std::vector<char>(kPezzo);
+    std::optional<ErroreArchivio> errore{};
+};
+
+FileAPezzi::FileAPezzi(std::unique_ptr<Stato> stato) : stato_{std::move(stato)} {}
+FileAPezzi::FileAPezzi(FileAPezzi&& altro) noexcept = default;
+FileAPezzi& FileAPezzi::operator=(FileAPezzi&& altro) noexcept = default;
+FileAPezzi::~FileAPezzi() = default;
+
+std::expected<FileAPezzi, ErroreArchivio> FileAPezzi::apri(const std::filesystem::path& file,
+                                                           std::size_t massimo) {
+    auto stato = std::make_unique<Stato>(file);
+    const auto grandezza = grandezza_fino_a(stato->aperto, file, massimo);
+    if (!grandezza) return std::unexpected(grandezza.error());
+    stato->grandezza = *grandezza;
+    return FileAPezzi{std::move(stato)};
+}
+
+std::size_t FileAPezzi::grandezza() const {
+    return stato_->grandezza;
+}
+
+PezzoFile FileAPezzi::avanti(std::size_t usati) {
+    Stato& s = *stato_;
+    s.pieni -= std::min(usati, s.pieni);
+    std::memmove(s.memoria.data(), s.memoria.data() + usati, s.pieni);
+    // A line that is longer than the buffer.
+    if (s.pieni == s.memoria.size()) s.memoria.resize(2 * s.memoria.size());
+    const auto posto = std::span{s.memoria}.subspan(s.pieni);
+    const std::size_t voluti = std::min(posto.size(), s.grandezza - s.letti);
+    int codice = 0;
+    const std::size_t ora = s.aperto.leggi(posto.first(voluti), codice);
+    if (codice != 0) s.errore = s.aperto.fallito(codice);
+    s.letti += ora;
+    s.pieni += ora;
+    return {{s.memoria.data(), s.pieni}, ora < voluti || s.letti == s.grandezza};
+}
+
+const std::optional<ErroreArchivio>& FileAPezzi::errore() const {
+    return stato_->errore;
 }
 
 std::expected<InizioFile, ErroreArchivio> leggi_inizio(const std::filesystem::path& file,

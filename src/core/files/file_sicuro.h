@@ -7,6 +7,8 @@
 #include <expected>
 #include <filesystem>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -98,6 +100,35 @@ void spazza_temporanei(const std::filesystem::path& cartella);
                                                                                           << 30);
 
 /// Size and first bytes of a file: enough to say whether it is what its name claims.
+/// Bytes of a file; `ultimo` where nothing follows them.
+struct PezzoFile {
+    std::string_view byte{};
+    bool ultimo = false;
+};
+/// A file that is read from front to back through one small buffer, for who needs each byte but once. A whole
+/// large file in memory costs ten times as much time as its reading: for the pages that it takes.
+class FileAPezzi {
+  public:
+    /// Errors as of `leggi_file`.
+    [[nodiscard]] static std::expected<FileAPezzi, ErroreArchivio> apri(const std::filesystem::path& file,
+                                                                        std::size_t massimo);
+    FileAPezzi(FileAPezzi&& altro) noexcept;
+    FileAPezzi& operator=(FileAPezzi&& altro) noexcept;
+    ~FileAPezzi();
+
+    [[nodiscard]] std::size_t grandezza() const;
+    /// What follows the first `usati` bytes of the piece before, which is gone: longer than what was left of
+    /// it, or the last one.
+    [[nodiscard]] PezzoFile avanti(std::size_t usati);
+    /// Why the last piece came too early; nothing if it did not.
+    [[nodiscard]] const std::optional<ErroreArchivio>& errore() const;
+
+  private:
+    struct Stato;
+    explicit FileAPezzi(std::unique_ptr<Stato> stato);
+    std::unique_ptr<Stato> stato_;
+};
+
 struct InizioFile {
     std::uint64_t grandezza = 0;
     std::string byte;  ///< up to as many as asked for

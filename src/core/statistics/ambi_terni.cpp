@@ -5,7 +5,11 @@
 #include "statistics/righe_ordinate.h"
 #include "statistics/terni_per_ambi.h"
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace sortimetra {
 
@@ -77,19 +81,57 @@ Risultato ambilotto(const ArchivioEstrazioni& archivio, const Domanda& domanda, 
 
 namespace {
 
+/// Counts the ten terni of each row a few rows later: their cells lie scattered over a megabyte, and are
+/// fetched while those of other rows are counted.
+template <class Cella>
+class ContaTerni {
+  public:
+    explicit ContaTerni(std::vector<Cella>& celle) : celle_{celle.data()} {}
+
+    /// A row of five different numbers.
+    void regolare(int c, const std::array<std::uint32_t, kEstratti>& n) {
+        std::uint32_t* attesa = attese_[righe_].data();
+        per_ogni_terno<true>(n, [&](std::size_t x, std::size_t y, std::size_t z) {
+            const std::size_t i = indice_terno(x, y, z);
+            __builtin_prefetch(celle_ + i, 1);
+            *attesa++ = static_cast<std::uint32_t>(i);
+        });
+        concorsi_[righe_] = c;
+        if (++righe_ == kRighe) in_pari();
+    }
+    /// Any other; those that wait came before it.
+    void difettosa(int c, const std::array<std::uint32_t, kEstratti>& n) {
+        in_pari();
+        per_ogni_terno(
+            n, [&](std::size_t x, std::size_t y, std::size_t z) { esce(celle_[indice_terno(x, y, z)], c); });
+    }
+    /// Counts the rows that wait.
+    void in_pari() {
+        for (std::size_t r = 0; r < righe_; ++r)
+            for (const std::uint32_t i : attese_[r]) esce(celle_[i], concorsi_[r]);
+        righe_ = 0;
+    }
+
+  private:
+    static constexpr std::size_t kRighe = 8;
+    static constexpr std::size_t kTerniRiga = 10;
+
+    Cella* celle_;
+    std::size_t righe_ = 0;
+    std::array<std::array<std::uint32_t, kTerniRiga>, kRighe> attese_{};
+    std::array<int, kRighe> concorsi_{};
+};
+
 /// All terni by their own appearances, counted in cells of that kind.
 template <class Cella>
 Risultato terni_in(const VistaEstrazioni& vista, Avanzamento& avanzamento) {
     const Estrazioni t = vista.t();
     std::vector<Cella> misure(kTerni, Cella{inizio_ambata(t)});
-    const auto conta = [celle = misure.data()](int c) {
-        return [celle, c](std::size_t x, std::size_t y, std::size_t z) {
-            esce(celle[indice_terno(x, y, z)], c);
-        };
-    };
+    ContaTerni conta{misure};
     percorri_ordinate(
-        vista, avanzamento, [&](int c, const auto& n) { per_ogni_terno<true>(n, conta(c)); },
-        [&](int c, const auto& n) { per_ogni_terno(n, conta(c)); });
+        vista, avanzamento, [&](int c, const auto& n) { conta.regolare(c, n); },
+        [&](int c, const auto& n) { conta.difettosa(c, n); });
+    conta.in_pari();
     return tabella_misure(nomi_terni(), std::span<const Cella>{misure}, t,
                           {.gioco = Gioco::lotto, .presenti = 3});
 }

@@ -22,6 +22,9 @@ namespace sortimetra {
 
 namespace {
 
+/// All that is asked of that file.
+constexpr unsigned kInDrawit = kTabelleDrawit | kConfiniLotto;
+
 /// The native and the Jet name of each of the two database files; where both are equally new, the first.
 using NomiFile = std::array<std::string_view, 2>;
 constexpr NomiFile kNomiDrawit{"drawit.db", "drawit.mdb"};
@@ -85,18 +88,21 @@ std::expected<RigheConFonte, ErroreArchivio> leggi_righe(const Scelto& scelto, u
     if (nativo(scelto.file)) {
         auto letti = leggi_nativo(scelto.da_leggere, tabelle);
         if (!letti) return col_suo_nome(std::move(letti.error()));
-        return RigheConFonte{std::move(letti->righe), {scelto.file, letti->simulato}};
+        return RigheConFonte{
+            std::move(letti->righe), {scelto.file, letti->simulato}, letti->tabelle, letti->confini};
     }
-    auto righe = leggi_jet(scelto.da_leggere, tabelle);
+    // A Jet file has no digests: only the rows of the Lotto, examined as a whole, can be believed where they
+    // end.
+    auto righe = leggi_jet(scelto.da_leggere, tabelle_intere(tabelle));
     if (!righe) return col_suo_nome(std::move(righe.error()));
-    return RigheConFonte{std::move(*righe), {scelto.file, false}};
+    return RigheConFonte{std::move(*righe), {scelto.file, false}, tabelle_intere(tabelle)};
 }
 
 /// The tables of one of the two database files.
 struct FileAperto {
     TabelleArchivio tabelle{};
     Fonte fonte{};
-    bool esaminato = false;  ///< nothing in them is damage, nor would be in some of them alone
+    std::optional<ErroreArchivio> danno{};  ///< what they say to be damage, if that was to be found out
 };
 
 /// Takes the tables of `bit` from `da`.
@@ -105,6 +111,26 @@ void prendi_tabelle(TabelleArchivio& dove, const TabelleArchivio& da, unsigned b
     if ((bit & kTabellaNazionale) != 0) dove.nazionale = da.nazionale;
     if ((bit & kTabellaSuperEnalotto) != 0) dove.superenalotto = da.superenalotto;
     if ((bit & kTabellaWinForLife) != 0) dove.winforlife = da.winforlife;
+    if (solo_confini(bit)) dove.confini = ArchivioEstrazioni{da, {}, {}}.confini_lotto();
+}
+
+/// Reads tables from the store into what is known of it already.
+std::expected<void, ErroreArchivio> aggiungi_letti(const Scelto& scelto, unsigned mancano,
+                                                   ContenutoCopia& contenuto) {
+    auto letti = leggi_righe(scelto, mancano);
+    if (!letti) return std::unexpected(std::move(letti.error()));
+    auto composto = ArchivioEstrazioni::componi(std::move(letti->righe), letti->fonte, letti->fonte);
+    if (!composto) return std::unexpected(std::move(composto.error()));
+    prendi_tabelle(contenuto.contenuto, composto->tabelle(), letti->tabelle & ~unsigned{kConfiniLotto});
+    contenuto.tabelle |= letti->tabelle;
+    contenuto.simulato = letti->fonte.simulato;
+    if (letti->confini) contenuto.contenuto.confini = letti->confini;
+    // Rows say it themselves.
+    if ((contenuto.tabelle & kTabellaLotto) != 0) {
+        contenuto.tabelle &= ~unsigned{kConfiniLotto};
+        contenuto.contenuto.confini.reset();
+    }
+    return {};
 }
 
 /// The same with the packed copy: what it lacks is read from the store, and the copy is made anew with that.
@@ -118,23 +144,26 @@ std::expected<FileAperto, ErroreArchivio> apri_con_copia(const Scelto& scelto, u
     const bool si_copia = identita && modo.esamina && !appena_cambiato(*identita);
     auto copia = identita ? leggi_copia(file, *identita, tabelle, modo.tenuta) : std::nullopt;
     ContenutoCopia contenuto = std::move(copia).value_or(ContenutoCopia{});
-    FileAperto aperto{.fonte = {file, false}, .esaminato = true};
-    if (const unsigned mancano = tabelle & ~contenuto.tabelle; mancano != 0) {
-        auto letti = leggi_righe(scelto, mancano);
-        if (!letti) return std::unexpected(std::move(letti.error()));
-        const bool simulato = letti->fonte.simulato;
-        const auto composto =
-            ArchivioEstrazioni::componi(std::move(letti->righe), letti->fonte, letti->fonte);
-        if (!composto) return std::unexpected(composto.error());
+    FileAperto aperto{.fonte = {file, false}};
+    if (const unsigned mancano = tabelle_mancanti(tabelle, contenuto.tabelle); mancano != 0) {
+        const unsigned prima = contenuto.tabelle;
+        if (auto esito = aggiungi_letti(scelto, mancano, contenuto); !esito)
+            return std::unexpected(std::move(esito.error()));
         // What the copy held is of the same state of the store, unless that changed meanwhile.
         const bool immutato = si_copia && identita_negozio(file) == identita;
-        if (contenuto.tabelle != 0 && !immutato) return apri_con_copia(scelto, tabelle, {.copia = false});
-        prendi_tabelle(contenuto.contenuto, composto->tabelle(), mancano);
-        contenuto.tabelle |= mancano;
-        contenuto.simulato = simulato;
+        if (prima != 0 && !immutato)
+            return apri_con_copia(scelto, tabelle, {.copia = false, .esamina = modo.esamina});
+        const Fonte fonte{file, contenuto.simulato};
+        auto danno = modo.esamina ? primo_danno({contenuto.contenuto, fonte, fonte}) : std::nullopt;
         // Only what was found sound is copied, so that what comes from a copy need not be looked at again.
-        aperto.esaminato = immutato && !primo_danno({contenuto.contenuto, aperto.fonte, aperto.fonte});
-        if (aperto.esaminato) (void)scrivi_copia(file, *identita, contenuto);
+        if (immutato && !danno) (void)scrivi_copia(file, *identita, contenuto);
+        if (danno && prima != 0) {
+            // It counts only in what is asked for, and in what was read for it.
+            TabelleArchivio lette;
+            prendi_tabelle(lette, contenuto.contenuto, tabelle | (contenuto.tabelle & ~prima));
+            danno = primo_danno({std::move(lette), fonte, fonte});
+        }
+        aperto.danno = std::move(danno);
     }
     aperto.fonte.simulato = contenuto.simulato;
     prendi_tabelle(aperto.tabelle, contenuto.contenuto, tabelle);
@@ -219,7 +248,7 @@ ErroreArchivio manca(const std::filesystem::path& cartella, const NomiFile& nomi
 
 std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
     const std::filesystem::path& percorso_archivio, unsigned tabelle, ModoApertura modo) {
-    const unsigned in_drawit = tabelle & kTabelleDrawit;
+    const unsigned in_drawit = tabelle & kInDrawit;
     const unsigned in_drawit2 = tabelle & kTabellaWinForLife;
     auto letti = leggi_insieme(percorso_archivio, in_drawit, in_drawit2, modo);
     if (!letti) return std::unexpected(std::move(letti.error()));
@@ -228,19 +257,17 @@ std::expected<ArchivioEstrazioni, ErroreArchivio> apri_archivio(
     if (!drawit2) return std::unexpected(std::move(drawit2.error()));
     if (!*drawit && !*drawit2)
         return std::unexpected(manca(percorso_archivio, in_drawit != 0 ? kNomiDrawit : kNomiDrawit2));
-    FileAperto primo = std::move(*drawit).value_or(FileAperto{.esaminato = true});
-    FileAperto secondo = std::move(*drawit2).value_or(FileAperto{.esaminato = true});
-    const bool esaminato = primo.esaminato && secondo.esaminato;
+    FileAperto primo = std::move(*drawit).value_or(FileAperto{});
+    FileAperto secondo = std::move(*drawit2).value_or(FileAperto{});
+    for (auto& danno : {&primo.danno, &secondo.danno})
+        if (*danno) return std::unexpected(std::move(**danno));
     primo.tabelle.winforlife = std::move(secondo.tabelle.winforlife);
-    ArchivioEstrazioni archivio{std::move(primo.tabelle), std::move(primo.fonte), std::move(secondo.fonte)};
-    if (modo.esamina && !esaminato)
-        if (auto danno = primo_danno(archivio)) return std::unexpected(std::move(*danno));
-    return archivio;
+    return ArchivioEstrazioni{std::move(primo.tabelle), std::move(primo.fonte), std::move(secondo.fonte)};
 }
 
 std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit(
     const std::filesystem::path& percorso_archivio, unsigned tabelle) {
-    return leggi_uno(percorso_archivio, kNomiDrawit, tabelle & kTabelleDrawit);
+    return leggi_uno(percorso_archivio, kNomiDrawit, tabelle & kInDrawit);
 }
 
 std::expected<std::optional<RigheConFonte>, ErroreArchivio> leggi_drawit2(

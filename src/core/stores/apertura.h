@@ -17,9 +17,26 @@ enum Tabelle : unsigned {
     kTabellaSuperEnalotto = 4U,  ///< `archivios` of drawit
     kTabellaWinForLife = 8U,     ///< `archivio` of drawit2
     kTutteLeTabelle = 15U,
+    /// No table, but what others want of the Lotto's (`ConfiniLotto`). A store that cannot tell it, or not
+    /// for certain, is read for it row by row.
+    kConfiniLotto = 16U,
 };
 /// The tables of drawit.
 inline constexpr unsigned kTabelleDrawit = kTabellaLotto | kTabellaNazionale | kTabellaSuperEnalotto;
+/// Whether it is asked where the Lotto ends, and not for its rows, which tell it too.
+[[nodiscard]] constexpr bool solo_confini(unsigned chieste) {
+    return (chieste & (kConfiniLotto | kTabellaLotto)) == kConfiniLotto;
+}
+/// Those of `chieste` that `lette` lacks.
+[[nodiscard]] constexpr unsigned tabelle_mancanti(unsigned chieste, unsigned lette) {
+    if ((lette & kTabellaLotto) != 0) lette |= kConfiniLotto;
+    return chieste & ~lette;
+}
+/// The tables to be read row by row for those that are asked for, in a store that can only be read so.
+[[nodiscard]] constexpr unsigned tabelle_intere(unsigned chieste) {
+    if ((chieste & kConfiniLotto) != 0) chieste |= kTabellaLotto;
+    return chieste & ~unsigned{kConfiniLotto};
+}
 
 /// How an archive is opened.
 struct ModoApertura {
@@ -51,6 +68,8 @@ struct ModoApertura {
 struct RigheConFonte {
     RigheArchivio righe;
     Fonte fonte;
+    unsigned tabelle = 0;  ///< what was read: of the wanted, and perhaps the Lotto in the place of its ends
+    std::optional<ConfiniLotto> confini{};
 };
 /// The wanted tables of `drawit` or `drawit2` (the newer of native and Jet file); nothing if neither is
 /// there.

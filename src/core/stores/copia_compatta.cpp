@@ -70,12 +70,14 @@ class SommaByte {
 
 constexpr std::array<char, 8> kFirmaCopia{'S', 'o', 'r', 't', 'i', 'm', 'C', '\n'};
 /// To be raised with every change of what stands in a copy, or of what a store's reader makes of a store.
-constexpr std::uint32_t kVersioneCopia = 1;
+constexpr std::uint32_t kVersioneCopia = 2;
 /// Read as another number on a machine that writes numbers the other way round.
 constexpr std::uint32_t kOrdineByte = 0x01020304;
 /// Columns begin at multiples of this.
 constexpr std::size_t kAllineamento = 64;
 constexpr std::size_t kCopiaMassima = std::size_t{1} << 30;
+
+constexpr std::int32_t kNessunGiorno = INT32_MIN;
 
 struct TestataCopia {
     std::array<char, 8> firma = kFirmaCopia;
@@ -93,7 +95,11 @@ struct TestataCopia {
     std::uint32_t winforlife = 0;
     std::uint32_t ore = 0;
     std::uint32_t byte_ore = 0;
-    std::array<std::uint32_t, 15> libere{};
+    /// Of `ConfiniLotto`; days since 1970, `kNessunGiorno` for none.
+    std::int32_t ultimo = 0;
+    std::int32_t primo_giorno = kNessunGiorno;
+    std::int32_t ultimo_giorno = kNessunGiorno;
+    std::array<std::uint32_t, 12> libere{};
 };
 constexpr std::size_t kSommato = offsetof(TestataCopia, identita);
 static_assert(offsetof(TestataCopia, somma) == kPostoSomma && kSommato == SommaByte::kBlocco);
@@ -206,13 +212,31 @@ bool possibile_winforlife(const TabellaWinForLife& t) {
     return possibile(t, kNumeriWinForLife, false);
 }
 
+std::int32_t numero_giorno(const std::optional<Data>& giorno) {
+    return giorno ? static_cast<std::int32_t>(giorno->time_since_epoch().count()) : kNessunGiorno;
+}
+std::optional<Data> giorno_di(std::int32_t numero) {
+    if (numero == kNessunGiorno) return std::nullopt;
+    return Data{std::chrono::days{numero}};
+}
+
+ConfiniLotto confini_di(const TestataCopia& i) {
+    return {i.ultimo, giorno_di(i.primo_giorno), giorno_di(i.ultimo_giorno)};
+}
+
+/// Where the Lotto ends is told by its rows, or else by the header.
+bool confini_possibili(const TestataCopia& i) {
+    if ((i.tabelle & kConfiniLotto) == 0) return confini_di(i) == ConfiniLotto{};
+    return (i.tabelle & kTabellaLotto) == 0 && possibili(confini_di(i));
+}
+
 /// Whether the header's counts are those of its tables.
 bool conti_possibili(const TestataCopia& i) {
     const auto conto = [&](unsigned bit, std::uint32_t quante) {
         return quante <= kRigheMassime && (quante == 0 || (i.tabelle & bit) != 0);
     };
-    return (i.tabelle & ~unsigned{kTutteLeTabelle}) == 0 && i.simulato <= 1 &&
-           conto(kTabellaLotto, i.lotto) && conto(kTabellaLotto, i.righe_lotto) &&
+    return (i.tabelle & ~(kTutteLeTabelle | unsigned{kConfiniLotto})) == 0 && i.simulato <= 1 &&
+           confini_possibili(i) && conto(kTabellaLotto, i.lotto) && conto(kTabellaLotto, i.righe_lotto) &&
            conto(kTabellaNazionale, i.nazionale) && conto(kTabellaSuperEnalotto, i.superenalotto) &&
            conto(kTabellaWinForLife, i.winforlife) && conto(kTabellaWinForLife, i.ore) &&
            i.byte_ore <= kCopiaMassima;
@@ -234,6 +258,7 @@ TabelleArchivio tabelle_viste(const TestataCopia& i, LettoreColonne& lettore) {
     const auto fine = lettore.prendi<std::uint32_t>(i.ore);
     const auto testi = lettore.prendi<char>(i.byte_ore);
     t.winforlife.ora = {voce, fine, {testi.data(), testi.size()}};
+    if ((i.tabelle & kConfiniLotto) != 0) t.confini = confini_di(i);
     return t;
 }
 
@@ -252,6 +277,11 @@ TestataCopia intestazione(const IdentitaNegozio& identita, const ContenutoCopia&
                    .winforlife = quante(t.winforlife.concorso),
                    .ore = quante(t.winforlife.ora.fine()),
                    .byte_ore = quante(t.winforlife.ora.testi())};
+    if ((c.tabelle & kConfiniLotto) != 0 && t.confini) {
+        i.ultimo = t.confini->ultimo;
+        i.primo_giorno = numero_giorno(t.confini->primo_giorno);
+        i.ultimo_giorno = numero_giorno(t.confini->ultimo_giorno);
+    }
     i.grandezza = sizeof i;
     for (const auto& colonna : colonne) i.grandezza += allineato(colonna.size());
     SommaByte somma;
@@ -493,9 +523,9 @@ std::string byte_copia(const IdentitaNegozio& identita, const ContenutoCopia& co
 std::optional<ContenutoCopia> leggi_copia(const std::filesystem::path& negozio,
                                           const IdentitaNegozio& identita, unsigned tabelle, Tenuta tenuta) {
     auto accanto = leggi_una(copia_accanto(negozio), identita, tenuta);
-    if (accanto && (tabelle & ~accanto->tabelle) == 0) return accanto;
+    if (accanto && tabelle_mancanti(tabelle, accanto->tabelle) == 0) return accanto;
     auto in_disparte = leggi_una(copia_in_disparte(negozio), identita, tenuta);
-    if (in_disparte && (!accanto || (tabelle & ~in_disparte->tabelle) == 0)) return in_disparte;
+    if (in_disparte && (!accanto || tabelle_mancanti(tabelle, in_disparte->tabelle) == 0)) return in_disparte;
     return accanto;
 }
 

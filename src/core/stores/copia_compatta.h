@@ -52,7 +52,8 @@ struct IdentitaNegozio {
 /// The same now.
 [[nodiscard]] bool appena_cambiato(const IdentitaNegozio& identita);
 
-/// What a copy holds: the wanted tables of one store. `tabelle` are bits of `Tabelle`.
+/// What a copy holds: the wanted tables of one store. `tabelle` are bits of `Tabelle`; of the Lotto's rows
+/// and its ends it has one.
 struct ContenutoCopia {
     unsigned tabelle = 0;
     bool simulato = false;

@@ -75,32 +75,59 @@ std::expected<void, ErroreArchivio> leggi_uno(const std::optional<std::filesyste
     return {};
 }
 
+/// The Lotto's text, which is the long one.
+std::expected<std::vector<RigaLotto>, ErroreArchivio> leggi_lotto(const std::filesystem::path& file,
+                                                                  FileAPezzi& pezzi,
+                                                                  Avanzamento& avanzamento) {
+    const auto rifiuta = [&](std::string motivo) {
+        return std::unexpected(ErroreArchivio{file, std::move(motivo)});
+    };
+    if (pezzi.grandezza() == 0) return rifiuta("il file è vuoto");
+    auto righe = leggi_lotto_a_pezzi([&](std::size_t usati) { return pezzi.avanti(usati); },
+                                     pezzi.grandezza(), avanzamento);
+    if (pezzi.errore()) return std::unexpected(*pezzi.errore());
+    if (!righe) return rifiuta(std::move(righe.error()));
+    if (!avanzamento.procedi(1, 1)) return rifiuta(std::string{kAnnullata});
+    return std::move(*righe);
+}
+
 std::expected<Testi, ErroreArchivio> leggi_testi(const FilePubblicati& file, Avanzamento& avanzamento) {
-    const std::array percorsi{&file.lotto, &file.superenalotto, &file.winforlife};
-    std::array<std::string, 3> byte;
+    // All files are opened before any is read through.
+    std::optional<FileAPezzi> lotto;
     std::array<std::size_t, 4> inizio{};
+    if (file.lotto) {
+        auto aperto = FileAPezzi::apri(*file.lotto, kTestoMassimo);
+        if (!aperto) return std::unexpected(std::move(aperto.error()));
+        lotto = std::move(*aperto);
+        inizio[1] = lotto->grandezza();
+    }
+    const std::array percorsi{&file.superenalotto, &file.winforlife};
+    std::array<std::string, 2> byte;
     for (std::size_t i = 0; i < percorsi.size(); ++i) {
         if (*percorsi[i]) {
             auto letto = leggi_file(**percorsi[i], kTestoMassimo);
             if (!letto) return std::unexpected(std::move(letto.error()));
             byte[i] = std::move(*letto);
         }
-        inizio[i + 1] = inizio[i] + byte[i].size();
+        inizio[i + 2] = inizio[i + 1] + byte[i].size();
     }
     const auto tratto = [&](std::size_t i) {
-        return TrattoAvanzamento{avanzamento, inizio[i], byte[i].size(), inizio.back()};
+        return TrattoAvanzamento{avanzamento, inizio[i], inizio[i + 1] - inizio[i], inizio.back()};
     };
     Testi testi;
-    auto primo = tratto(0);
-    if (auto esito = leggi_uno(file.lotto, byte[0], leggi_testo_lotto, testi.lotto, primo); !esito)
-        return std::unexpected(std::move(esito.error()));
+    if (lotto) {
+        auto primo = tratto(0);
+        auto righe = leggi_lotto(*file.lotto, *lotto, primo);
+        if (!righe) return std::unexpected(std::move(righe.error()));
+        testi.lotto = std::move(*righe);
+    }
     auto secondo = tratto(1);
     if (auto esito =
-            leggi_uno(file.superenalotto, byte[1], leggi_testo_superenalotto, testi.superenalotto, secondo);
+            leggi_uno(file.superenalotto, byte[0], leggi_testo_superenalotto, testi.superenalotto, secondo);
         !esito)
         return std::unexpected(std::move(esito.error()));
     auto terzo = tratto(2);
-    if (auto esito = leggi_uno(file.winforlife, byte[2], leggi_testo_winforlife, testi.winforlife, terzo);
+    if (auto esito = leggi_uno(file.winforlife, byte[1], leggi_testo_winforlife, testi.winforlife, terzo);
         !esito)
         return std::unexpected(std::move(esito.error()));
     if (testi.lotto) {

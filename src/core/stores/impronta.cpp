@@ -91,4 +91,15 @@ ImprontaTabella impronta(const RigheArchivio& righe, unsigned tabella, bool simu
     }
 }
 
+std::uint64_t sigillo(const ConfiniLotto& confini, const ImprontaTabella& lotto) {
+    constexpr std::uint64_t kSeme = 0x10;  // none of a table's
+    SommaRighe s{kSeme};
+    s.aggiungi(lotto.righe, lotto.somma);
+    s.aggiungi(static_cast<std::uint64_t>(confini.ultimo), 0);
+    for (const auto& giorno : {confini.primo_giorno, confini.ultimo_giorno})
+        s.aggiungi(giorno ? static_cast<std::uint64_t>(giorno->time_since_epoch().count()) : 0,
+                   giorno ? 1 : 0);
+    return s.valore();
+}
+
 }  // namespace sortimetra

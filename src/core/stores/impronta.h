@@ -19,4 +19,8 @@ struct ImprontaTabella {
 /// that lost its mark must not pass for a real one. Depends on the values alone, not on the machine.
 [[nodiscard]] ImprontaTabella impronta(const RigheArchivio& righe, unsigned tabella, bool simulato);
 
+/// Of what a store says of the Lotto without its rows, together with the digest of those: it fits no others,
+/// and nothing else that could be said of them.
+[[nodiscard]] std::uint64_t sigillo(const ConfiniLotto& confini, const ImprontaTabella& lotto);
+
 }  // namespace sortimetra

@@ -42,6 +42,9 @@ constexpr std::int64_t kMarchio = 0x534D5452;
 constexpr std::int64_t kVersione = 1;
 /// One row per table of draws: its name, its rows, its digest.
 constexpr std::string_view kTabellaImpronte = "impronte";
+/// One row: what games that do not walk the Lotto want of it. Sealed with its digest, so that a program that
+/// does not know this table, and writes draws beside it, leaves it without worth and not wrong.
+constexpr std::string_view kTabellaConfini = "confini";
 
 struct ChiudiBase {
     void operator()(sqlite3* base) const { sqlite3_close(base); }
@@ -333,6 +336,29 @@ std::expected<void, std::string> confronta(sqlite3* base, const FormaTabella& fo
         fmt::format("il file è danneggiato: la tabella {} non contiene ciò che vi fu scritto", forma.nome));
 }
 
+std::optional<Data> leggi_giorno(sqlite3_stmt* istruzione, int colonna) {
+    if (sqlite3_column_type(istruzione, colonna) == SQLITE_NULL) return std::nullopt;
+    return Data{std::chrono::days{sqlite3_column_int64(istruzione, colonna)}};
+}
+
+/// Where the Lotto ends, without a look at its rows. Nothing unless the seal fits: then they have to tell.
+std::optional<ConfiniLotto> leggi_confini(sqlite3* base) {
+    const auto tabella = trova_tabella(base, kTabellaConfini);
+    const auto lotto = leggi_impronta(base, tabelle_drawit().front().nome);
+    if (!tabella || !*tabella || !lotto) return std::nullopt;
+    auto cerca = prepara(
+        base, fmt::format("SELECT ultimo, primo_giorno, ultimo_giorno, sigillo FROM {}", kTabellaConfini));
+    if (!cerca || sqlite3_step(cerca->get()) != SQLITE_ROW) return std::nullopt;
+    const std::int64_t ultimo = sqlite3_column_int64(cerca->get(), 0);
+    if (ultimo < 0 || ultimo > kConcorsoMassimo) return std::nullopt;
+    const ConfiniLotto confini{.ultimo = static_cast<Concorso>(ultimo),
+                               .primo_giorno = leggi_giorno(cerca->get(), 1),
+                               .ultimo_giorno = leggi_giorno(cerca->get(), 2)};
+    const auto scritto = static_cast<std::uint64_t>(sqlite3_column_int64(cerca->get(), 3));
+    if (scritto != sigillo(confini, *lotto) || !possibili(confini)) return std::nullopt;
+    return confini;
+}
+
 std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file, unsigned tabelle, int modo) {
     const std::span<const FormaTabella> forme =
         (tabelle & kTabellaWinForLife) != 0 ? tabelle_drawit2() : tabelle_drawit();
@@ -355,9 +381,11 @@ std::expected<LettiNativo, std::string> leggi(const std::filesystem::path& file,
     letti.simulato = *simulato;
     const auto impronte = ha_impronte(base);
     if (!impronte) return std::unexpected(impronte.error());
+    if (*impronte && solo_confini(tabelle)) letti.confini = leggi_confini(base);
+    letti.tabelle = letti.confini ? tabelle : tabelle_intere(tabelle);
     LettoreRighe lettore{letti.righe};
     for (const FormaTabella& forma : forme) {
-        if ((tabelle & forma.bit) == 0) continue;
+        if ((letti.tabelle & forma.bit) == 0) continue;
         if (auto esito = leggi_tabella(base, forma, lettore); !esito)
             return std::unexpected(std::move(esito.error()));
         if (!*impronte) continue;
@@ -521,6 +549,17 @@ struct Contenuto {
     std::expected<void, std::string> (*riempi)(sqlite3*, const RigheArchivio&, const Scritte&, Avanzamento&);
 };
 
+std::string sql_confini(const ConfiniLotto& confini, const ImprontaTabella& lotto) {
+    const auto giorno = [](const std::optional<Data>& data) {
+        return data ? fmt::format("{}", data->time_since_epoch().count()) : std::string{"NULL"};
+    };
+    return fmt::format(
+        "CREATE TABLE IF NOT EXISTS {0} (ultimo INTEGER, primo_giorno INTEGER, ultimo_giorno INTEGER,"
+        " sigillo INTEGER); DELETE FROM {0}; INSERT INTO {0} VALUES ({1}, {2}, {3}, {4});",
+        kTabellaConfini, confini.ultimo, giorno(confini.primo_giorno), giorno(confini.ultimo_giorno),
+        static_cast<std::int64_t>(sigillo(confini, lotto)));
+}
+
 std::expected<void, std::string> scrivi_impronte(sqlite3* base, std::span<const FormaTabella> forme,
                                                  const RigheArchivio& righe, bool simulato) {
     std::string sql = fmt::format(
@@ -531,6 +570,7 @@ std::expected<void, std::string> scrivi_impronte(sqlite3* base, std::span<const 
         const ImprontaTabella i = impronta(righe, forma.bit, simulato);
         sql += fmt::format("INSERT INTO {} VALUES ('{}', {}, {});", kTabellaImpronte, forma.nome, i.righe,
                            static_cast<std::int64_t>(i.somma));
+        if (forma.bit == kTabellaLotto) sql += sql_confini(confini_lotto(righe.lotto), i);
     }
     return esegui(base, sql.c_str());
 }

@@ -7,11 +7,14 @@
 
 #include <expected>
 #include <filesystem>
+#include <optional>
 
 namespace sortimetra {
 
 /// Rows of a native (SQLite) file and whether it is the simulated archive. `tabelle` as in apertura.h; for
-/// `drawit2.db` only `kTabellaWinForLife` has a meaning.
+/// `drawit2.db` only `kTabellaWinForLife` has a meaning. Where `kConfiniLotto` is wanted without the Lotto's
+/// rows they are still read, and are among `tabelle`, unless the file says where they end (`confini`) and
+/// what it says goes with their digest.
 ///
 /// Each wanted table is held to the number of rows and to the digest (impronta.h) that were written with it:
 /// a table in which anything has changed since is an error that names it. A file from before there were
@@ -19,6 +22,8 @@ namespace sortimetra {
 struct LettiNativo {
     RigheArchivio righe;
     bool simulato = false;
+    unsigned tabelle = 0;
+    std::optional<ConfiniLotto> confini{};
 };
 [[nodiscard]] std::expected<LettiNativo, ErroreArchivio> leggi_nativo(const std::filesystem::path& file,
                                                                       unsigned tabelle);

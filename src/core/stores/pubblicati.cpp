@@ -24,6 +24,8 @@ namespace {
 /// Lines between two reports of progress.
 constexpr int kLinee = 8192;
 
+constexpr std::string_view kNessuna = "il file non contiene estrazioni";
+
 std::string_view senza_bom(std::string_view testo) {
     if (testo.starts_with("\xEF\xBB\xBF")) testo.remove_prefix(3);
     return testo;
@@ -233,6 +235,101 @@ class Giorni {
     std::vector<std::uint16_t> ruote_;  ///< bit w is set where wheel w has a row
 };
 
+/// The rows of a text that comes in pieces.
+class TestoLotto {
+  public:
+    TestoLotto(std::size_t totale, Avanzamento& avanzamento) : totale_{totale}, avanzamento_{avanzamento} {
+        righe_.reserve(totale / 28);
+    }
+
+    /// Reads the whole lines at the front and returns their length; of the last piece all is a line.
+    std::expected<std::size_t, std::string> leggi(std::string_view byte, bool ultimo) {
+        const char* p = byte.data();
+        const char* const fine = p + byte.size();
+        const char* const fine_veloce =
+            byte.size() < LettoreVeloce::kLunghezza ? p : fine - LettoreVeloce::kLunghezza;
+        const auto letti = [&] { return static_cast<std::size_t>(p - byte.data()); };
+        while (p < fine) {
+            if ((riga_ + 1) % kLinee == 0 && !avanzamento_.procedi(letti_ + letti(), totale_))
+                return std::unexpected(std::string{kAnnullata});
+            // Filled where it stays: a row that is built elsewhere, byte by byte, waits for its bytes to be
+            // copied.
+            RigaLotto& r = righe_.emplace_back();
+            const char* dopo = p < fine_veloce ? veloce_.leggi(p, r) : nullptr;
+            if (dopo == nullptr) {
+                const std::string_view resto{p, static_cast<std::size_t>(fine - p)};
+                const auto a_capo = resto.find('\n');
+                if (a_capo == std::string_view::npos && !ultimo) {
+                    righe_.pop_back();
+                    break;
+                }
+                dopo = a_capo == std::string_view::npos ? fine : p + a_capo + 1;
+                if (auto esito = leggi_lenta(resto.substr(0, a_capo)); !esito)
+                    return std::unexpected(std::move(esito.error()));
+            } else if (++riga_; !segna(r)) {
+                return std::unexpected(due_volte(r));
+            }
+            p = dopo;
+        }
+        letti_ += letti();
+        return letti();
+    }
+
+    /// By date, then wheel.
+    std::expected<std::vector<RigaLotto>, std::string> righe() && {
+        if (righe_.empty()) return std::unexpected(std::string{kNessuna});
+        return ordinate_ ? std::move(righe_) : giorni_.ordina(righe_);
+    }
+
+  private:
+    /// A line of any form into the last row.
+    std::expected<void, std::string> leggi_lenta(std::string_view linea) {
+        ++riga_;
+        if (rifila(linea).empty()) {
+            righe_.pop_back();
+            return {};
+        }
+        auto letta = leggi_riga_lotto(linea, riga_);
+        if (!letta) return std::unexpected(std::move(letta.error()));
+        righe_.back() = *letta;
+        if (!segna(*letta)) return std::unexpected(due_volte(*letta));
+        return {};
+    }
+
+    /// Notes the wheel of the day; false where that is there already.
+    bool segna(const RigaLotto& r) {
+        // Up to eleven lines in a run have the same date.
+        if (ruote_ == nullptr || r.data != data_prima_) {
+            ordinate_ = ordinate_ && (ruote_ == nullptr || r.data > data_prima_);
+            ruote_ = &giorni_.ruote(r.data);
+            data_prima_ = r.data;
+        }
+        // This wheel of the day lowest, those that come after it above.
+        const unsigned da_questa = static_cast<unsigned>(*ruote_) >> static_cast<unsigned>(r.ruota);
+        if ((da_questa & 1U) != 0) return false;
+        ordinate_ = ordinate_ && da_questa == 0;
+        *ruote_ = static_cast<std::uint16_t>(*ruote_ | 1U << static_cast<unsigned>(r.ruota));
+        return true;
+    }
+
+    [[nodiscard]] std::string due_volte(const RigaLotto& r) const {
+        return fmt::format(
+            "riga {}: trovata di nuovo la ruota {} del {}, attesa una sola riga per ruota e data", riga_,
+            kNomiRuote[static_cast<std::size_t>(r.ruota)].codice, testo_data(r.data));
+    }
+
+    std::vector<RigaLotto> righe_;
+    Giorni giorni_;
+    LettoreVeloce veloce_;
+    bool ordinate_ = true;
+    Data data_prima_{};
+    std::uint16_t* ruote_ = nullptr;  ///< of the day of the line before
+    std::size_t riga_ = 0;            ///< lines that were read
+    std::size_t letti_ = 0;           ///< bytes of the pieces before
+    std::size_t totale_;
+    Avanzamento& avanzamento_;
+};
+
 // ---- the texts with a title line ----
 
 enum class Titoli : std::uint8_t { richiesti, facoltativi };
@@ -265,8 +362,6 @@ std::expected<void, std::string> per_ogni_linea(std::string_view testo, std::str
     }
     return {};
 }
-
-constexpr std::string_view kNessuna = "il file non contiene estrazioni";
 
 std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_superenalotto(std::string_view testo,
                                                                                Titoli come,
@@ -326,63 +421,25 @@ std::expected<std::vector<RigaWinForLife>, std::string> leggi_winforlife(std::st
 
 }  // namespace
 
+std::expected<std::vector<RigaLotto>, std::string> leggi_lotto_a_pezzi(const FonteTesto& fonte,
+                                                                       std::size_t totale,
+                                                                       Avanzamento& avanzamento) {
+    TestoLotto testo{totale, avanzamento};
+    PezzoFile pezzo = fonte(0);
+    std::size_t usati = pezzo.byte.size() - senza_bom(pezzo.byte).size();
+    while (true) {
+        const auto letti = testo.leggi(pezzo.byte.substr(usati), pezzo.ultimo);
+        if (!letti) return std::unexpected(letti.error());
+        if (pezzo.ultimo) return std::move(testo).righe();
+        pezzo = fonte(usati + *letti);
+        usati = 0;
+    }
+}
+
 std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string_view testo,
                                                                      Avanzamento& avanzamento) {
-    testo = senza_bom(testo);
-    std::vector<RigaLotto> righe;
-    righe.reserve(testo.size() / 28);
-    Giorni giorni;
-    LettoreVeloce veloce;
-    bool ordinate = true;
-    Data data_prima{};
-    std::uint16_t* ruote = nullptr;  // of the day of the line before
-    std::size_t riga = 0;
-    const char* p = testo.data();
-    const char* const fine = p + testo.size();
-    const char* const fine_veloce =
-        testo.size() < LettoreVeloce::kLunghezza ? p : fine - LettoreVeloce::kLunghezza;
-    while (p < fine) {
-        ++riga;
-        if (riga % kLinee == 0 &&
-            !avanzamento.procedi(static_cast<std::size_t>(p - testo.data()), testo.size()))
-            return std::unexpected(std::string{kAnnullata});
-        // Filled where it stays: a row that is built elsewhere, byte by byte, waits for its bytes to be
-        // copied.
-        RigaLotto& r = righe.emplace_back();
-        const char* dopo = p < fine_veloce ? veloce.leggi(p, r) : nullptr;
-        if (dopo == nullptr) {
-            const auto* a_capo =
-                static_cast<const char*>(std::memchr(p, '\n', static_cast<std::size_t>(fine - p)));
-            const std::string_view linea{p,
-                                         static_cast<std::size_t>((a_capo == nullptr ? fine : a_capo) - p)};
-            dopo = a_capo == nullptr ? fine : a_capo + 1;
-            if (rifila(linea).empty()) {
-                righe.pop_back();
-                p = dopo;
-                continue;
-            }
-            auto letta = leggi_riga_lotto(linea, riga);
-            if (!letta) return std::unexpected(std::move(letta.error()));
-            r = *letta;
-        }
-        // Up to eleven lines in a run have the same date.
-        if (ruote == nullptr || r.data != data_prima) {
-            ordinate = ordinate && (ruote == nullptr || r.data > data_prima);
-            ruote = &giorni.ruote(r.data);
-            data_prima = r.data;
-        }
-        // This wheel of the day lowest, those that come after it above.
-        const unsigned da_questa = static_cast<unsigned>(*ruote) >> static_cast<unsigned>(r.ruota);
-        if ((da_questa & 1U) != 0)
-            return std::unexpected(fmt::format(
-                "riga {}: trovata di nuovo la ruota {} del {}, attesa una sola riga per ruota e data", riga,
-                kNomiRuote[static_cast<std::size_t>(r.ruota)].codice, testo_data(r.data)));
-        ordinate = ordinate && da_questa == 0;
-        *ruote = static_cast<std::uint16_t>(*ruote | 1U << static_cast<unsigned>(r.ruota));
-        p = dopo;
-    }
-    if (righe.empty()) return std::unexpected(std::string{kNessuna});
-    return ordinate ? std::move(righe) : giorni.ordina(righe);
+    return leggi_lotto_a_pezzi([testo](std::size_t /*usati*/) { return PezzoFile{testo, true}; },
+                               testo.size(), avanzamento);
 }
 
 std::expected<std::vector<RigaSuperEnalotto>, std::string> leggi_testo_superenalotto(

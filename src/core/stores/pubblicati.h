@@ -2,9 +2,11 @@
 
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
+#include "files/file_sicuro.h"
 
 #include <cstddef>
 #include <expected>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,6 +24,13 @@ namespace sortimetra {
 /// order in the file. The same wheel twice on one date is an error.
 [[nodiscard]] std::expected<std::vector<RigaLotto>, std::string> leggi_testo_lotto(std::string_view testo,
                                                                                    Avanzamento& avanzamento);
+
+/// Gives a text of `totale` bytes piece by piece: what follows the first `usati` bytes of the piece before. A
+/// byte order mark stands whole in the first one.
+using FonteTesto = std::function<PezzoFile(std::size_t usati)>;
+/// The same of a text that need not stand in memory as a whole: that takes longer than to read it.
+[[nodiscard]] std::expected<std::vector<RigaLotto>, std::string> leggi_lotto_a_pezzi(
+    const FonteTesto& fonte, std::size_t totale, Avanzamento& avanzamento);
 
 /// "data;n1;n2;n3;n4;n5;n6;jolly;superstar" with a title line, dates "yyyy-mm-dd"; in file order. A date
 /// twice is an error.

@@ -11,9 +11,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <functional>
+#include <random>
 #include <set>
 #include <thread>
 
@@ -313,6 +315,61 @@ TEST(FileSicuro, DueInsiemeNonSiMescolano) {
     a.join();
     b.join();
     EXPECT_THAT(nomi(cartella.percorso()), ElementsAre("ric.ini"));
+}
+
+/// The file as it comes when of each piece so many bytes are used.
+std::string a_pezzi(const std::filesystem::path& file, const std::function<std::size_t(PezzoFile)>& usati) {
+    auto aperto = FileAPezzi::apri(file, std::size_t{1} << 24).value();
+    std::string tutto;
+    PezzoFile p = aperto.avanti(0);
+    while (!p.ultimo) {
+        const std::size_t n = usati(p);
+        const std::size_t restano = p.byte.size() - n;
+        tutto += p.byte.substr(0, n);
+        p = aperto.avanti(n);
+        EXPECT_TRUE(p.ultimo || p.byte.size() > restano);
+    }
+    EXPECT_FALSE(aperto.errore());
+    return tutto += p.byte;
+}
+
+TEST(FileAPezzi, RendeIlFileComunqueLoSiUsi) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "testo";
+    std::mt19937 caso{1};
+    for (const std::size_t grande : {0U, 1U, 65535U, 65536U, 65537U, 131072U, 1'000'003U}) {
+        SCOPED_TRACE(grande);
+        std::string testo(grande, ' ');
+        for (char& c : testo) c = static_cast<char>(caso());
+        ASSERT_TRUE(scrivi_file(file, testo));
+        EXPECT_EQ(a_pezzi(file, [](PezzoFile p) { return p.byte.size(); }), testo);
+        EXPECT_EQ(a_pezzi(file, [](PezzoFile) { return 0; }), testo) << "a line as long as the file";
+        for (int giro = 0; giro < 5; ++giro)
+            EXPECT_EQ(a_pezzi(file, [&](PezzoFile p) { return caso() % (p.byte.size() + 1); }), testo);
+    }
+}
+
+TEST(FileAPezzi, QuelCheCEQuandoIlFileCambiaSottoGliOcchi) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "testo";
+    const std::string testo(200'000, 'x');
+    for (const std::size_t dopo : {100'000U, 65'536U, 10U, 400'000U}) {
+        SCOPED_TRACE(dopo);
+        ASSERT_TRUE(scrivi_file(file, testo));
+        auto aperto = FileAPezzi::apri(file, testo.size()).value();
+        EXPECT_EQ(aperto.grandezza(), testo.size());
+        PezzoFile p = aperto.avanti(0);
+        std::size_t letti = p.byte.size();
+        std::filesystem::resize_file(file, dopo);
+        while (!p.ultimo) {
+            p = aperto.avanti(p.byte.size());
+            letti += p.byte.size();
+        }
+        EXPECT_EQ(letti, std::clamp<std::size_t>(dopo, 65'536, testo.size())) << "never more than at first";
+    }
+    EXPECT_THAT(FileAPezzi::apri(file, 99).error().motivo, HasSubstr("troppo grande"));
+    EXPECT_EQ(FileAPezzi::apri(cartella.percorso(), 99).error().motivo, "è una cartella, non un file");
+    EXPECT_EQ(FileAPezzi::apri(cartella.percorso() / "manca", 99).error().motivo, "il file non c'è");
 }
 
 TEST(LeggiFile, CioCheNonEUnFile) {

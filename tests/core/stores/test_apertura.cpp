@@ -95,6 +95,39 @@ TEST(Apertura, SoloCioCheSiVuole) {
     EXPECT_FALSE(apri_archivio(cartella.percorso(), kTabellaWinForLife));
 }
 
+/// A store with three draws of the Lotto (none if `lotto` is 0) and one of SuperEnalotto.
+void con_superenalotto(const std::filesystem::path& file, int lotto, Concorso superenalotto) {
+    const Data primo = leggi_data_iso("2000-01-01").value();
+    RigheArchivio righe;
+    for (int c = 1; c <= lotto; ++c)
+        righe.lotto.push_back(
+            {.concorso = c, .data = primo + std::chrono::days{c}, .ruota = 0, .numeri = {1, 2, 3, 4, 5}});
+    righe.superenalotto.push_back(
+        {.concorso = superenalotto, .data = primo + std::chrono::days{3}, .numeri = {1, 2, 3, 4, 5, 6}});
+    ASSERT_TRUE(scrivi_drawit(file, righe, false));
+}
+
+TEST(Apertura, AncheSenzaIlLottoUnConcorsoOltreLaSuaFineEDanno) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    const auto apri = [&](unsigned tabelle) {
+        const auto a = apri_archivio(cartella.percorso(), tabelle);
+        return a ? std::string{"letto"} : a.error().motivo;
+    };
+    constexpr unsigned kAltroGioco = kTabellaSuperEnalotto | kConfiniLotto;
+    con_superenalotto(file, 3, 3);
+    EXPECT_EQ(apri(kAltroGioco), "letto");
+    con_superenalotto(file, 3, 4);
+    for (const unsigned tabelle : {kAltroGioco, unsigned{kTabellaSuperEnalotto | kTabellaLotto}})
+        EXPECT_EQ(apri(tabelle),
+                  "tabella archivios, concorso 4: il concorso non c'è nelle estrazioni del Lotto");
+    EXPECT_EQ(apri(kTabellaSuperEnalotto), "letto") << "held to itself alone";
+    // Without a Lotto there is nothing to hold it to.
+    con_superenalotto(file, 0, 4);
+    EXPECT_EQ(apri(kAltroGioco), "letto");
+    EXPECT_EQ(apri(kTabellaSuperEnalotto | kTabellaLotto), "letto");
+}
+
 TEST(Apertura, NonScriveMai) {
     const CartellaProva cartella;
     const auto db = cartella.percorso() / "drawit.db";

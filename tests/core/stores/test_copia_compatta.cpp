@@ -74,6 +74,7 @@ void uguali(const TabelleArchivio& a, const TabelleArchivio& b, unsigned tabelle
     const auto comuni = [](const auto& x, const auto& y) {
         EXPECT_TRUE(x.concorso == y.concorso && x.data == y.data && x.numeri == y.numeri);
     };
+    EXPECT_EQ(a.confini, b.confini);
     if ((tabelle & kTabellaNazionale) != 0) comuni(a.nazionale, b.nazionale);
     if ((tabelle & kTabellaSuperEnalotto) != 0) comuni(a.superenalotto, b.superenalotto);
     if ((tabelle & kTabellaWinForLife) != 0) {
@@ -123,6 +124,8 @@ ContenutoCopia contenuto(const TabelleArchivio& tutte, unsigned tabelle, bool si
     if ((tabelle & kTabellaNazionale) != 0) c.contenuto.nazionale = tutte.nazionale;
     if ((tabelle & kTabellaSuperEnalotto) != 0) c.contenuto.superenalotto = tutte.superenalotto;
     if ((tabelle & kTabellaWinForLife) != 0) c.contenuto.winforlife = tutte.winforlife;
+    if ((tabelle & kConfiniLotto) != 0)
+        c.contenuto.confini = ArchivioEstrazioni{tutte, {}, {}}.confini_lotto();
     return c;
 }
 
@@ -132,7 +135,9 @@ TEST(CopiaCompatta, TornaCioCheSiScrive) {
     for (std::uint32_t seme = 0; seme < 60; ++seme) {
         SCOPED_TRACE(seme);
         const auto archivio = archivio_casuale(seme);
-        for (unsigned tabelle = 0; tabelle <= kTutteLeTabelle; ++tabelle) {
+        for (unsigned tabelle = 0; tabelle <= (kTutteLeTabelle | kConfiniLotto); ++tabelle) {
+            // Of the rows and where they end a copy has one.
+            if ((tabelle & kConfiniLotto) != 0 && !solo_confini(tabelle)) continue;
             const auto scritta = contenuto(archivio.tabelle(), tabelle, seme % 2 == 1);
             const auto letta = Byte{byte_copia(kIdentita, scritta)}.interpreta();
             ASSERT_TRUE(letta) << tabelle;
@@ -231,6 +236,7 @@ bool tutto_possibile(const TabelleArchivio& t) {
     bene = bene && righe == t.lotto.righe && t.lotto.presenti.size() == t.lotto.concorso.size() &&
            t.lotto.numeri.size() == t.lotto.concorso.size() &&
            t.winforlife.ora.size() == t.winforlife.concorso.size();
+    bene = bene && (!t.confini || possibili(*t.confini));
     std::size_t lettere = 0;
     for (std::size_t i = 0; i < t.winforlife.ora.size(); ++i)
         for (const char c : t.winforlife.ora[i]) lettere += c == ':' ? 1U : 0U;
@@ -396,6 +402,34 @@ TEST_F(CopieSuFile, CresceConLeTabelleCheServono) {
     come_il_negozio();
     // What is there and not wanted is not handed out.
     EXPECT_TRUE(apri(kConCopia, kTabellaSuperEnalotto).lotto().concorso.empty());
+}
+
+TEST_F(CopieSuFile, DoveFinisceIlLottoSenzaLeSueRighe) {
+    constexpr unsigned kAltroGioco = kTabellaSuperEnalotto | kConfiniLotto;
+    for (const std::uint32_t seme : {5U, 6U, 11U}) {
+        SCOPED_TRACE(seme);
+        scrivi(seme);
+        const ConfiniLotto attesi = archivio_sano(seme).confini_lotto();
+        const auto come_attesi = [&] {
+            come_il_negozio(kAltroGioco);
+            for (const ModoApertura modo : {ModoApertura{}, kConCopia}) {
+                const auto a = apri(modo, kAltroGioco);
+                EXPECT_EQ(a.tabelle().confini, attesi);
+                EXPECT_EQ(a.confini_lotto(), attesi);
+                EXPECT_TRUE(a.lotto().concorso.empty()) << "what is there and not wanted";
+                EXPECT_EQ(a.superenalotto().numeri, archivio_sano(seme).superenalotto().numeri);
+            }
+        };
+        come_attesi();
+        EXPECT_EQ(nella_copia(), kAltroGioco) << "nothing else was read";
+        come_attesi();
+        // The rows, once they are wanted, take the place of where they end.
+        come_il_negozio(kTabellaLotto);
+        EXPECT_EQ(nella_copia(), unsigned{kTabellaLotto | kTabellaSuperEnalotto});
+        come_attesi();
+        EXPECT_EQ(nella_copia(), unsigned{kTabellaLotto | kTabellaSuperEnalotto});
+        EXPECT_FALSE(apri(kConCopia, kTabellaLotto | kConfiniLotto).tabelle().confini);
+    }
 }
 
 TEST_F(CopieSuFile, IlNegozioRiscrittoLaRifa) {

@@ -478,6 +478,19 @@ TEST(Importa, UgualeAlVeroDopoIlGiroPerIlNegozio) {
     EXPECT_EQ(a->winforlife().ora, vero->winforlife().ora);
 }
 
+/// The text in pieces that end anywhere, each at least one byte longer than what was left of the one before.
+std::expected<std::vector<RigaLotto>, std::string> a_pezzi(const std::string& testo, std::mt19937& caso) {
+    std::size_t da = 0;
+    std::size_t a = 0;
+    const auto fonte = [&](std::size_t usati) {
+        da += usati;
+        a = std::min(testo.size(), a + 1 + caso() % 90);
+        return PezzoFile{std::string_view{testo}.substr(da, a - da), a == testo.size()};
+    };
+    SenzaAvanzamento nessuno;
+    return leggi_lotto_a_pezzi(fonte, testo.size(), nessuno);
+}
+
 TEST(Importa, TestiRovinatiACasoNonCadonoMai) {
     SenzaAvanzamento nessuno;
     std::string lotto;
@@ -503,7 +516,9 @@ TEST(Importa, TestiRovinatiACasoNonCadonoMai) {
     int rifiutati = 0;
     for (int giro = 0; giro < 20'000; ++giro) {
         SCOPED_TRACE(giro);
-        const auto a = leggi_testo_lotto(rovina(lotto), nessuno);
+        const std::string testo = rovina(lotto);
+        const auto a = leggi_testo_lotto(testo, nessuno);
+        ASSERT_EQ(a_pezzi(testo, caso), a) << "in pieces as in one";
         const auto b = leggi_testo_superenalotto(rovina(superenalotto), nessuno);
         const auto c = leggi_testo_winforlife(rovina(winforlife), nessuno);
         rifiutati += !a + !b + !c;

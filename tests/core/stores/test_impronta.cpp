@@ -88,6 +88,23 @@ TEST(Impronta, OgniBitSiSpargeSuTutti) {
     EXPECT_LT(massimo, 52);
 }
 
+TEST(Impronta, IlSigilloValePerQuesteRigheEQuestiConfini) {
+    const ImprontaTabella lotto{30, 12345};
+    const ConfiniLotto confini{.ultimo = 3, .primo_giorno = kPrimaData, .ultimo_giorno = kUltimaData};
+    const std::set<std::uint64_t> sigilli{
+        sigillo(confini, lotto),
+        sigillo(confini, {31, 12345}),
+        sigillo(confini, {30, 12346}),
+        sigillo({4, kPrimaData, kUltimaData}, lotto),
+        sigillo({3, kUltimaData, kPrimaData}, lotto),
+        sigillo({3, std::nullopt, kUltimaData}, lotto),
+        sigillo({3, kPrimaData, std::nullopt}, lotto),
+        sigillo({3, std::nullopt, std::nullopt}, lotto),
+        sigillo({3, Data{}, kUltimaData}, lotto),  // the day that counts 0 is not none
+    };
+    EXPECT_EQ(sigilli.size(), 9U);
+}
+
 TEST(Impronta, NonDipendeDallaMacchina) {
     // Files go from one machine to another: these are the digests of every one.
     const RigheArchivio righe = poche();

@@ -213,21 +213,34 @@ TEST(NegozioNativo, Troncato) {
     EXPECT_EQ(motivo(file), "il file è troncato: ha solo 50 byte");
 }
 
-/// A file as our writer makes it, then changed by hand.
-std::string motivo_dopo(std::string_view sql, unsigned tabelle) {
-    const CartellaProva cartella;
-    const auto file = cartella.percorso() / "drawit.db";
+RigheArchivio poche_righe() {
     RigheArchivio righe = archivio_dimostrativo();
     righe.lotto.resize(100);
     righe.nazionale.resize(10);
     righe.superenalotto.resize(10);
-    EXPECT_TRUE(scrivi_drawit(file, righe, true));
-    sqlite3* base = nullptr;
-    EXPECT_EQ(sqlite3_open(file.c_str(), &base), SQLITE_OK);
-    char* errore = nullptr;
-    EXPECT_EQ(sqlite3_exec(base, std::string{sql}.c_str(), nullptr, nullptr, &errore), SQLITE_OK) << errore;
-    sqlite3_close(base);
-    return motivo(file, tabelle);
+    return righe;
+}
+
+/// A file as our writer makes it, then changed by hand.
+class FileCambiato {
+  public:
+    explicit FileCambiato(std::string_view sql) {
+        EXPECT_TRUE(scrivi_drawit(file(), poche_righe(), true));
+        sqlite3* base = nullptr;
+        EXPECT_EQ(sqlite3_open(file().c_str(), &base), SQLITE_OK);
+        char* errore = nullptr;
+        EXPECT_EQ(sqlite3_exec(base, std::string{sql}.c_str(), nullptr, nullptr, &errore), SQLITE_OK)
+            << errore;
+        sqlite3_close(base);
+    }
+    [[nodiscard]] std::filesystem::path file() const { return cartella_.percorso() / "drawit.db"; }
+
+  private:
+    CartellaProva cartella_;
+};
+
+std::string motivo_dopo(std::string_view sql, unsigned tabelle) {
+    return motivo(FileCambiato{sql}.file(), tabelle);
 }
 
 TEST(NegozioNativo, UnaTabellaCambiataDopoNonSiApre) {
@@ -245,6 +258,91 @@ TEST(NegozioNativo, UnaTabellaCambiataDopoNonSiApre) {
         "il file è danneggiato: la tabella archivion non contiene ciò che vi fu scritto");
     EXPECT_EQ(motivo_dopo("UPDATE archivios SET rowid = 1000 WHERE rowid = 1", tutte),
               "il file è danneggiato: la tabella archivios non contiene ciò che vi fu scritto");
+}
+
+// ---- where the Lotto ends ----
+
+constexpr unsigned kAltroGioco = kTabellaSuperEnalotto | kConfiniLotto;
+
+TEST(NegozioNativo, DoveFinisceIlLottoSiSaSenzaLeSueRighe) {
+    const ConfiniLotto attesi = confini_lotto(poche_righe().lotto);
+    EXPECT_EQ(attesi.ultimo, 10);
+    EXPECT_TRUE(attesi.primo_giorno && attesi.ultimo_giorno);
+    // Whatever has become of its rows: changed, fewer, none, no table at all.
+    for (const char* sql : {"SELECT 1", "UPDATE archivio SET concorso = 9999", "DELETE FROM archivio",
+                            "DROP TABLE archivio", "DELETE FROM archivio WHERE rowid > 95"}) {
+        SCOPED_TRACE(sql);
+        const FileCambiato cambiato{sql};
+        const auto letti = leggi_nativo(cambiato.file(), kAltroGioco);
+        ASSERT_TRUE(letti) << letti.error().testo();
+        EXPECT_EQ(letti->confini, attesi);
+        EXPECT_EQ(letti->tabelle, kAltroGioco);
+        EXPECT_TRUE(letti->righe.lotto.empty());
+        EXPECT_EQ(letti->righe.superenalotto, poche_righe().superenalotto);
+        // Who wants the rows is not told otherwise than before.
+        EXPECT_EQ(leggi_nativo(cambiato.file(), kTabellaLotto).has_value(),
+                  std::string_view{sql} == "SELECT 1");
+    }
+    // Asked for together, the rows tell.
+    const auto tutti = leggi_nativo(FileCambiato{"SELECT 1"}.file(), kAltroGioco | kTabellaLotto);
+    ASSERT_TRUE(tutti);
+    EXPECT_FALSE(tutti->confini);
+    EXPECT_EQ(tutti->tabelle, unsigned{kTabellaSuperEnalotto | kTabellaLotto});
+}
+
+TEST(NegozioNativo, UnConfineCambiatoNonSiCrede) {
+    // Then the rows are read, which have their digest: the answer is the right one.
+    for (const char* sql :
+         {"DROP TABLE confini", "DELETE FROM confini", "UPDATE confini SET ultimo = 11",
+          "UPDATE confini SET ultimo = 9", "UPDATE confini SET ultimo = ultimo + 4294967296",
+          "UPDATE confini SET primo_giorno = primo_giorno + 1", "UPDATE confini SET primo_giorno = NULL",
+          "UPDATE confini SET ultimo_giorno = ultimo_giorno - 1", "UPDATE confini SET ultimo_giorno = NULL",
+          "UPDATE confini SET sigillo = sigillo + 1", "UPDATE confini SET sigillo = NULL",
+          "ALTER TABLE confini RENAME COLUMN ultimo TO altro",
+          "DROP TABLE confini; CREATE VIEW confini AS SELECT 10 AS ultimo, 1 AS primo_giorno, 2 AS "
+          "ultimo_giorno, 3 AS sigillo",
+          // Digests of other rows than those that the seal was made for.
+          "DROP TABLE impronte; PRAGMA user_version = 0; PRAGMA application_id = 0"}) {
+        SCOPED_TRACE(sql);
+        const FileCambiato cambiato{sql};
+        const auto letti = leggi_nativo(cambiato.file(), kAltroGioco);
+        ASSERT_TRUE(letti) << letti.error().testo();
+        EXPECT_EQ(letti->tabelle, unsigned{kTabellaSuperEnalotto | kTabellaLotto});
+        EXPECT_FALSE(letti->confini);
+        EXPECT_EQ(letti->righe.lotto, poche_righe().lotto);
+    }
+    // What the rows then are is held to the digest as ever.
+    EXPECT_EQ(
+        motivo_dopo("UPDATE confini SET ultimo = 11; UPDATE archivio SET concorso = 11 WHERE rowid = 100",
+                    kAltroGioco),
+        "il file è danneggiato: la tabella archivio non contiene ciò che vi fu scritto");
+    EXPECT_EQ(motivo_dopo("UPDATE impronte SET somma = somma + 1 WHERE tabella = 'archivio'", kAltroGioco),
+              "il file è danneggiato: la tabella archivio non contiene ciò che vi fu scritto");
+}
+
+TEST(NegozioNativo, IConfiniCresconoConLeEstrazioni) {
+    const CartellaProva cartella;
+    const auto file = cartella.percorso() / "drawit.db";
+    RigheArchivio righe = poche_righe();
+    ASSERT_TRUE(scrivi_drawit(file, righe, false));
+    // What a program wrote that knew of digests only: draws and digests go on, the rest stands.
+    const auto vecchi = leggi_nativo(file, kAltroGioco).value().confini;
+    for (int w = 0; w < kRuote; ++w)
+        righe.lotto.push_back({.concorso = 11, .data = kUltimaData, .ruota = w, .numeri = {1, 2, 3, 4, 5}});
+    ASSERT_TRUE(scrivi_drawit(file, righe, false));
+    const auto nuovi = leggi_nativo(file, kAltroGioco).value().confini;
+    ASSERT_TRUE(vecchi && nuovi);
+    EXPECT_EQ(nuovi->ultimo, 11);
+    EXPECT_EQ(nuovi->ultimo_giorno, kUltimaData);
+    EXPECT_EQ(nuovi->primo_giorno, vecchi->primo_giorno);
+    // Without draws, and without Bari at the ends.
+    righe.lotto.clear();
+    righe.superenalotto.clear();
+    ASSERT_TRUE(scrivi_drawit(file, righe, false));
+    EXPECT_EQ(leggi_nativo(file, kAltroGioco).value().confini, ConfiniLotto{});
+    righe.lotto = {{.concorso = 3, .data = kPrimaData, .ruota = 1, .numeri = {1, 2, 3, 4, 5}}};
+    ASSERT_TRUE(scrivi_drawit(file, righe, false));
+    EXPECT_EQ(leggi_nativo(file, kAltroGioco).value().confini, ConfiniLotto{.ultimo = 3});
 }
 
 TEST(NegozioNativo, UnArchivioSimulatoNonPassaPerVero) {
