@@ -162,11 +162,15 @@ void confronta(const std::vector<Riga>& sane, const std::vector<Riga>& lette, Di
 }
 
 /// Whether two numbers that stand as texts beside each other were parted at another place: "7", "45" for
-/// "74", "5". Of "8", "70" may become "87" and "0", which is none.
+/// "74", "5". One may be left without a letter, or with "0" alone, which is no number.
 bool confine(const std::vector<CellaDiversa>& celle) {
-    const auto scritto = [](const std::string& numero) { return numero.empty() ? "0" : numero; };
-    return celle.size() == 2 && celle[0].riga == celle[1].riga && celle[0].colonna + 1 == celle[1].colonna &&
-           celle[0].prima + celle[1].prima == scritto(celle[0].dopo) + scritto(celle[1].dopo);
+    if (celle.size() != 2 || celle[0].riga != celle[1].riga || celle[0].colonna + 1 != celle[1].colonna)
+        return false;
+    const std::string prima = celle[0].prima + celle[1].prima;
+    const std::string& primo = celle[0].dopo;
+    const std::string& secondo = celle[1].dopo;
+    return prima == primo + secondo ||
+           prima == (primo.empty() ? "0" : primo) + (secondo.empty() ? "0" : secondo);
 }
 constexpr std::string_view kConfine = "due celle: altro confine fra due testi";
 
