@@ -42,4 +42,6 @@ function(unisci target)
         set_source_files_properties(${sorgente} TARGET_DIRECTORY ${target} PROPERTIES UNITY_GROUP ${nome}_${unita})
     endforeach()
     set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    # GCC takes a source that is included for a header, whose types many files would see.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endfunction()

@@ -6,6 +6,7 @@
 #include "chance/ricerca_storia.h"
 #include "chance/storia.h"
 #include "cli/avanzamento_riga.h"
+#include "results/risultato.h"
 
 #include <fmt/core.h>
 

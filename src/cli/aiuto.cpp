@@ -1,6 +1,7 @@
 #include "cli/aiuto.h"
 
 #include "cli/richiesta.h"
+#include "results/risultato.h"
 #include "results/scrittori.h"
 
 #include <algorithm>

@@ -6,6 +6,7 @@
 #include "cli/simili.h"
 #include "files/file_sicuro.h"
 #include "files/sessione.h"
+#include "results/risultato.h"
 #include "text/senza_controlli.h"
 #include "text/testi.h"
 

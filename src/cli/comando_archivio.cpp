@@ -4,6 +4,7 @@
 #include "cli/richiesta.h"
 #include "draws/esame.h"
 #include "files/sessione.h"
+#include "results/risultato.h"
 #include "results/scrittori.h"
 #include "statistics/cinquine_dei_90.h"
 #include "stores/apertura.h"

@@ -3,6 +3,7 @@
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
 #include "files/sessione.h"
+#include "results/risultato.h"
 #include "results/scrittori.h"
 #include "stores/apertura.h"
 #include "text/testi.h"

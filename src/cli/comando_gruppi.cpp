@@ -2,6 +2,7 @@
 #include "cli/richiesta.h"
 #include "files/sessione.h"
 #include "personal/file_gruppi.h"
+#include "results/risultato.h"
 #include "results/scrittori.h"
 
 #include <nlohmann/json.hpp>

@@ -3,6 +3,7 @@
 #include "cli/richiesta.h"
 #include "files/file_sicuro.h"
 #include "files/sessione.h"
+#include "results/risultato.h"
 #include "results/scrittori.h"
 #include "systems/ric_stat.h"
 #include "text/data.h"

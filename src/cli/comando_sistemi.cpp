@@ -1,6 +1,7 @@
 #include "cli/comandi.h"
 #include "cli/richiesta.h"
 #include "files/sessione.h"
+#include "results/risultato.h"
 #include "results/scrittori.h"
 #include "systems/sistemi_salvati.h"
 #include "text/data.h"

@@ -5,6 +5,7 @@
 #include "cli/apri.h"
 #include "cli/avanzamento_riga.h"
 #include "files/sessione.h"
+#include "results/risultato.h"
 #include "results/selezione.h"
 #include "stores/apertura.h"
 

@@ -2,6 +2,7 @@
 
 #include "cli/richiesta.h"
 #include "cli/voci.h"
+#include "results/risultato.h"
 
 #include <fmt/core.h>
 

@@ -4,6 +4,7 @@
 #include "chance/per_ruota.h"
 #include "cli/simili.h"
 #include "files/indirizzi.h"
+#include "results/risultato.h"
 #include "systems/sistemi_salvati.h"
 #include "text/data.h"
 #include "text/testi.h"

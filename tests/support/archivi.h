@@ -4,6 +4,7 @@
 #include "draws/ambito.h"
 #include "draws/archivio.h"
 #include "results/risposta.h"
+#include "results/risultato.h"
 #include "statistics/famiglie.h"
 
 #include <cstdint>

@@ -2,6 +2,7 @@
 
 #include "bets/parametri.h"
 #include "draws/ambito.h"
+#include "results/risultato.h"
 #include "statistics/misure.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 
 #include "bets/parametri.h"
 #include "bets/scommesse.h"
+#include "results/risultato.h"
 #include "statistics/parametri.h"
 #include "systems/stampa_sistemi.h"
 #include "text/testi.h"

@@ -28,6 +28,7 @@
 #include "positional/stampa_posizione.h"
 #include "positional/stampa_tabellone.h"
 #include "positional/tabellone.h"
+#include "results/risultato.h"
 #include "statistics/altri_giochi.h"
 #include "statistics/ambata.h"
 #include "statistics/ambi_terni.h"

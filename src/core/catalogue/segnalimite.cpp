@@ -1,5 +1,6 @@
 #include "catalogue/segnalimite.h"
 
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
 #include "results/domanda.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <array>
 #include <string>

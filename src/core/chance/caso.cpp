@@ -1,5 +1,6 @@
 #include "chance/caso.h"
 
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>

@@ -3,7 +3,7 @@
 #include "chance/legge.h"
 #include "draws/percorso.h"
 #include "results/risposta.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <array>
 #include <cstddef>

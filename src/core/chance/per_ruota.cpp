@@ -2,6 +2,7 @@
 
 #include "chance/caso.h"
 #include "results/ricerca.h"
+#include "results/risultato.h"
 
 #include <bit>
 #include <cstddef>

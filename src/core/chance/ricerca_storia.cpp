@@ -3,6 +3,7 @@
 #include "chance/legge.h"
 #include "chance/parametri.h"
 #include "chance/storia.h"
+#include "results/risultato.h"
 
 #include <fmt/core.h>
 

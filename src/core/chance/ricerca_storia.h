@@ -5,7 +5,7 @@
 #include "draws/gioco.h"
 #include "results/domanda.h"
 #include "results/evento.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,7 @@
 #include "chance/storia.h"
 
 #include "chance/caso.h"
+#include "results/risultato.h"
 #include "statistics/misure.h"
 #include "text/testi.h"
 

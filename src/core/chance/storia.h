@@ -6,7 +6,7 @@
 #include "draws/percorso.h"
 #include "results/domanda.h"
 #include "results/evento.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 #include "text/data.h"
 
 #include <array>

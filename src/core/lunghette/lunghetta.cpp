@@ -1,5 +1,6 @@
 #include "lunghette/lunghetta.h"
 
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <algorithm>

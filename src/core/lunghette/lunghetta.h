@@ -1,7 +1,7 @@
 #pragma once
 
 #include "draws/gioco.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <array>
 #include <cstddef>

@@ -5,6 +5,7 @@
 #include "lunghette/stadi.h"
 #include "lunghette/voci.h"
 #include "results/ricerca.h"
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <algorithm>

@@ -3,7 +3,8 @@
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
 #include "results/domanda.h"
-#include "results/risultato.h"
+#include "results/messaggio.h"
+#include "results/risultato_fwd.h"
 
 #include <expected>
 #include <filesystem>

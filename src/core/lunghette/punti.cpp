@@ -4,6 +4,7 @@
 #include "lunghette/stadi.h"
 #include "lunghette/voci.h"
 #include "results/ricerca.h"
+#include "results/risultato.h"
 
 #include <algorithm>
 #include <array>

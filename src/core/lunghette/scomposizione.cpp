@@ -2,6 +2,7 @@
 
 #include "lunghette/righe_gioco.h"
 #include "results/ricerca.h"
+#include "results/risultato.h"
 #include "statistics/misura_combinazioni.h"
 #include "statistics/misure.h"
 #include "statistics/serie_speciali.h"

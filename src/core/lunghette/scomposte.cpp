@@ -2,6 +2,7 @@
 
 #include "lunghette/parametri.h"
 #include "lunghette/righe_gioco.h"
+#include "results/risultato.h"
 #include "statistics/misure.h"
 
 #include <algorithm>

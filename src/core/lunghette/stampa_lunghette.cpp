@@ -3,6 +3,7 @@
 #include "lunghette/parametri.h"
 #include "lunghette/voci.h"
 #include "results/ricerca.h"
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "draws/ambito.h"
 #include "personal/gruppi.h"
 #include "personal/parametri.h"
+#include "results/risultato.h"
 #include "statistics/capogioco.h"
 #include "statistics/cinquine_dei_90.h"
 #include "statistics/famiglie.h"

@@ -3,6 +3,7 @@
 #include "draws/ambito.h"
 #include "personal/file_gruppi.h"
 #include "personal/parametri.h"
+#include "results/risultato.h"
 #include "statistics/misure.h"
 #include "text/testi.h"
 

@@ -3,6 +3,7 @@
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
 #include "personal/parametri.h"
+#include "results/risultato.h"
 #include "statistics/misure.h"
 #include "text/data.h"
 #include "text/testi.h"

@@ -2,8 +2,10 @@
 
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
+#include "draws/gioco.h"
+#include "results/colore.h"
 #include "results/domanda.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <string>
 #include <vector>

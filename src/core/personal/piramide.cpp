@@ -1,6 +1,7 @@
 #include "personal/piramide.h"
 
 #include "personal/parametri.h"
+#include "results/risultato.h"
 #include "statistics/misure.h"
 #include "text/testi.h"
 

@@ -5,7 +5,7 @@
 #include "draws/avanzamento.h"
 #include "personal/poste.h"
 #include "results/domanda.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <array>
 #include <optional>

@@ -3,6 +3,7 @@
 #include "draws/avanzamento.h"
 #include "files/file_sicuro.h"
 #include "personal/parametri.h"
+#include "results/risultato.h"
 #include "text/campi.h"
 #include "text/testi.h"
 

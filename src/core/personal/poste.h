@@ -3,7 +3,7 @@
 #include "files/errore.h"
 #include "results/domanda.h"
 #include "results/messaggio.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <array>
 #include <cstddef>

@@ -1,5 +1,6 @@
 #include "personal/stampa_personali.h"
 
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <algorithm>

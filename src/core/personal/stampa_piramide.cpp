@@ -1,5 +1,7 @@
 #include "personal/stampa_piramide.h"
 
+#include "results/risultato.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>

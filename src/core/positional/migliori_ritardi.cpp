@@ -3,6 +3,7 @@
 #include "draws/ambito.h"
 #include "positional/parametri.h"
 #include "positional/tabellone.h"
+#include "results/risultato.h"
 #include "statistics/cinquine_dei_90.h"
 #include "statistics/famiglie.h"
 #include "statistics/misura_serie.h"

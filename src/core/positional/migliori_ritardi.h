@@ -3,7 +3,7 @@
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
 #include "results/ricerca.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <cstddef>
 #include <expected>

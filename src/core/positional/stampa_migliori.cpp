@@ -1,6 +1,7 @@
 #include "positional/stampa_migliori.h"
 
 #include "positional/stampa_tabellone.h"
+#include "results/risultato.h"
 
 #include <cstddef>
 #include <string>

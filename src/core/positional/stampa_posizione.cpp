@@ -1,6 +1,7 @@
 #include "positional/stampa_posizione.h"
 
 #include "printing/metriche.h"
+#include "results/risultato.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
 #include "positional/stampa_tabellone.h"
 
 #include "positional/tabellone.h"
+#include "results/risultato.h"
 
 #include <algorithm>
 #include <string>

@@ -3,6 +3,7 @@
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
 #include "positional/parametri.h"
+#include "results/risultato.h"
 
 #include <fmt/core.h>
 

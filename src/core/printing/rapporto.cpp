@@ -2,6 +2,7 @@
 
 #include "printing/metriche.h"
 #include "results/risposta.h"
+#include "results/risultato.h"
 
 #include <fmt/core.h>
 

@@ -3,8 +3,9 @@
 #include "draws/avanzamento.h"
 #include "files/errore.h"
 #include "printing/easy_print.h"
+#include "results/colore.h"
 #include "results/domanda.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <cstdint>
 #include <expected>

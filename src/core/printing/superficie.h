@@ -1,6 +1,6 @@
 #pragma once
 
-#include "results/risultato.h"
+#include "results/colore.h"
 
 #include <cstdint>
 #include <expected>

@@ -1,5 +1,6 @@
 #include "results/parole.h"
 
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <fmt/format.h>

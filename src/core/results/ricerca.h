@@ -8,7 +8,7 @@
 #include "results/messaggio.h"
 #include "results/nome.h"
 #include "results/opzione.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include "results/righe_xlsx.h"
 
 #include "files/file_sicuro.h"
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <archive.h>

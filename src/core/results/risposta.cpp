@@ -1,9 +1,18 @@
 #include "results/risposta.h"
 
+#include "results/risultato.h"
 #include "text/data.h"
 #include "text/testi.h"
 
 namespace sortimetra {
+
+std::string_view Risposta::titolo() const {
+    return risultato->titolo.empty() ? ricerca().titolo() : std::string_view{risultato->titolo};
+}
+
+bool Risposta::prodotta() const {
+    return risultato != nullptr && risultato->prodotto;
+}
 
 std::vector<VoceAmbito> voci_ambito(const Risposta& risposta) {
     std::vector<VoceAmbito> voci{{"Ricerca", std::string{risposta.titolo()}}};

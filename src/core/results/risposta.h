@@ -3,7 +3,7 @@
 #include "draws/percorso.h"
 #include "results/domanda.h"
 #include "results/ricerca.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <cstdint>
 #include <memory>
@@ -51,10 +51,8 @@ struct Risposta {
 
     [[nodiscard]] const Ricerca& ricerca() const { return *domanda.ricerca; }
     /// What the result calls itself, else the search's title.
-    [[nodiscard]] std::string_view titolo() const {
-        return risultato->titolo.empty() ? ricerca().titolo() : std::string_view{risultato->titolo};
-    }
-    [[nodiscard]] bool prodotta() const { return risultato != nullptr && risultato->prodotto; }
+    [[nodiscard]] std::string_view titolo() const;
+    [[nodiscard]] bool prodotta() const;
 };
 
 /// What an answer is of, line by line, as files and terminals tell it: "Ricerca", "Ruote", "Concorsi" … with

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "results/colore.h"
 #include "results/evento.h"
 #include "results/messaggio.h"
 
@@ -15,11 +16,6 @@
 #include <vector>
 
 namespace sortimetra {
-
-/// A packed colour, 0xBBGGRR.
-using Colore = std::int32_t;
-/// The cell keeps the colour that the grid gives it.
-inline constexpr Colore kNessunColore = -1;
 
 /// A whole-number cell that shows nothing.
 inline constexpr std::int32_t kCellaVuota = std::numeric_limits<std::int32_t>::min();
@@ -125,7 +121,7 @@ struct Risultato {
 /// The answer of a search where no draw is left by wheels, range and calendar.
 [[nodiscard]] Risultato senza_estrazioni();
 
-enum class Verso { crescente, decrescente };
+enum class Verso : std::uint8_t { crescente, decrescente };
 
 /// The grid's generic sort: the permutation of the rows, from the order of writing, by one column. Numbers
 /// compare as numbers, other text as text (capitals and small letters alike); equal cells keep their order.

@@ -1,6 +1,7 @@
 #include "files/file_sicuro.h"
 #include "results/modulo_xlsx.h"
 #include "results/righe_xlsx.h"
+#include "results/risultato.h"
 #include "results/scrittori.h"
 #include "text/data.h"
 #include "text/numero.h"

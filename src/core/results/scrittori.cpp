@@ -1,5 +1,6 @@
 #include "results/scrittori.h"
 
+#include "results/risultato.h"
 #include "text/numero.h"
 #include "text/testi.h"
 #include "text/utf8.h"

@@ -2,7 +2,7 @@
 
 #include "files/errore.h"
 #include "results/risposta.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,7 @@
 #include "results/selezione.h"
 
 #include "results/opzione.h"
+#include "results/risultato.h"
 #include "text/numero.h"
 #include "text/testi.h"
 

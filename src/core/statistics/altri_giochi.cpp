@@ -3,6 +3,7 @@
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
 #include "draws/dieci_e_lotto.h"
+#include "results/risultato.h"
 #include "statistics/ambi_terni.h"
 #include "statistics/combinatoria.h"
 #include "statistics/misure.h"

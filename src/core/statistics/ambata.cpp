@@ -1,6 +1,7 @@
 #include "statistics/ambata.h"
 
 #include "draws/ambito.h"
+#include "results/risultato.h"
 #include "statistics/misure.h"
 
 namespace sortimetra {

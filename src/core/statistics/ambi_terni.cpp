@@ -1,5 +1,6 @@
 #include "statistics/ambi_terni.h"
 
+#include "results/risultato.h"
 #include "statistics/combinatoria.h"
 #include "statistics/parametri.h"
 #include "statistics/righe_ordinate.h"

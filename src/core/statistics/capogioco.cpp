@@ -1,6 +1,7 @@
 #include "statistics/capogioco.h"
 
 #include "draws/ambito.h"
+#include "results/risultato.h"
 #include "statistics/misure.h"
 #include "statistics/parametri.h"
 

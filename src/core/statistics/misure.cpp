@@ -1,5 +1,7 @@
 #include "statistics/misure.h"
 
+#include "results/risultato.h"
+
 #include <numeric>
 
 namespace sortimetra {

@@ -1,6 +1,7 @@
 #include "statistics/serie_speciali.h"
 
 #include "draws/ambito.h"
+#include "results/risultato.h"
 #include "statistics/cinquine_dei_90.h"
 #include "statistics/misura_combinazioni.h"
 #include "statistics/misura_serie.h"

@@ -4,7 +4,7 @@
 #include "draws/avanzamento.h"
 #include "results/domanda.h"
 #include "results/ricerca.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 #include "statistics/famiglie.h"
 #include "statistics/serie_corrente.h"
 

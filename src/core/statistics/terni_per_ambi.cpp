@@ -1,5 +1,6 @@
 #include "statistics/terni_per_ambi.h"
 
+#include "results/risultato.h"
 #include "statistics/combinatoria.h"
 #include "statistics/misure.h"
 

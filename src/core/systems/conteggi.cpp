@@ -1,5 +1,6 @@
 #include "systems/conteggi.h"
 
+#include "results/risultato.h"
 #include "statistics/misure.h"
 #include "text/testi.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "results/risultato.h"
+#include "draws/gioco.h"
+#include "results/risultato_fwd.h"
 #include "systems/misure_combinazione.h"
 
 #include <cstddef>

@@ -2,6 +2,7 @@
 
 #include "draws/ambito.h"
 #include "draws/combinazioni.h"
+#include "results/risultato.h"
 #include "systems/conteggi.h"
 #include "systems/parametri.h"
 #include "systems/scelte.h"

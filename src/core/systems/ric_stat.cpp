@@ -1,6 +1,7 @@
 #include "systems/ric_stat.h"
 
 #include "files/insieme_file.h"
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <fmt/core.h>

@@ -1,6 +1,7 @@
 #include "systems/stampa_sistemi.h"
 
 #include "results/ricerca.h"
+#include "results/risultato.h"
 #include "systems/parametri.h"
 #include "systems/ultimi.h"
 

@@ -1,6 +1,7 @@
 #include "systems/ultimi.h"
 
 #include "draws/cursore.h"
+#include "results/risultato.h"
 #include "systems/misure_combinazione.h"
 #include "systems/parametri.h"
 #include "systems/scelte.h"

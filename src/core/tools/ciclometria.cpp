@@ -1,6 +1,7 @@
 #include "tools/ciclometria.h"
 
 #include "draws/cursore.h"
+#include "results/risultato.h"
 #include "tools/parametri.h"
 
 #include <fmt/core.h>

@@ -2,8 +2,9 @@
 
 #include "draws/archivio.h"
 #include "draws/avanzamento.h"
+#include "results/colore.h"
 #include "results/domanda.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <array>
 #include <optional>

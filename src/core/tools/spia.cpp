@@ -1,6 +1,7 @@
 #include "tools/spia.h"
 
 #include "draws/ambito.h"
+#include "results/risultato.h"
 #include "tools/parametri.h"
 
 #include <fmt/core.h>

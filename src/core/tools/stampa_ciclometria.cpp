@@ -1,5 +1,6 @@
 #include "tools/stampa_ciclometria.h"
 
+#include "results/risultato.h"
 #include "tools/ciclometria.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "tools/stampa_spia.h"
 
+#include "results/risultato.h"
 #include "tools/spia.h"
 
 #include <algorithm>

@@ -9,6 +9,7 @@
 #include "draws/calendario.h"
 #include "printing/form_anteprima.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/finestra_ricerca.h"
 #include "screens/manuale.h"
 #include "screens/messaggi.h"

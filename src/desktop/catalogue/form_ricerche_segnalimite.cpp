@@ -1,6 +1,7 @@
 #include "catalogue/form_ricerche_segnalimite.h"
 
 #include "catalogue/segnalimite.h"
+#include "results/risultato.h"
 #include "screens/tema.h"
 
 #include <QGridLayout>

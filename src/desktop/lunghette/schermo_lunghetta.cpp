@@ -6,6 +6,7 @@
 #include "lunghette/tavola_lunghetta.h"
 #include "lunghette/voci.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/area_parametri.h"
 #include "screens/messaggi.h"
 #include "screens/tema.h"

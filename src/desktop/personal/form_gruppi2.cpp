@@ -5,6 +5,7 @@
 #include "personal/parametri.h"
 #include "personal/scelta_numeri.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/area_parametri.h"
 #include "screens/griglia_risultati.h"
 #include "screens/messaggi.h"

@@ -6,6 +6,7 @@
 #include "personal/stampa_piramide.h"
 #include "personal/taratura.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/area_parametri.h"
 #include "screens/casella_cifre.h"
 #include "screens/messaggi.h"

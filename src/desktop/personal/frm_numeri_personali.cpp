@@ -1,5 +1,6 @@
 #include "personal/frm_numeri_personali.h"
 
+#include "results/risultato.h"
 #include "screens/esporta.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"

@@ -8,6 +8,7 @@
 #include "positional/parametri.h"
 #include "printing/superficie.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/area_parametri.h"
 #include "screens/giro_di_tab.h"
 #include "screens/pannello_avanzamento.h"

@@ -1,6 +1,7 @@
 #include "positional/form_tab_pos_dieci.h"
 
 #include "positional/tabellone.h"
+#include "results/risultato.h"
 #include "screens/tema.h"
 
 #include <QApplication>

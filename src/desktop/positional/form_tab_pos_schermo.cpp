@@ -3,6 +3,7 @@
 #include "positional/form_tab_pos_scelta.h"
 #include "positional/parametri.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/comando_ultima.h"
 #include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"

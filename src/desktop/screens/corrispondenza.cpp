@@ -1,5 +1,6 @@
 #include "screens/corrispondenza.h"
 
+#include "results/risultato.h"
 #include "text/testi.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,6 +2,7 @@
 
 #include "files/file_sicuro.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "results/scrittori.h"
 #include "screens/messaggi.h"
 

@@ -1,6 +1,7 @@
 #include "screens/finestra_ricerca.h"
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "results/selezione.h"
 #include "screens/area_parametri.h"
 #include "screens/comando_ultima.h"
@@ -45,6 +46,10 @@ QString conto(std::size_t quanti, const QString& uno, const QString& molti) {
 }
 
 }  // namespace
+
+std::size_t EsitoRicerca::righe() const {
+    return risultato == nullptr || risultato->tabelle.empty() ? 0 : risultato->tabelle.front().righe();
+}
 
 FinestraRicerca::FinestraRicerca(Sessione& sessione, const QString& nome, QWidget* padre)
     : QWidget{padre, Qt::Window},

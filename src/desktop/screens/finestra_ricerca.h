@@ -33,9 +33,7 @@ struct EsitoRicerca : Risposta {
     /// Whether there is something to show: a search that was refused has only messages.
     [[nodiscard]] bool prodotto() const { return prodotta(); }
     /// The rows of the first table.
-    [[nodiscard]] std::size_t righe() const {
-        return risultato == nullptr || risultato->tabelle.empty() ? 0 : risultato->tabelle.front().righe();
-    }
+    [[nodiscard]] std::size_t righe() const;
 };
 
 /// What a screen hands to the printer, and to whatever else works on what it shows: the answer on show, in

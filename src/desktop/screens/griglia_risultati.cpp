@@ -1,5 +1,6 @@
 #include "screens/griglia_risultati.h"
 
+#include "results/risultato.h"
 #include "screens/tema.h"
 
 #include <QAction>

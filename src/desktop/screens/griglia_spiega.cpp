@@ -1,5 +1,6 @@
 // What a grid says about itself: the meaning of its titles.
 
+#include "results/risultato.h"
 #include "screens/fumetto.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"

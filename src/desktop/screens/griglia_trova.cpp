@@ -1,6 +1,7 @@
 // The two lines of a grid: the one that finds in the result, the one that filters its rows.
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "results/selezione.h"
 #include "screens/corrispondenza.h"
 #include "screens/griglia_risultati.h"

@@ -2,6 +2,7 @@
 
 #include "chance/caso.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/area_parametri.h"
 #include "screens/griglia_risultati.h"
 #include "screens/memoria_schermi.h"

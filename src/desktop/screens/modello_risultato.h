@@ -1,6 +1,7 @@
 #pragma once
 
-#include "results/risultato.h"
+#include "results/colore.h"
+#include "results/risultato_fwd.h"
 
 #include <QAbstractTableModel>
 #include <QRgb>

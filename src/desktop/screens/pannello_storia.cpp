@@ -2,6 +2,7 @@
 
 #include "files/modulo.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "results/selezione.h"
 #include "screens/esporta.h"
 #include "screens/griglia_risultati.h"

@@ -1,6 +1,7 @@
 #include "screens/risposta_estesa.h"
 
 #include "chance/caso.h"
+#include "results/risultato.h"
 #include "screens/tema.h"
 
 #include <algorithm>

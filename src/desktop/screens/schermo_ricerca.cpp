@@ -1,5 +1,6 @@
 #include "screens/schermo_ricerca.h"
 
+#include "results/risultato.h"
 #include "screens/griglia_risultati.h"
 #include "screens/schermi.h"
 

@@ -5,6 +5,7 @@
 #include "draws/ruote.h"
 #include "qt_testi.h"
 #include "results/ricerca.h"
+#include "results/risultato.h"
 #include "screens/memoria_schermi.h"
 
 #include <QStringList>

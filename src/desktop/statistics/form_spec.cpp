@@ -1,6 +1,7 @@
 #include "statistics/form_spec.h"
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/esporta.h"
 #include "screens/griglia_risultati.h"
 #include "screens/posto_finestra.h"

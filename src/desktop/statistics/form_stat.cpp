@@ -1,6 +1,7 @@
 #include "statistics/form_stat.h"
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/area_parametri.h"
 #include "screens/casella_cifre.h"
 #include "screens/griglia_risultati.h"

@@ -2,6 +2,7 @@
 
 #include "personal/gruppi.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
 

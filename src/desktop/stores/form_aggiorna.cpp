@@ -3,6 +3,7 @@
 #include "draws/calendario.h"
 #include "files/indirizzi.h"
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/giro_di_tab.h"
 #include "screens/griglia_risultati.h"
 #include "screens/manuale.h"

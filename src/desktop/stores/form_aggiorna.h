@@ -2,7 +2,7 @@
 
 #include "draws/archivio.h"
 #include "files/sessione.h"
-#include "results/risultato.h"
+#include "results/risultato_fwd.h"
 #include "stores/aggiorna.h"
 
 #include <QStringList>

@@ -1,6 +1,7 @@
 #include "systems/form_filtri.h"
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "results/selezione.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"

@@ -1,5 +1,6 @@
 #include "systems/form_ultimi.h"
 
+#include "results/risultato.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
 #include "systems/ultimi.h"

@@ -1,6 +1,7 @@
 #include "systems/quadro_griglie.h"
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
 #include "systems/conteggi.h"

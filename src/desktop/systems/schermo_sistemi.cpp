@@ -1,6 +1,7 @@
 #include "systems/schermo_sistemi.h"
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/area_parametri.h"
 #include "screens/chip.h"
 #include "screens/tema.h"

@@ -1,6 +1,7 @@
 #include "tools/form_som_dis_ciclo.h"
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/freccia.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"

@@ -1,6 +1,7 @@
 #include "tools/form_spia.h"
 
 #include "qt_testi.h"
+#include "results/risultato.h"
 #include "screens/area_parametri.h"
 #include "screens/freccia.h"
 #include "screens/griglia_risultati.h"

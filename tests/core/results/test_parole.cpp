@@ -1,4 +1,5 @@
 #include "results/parole.h"
+#include "results/risultato.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #include "catalogue/ricerche.h"
+#include "results/risultato.h"
 #include "screens/griglia_risultati.h"
 #include "screens/schermi.h"
 #include "screens/tema.h"

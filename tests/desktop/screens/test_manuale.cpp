@@ -1,4 +1,5 @@
 #include "catalogue/ricerche.h"
+#include "results/risultato.h"
 #include "screens/fumetto.h"
 #include "screens/griglia_risultati.h"
 #include "screens/manuale.h"
