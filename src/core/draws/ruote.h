@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -47,12 +48,27 @@ inline constexpr std::array<NomeRuota, 12> kNomiRuote{{
 /// The archive's own word for the wheel NAZIONALE in the column `ruota`.
 inline constexpr std::string_view kParolaNazionale = "NAZIONALE";
 
+/// By two capitals, -1 for a pair that is no wheel's. NAZIONALE is published under two codes.
+inline constexpr auto kRuotaDaLettere = [] {
+    std::array<std::int8_t, 26 * 26> t{};
+    t.fill(-1);
+    const auto metti = [&](std::string_view codice, int ruota) {
+        t[static_cast<std::size_t>((codice[0] - 'A') * 26 + (codice[1] - 'A'))] =
+            static_cast<std::int8_t>(ruota);
+    };
+    for (int w = 0; w < kRuote; ++w) metti(kNomiRuote[static_cast<std::size_t>(w)].codice, w);
+    metti(kNomiRuote[kNazionale].codice, kNazionale);
+    metti("RN", kNazionale);
+    return t;
+}();
+
 /// Index 0 to 9 or 11 of a two-letter code; exact capitals, as the archive writes them.
 [[nodiscard]] constexpr std::optional<int> indice_ruota(std::string_view codice) {
-    if (codice.empty()) return std::nullopt;
-    for (int i = 0; i < static_cast<int>(kNomiRuote.size()); ++i)
-        if (kNomiRuote[static_cast<std::size_t>(i)].codice == codice) return i;
-    return std::nullopt;
+    if (codice.size() != 2) return std::nullopt;
+    const unsigned a = static_cast<unsigned char>(codice[0]) - 'A';
+    const unsigned b = static_cast<unsigned char>(codice[1]) - 'A';
+    const int ruota = a < 26 && b < 26 ? kRuotaDaLettere[a * 26 + b] : -1;
+    return ruota < 0 ? std::nullopt : std::optional{ruota};
 }
 
 }  // namespace sortimetra

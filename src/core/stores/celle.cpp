@@ -58,15 +58,16 @@ std::string come_testo(const Cella& c) {
     return testo;
 }
 
-/// A number that is no draw's and no concorso's.
-constexpr std::int64_t kNessuno = INT64_MAX;
+// Numbers that are no draw's and no concorso's.
+constexpr std::int64_t kVuoto = INT64_MIN;    ///< of an empty or blank cell
+constexpr std::int64_t kNessuno = INT64_MAX;  ///< of one that holds no whole number: a part of one, a moment
 
-/// The whole number that a cell begins with; nothing for an empty or blank one, `kNessuno` for a cell that
-/// holds something else than a number: a part of one, a moment.
-std::optional<std::int64_t> intero(const Cella& c) {
+/// The whole number that a cell begins with. (A plain number: an optional would go through memory, half a
+/// million times.)
+std::int64_t intero(const Cella& c) {
     switch (c.tipo) {
         case Cella::Tipo::Intero:
-            return c.intero;
+            return std::max(c.intero, kVuoto + 1);  // the least of all is no blank
         case Cella::Tipo::Reale:
             if (!(std::abs(c.reale) < 1e15) || c.reale != std::floor(c.reale)) return kNessuno;
             return static_cast<std::int64_t>(c.reale);
@@ -75,27 +76,26 @@ std::optional<std::int64_t> intero(const Cella& c) {
             if (t.size() == 1 && t[0] >= '0' && t[0] <= '9') return t[0] - '0';
             if (t.size() == 2 && t[0] >= '0' && t[0] <= '9' && t[1] >= '0' && t[1] <= '9')
                 return (t[0] - '0') * 10 + (t[1] - '0');
-            if (rifila(t).empty()) return std::nullopt;
-            return valore_iniziale(t);
+            return rifila(t).empty() ? kVuoto : valore_iniziale(t);
         }
         case Cella::Tipo::Vuota:
-            return std::nullopt;
+            return kVuoto;
         default:
             return kNessuno;
     }
 }
 
 std::optional<Concorso> concorso(const Cella& c) {
-    const auto n = intero(c);
-    if (!n || *n < 1 || *n > INT32_MAX) return std::nullopt;
-    return static_cast<Concorso>(*n);
+    const std::int64_t n = intero(c);
+    if (n < 1 || n > INT32_MAX) return std::nullopt;
+    return static_cast<Concorso>(n);
 }
 
 std::optional<Numero> numero(const Cella& c) {
-    const auto n = intero(c);
-    if (!n) return Numero{0};
-    if (*n < 0 || *n > kNumeri) return std::nullopt;
-    return static_cast<Numero>(*n);
+    const std::int64_t n = intero(c);
+    if (n == kVuoto) return Numero{0};
+    if (n < 0 || n > kNumeri) return std::nullopt;
+    return static_cast<Numero>(n);
 }
 
 template <std::size_t N>
@@ -119,8 +119,7 @@ std::optional<int> ruota(const Cella& c) {
     for (std::size_t i = 0; i < t.size(); ++i)
         alto[i] = t[i] >= 'a' && t[i] <= 'z' ? static_cast<char>(t[i] - 'a' + 'A') : t[i];
     const std::string_view codice{alto.data(), t.size()};
-    if (codice == kParolaNazionale || codice == "RN") return kNazionale;
-    return indice_ruota(codice);
+    return codice == kParolaNazionale ? kNazionale : indice_ruota(codice);
 }
 
 const Cella& cella_concorso(const FormaTabella& forma, std::span<const Cella> celle) {

@@ -109,27 +109,6 @@ class Linea {
 
 // ---- the Lotto text ----
 
-/// Wheel index by its two capitals, -1 for any other pair.
-constexpr auto kRuotaDaLettere = [] {
-    std::array<std::int8_t, 26 * 26> t{};
-    t.fill(-1);
-    const auto metti = [&](std::string_view codice, int ruota) {
-        t[static_cast<std::size_t>((codice[0] - 'A') * 26 + (codice[1] - 'A'))] =
-            static_cast<std::int8_t>(ruota);
-    };
-    for (int w = 0; w < kRuote; ++w) metti(kNomiRuote[static_cast<std::size_t>(w)].codice, w);
-    metti("NZ", kNazionale);
-    metti("RN", kNazionale);
-    return t;
-}();
-
-int ruota_da_codice(std::string_view codice) {
-    if (codice.size() != 2) return -1;
-    const unsigned a = static_cast<unsigned char>(codice[0]) - 'A';
-    const unsigned b = static_cast<unsigned char>(codice[1]) - 'A';
-    return a < 26 && b < 26 ? kRuotaDaLettere[a * 26 + b] : -1;
-}
-
 std::expected<RigaLotto, std::string> leggi_riga_lotto(std::string_view testo, std::size_t riga) {
     Linea l{testo, '\t', riga};
     RigaLotto r;
@@ -137,8 +116,9 @@ std::expected<RigaLotto, std::string> leggi_riga_lotto(std::string_view testo, s
     if (!data) return std::unexpected(data.error());
     r.data = *data;
     const auto codice = l.campo();
-    r.ruota = codice ? ruota_da_codice(*codice) : -1;
-    if (r.ruota < 0) return l.errore(codice, "atteso uno fra BA CA FI GE MI NA PA RM TO VE RN NZ");
+    const auto ruota = codice ? indice_ruota(*codice) : std::nullopt;
+    if (!ruota) return l.errore(codice, "atteso uno fra BA CA FI GE MI NA PA RM TO VE RN NZ");
+    r.ruota = *ruota;
     if (auto esito = l.numeri(r.numeri, kNumeri); !esito) return std::unexpected(std::move(esito.error()));
     if (auto esito = l.fine("cinque numeri"); !esito) return std::unexpected(std::move(esito.error()));
     return r;
@@ -168,8 +148,9 @@ class LettoreVeloce {
             data_letta_ = true;
         }
         if (p[10] != '\t' || p[13] != '\t') return nullptr;
-        r.ruota = ruota_da_codice({p + 11, 2});
-        if (r.ruota < 0) return nullptr;
+        const auto ruota = indice_ruota({p + 11, 2});
+        if (!ruota) return nullptr;
+        r.ruota = *ruota;
         r.data = data_;
         p += 13;
         for (Numero& n : r.numeri) {
