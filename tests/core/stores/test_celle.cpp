@@ -77,8 +77,8 @@ TEST(Celle, UnNumeroInOgniForma) {
         EXPECT_EQ(letta(4, c).numeri[2], 0);
     EXPECT_EQ(esito(4, intero(91)),
               "tabella archivio, concorso 7: trovato il numero \"91\", atteso da 1 a 90");
-    for (const Cella& c : {intero(-1), intero(INT64_MIN), intero(INT64_MAX), testo("-1"), testo("910"), reale(1e300),
-                          reale(-5.0)})
+    for (const Cella& c : {intero(-1), intero(INT64_MIN), intero(INT64_MAX), testo("-1"), testo("910"),
+                           reale(1e300), reale(-5.0)})
         EXPECT_THAT(esito(4, c), HasSubstr("atteso da 1 a 90"));
 }
 
