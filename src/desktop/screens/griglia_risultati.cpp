@@ -572,7 +572,7 @@ void GrigliaRisultati::adatta_colonne() {
     };
     // Many columns of short numbers give up their blanks where that brings the last of them into sight. Those
     // of a board do so at any width: a narrower window never has wider cells.
-    if (dipinti && libero(larghezze) < 0 && (tabellone_ || libero(strette) >= 0)) {
+    if (libero(larghezze) < 0 && ((dipinti && tabellone_) || libero(strette) >= 0)) {
         larghezze = strette;
         margine_ = blanco;
     }

@@ -86,6 +86,7 @@ class TestGriglia : public QObject {
     void tab_esce_dalla_griglia();
     void le_colonne_restano_insieme();
     void un_tabellone_che_si_stringe_non_allarga_le_celle();
+    void le_colonne_si_stringono_se_cosi_ci_stanno();
     void trova_capisce_i_numeri_data();
     void trova_capisce_i_numeri();
     void il_filtro_lascia_le_righe_che_rispondono();
@@ -261,6 +262,39 @@ void TestGriglia::un_tabellone_che_si_stringe_non_allarga_le_celle() {
         const int ora = g.vista()->horizontalHeader()->length();
         QVERIFY2(ora <= prima, qPrintable(QStringLiteral("%1: %2 dopo %3").arg(larga).arg(ora).arg(prima)));
         prima = ora;
+    }
+}
+
+void TestGriglia::le_colonne_si_stringono_se_cosi_ci_stanno() {
+    auto t = std::make_shared<Tabella>();
+    t->titoli.emplace_back();
+    for (const char* titolo : {"Numeri", "Frequenza", "Ritardo", "Ritardo Storico", "Attesa", "Scarto"}) {
+        t->titoli.back().emplace_back(titolo);
+        t->colonne.emplace_back(ColonnaInteri{{1, 2}});
+    }
+    GrigliaRisultati g;
+    g.mostra(t);
+    g.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    const QHeaderView* titoli = g.vista()->horizontalHeader();
+    const auto larghe = [&](int finestra) {
+        g.resize(finestra, 300);
+        g.mostra(std::make_shared<Tabella>(*t));
+        return titoli->length();
+    };
+    // Where nothing helps they keep their blanks, and the table scrolls.
+    const int agiate = larghe(200);
+    QVERIFY(agiate > 200);
+    const int strette = larghe(agiate - 12);
+    QVERIFY2(strette <= agiate - 12 && strette > agiate / 2, qPrintable(QString::number(strette)));
+    QTRY_COMPARE(g.vista()->horizontalScrollBar()->maximum(), 0);
+    // Each title stands beside its button.
+    QFont grassetto = titoli->font();
+    grassetto.setBold(true);
+    for (int c = 0; c < titoli->count(); ++c) {
+        const QString titolo = QString::fromStdString(t->titoli.back()[static_cast<std::size_t>(c)]);
+        QVERIFY(titoli->sectionSize(c) >=
+                QFontMetrics{grassetto}.horizontalAdvance(titolo) + cmdcol(g, c)->width());
     }
 }
 
