@@ -2,10 +2,10 @@
 // makes of the largest table of all: its columns are to be there within 30.
 
 #include "catalogue/ricerche.h"
+#include "chance/risposta_estesa.h"
 #include "misure_schermi.h"
 #include "screens/griglia_risultati.h"
 #include "screens/pannello_storia.h"
-#include "screens/risposta_estesa.h"
 #include "statistics/form_stat.h"
 #include "stores/apertura.h"
 #include "support/archivi.h"

@@ -4,6 +4,7 @@
 #include "chance/grafico.h"
 #include "chance/per_ruota.h"
 #include "chance/ricerca_storia.h"
+#include "chance/risposta_estesa.h"
 #include "chance/storia.h"
 #include "cli/avanzamento_riga.h"
 #include "results/risultato.h"
@@ -28,6 +29,15 @@ void aggiungi_caso(Risultato& risultato, const Risposta& risposta) {
         risultato.etichette.push_back({"lblChiQuadro", std::move(frase)});
 }
 
+Tabella ruote(const Richiesta& richiesta, const Risposta& risposta, const ArchivioEstrazioni& archivio,
+              const Canali& canali) {
+    AvanzamentoRiga avanzamento{canali, "confronto delle ruote in corso"};
+    Tabella tabella =
+        tabella_ruote(risposta, archivio, richiesta.misura.value_or(MisuraRuote::ritardo), avanzamento);
+    avanzamento.finito();
+    return tabella;
+}
+
 std::optional<int> disegna(const Richiesta& richiesta, const Risposta& risposta,
                            const ArchivioEstrazioni& archivio, const Canali& canali) {
     AvanzamentoRiga avanzamento{canali, "grafico in corso"};
@@ -50,6 +60,8 @@ bool segue_la_prima(const Tabella& tabella) {
 std::optional<std::string> aggiunte_sbagliate(const Richiesta& richiesta) {
     if (richiesta.misura && !richiesta.per_ruota)
         return "--misura dice che cosa confrontare con --per-ruota, che manca.";
+    if (richiesta.su_carta && richiesta.caso && richiesta.per_ruota)
+        return "--caso, --per-ruota: un foglio mostra le colonne dell'uno o dell'altro, trovati tutti e due.";
     return std::nullopt;
 }
 
@@ -64,14 +76,15 @@ std::optional<int> aggiungi(const Richiesta& richiesta, Risposta& risposta,
                           fmt::format("{}: qui le righe non misurano un evento ciascuna.",
                                       richiesta.caso ? "--caso" : "--per-ruota"),
                           richiesta.aiuto_di);
+    if (richiesta.su_carta) {
+        risposta.risultato = richiesta.caso
+                                 ? con_caso(risposta)
+                                 : con_ruote(risposta, ruote(richiesta, risposta, archivio, canali));
+        return std::nullopt;
+    }
     auto completo = std::make_shared<Risultato>(*risposta.risultato);
     if (richiesta.caso) aggiungi_caso(*completo, risposta);
-    if (richiesta.per_ruota) {
-        AvanzamentoRiga avanzamento{canali, "confronto delle ruote in corso"};
-        completo->tabelle.push_back(
-            tabella_ruote(risposta, archivio, richiesta.misura.value_or(MisuraRuote::ritardo), avanzamento));
-        avanzamento.finito();
-    }
+    if (richiesta.per_ruota) completo->tabelle.push_back(ruote(richiesta, risposta, archivio, canali));
     risposta.risultato = std::move(completo);
     return std::nullopt;
 }

@@ -25,6 +25,7 @@ int comando_stampa(Richiesta& richiesta, const Canali& canali) {
                         "scrive con \"sortimetra-cli ricerca\".",
                         richiesta.file->string()),
             "stampa");
+    richiesta.su_carta = true;
     auto risposta = fai_ricerca(richiesta, canali);
     if (!risposta) return risposta.error();
     if (!risposta->prodotta()) return kSenzaDati;

@@ -58,6 +58,8 @@ struct Richiesta {
     bool caso = false;
     bool per_ruota = false;
     std::optional<MisuraRuote> misura;
+    /// A sheet shows one table: what is added comes into the first, as on a screen.
+    bool su_carta = false;
     std::optional<std::filesystem::path> grafico;
     bool aiuto = false;
     bool versione = false;

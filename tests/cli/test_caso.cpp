@@ -136,7 +136,8 @@ TEST(RigaDiComandoCaso, DoveLeRigheNonMisuranoUnEventoEUsoErrato) {
         {"ricerca", kNovanta, "--misura", "storico"},
         {"ricerca", kNovanta, "--per-ruota", "--misura", "altro"},
         {"storia", "--numeri", "5", "--caso"},
-        {"stampa", kNovanta, "--caso", "-o", "a.pdf"},
+        {"stampa", "tabellone posizionale", "--caso", "-o", "a.pdf"},
+        {"stampa", kNovanta, "--caso", "--per-ruota", "-o", "a.pdf"},
     };
     for (const auto& riga : righe) {
         const Detto d = chiama(riga);

@@ -1,4 +1,5 @@
 #include "cli/cartella_cli.h"
+#include "support/pdf.h"
 
 namespace sortimetra::prove {
 namespace {
@@ -6,6 +7,7 @@ namespace {
 using ::testing::AllOf;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 class StampaTest : public ProgrammaTest {
@@ -26,6 +28,23 @@ TEST_F(StampaTest, UnPdfIntero) {
     EXPECT_EQ(p.uscita, "");
     EXPECT_EQ(p.errori, "");
     EXPECT_THAT(leggi(casa() / "novanta.pdf"), AllOf(StartsWith("%PDF-"), EndsWith("%%EOF\n")));
+}
+
+TEST_F(StampaTest, ColonneDelCasoERuoteUnaAccantoAllAltra) {
+    ASSERT_EQ(stampa({kNovanta, "-o", "solo.pdf"}).codice, 0);
+    EXPECT_THAT(testo_pdf(casa() / "solo.pdf"), Not(HasSubstr("Attesa")));
+    Esito p = stampa({kNovanta, "--caso", "--ordina", "Attesa:desc,Numeri:desc", "-o", "caso.pdf"});
+    ASSERT_EQ(p.codice, 0) << p.errori;
+    const std::string caso = testo_pdf(casa() / "caso.pdf", "-layout");
+    for (const char* titolo :
+         {"Ritardo Storico", "Attesa", "Scarto", "Probabilità", "In tabella", "Record atteso"})
+        EXPECT_THAT(caso, HasSubstr(titolo));
+    // Every number has the same expectation: the last one comes first.
+    EXPECT_LT(caso.find(" 90  "), caso.find(" 89  ")) << caso.substr(0, 2000);
+    p = stampa({kNovanta, "--ruote", "BA,RM", "--per-ruota", "--misura", "frequenza", "-o", "ruote.pdf"});
+    ASSERT_EQ(p.codice, 0) << p.errori;
+    EXPECT_THAT(testo_pdf(casa() / "ruote.pdf"),
+                AllOf(HasSubstr("BA"), HasSubstr("RM"), Not(HasSubstr("Ritardo Storico"))));
 }
 
 TEST_F(StampaTest, IlFileServe) {

@@ -4,6 +4,7 @@
 #include "qt_pdf.h"
 #include "qt_superficie.h"
 #include "support/archivi.h"
+#include "support/pdf.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,20 +27,8 @@
 namespace sortimetra {
 namespace {
 
+using prove::di_pdf;
 using testing::HasSubstr;
-
-std::string uscita(const std::string& comando) {
-    const std::unique_ptr<FILE, int (*)(FILE*)> tubo{popen(comando.c_str(), "r"), pclose};
-    std::string testo;
-    std::array<char, 4096> parte{};
-    while (const auto n = std::fread(parte.data(), 1, parte.size(), tubo.get()))
-        testo.append(parte.data(), n);
-    return testo;
-}
-
-std::string di_pdf(const char* programma, const std::filesystem::path& file, const char* coda = "") {
-    return uscita(std::string{programma} + " '" + file.string() + "' " + coda);
-}
 
 Rapporto un_foglio(std::function<void(EasyPrint&)> disegna) {
     return {.titolo = "Prova", .disegna = [disegna = std::move(disegna)](EasyPrint& p, int) { disegna(p); }};
@@ -86,8 +75,7 @@ std::vector<Parola> parole(const std::filesystem::path& file) {
 QImage immagine(const std::filesystem::path& file, int pagina) {
     const auto nudo = file.string() + ".vista";
     const auto p = std::to_string(pagina);
-    (void)uscita("pdftoppm -r 60 -singlefile -f " + p + " -l " + p + " '" + file.string() + "' '" + nudo +
-                 "'");
+    (void)di_pdf("pdftoppm -r 60 -singlefile -f " + p + " -l " + p, file, "'" + nudo + "'");
     return QImage{QString::fromStdString(nudo + ".ppm")}.convertToFormat(QImage::Format_RGB32);
 }
 

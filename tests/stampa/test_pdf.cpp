@@ -4,6 +4,7 @@
 #include "qt_pdf.h"
 #include "qt_superficie.h"
 #include "support/archivi.h"
+#include "support/pdf.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,18 +25,8 @@
 namespace sortimetra {
 namespace {
 
+using prove::testo_pdf;
 using testing::HasSubstr;
-
-/// The text of a PDF as a reader finds it.
-std::string testo_pdf(const std::filesystem::path& file, const std::string& opzioni = "") {
-    const std::string comando = "pdftotext " + opzioni + " '" + file.string() + "' -";
-    const std::unique_ptr<FILE, int (*)(FILE*)> tubo{popen(comando.c_str(), "r"), pclose};
-    std::string testo;
-    std::array<char, 4096> parte{};
-    while (const auto n = std::fread(parte.data(), 1, parte.size(), tubo.get()))
-        testo.append(parte.data(), n);
-    return testo;
-}
 
 Rapporto un_foglio(std::function<void(EasyPrint&)> disegna) {
     return {.titolo = "Prova", .disegna = [disegna = std::move(disegna)](EasyPrint& p, int) { disegna(p); }};

@@ -1,6 +1,7 @@
 #include "screens/lato_risposta.h"
 
 #include "chance/caso.h"
+#include "chance/risposta_estesa.h"
 #include "qt_testi.h"
 #include "results/risultato.h"
 #include "screens/area_parametri.h"
@@ -8,7 +9,6 @@
 #include "screens/memoria_schermi.h"
 #include "screens/pannello_avanzamento.h"
 #include "screens/pannello_storia.h"
-#include "screens/risposta_estesa.h"
 #include "screens/tema.h"
 
 #include <QAction>

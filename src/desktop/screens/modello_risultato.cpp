@@ -3,7 +3,7 @@
 #include "qt_testi.h"
 #include "results/parole.h"
 #include "results/risultato.h"
-#include "screens/risposta_estesa.h"
+#include "screens/calore.h"
 #include "screens/tema.h"
 #include "text/numero.h"
 #include "text/testi.h"
