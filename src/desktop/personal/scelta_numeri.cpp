@@ -6,6 +6,8 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 namespace sortimetra {
@@ -15,6 +17,25 @@ namespace {
 constexpr int kPerRiga = 10;
 constexpr int kAltezzaCella = 6 * kPasso;
 constexpr QPoint kNessuno{-1, -1};
+
+/// The cell where the keyboard stands, in a frame that is seen.
+class PittoreNumero final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* pittore, const QStyleOptionViewItem& opzione,
+               const QModelIndex& cella) const override {
+        QStyleOptionViewItem senza = opzione;
+        senza.state &= ~QStyle::State_HasFocus;
+        QStyledItemDelegate::paint(pittore, senza, cella);
+        if ((opzione.state & QStyle::State_HasFocus) == 0) return;
+        constexpr int kSpesso = 2;
+        pittore->save();
+        pittore->setPen(QPen{QColor::fromRgb(skin_in_uso().accento), kSpesso});
+        pittore->drawRect(opzione.rect.adjusted(1, 1, -1, -1));
+        pittore->restore();
+    }
+};
 
 }  // namespace
 
@@ -26,6 +47,7 @@ SceltaNumeri::SceltaNumeri(QWidget* padre) : QTableWidget{padre} {
            "spaziatrice."));
     setSelectionMode(QAbstractItemView::NoSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setItemDelegate(new PittoreNumero{this});
     setTabKeyNavigation(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -1,6 +1,7 @@
 #include "screens/cornice_ricerca.h"
 
 #include "screens/area_parametri.h"
+#include "screens/area_scorrevole.h"
 #include "screens/freccia.h"
 #include "screens/giro_di_tab.h"
 #include "screens/tema.h"
@@ -13,7 +14,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -62,7 +62,7 @@ void battezza(QPushButton* bottone, const char* nome, const char* figura) {
 CorniceRicerca::CorniceRicerca(Domande domande, QWidget* padre)
     : QWidget{padre},
       area_{domande == Domande::con_parametri ? new AreaParametri : nullptr},
-      scorri_{new QScrollArea{this}},
+      scorri_{new AreaScorrevole{new QWidget, this}},
       extra_{new QVBoxLayout},
       sopra_avvio_{new QVBoxLayout},
       freccia_{new FrecciaAnimata{this}},
@@ -90,21 +90,14 @@ CorniceRicerca::CorniceRicerca(Domande domande, QWidget* padre)
 
 QBoxLayout* CorniceRicerca::componi_domande() {
     // It scrolls where the window is low; the start button never does.
-    auto* contenuto = new QWidget;
-    auto* domande = new QVBoxLayout{contenuto};
+    auto* domande = new QVBoxLayout{scorri_->widget()};
     domande->setContentsMargins(0, 0, 0, 0);
     domande->setSpacing(3 * kPasso);
     if (area_ != nullptr) domande->addWidget(area_);
     extra_->setSpacing(3 * kPasso);
     domande->addLayout(extra_);
     domande->addStretch(1);
-    scorri_->setWidget(contenuto);
-    scorri_->setWidgetResizable(true);
-    scorri_->setFrameShape(QFrame::NoFrame);
     scorri_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scorri_->setFocusPolicy(Qt::NoFocus);
-    scorri_->viewport()->setAutoFillBackground(false);
-    contenuto->setAutoFillBackground(false);
 
     avvia_->setObjectName(QStringLiteral("Command1"));
     avvia_->setIcon(icona(QStringLiteral("avvia"), TintaIcona::su_accento));

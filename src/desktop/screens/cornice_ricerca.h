@@ -6,12 +6,12 @@ class QBoxLayout;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
-class QScrollArea;
 class QVBoxLayout;
 
 namespace sortimetra {
 
 class AreaParametri;
+class AreaScorrevole;
 class FrecciaAnimata;
 
 /// The frame that most screens stand in. Left the question (the parameter area where there is one, what the
@@ -75,7 +75,7 @@ class CorniceRicerca final : public QWidget {
     [[nodiscard]] QBoxLayout* componi_piede();
 
     AreaParametri* area_;
-    QScrollArea* scorri_;
+    AreaScorrevole* scorri_;
     QVBoxLayout* extra_;
     QVBoxLayout* sopra_avvio_;
     FrecciaAnimata* freccia_;

@@ -324,6 +324,9 @@ QFrame[ruolo="barra_fondo"] { background: @rilievo@; border: none; border-radius
 QFrame[ruolo="barra"] { background: @accento@; border: none; border-radius: 4px; }
 QFrame[ruolo="linea"] { background: @linea@; border: none; max-height: 1px; min-height: 1px; }
 
+/* Their edge tells the focus. */
+QPushButton, QToolButton, QCheckBox, QRadioButton, QComboBox { outline: none; }
+
 QPushButton { background: @superficie@; color: @testo@; border: 1px solid @bordo@; border-radius: 6px;
               padding: 5px 12px; }
 QPushButton:hover { background: @rilievo@; }

@@ -3,6 +3,7 @@
 #include "qt_testi.h"
 #include "results/risultato.h"
 #include "screens/area_parametri.h"
+#include "screens/area_scorrevole.h"
 #include "screens/chip.h"
 #include "screens/tema.h"
 #include "systems/cornici_scelta.h"
@@ -12,27 +13,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace sortimetra {
-
-namespace {
-
-/// A page of the answer's room, which scrolls where the window is small.
-QScrollArea* scorrevole(QWidget* pagina) {
-    auto* scorri = new QScrollArea;
-    scorri->setWidget(pagina);
-    scorri->setWidgetResizable(true);
-    scorri->setFrameShape(QFrame::NoFrame);
-    scorri->setFocusPolicy(Qt::NoFocus);
-    scorri->viewport()->setAutoFillBackground(false);
-    pagina->setAutoFillBackground(false);
-    return scorri;
-}
-
-}  // namespace
 
 SchermoSistemi::SchermoSistemi(Sessione& sessione, const QString& nome,
                                std::span<const std::string_view> titoli)
@@ -66,7 +50,7 @@ SchermoSistemi::SchermoSistemi(Sessione& sessione, const QString& nome,
 }
 
 void SchermoSistemi::componi_scelta(CorniceScelta* scelta) {
-    pagine_->addWidget(scorrevole(scelta));
+    pagine_->addWidget(new AreaScorrevole{scelta});
     connect(scelta, &CorniceScelta::scelto, this, &SchermoSistemi::scelta_fatta);
     connect(scelta, &CorniceScelta::annullato, this, [this] {
         torna_alla_pagina();
@@ -79,7 +63,7 @@ QVBoxLayout* SchermoSistemi::domande() const {
 }
 
 void SchermoSistemi::aggiungi_pagina(QWidget* pagina) {
-    pagine_->addWidget(scorrevole(pagina));
+    pagine_->addWidget(new AreaScorrevole{pagina});
 }
 
 void SchermoSistemi::mostra_pagina(QWidget* pagina) {

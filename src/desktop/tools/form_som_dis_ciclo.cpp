@@ -2,6 +2,7 @@
 
 #include "qt_testi.h"
 #include "results/risultato.h"
+#include "screens/area_scorrevole.h"
 #include "screens/freccia.h"
 #include "screens/griglia_risultati.h"
 #include "screens/tema.h"
@@ -13,7 +14,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -47,18 +47,6 @@ QLabel* sezione(const QString& testo, QWidget* compagno) {
     l->setBuddy(compagno);
     assegna_ruolo(l, "sezione");
     return l;
-}
-
-/// A widget that scrolls where the window has no room for it, on the window's own ground.
-QScrollArea* scorrevole(QWidget* dentro) {
-    auto* s = new QScrollArea;
-    s->setWidget(dentro);
-    s->setWidgetResizable(true);
-    s->setFrameShape(QFrame::NoFrame);
-    s->setFocusPolicy(Qt::NoFocus);
-    s->viewport()->setAutoFillBackground(false);
-    dentro->setAutoFillBackground(false);
-    return s;
 }
 
 /// Room for a board as a whole: its heads and ten wheels, its columns at their narrowest.
@@ -176,7 +164,7 @@ void Form_som_dis_ciclo::componi_risposta() {
         griglie_[i] = g;
     }
     // In a narrow window the three scroll as one, their rows side by side.
-    QScrollArea* tavole = scorrevole(campo);
+    auto* tavole = new AreaScorrevole{campo};
     tavole->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     const int intere = campo->sizeHint().height() + tavole->horizontalScrollBar()->sizeHint().height();
     tavole->setMaximumHeight(intere);
@@ -191,7 +179,7 @@ void Form_som_dis_ciclo::componi_risposta() {
     cornice()->risposta()->addSpacing(2 * kPasso);
     cornice()->risposta()->addWidget(titolo);
     // As many lines as a draw may have: they scroll where the window is low.
-    cornice()->risposta()->addWidget(scorrevole(isotopi_), 1);
+    cornice()->risposta()->addWidget(new AreaScorrevole{isotopi_}, 1);
 }
 
 void Form_som_dis_ciclo::prepara() {

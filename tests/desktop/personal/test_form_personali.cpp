@@ -128,6 +128,24 @@ class TestFormPersonali final : public QObject {
         QCOMPARE(scelta()->numeri(), (std::vector<int>{1, 13, 22, 23}));
     }
 
+    void dove_sta_la_tastiera_si_vede() {
+        apri(kLotto);
+        const auto incorniciata = [this](int numero) {
+            const QImage foto = scelta()->viewport()->grab().toImage();
+            const QPoint angolo = scelta()->visualItemRect(scelta()->cella(numero)).topLeft();
+            return foto.pixel((QPointF{angolo + QPoint{1, 1}} * foto.devicePixelRatio()).toPoint()) ==
+                   skin_in_uso().accento;
+        };
+        controllo<QPushButton>("cmdRicerca")->setFocus();
+        scelta()->setCurrentCell(0, 4);
+        QVERIFY(!incorniciata(5));
+        scelta()->setFocus();
+        QTRY_VERIFY(incorniciata(5));
+        QTest::keyClick(scelta(), Qt::Key_Down);
+        QVERIFY(incorniciata(15));
+        QVERIFY(!incorniciata(5));
+    }
+
     void la_ricerca_riempie_le_tre_griglie() {
         apri(kLotto);
         QTest::mouseClick(controllo<QCheckBox>("CheckRuota_1"), Qt::LeftButton);
