@@ -335,6 +335,8 @@ struct PianoTabelle {
     std::int16_t corpo = 10;
     /// By table, then column, in mm.
     std::vector<std::vector<float>> larghezze;
+    /// By table, then column: whether numbers stand in it.
+    std::vector<std::vector<bool>> numeriche;
     std::vector<FoglioTabella> fogli;
 };
 
@@ -393,6 +395,10 @@ PianoTabelle pianifica(const Risultato& risultato, Orientamento voluto) {
         piano.orientamento = Orientamento::orizzontale;
         if (misura(kCorpoOrizzontale) > kSpazioOrizzontale) misura(kCorpoOrizzontaleFitto);
     }
+    for (const Tabella& t : risultato.tabelle) {
+        piano.numeriche.emplace_back();
+        for (const Colonna& c : t.colonne) piano.numeriche.back().push_back(e_numerica(c));
+    }
     const bool verticale = piano.orientamento == Orientamento::verticale;
     const float spazio = verticale ? kBanda : kSpazioOrizzontale;
     const std::size_t per_pagina = verticale ? kRigheVerticale : kRigheOrizzontale;
@@ -426,10 +432,10 @@ PianoTabelle pianifica(const Risultato& risultato, Orientamento voluto) {
 }
 
 /// Numbers stand under each other by their units, texts by their first letter, combinations in the middle.
-void stampa_cella(EasyPrint& stampante, const Colonna& colonna, float x, float y, float larghezza,
-                  std::string_view testo) {
+void stampa_cella(EasyPrint& stampante, const Colonna& colonna, bool numerica, float x, float y,
+                  float larghezza, std::string_view testo) {
     const float posto = larghezza - kAriaCella;
-    if (std::holds_alternative<ColonnaInteri>(colonna))
+    if (numerica)
         stampante.PrintRight(x + larghezza - kAriaCella, y, testo, 0, posto);
     else if (!std::holds_alternative<ColonnaGruppi>(colonna))
         stampante.PrintLeft(x + kAriaCella, y, testo, 0, posto);
@@ -466,8 +472,10 @@ void stampa_titoli(EasyPrint& stampante, const FoglioTabella& foglio, const std:
     stampante.FontBold(false);
 }
 
-void stampa_foglio(EasyPrint& stampante, const FoglioTabella& foglio, const std::vector<float>& larghezze,
-                   std::int16_t corpo, std::span<const std::uint32_t> ordine) {
+/// One sheet of the `t`-th table.
+void stampa_foglio(EasyPrint& stampante, const PianoTabelle& piano, const FoglioTabella& foglio,
+                   std::size_t t, std::span<const std::uint32_t> ordine) {
+    const std::vector<float>& larghezze = piano.larghezze[t];
     float larghezza = 0;
     for (const std::size_t c : foglio.colonne) larghezza += larghezze[c];
     const float sinistra = (stampante.PageWidth() - larghezza) / 2;
@@ -479,7 +487,7 @@ void stampa_foglio(EasyPrint& stampante, const FoglioTabella& foglio, const std:
         stampante.PrintLeft(10, 49.5F, nome, 0, kBanda);
         stampante.FontBold(false);
     }
-    stampante.FontSize(corpo);
+    stampante.FontSize(piano.corpo);
     stampa_titoli(stampante, foglio, larghezze, sinistra);
     std::string testo;
     float x = sinistra;
@@ -494,7 +502,8 @@ void stampa_foglio(EasyPrint& stampante, const FoglioTabella& foglio, const std:
             tabella.aggiungi_testo(testo, riga, c);
             const Colore colore = tabella.primo_piano(riga, c);
             stampante.ForeColor(colore != kNessunColore ? colore : i == 0 ? kBlu : kNero);
-            stampa_cella(stampante, tabella.colonne[c], x, y + 0.25F, larghezze[c], testo);
+            stampa_cella(stampante, tabella.colonne[c], piano.numeriche[t][c], x, y + 0.25F, larghezze[c],
+                         testo);
             if (tabella.sfondo(riga, c) != kNessunColore) {
                 // Paper shows no back colour: a frame says the same.
                 stampante.DrawWidth(3);
@@ -537,7 +546,7 @@ Rapporto tabelle_su(Orientamento voluto, const MaterialeRapporto& materiale) {
                     const FoglioTabella& foglio = piano->fogli[static_cast<std::size_t>(pagina - 1)];
                     const auto t = static_cast<std::size_t>(foglio.tabella - risultato.tabelle.data());
                     // The order on the screen is that of the main grid.
-                    stampa_foglio(stampante, foglio, piano->larghezze[t], piano->corpo,
+                    stampa_foglio(stampante, *piano, foglio, t,
                                   t == 0 ? std::span{ordine} : std::span<const std::uint32_t>{});
                 }
                 stampa_piede(stampante, pagina, pagine);

@@ -86,6 +86,21 @@ std::size_t lunghezza(const Colonna& colonna) {
         colonna);
 }
 
+bool e_numerica(const Colonna& colonna) {
+    if (std::holds_alternative<ColonnaInteri>(colonna)) return true;
+    const auto* testi = std::get_if<ColonnaTesti>(&colonna);
+    const auto* voci = std::get_if<ColonnaVoci>(&colonna);
+    if (testi == nullptr && voci == nullptr) return false;
+    bool qualcuno = false;
+    for (const std::string_view t : voci != nullptr ? voci->voci : testi->valori) {
+        const std::string_view cella = rifila(t);
+        if (cella.empty() || cella == "...") continue;
+        if (!leggi_numero(cella)) return false;
+        qualcuno = true;
+    }
+    return qualcuno;
+}
+
 void Tabella::aggiungi_testo(std::string& testo, std::size_t riga, std::size_t colonna) const {
     const Colonna& c = colonne[colonna];
     if (const auto* interi = std::get_if<ColonnaInteri>(&c)) {

@@ -58,6 +58,9 @@ struct ColonnaVoci {
 using Colonna = std::variant<ColonnaInteri, ColonnaTesti, ColonnaGruppi, ColonnaVoci>;
 
 [[nodiscard]] std::size_t lunghezza(const Colonna& colonna);
+/// Whether a column is read as numbers, which stand under each other by their units: whole ones, or texts
+/// that are all numbers ("258,6", "15,4%"); "..." and an empty cell say nothing either way.
+[[nodiscard]] bool e_numerica(const Colonna& colonna);
 
 /// One result table: fixed title rows, typed columns of equal length, colours where the search gives any.
 struct Tabella {

@@ -5,7 +5,6 @@
 #include "results/risultato.h"
 #include "screens/calore.h"
 #include "screens/tema.h"
-#include "text/numero.h"
 #include "text/testi.h"
 
 #include <QBrush>
@@ -25,15 +24,6 @@ QString qtesto(std::string_view testo) {
     return testo_qt(rifila(testo));
 }
 
-/// A number stands to the right, other text to the left; "..." and an empty cell say nothing either way.
-enum class Aspetto { numero, testo, nessuno };
-
-Aspetto aspetto(std::string_view cella) {
-    cella = rifila(cella);
-    if (cella.empty() || cella == "...") return Aspetto::nessuno;
-    return leggi_numero(cella) ? Aspetto::numero : Aspetto::testo;
-}
-
 /// A light ground of a search on a dark skin: its hue, as dark as the skin's own grounds. Others as they are.
 QRgb smorzato(QRgb fondo) {
     constexpr float kChiaro = 0.8F;
@@ -45,20 +35,6 @@ QRgb smorzato(QRgb fondo) {
     if (!s.scura || luce < kChiaro || fondo == s.trovato) return fondo;
     const float buio = QColor::fromRgb(s.rilievo).lightnessF();
     return QColor::fromHslF(std::max(tinta, 0.0F), saturazione * 0.25F, buio).rgb();
-}
-
-bool e_numerica(const Colonna& colonna) {
-    if (std::holds_alternative<ColonnaInteri>(colonna)) return true;
-    const auto* testi = std::get_if<ColonnaTesti>(&colonna);
-    const auto* voci = std::get_if<ColonnaVoci>(&colonna);
-    if (testi == nullptr && voci == nullptr) return false;
-    bool qualcuno = false;
-    for (const std::string& t : voci != nullptr ? voci->voci : testi->valori) {
-        const Aspetto a = aspetto(t);
-        if (a == Aspetto::testo) return false;
-        qualcuno = qualcuno || a == Aspetto::numero;
-    }
-    return qualcuno;
 }
 
 }  // namespace

@@ -534,6 +534,24 @@ TEST(Tabelle, InOrizzontaleRiempionoIlFoglio) {
     EXPECT_EQ(cella->carattere.corpo, 9);
 }
 
+TEST(Tabelle, INumeriScrittiComeTestiStannoADestra) {
+    Risultato r;
+    Tabella t;
+    t.titoli = {{"Numeri", "Probabilità", "Quando"}};
+    t.colonne = {ColonnaInteri{{1, 2}}, ColonnaTesti{{"5,12%", "0,000169%"}},
+                 ColonnaTesti{{"mai", "ogni tanto"}}};
+    r.tabelle.push_back(std::move(t));
+    const Stampato s{rapporto_tabelle({r, kTesta, {}})};
+    const auto cella = [&](const char* testo) {
+        const auto* c = s.foglio.trova(testo, 1);
+        EXPECT_NE(c, nullptr) << testo;
+        return c == nullptr ? SuperficieRegistrata::Testo{} : *c;
+    };
+    const auto fine = [&](const char* testo) { return cella(testo).x + cella(testo).larghezza; };
+    EXPECT_NEAR(fine("5,12%"), fine("0,000169%"), kDecimo);
+    EXPECT_NEAR(cella("mai").x, cella("ogni tanto").x, kDecimo);
+}
+
 TEST(Tabelle, SenzaTabelleIlMessaggio) {
     const Risultato r = senza_estrazioni();
     const Stampato s{rapporto_griglia({r, kTesta, {}})};

@@ -120,6 +120,16 @@ TEST(Tabella, IlTestoDiOgniCella) {
     EXPECT_EQ(testo, "x01.90");
 }
 
+TEST(Colonna, NumericaDoveNonDiceAltroCheNumeri) {
+    EXPECT_TRUE(e_numerica(ColonnaInteri{{1, kCellaVuota, kCellaPuntini}}));
+    EXPECT_TRUE(e_numerica(ColonnaTesti{{"258,6", " 15,4% ", "", "...", "+1,23", "-3"}}));
+    EXPECT_TRUE(e_numerica(ColonnaVoci{.voci = {"01", "90", ""}, .scelte = {0, 1, 2}}));
+    EXPECT_FALSE(e_numerica(ColonnaTesti{{"12", "Bari"}}));
+    EXPECT_FALSE(e_numerica(ColonnaTesti{{"01/02/2003"}}));
+    EXPECT_FALSE(e_numerica(ColonnaTesti{{"", "..."}})) << "nothing says that it is";
+    EXPECT_FALSE(e_numerica(ColonnaGruppi{.quanti = 2, .numeri = {1, 2}}));
+}
+
 TEST(Tabella, SenzaColoriQuelliDellaGriglia) {
     Tabella t = di_ogni_tipo();
     EXPECT_EQ(t.sfondo(2, 2), kNessunColore);
