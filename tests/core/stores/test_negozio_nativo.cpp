@@ -28,17 +28,19 @@ void stesse_righe(const std::vector<RigaLotto>& a, const std::vector<RigaLotto>&
     }
 }
 
+/// Does to a native file, made if there is none, what no writer of ours does.
+void fai(const std::filesystem::path& file, std::string_view sql) {
+    sqlite3* base = nullptr;
+    EXPECT_EQ(sqlite3_open(file.c_str(), &base), SQLITE_OK);
+    char* errore = nullptr;
+    EXPECT_EQ(sqlite3_exec(base, std::string{sql}.c_str(), nullptr, nullptr, &errore), SQLITE_OK) << errore;
+    sqlite3_close(base);
+}
+
 /// A native file made by hand, for what our own writer never writes.
 class FileMano {
   public:
-    explicit FileMano(std::string_view sql) {
-        sqlite3* base = nullptr;
-        EXPECT_EQ(sqlite3_open(file().c_str(), &base), SQLITE_OK);
-        char* errore = nullptr;
-        EXPECT_EQ(sqlite3_exec(base, std::string{sql}.c_str(), nullptr, nullptr, &errore), SQLITE_OK)
-            << errore;
-        sqlite3_close(base);
-    }
+    explicit FileMano(std::string_view sql) { fai(file(), sql); }
     [[nodiscard]] std::filesystem::path file() const { return cartella_.percorso() / "drawit.db"; }
     [[nodiscard]] const std::filesystem::path& cartella() const { return cartella_.percorso(); }
 
@@ -226,12 +228,7 @@ class FileCambiato {
   public:
     explicit FileCambiato(std::string_view sql) {
         EXPECT_TRUE(scrivi_drawit(file(), poche_righe(), true));
-        sqlite3* base = nullptr;
-        EXPECT_EQ(sqlite3_open(file().c_str(), &base), SQLITE_OK);
-        char* errore = nullptr;
-        EXPECT_EQ(sqlite3_exec(base, std::string{sql}.c_str(), nullptr, nullptr, &errore), SQLITE_OK)
-            << errore;
-        sqlite3_close(base);
+        fai(file(), sql);
     }
     [[nodiscard]] std::filesystem::path file() const { return cartella_.percorso() / "drawit.db"; }
 
