@@ -18,4 +18,9 @@ AreaScorrevole::AreaScorrevole(QWidget* dentro, QWidget* padre) : QScrollArea{pa
     });
 }
 
+AreaScorrevole::~AreaScorrevole() {
+    // What it holds goes after it, and the focus with it.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 }  // namespace sortimetra

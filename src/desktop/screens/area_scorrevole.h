@@ -9,6 +9,9 @@ namespace sortimetra {
 class AreaScorrevole final : public QScrollArea {
   public:
     explicit AreaScorrevole(QWidget* dentro, QWidget* padre = nullptr);
+    AreaScorrevole(const AreaScorrevole&) = delete;
+    AreaScorrevole& operator=(const AreaScorrevole&) = delete;
+    ~AreaScorrevole() override;
 };
 
 }  // namespace sortimetra
